@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_time.h"
+
+namespace platform {
+
+/// The user's language and formats. Texts are UTF-8.
+class Locale {
+ public:
+  virtual ~Locale() = default;
+
+  /// The language as two small letters ("en", "de"); "en" when it cannot be told.
+  virtual std::string Language() = 0;
+
+  /// What stands between groups of three digits ("," or "." or a blank ...). May be empty.
+  virtual std::string ThousandsSeparator() = 0;
+
+  /// What stands before the decimals; never empty.
+  virtual std::string DecimalSeparator() = 0;
+
+  /// The day in the user's short form.
+  virtual std::string ShortDate(const CalendarTime& time) = 0;
+
+  /// The time of day in the user's form.
+  virtual std::string TimeOfDay(const CalendarTime& time) = 0;
+};
+
+}  // namespace platform

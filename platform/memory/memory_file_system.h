@@ -1,0 +1,114 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace platform::memory {
+
+/// The calls of FileSystem, as a test names them when it asks what was touched or wants one to fail.
+enum class Call {
+  kOpenFolder,
+  kLook,
+  kCopyFile,    ///< path: the target file
+  kReadSource,  ///< the reading side of CopyFile; path: the source file
+  kCreateFolder,
+  kRemoveFile,
+  kGetAttributes,
+  kSetAttributes,
+  kSpace,
+  kReadFile,
+  kWriteFile,
+  kReplaceFile,
+  kFlush,
+};
+
+/// A file system in memory with "/" paths. It holds the same contract as the real ones, records every call,
+/// and can be told to fail per call and path. Folders yield their entries in the order in which they were
+/// made.
+class MemoryFileSystem : public FileSystem {
+ public:
+  struct Touch {
+    Call call;
+    std::string path;
+  };
+
+  MemoryFileSystem();
+  ~MemoryFileSystem() override;
+
+  // --- Setting the scene. Missing parent folders are made; none of this is recorded or can fail.
+  void AddFolder(const std::string& path);
+  void AddFile(const std::string& path, std::string content, FileTime modified = {},
+               Attributes attributes = 0);
+  /// A file that only claims a size: a copy of it carries the size and no bytes.
+  void AddHugeFile(const std::string& path, std::int64_t size, FileTime modified = {});
+  /// A link; `destination` is absolute.
+  void AddLink(const std::string& path, const std::string& destination);
+  void AddPipe(const std::string& path);
+  void Remove(const std::string& path);  ///< with everything below it
+
+  // --- Looking at it.
+  bool Exists(const std::string& path) const;
+  std::string ContentOf(const std::string& path) const;  ///< empty when there is no such file
+  FileTime ModifiedOf(const std::string& path) const;
+  Attributes AttributesOf(const std::string& path) const;
+  std::vector<std::string> NamesIn(const std::string& path) const;  ///< sorted
+  const std::vector<Touch>& touched() const { return touched_; }
+  std::size_t CountOf(Call call) const;
+  void ForgetTouches() { touched_.clear(); }
+
+  // --- Faults.
+  /// From now on `call` on `path` (empty: on every path) fails with `error`; the last `times` times only when
+  /// not 0.
+  void Fail(Call call, const std::string& path, Error error, int times = 0);
+  void Heal();
+  /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
+  /// Unlimited until set.
+  void SetSpace(std::uint64_t free, std::uint64_t total);
+  /// Everything below `path` can be read but not changed (kReadOnlyMedium).
+  void SetReadOnly(const std::string& path);
+  /// A read-only file stays read-only whatever SetAttributes() is told (kAccessDenied).
+  void KeepReadOnly(const std::string& path);
+  /// Runs before each recorded call, for things that change meanwhile.
+  void Before(std::function<void(Call, const std::string& path)> hook) { before_ = std::move(hook); }
+  /// Copies move this many bytes between two questions to the watcher (default 256 KiB).
+  void SetBlockSize(std::int64_t bytes) { block_size_ = bytes; }
+  /// Names are compared without regard to case, as on Windows.
+  void IgnoreCase(bool ignore) { ignore_case_ = ignore; }
+
+  // --- FileSystem
+  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+  Result<Entry> Look(const std::string& path) override;
+  Result<std::string> RealPath(const std::string& path) override;
+  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
+                               const CopyWatcher& watcher) override;
+  void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
+  Status CreateFolder(const std::string& path) override;
+  Status RemoveFile(const std::string& path) override;
+  Result<Attributes> GetAttributes(const std::string& path) override;
+  Status SetAttributes(const std::string& path, Attributes attributes) override;
+  Result<DiskSpace> Space(const std::string& path) override;
+  std::string DriveOf(const std::string& path) override;
+  Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
+  Status WriteFile(const std::string& path, const std::string& content) override;
+  Status ReplaceFile(const std::string& path, const std::string& content) override;
+  Status Flush(const std::string& path) override;
+  std::string NameKey(const std::string& name) const override;
+
+ private:
+  struct Node;
+  struct Fault;
+
+  std::shared_ptr<Node> root_;
+  std::vector<Touch> touched_;
+  std::vector<Fault> faults_;
+  std::function<void(Call, const std::string&)> before_;
+  std::int64_t block_size_ = 256 * 1024;
+  bool ignore_case_ = false;
+};
+
+}  // namespace platform::memory

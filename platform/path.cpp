@@ -1,0 +1,78 @@
+#include "platform/path.h"
+
+namespace platform {
+namespace {
+
+std::size_t RootLength(std::string_view path, PathStyle style) {
+  if (style == PathStyle::kPosix) return path.starts_with('/') ? 1 : 0;
+  if (path.size() >= 3 && path[1] == ':' && IsSeparator(path[2], style)) return 3;
+  return !path.empty() && IsSeparator(path[0], style) ? 1 : 0;
+}
+
+std::size_t LastSeparator(std::string_view path, PathStyle style) {
+  for (std::size_t i = path.size(); i > 0; --i) {
+    if (IsSeparator(path[i - 1], style)) return i - 1;
+  }
+  return std::string_view::npos;
+}
+
+}  // namespace
+
+PathStyle NativePathStyle() {
+#ifdef QV_WINDOWS_PATHS
+  return PathStyle::kWindows;
+#else
+  return PathStyle::kPosix;
+#endif
+}
+
+char Separator(PathStyle style) {
+  return style == PathStyle::kWindows ? '\\' : '/';
+}
+
+bool IsSeparator(char c, PathStyle style) {
+  return c == '/' || (c == '\\' && style == PathStyle::kWindows);
+}
+
+std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style) {
+  while (!name.empty() && !folder.empty() && IsSeparator(name.front(), style)) name.remove_prefix(1);
+  if (folder.empty() || name.empty()) return std::string(folder.empty() ? name : folder);
+  std::string result = FolderForm(folder, style);
+  result += name;
+  return result;
+}
+
+std::string_view NameOf(std::string_view path, PathStyle style) {
+  const std::size_t at = LastSeparator(path, style);
+  return at == std::string_view::npos ? path : path.substr(at + 1);
+}
+
+std::string ParentOf(std::string_view path, PathStyle style) {
+  const std::size_t at = LastSeparator(path, style);
+  if (at == std::string_view::npos) return {};
+  const std::size_t root = RootLength(path, style);
+  return std::string(path.substr(0, at < root ? root : at));
+}
+
+std::string FolderForm(std::string_view path, PathStyle style) {
+  while (!path.empty() && IsSeparator(path.back(), style)) path.remove_suffix(1);
+  std::string result(path);
+  result += Separator(style);
+  return result;
+}
+
+bool IsSpecified(std::string_view folder, PathStyle style) {
+  return style == PathStyle::kWindows ? folder.size() >= 3 : !folder.empty();
+}
+
+bool IsDiskRoot(std::string_view folder, PathStyle style) {
+  return style == PathStyle::kWindows ? folder.size() == 3 : folder == "/";
+}
+
+bool IsInside(std::string_view path, std::string_view folder, PathStyle style) {
+  if (!path.starts_with(folder)) return false;
+  if (path.size() == folder.size() || folder.empty()) return true;
+  return IsSeparator(folder.back(), style) || IsSeparator(path[folder.size()], style);
+}
+
+}  // namespace platform

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/result.h"
+
+namespace platform {
+
+/// While it lives, the computer does not go to sleep by itself.
+class AwakeGuard {
+ public:
+  virtual ~AwakeGuard() = default;
+};
+
+/// What the program asks of the user's session.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+
+  /// The folder in which programs keep the current user's settings: the roaming application data on Windows,
+  /// XDG_CONFIG_HOME (or ~/.config) on Linux. Empty when the system names none.
+  virtual std::string ApplicationDataFolder() = 0;
+
+  /// The folder in which the running program's file lies.
+  virtual std::string ProgramFolder() = 0;
+
+  /// Starts the system's own command `command`, never one that lies beside the program or in the current
+  /// folder, with the parameters as one text, and does not wait for it.
+  virtual Status RunSystemCommand(const std::string& command, const std::string& parameters) = 0;
+
+  /// Keeps the computer awake until the guard goes. Where the system cannot, the guard does nothing.
+  virtual std::unique_ptr<AwakeGuard> KeepAwake() = 0;
+
+  /// Makes the root of the current drive the current folder.
+  virtual void EnterRootOfCurrentDrive() = 0;
+};
+
+}  // namespace platform
