@@ -26,13 +26,9 @@ PathStyle NativePathStyle() {
 #endif
 }
 
-char Separator(PathStyle style) {
-  return style == PathStyle::kWindows ? '\\' : '/';
-}
+char Separator(PathStyle style) { return style == PathStyle::kWindows ? '\\' : '/'; }
 
-bool IsSeparator(char c, PathStyle style) {
-  return c == '/' || (c == '\\' && style == PathStyle::kWindows);
-}
+bool IsSeparator(char c, PathStyle style) { return c == '/' || (c == '\\' && style == PathStyle::kWindows); }
 
 std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style) {
   while (!name.empty() && !folder.empty() && IsSeparator(name.front(), style)) name.remove_prefix(1);
