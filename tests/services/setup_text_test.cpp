@@ -19,14 +19,9 @@ app::Setup FullSetup() {
   setup.SkipFilepaths = "tmp, /cache/";
   setup.ModifiedSince = 2;
   setup.ExcludeFilesInSourceFolder = true;
-  setup.PauseAfterFirstCopy = false;
-  setup.SuppressDetailedReports = false;
   setup.SaveSetupOnQuit = true;
   return setup;
 }
-
-/// Lines 1 to 10 with the given numbers.
-std::string Lines(const std::string& numbers) { return "/s\n/t\n" + numbers; }
 
 TEST(SetupText, StandsInTheLayoutToTheByte) {
   app::Setup setup;
@@ -62,16 +57,14 @@ TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCut) {
 }
 
 TEST(SetupText, CutsAFolderAtItsCommaAndReadsOnOneItemOutOfStep) {
-  app::Setup setup = FullSetup();
-  setup.SourceFolder = "/home/a,b";
-  const auto parsed = ParseSetup(SetupText(setup), kPeriods);
+  const auto parsed = ParseSetup("/home/a,b\r\n/t\r\n", kPeriods);
   EXPECT_EQ(parsed.setup.SourceFolder, "/home/a");
   EXPECT_EQ(parsed.setup.TargetFolder, "b");
   EXPECT_EQ(parsed.error, services::kInputNotANumber);
 }
 
 TEST(SetupText, TakesQuotedItemsAndSeveralOnALine) {
-  const auto parsed = ParseSetup("\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3,0\r\n,x\n 1 \nn\n\n", kPeriods);
+  const auto parsed = ParseSetup("\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", kPeriods);
   EXPECT_EQ(parsed.error, services::kInputNotANumber) << "an empty item is no number";
   EXPECT_EQ(parsed.setup.SourceFolder, "/a,\r\nb");
   EXPECT_EQ(parsed.setup.TargetFolder, "/t");
@@ -80,29 +73,23 @@ TEST(SetupText, TakesQuotedItemsAndSeveralOnALine) {
 }
 
 TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
-  const struct {
-    const char* numbers;
-    int error;
-  } cases[] = {
-      {"2", 380},
-      {"-1", 380},
-      {"0\n0\n0\n0\n10", 380},
-      {"0\n0\n0\n0\n-2", 380},
-      {"0\n0\n0\n0\n-1", 62},
-      {"0\n0\n0\n0\n9", 62},
-      {"32768", 6},
-      {"-99999999999999999999", 6},
-      {"1x", 13},
-      {"-", 13},
-      {"1.5", 13},
-      {"0\n0\n0\n0\n0\n0\nskip\n40000", 6},
-      {"0\n0\n0\n0\n0\n0\nskip\n32767\na\nb", 62},
-      {"0\n0\n0\n0\n0\n0\nskip\n3\na\nb", 62},
-      {"0\n0\n0\n0\n0\n0\nskip\n-3\nextension", 0},
-  };
-  for (const auto& c : cases) {
-    const auto parsed = ParseSetup(Lines(c.numbers), kPeriods);
-    EXPECT_EQ(parsed.error, c.error) << c.numbers;
+  const std::vector<std::pair<std::string, int>> cases = {{"2", 380},
+                                                          {"-1", 380},
+                                                          {"32768", 6},
+                                                          {"-99999999999999999999", 6},
+                                                          {"1x", 13},
+                                                          {"-", 13},
+                                                          {"1.5", 13},
+                                                          {"0\n0\n0\n0\n10", 380},
+                                                          {"0\n0\n0\n0\n-2", 380},
+                                                          {"0\n0\n0\n0\n-1", 62},
+                                                          {"0\n0\n0\n0\n9", 62},
+                                                          {"0\n0\n0\n0\n0\n0\nskip\n40000", 6},
+                                                          {"0\n0\n0\n0\n0\n0\nskip\n32767\na\nb", 62},
+                                                          {"0\n0\n0\n0\n0\n0\nskip\n-3\nextension", 0}};
+  for (const auto& [lines, error] : cases) {
+    const auto parsed = ParseSetup("/s\n/t\n" + lines, kPeriods);
+    EXPECT_EQ(parsed.error, error) << lines;
     EXPECT_EQ(parsed.setup.TargetFolder, "/t");
   }
 }
