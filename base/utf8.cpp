@@ -42,6 +42,23 @@ unsigned LowerOf(unsigned c) {
   return c;
 }
 
+void AppendPrintableByte(std::string& text, unsigned char byte) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  if (byte == '\n') {
+    text += "\\n";
+  } else if (byte == '\t') {
+    text += "\\t";
+  } else if (byte < 0x20 || byte == 0x7F) {
+    text += "\\x";
+    text += kHex[byte >> 4];
+    text += kHex[byte & 0xF];
+  } else if (byte >= 0x80) {
+    text += "\xEF\xBF\xBD";
+  } else {
+    text += static_cast<char>(byte);
+  }
+}
+
 }  // namespace
 
 std::string_view First(std::string_view text) {
@@ -78,6 +95,21 @@ std::string ToLower(std::string_view text) {
       AppendTwo(result, LowerOf(DecodeTwo(character)));
     } else {
       result += character;
+    }
+    text.remove_prefix(character.size());
+  }
+  return result;
+}
+
+std::string Printable(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const std::string_view character = First(text);
+    if (character.size() > 1) {
+      result += character;
+    } else {
+      AppendPrintableByte(result, static_cast<unsigned char>(character[0]));
     }
     text.remove_prefix(character.size());
   }

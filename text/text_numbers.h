@@ -96,6 +96,7 @@ inline constexpr int kDeadLink = 522;            ///< lead word
 inline constexpr int kNotAFile = 523;            ///< lead word
 inline constexpr int kTargetInSource = 524;      ///< lead word
 inline constexpr int kIncludedFolderGone = 525;  ///< lead word
+inline constexpr int kWouldOverwriteSource = 529;  ///< lead word
 inline constexpr int kSameFolder = 526;
 inline constexpr int kTitleSameFolder = 527;
 inline constexpr int kSourceNotRead = 528;  ///< lead word
