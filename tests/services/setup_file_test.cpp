@@ -5,8 +5,6 @@
 #include <map>
 
 #include "platform/memory/memory_file_system.h"
-#include "platform/memory/memory_system.h"
-#include "services/data_file.h"
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
 
@@ -84,13 +82,6 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
     EXPECT_EQ(LoadFrom(path, true, true).result, -200 - error) << path;
   }
   EXPECT_TRUE(LoadFrom("/short.qvr", true).setup.SuppressDetailedReports);
-}
-
-TEST_F(SetupFile, LiesInAFolderThatIsMadeOneLevelDeep) {
-  platform::memory::MemoryShell shell;
-  files.AddFolder(shell.application_data);
-  EXPECT_EQ(services::GetDataFilePath(shell, files, "qvr.usr", "Q"), "/home/user/.config/Q/qvr.usr");
-  EXPECT_TRUE(files.Exists("/home/user/.config/Q"));
 }
 
 }  // namespace
