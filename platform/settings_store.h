@@ -9,6 +9,9 @@ inline constexpr int kStoreSuccess = 0;
 inline constexpr int kStoreNotFound = 2;
 inline constexpr int kStoreAccessDenied = 5;
 
+/// What Windows says for these three numbers, for the stores of other systems; empty for any other number.
+std::string CommonStoreMessage(int code);
+
 /// Small text values of the current user, by key path ("Software\Name") and value name: the registry on
 /// Windows, a small file of the user's on Linux. Names are compared without regard to the case of ASCII
 /// letters. Every call answers with the system's number; Message() words it.

@@ -13,17 +13,23 @@
 /// Without peers the same windows run headless.
 ///
 /// The rules of the events, for every control and front end:
-///  - Only the user raises events. A change made by the program raises none; the one exception is the focus:
-///  a control
-///    that loses it raises on_lost_focus whoever moved it.
-///  - Hidden and disabled controls, and controls inside a hidden or disabled frame or window, raise none.
+///  - Only the user raises events; a change made by the program raises none. Exceptions: a control that loses
+///  the
+///    focus raises on_lost_focus whoever moved it, a window raises on_resize and on_activate whatever the
+///    cause, and timers tick by themselves.
+///  - What the user cannot reach raises nothing: hidden and disabled controls, controls inside a hidden or
+///  disabled
+///    frame or window, and everything behind an open dialog. Timers go on.
 ///  - A button acts on release of the left mouse button over it, on Space or Enter while it has the focus,
-///  and on its
-///    access key: all of them raise on_mouse_up, once.
-///  - An event may arrive inside any call that runs pending events, and only there or in the event loop. A
-///  control
-///    that is still inside its own on_mouse_up or on_click raises no second one.
-///  - A handler may be empty.
+///  and on
+///    its access key, which also gives it the focus: all of them raise on_mouse_up, once.
+///  - An event may arrive inside any call that runs pending events, and only there or in the event loop.
+///    on_lost_focus and on_resize may also arrive inside the call that moves the focus or sets the size.
+///  - A handler that still runs is not run again by its own control, unless the control allows it.
+///  - Every window remembers its own focus: coming to the front or going behind another moves none. A control
+///  that
+///    is hidden or disabled gives its focus up, to no other, and raises nothing then.
+///  - A handler may be empty. A control lives longer than its running handlers.
 namespace ui {
 
 class Container;
@@ -35,7 +41,7 @@ using Handler = std::function<void()>;
 class Control {
  public:
   /// Joins the end of the parent's controls: the order of making is the tab order. `parent` outlives the
-  /// control.
+  /// control. Made while the parent is already on the screen, it gets there with its first change.
   Control(Container* parent, std::string name);
   virtual ~Control();
   Control(const Control&) = delete;
@@ -55,8 +61,9 @@ class Control {
   void SetVisible(bool visible);
   bool enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
-  /// Whether the user can reach it: visible and enabled, and so is everything around it.
-  bool reachable() const;
+  /// Whether the user can reach it: visible and enabled, and so is everything around it, with no dialog in
+  /// the way.
+  virtual bool reachable() const;
 
   const Rect& bounds() const { return bounds_; }
   void SetBounds(Rect bounds);
@@ -91,6 +98,12 @@ class Control {
   /// Gives it the keyboard focus; nothing when it is not reachable. Returns whether it has it now.
   bool SetFocus();
   bool has_focus();
+  /// Whether it can have the focus at all; a label, a frame or a progress bar cannot.
+  virtual bool takes_focus() const { return true; }
+
+  /// Lets a handler of this control be run again while it still runs, as for a button whose handler waits
+  /// until the same button is pressed again.
+  void AllowReentry() { reentry_allowed_ = true; }
 
   /// Draws at once what has changed.
   void Repaint();
@@ -108,22 +121,32 @@ class Control {
   void UserMovedPointerAway();
   /// The focus has come to this control.
   void UserFocused();
+  /// What a key does that means the control itself: a button is pressed, a box changes; others do nothing.
+  virtual void UserKeyed() {}
 
  protected:
   virtual std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) = 0;
   void Mirror(Property property);
-  /// Runs a handler when the control is reachable and not already inside one.
+  /// Runs a handler when the control is reachable.
   void Raise(const Handler& handler);
+  /// Runs a handler, unless it is empty or still runs.
+  void Run(const Handler& handler);
 
  private:
   friend class Form;
+  friend class TextBox;
+  /// Stores a property and mirrors it when it is new.
+  template <typename T>
+  void Store(T& member, T value, Property property);
 
   Container* parent_;
   std::string name_;
   std::string text_;
   bool visible_ = true;
   bool enabled_ = true;
-  bool raising_ = false;
+  bool attached_ = false;
+  bool reentry_allowed_ = false;
+  std::vector<const Handler*> running_;
   Rect bounds_;
   std::string tool_tip_;
   std::string spoken_name_;
@@ -138,6 +161,7 @@ class Control {
 class Container : public Control {
  public:
   using Control::Control;
+  bool takes_focus() const override { return false; }
   /// The controls directly inside, in the order of making.
   const std::vector<Control*>& controls() const { return controls_; }
   /// Calls `visit` for every control inside, at any depth, in tab order.

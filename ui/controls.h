@@ -16,6 +16,7 @@ class Button : public Control {
 
   /// From a peer: the user pressed it by mouse or key.
   void UserPressed() { Raise(on_mouse_up); }
+  void UserKeyed() override { UserPressed(); }
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -28,6 +29,7 @@ class Label : public Control {
   Handler on_mouse_up;
 
   void UserPressed() { Raise(on_mouse_up); }
+  bool takes_focus() const override { return false; }
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -43,6 +45,7 @@ class CheckBox : public Control {
 
   /// From a peer: the user changed it.
   void UserTicked(int value);
+  void UserKeyed() override { UserTicked(value_ == 0 ? 1 : 0); }
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -83,7 +86,8 @@ class ProgressBar : public Control {
   using Control::Control;
   /// 0 to 1.
   double fraction() const { return fraction_; }
-  void SetFraction(double fraction);
+  void SetFraction(double fraction);  ///< values outside are brought to the nearer end
+  bool takes_focus() const override { return false; }
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -92,14 +96,40 @@ class ProgressBar : public Control {
   double fraction_ = 0;
 };
 
-/// Runs its handler every interval while it is enabled. Not seen. Never runs late ticks in a row.
+/// A vertical bar that scrolls something: it stands between 0 and its maximum.
+class ScrollBar : public Control {
+ public:
+  using Control::Control;
+  int maximum() const { return maximum_; }
+  /// How much is in view: the length of the slider, and the step of its page keys.
+  int page() const { return page_; }
+  /// Neither is negative; the value is brought into the new range.
+  void SetRange(int maximum, int page);
+  int value() const { return value_; }
+  void SetValue(int value);  ///< brought into the range
+  Handler on_change;         ///< the user moved it
+
+  void UserScrolled(int value);
+
+ protected:
+  std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
+
+ private:
+  int maximum_ = 0;
+  int page_ = 1;
+  int value_ = 0;
+};
+
+/// Runs its handler every interval while it is running, whether its window is shown or not. Not seen. Never
+/// runs late ticks in a row.
 class Timer : public Control {
  public:
   using Control::Control;
   /// Milliseconds.
   int interval() const { return interval_; }
   bool running() const { return running_; }
-  /// Starts, or starts over with a new interval.
+  bool takes_focus() const override { return false; }
+  /// Starts, or starts over with a new interval, which is positive.
   void Start(int interval);
   void Stop();
   Handler on_timer;

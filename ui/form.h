@@ -26,10 +26,12 @@ class Form : public Container {
   ~Form() override;
 
   Form& form() override { return *this; }
+  bool reachable() const override;
   FrontEnd& front_end() { return front_end_; }
   FormStyle style() const { return style_; }
 
-  /// Shows the window, making the peers at the first time. A pop-up comes to the front without the focus.
+  /// Shows the window and brings it to the front, making the peers at the first time. The first control that
+  /// can have the focus gets it when none has. A pop-up takes no focus.
   void Show();
   void Hide();
   /// Shows the window above `owner` and returns when it is hidden again; the other windows do not react
@@ -38,8 +40,8 @@ class Form : public Container {
   bool modal() const { return modal_; }
   Form* owner() const { return owner_; }
 
-  /// The size inside borders and title.
-  Size inner() const { return inner_; }
+  /// The size inside borders and title. Before the first Show() the whole size.
+  Size inner() const;
 
   WindowState state() const { return state_; }
   /// Brings a minimised window back without taking the focus from another program.
@@ -53,6 +55,8 @@ class Form : public Container {
 
   /// The control with the keyboard focus; null for none.
   Control* focused() const { return focused_; }
+  /// The control that Tab reaches from this one, or from none when it is null; null when Tab reaches nothing.
+  Control* AfterInTabOrder(const Control* from) const;
 
   /// Progress on the system's task bar where it has one: 0 to 1; none takes it away.
   void SetTaskProgress(std::optional<double> fraction);
@@ -69,6 +73,10 @@ class Form : public Container {
   void InnerSizeIs(Size inner);
   void UserSetState(WindowState state) { state_ = state; }
   void UserActivated();
+  /// A key that no control took itself. They return whether it did something.
+  bool UserPressedEnter();   ///< the focused button, else the default button
+  bool UserPressedEscape();  ///< the cancel button
+  bool UserPressedAccessKey(char letter);
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -76,6 +84,8 @@ class Form : public Container {
  private:
   friend class Control;
   void MoveFocusTo(Control* control);
+  /// Takes the focus from a control that can no longer be reached.
+  void DropLostFocus();
 
   FrontEnd& front_end_;
   FormStyle style_;

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ui/dialogs.h"
 #include "ui/geometry.h"
@@ -16,6 +17,7 @@ class Form;
 class Frame;
 class Label;
 class ProgressBar;
+class ScrollBar;
 class TextBox;
 class Timer;
 
@@ -33,7 +35,8 @@ class FrontEnd {
  public:
   virtual ~FrontEnd() = default;
 
-  /// The peer of a control; null where nothing needs to be mirrored. Made after the peer of its container.
+  /// The peer of a control; null where nothing needs to be mirrored. Made after the peer of its container,
+  /// except that a timer's may come first.
   virtual std::unique_ptr<Peer> CreatePeer(Form& form) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(Frame& frame) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(Button& button) = 0;
@@ -41,6 +44,7 @@ class FrontEnd {
   virtual std::unique_ptr<Peer> CreatePeer(CheckBox& box) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(DropDownList& list) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(ProgressBar& bar) = 0;
+  virtual std::unique_ptr<Peer> CreatePeer(ScrollBar& bar) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(TextBox& box) = 0;
   virtual std::unique_ptr<Peer> CreatePeer(Timer& timer) = 0;
 
@@ -66,6 +70,28 @@ class FrontEnd {
 
   virtual Dialogs& dialogs() = 0;
   virtual Clipboard& clipboard() = 0;
+
+  /// Whether an open dialog keeps the user from this window.
+  bool Blocks(const Form& form) const { return !modal_.empty() && modal_.back() != &form; }
+
+ private:
+  friend class ModalScope;
+  std::vector<const Form*> modal_;
+};
+
+/// While it lives, only `form` reacts to the user; with null no window does, for a dialog of the system
+/// stands open.
+class ModalScope {
+ public:
+  ModalScope(FrontEnd& front_end, const Form* form) : front_end_(front_end) {
+    front_end.modal_.push_back(form);
+  }
+  ~ModalScope() { front_end_.modal_.pop_back(); }
+  ModalScope(const ModalScope&) = delete;
+  ModalScope& operator=(const ModalScope&) = delete;
+
+ private:
+  FrontEnd& front_end_;
 };
 
 }  // namespace ui

@@ -1,19 +1,20 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace ui {
 
 /// What of a control has changed and is to be mirrored.
 enum class Property {
-  kText,  ///< text, caption or title
-  kVisible,
+  kText,     ///< text, caption or title
+  kVisible,  ///< a visible window also comes to the front
   kEnabled,
   kBounds,
   kHelp,  ///< tool tip, spoken name, description, access key
   kColours,
   kFont,
-  kValue,      ///< ticked, list index, progress, interval and run state of a timer
+  kValue,      ///< ticked, list index, progress, scroll range, interval and run state of a timer
   kItems,      ///< the entries of a list
   kSelection,  ///< caret and selection of a text box
   kState,      ///< normal or minimised window
@@ -23,6 +24,7 @@ enum class Property {
 struct Selection {
   std::size_t start = 0;
   std::size_t length = 0;
+  bool operator==(const Selection&) const = default;
 };
 
 /// The front end's half of one control: shows the control's state and tells it what the user does. Owned by
@@ -41,7 +43,7 @@ class Peer {
   /// What the user has selected in a text box.
   virtual Selection UserSelection() const { return {}; }
 
-  /// Moves the keyboard focus to the control.
+  /// Moves the keyboard focus to the control; of a window: to none of its controls.
   virtual void TakeFocus() {}
 
   /// Draws at once what has changed.

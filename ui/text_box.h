@@ -18,10 +18,14 @@ class TextBox : public Control {
   bool read_only() const { return read_only_; }
   void SetReadOnly(bool read_only);
 
+  /// The caret then stands at the beginning. In a box of many lines every CR or LF that stands alone becomes
+  /// CR LF.
   void SetText(std::string text) override;
-  /// Adds at the end and scrolls there. Costs as much as the text that is added, not as the whole.
+  /// Adds at the end and scrolls there: the caret then stands at the end and nothing is selected. Costs as
+  /// much as the text that is added, not as the whole.
   void Append(std::string_view text);
-  /// Takes this many characters off the end.
+  /// Takes this many characters off the end, all of them when there are fewer. The caret then stands at the
+  /// end.
   void RemoveFromEnd(std::size_t characters);
   /// Characters in the text: code points, a line end counts two.
   std::size_t length() const { return length_; }
@@ -29,7 +33,7 @@ class TextBox : public Control {
   /// What is selected, by the user or by Select(), in code points.
   Selection selection() const;
   std::string selected_text() const;
-  void Select(Selection selection);
+  void Select(Selection selection);  ///< cut to what is there
   void MoveCaretToEnd() { Select({length_, 0}); }
 
   Handler on_change;    ///< the user edited the text

@@ -1,14 +1,19 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/file_system.h"
 
 namespace platform::memory {
+
+struct Node;
+using NodePtr = std::shared_ptr<Node>;
 
 /// The calls of FileSystem, as a test names them when it asks what was touched or wants one to fail.
 enum class Call {
@@ -29,7 +34,7 @@ enum class Call {
 
 /// A file system in memory with "/" paths. It holds the same contract as the real ones, records every call,
 /// and can be told to fail per call and path. Folders yield their entries in the order in which they were
-/// made.
+/// made. What WriteFile() and ReplaceFile() make bears the time 1,700,000,000, at which MemoryClock stands.
 class MemoryFileSystem : public FileSystem {
  public:
   struct Touch {
@@ -62,7 +67,7 @@ class MemoryFileSystem : public FileSystem {
   void ForgetTouches() { touched_.clear(); }
 
   // --- Faults.
-  /// From now on `call` on `path` (empty: on every path) fails with `error`; the last `times` times only when
+  /// From now on `call` on `path` (empty: on every path) fails with `error`; the next `times` times only when
   /// not 0.
   void Fail(Call call, const std::string& path, Error error, int times = 0);
   void Heal();
@@ -77,7 +82,7 @@ class MemoryFileSystem : public FileSystem {
   void Before(std::function<void(Call, const std::string& path)> hook) { before_ = std::move(hook); }
   /// Copies move this many bytes between two questions to the watcher (default 256 KiB).
   void SetBlockSize(std::int64_t bytes) { block_size_ = bytes; }
-  /// Names are compared without regard to case, as on Windows.
+  /// Names are compared without regard to the case of ASCII letters.
   void IgnoreCase(bool ignore) { ignore_case_ = ignore; }
 
   // --- FileSystem
@@ -100,12 +105,30 @@ class MemoryFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
-  struct Node;
-  struct Fault;
+  struct Fault {
+    Call call;
+    std::string path;  ///< empty: every path
+    Error error;
+    int left;  ///< how often it strikes yet; 0: always
+  };
 
-  std::shared_ptr<Node> root_;
+  /// Records the call, runs the hook and tells whether the call is to fail.
+  std::optional<Error> Enter(Call call, const std::string& path);
+  Result<NodePtr> Find(const std::string& path) const;
+  Entry EntryOf(const NodePtr& node, const std::string& path) const;
+  bool IsReadOnlyPlace(const std::string& path) const;
+  bool HasSpaceFor(std::int64_t bytes) const;
+  void TakeSpace(std::int64_t bytes);
+  std::optional<Error> MoveBlocks(const Node& source, const CopyWatcher& watcher) const;
+  Status Put(const std::string& path, const std::string& content);
+  NodePtr MakeNode(const std::string& path);
+
+  NodePtr root_;
   std::vector<Touch> touched_;
   std::vector<Fault> faults_;
+  std::optional<DiskSpace> space_;
+  std::set<std::string> read_only_places_;
+  std::set<std::string> kept_read_only_;
   std::function<void(Call, const std::string&)> before_;
   std::int64_t block_size_ = 256 * 1024;
   bool ignore_case_ = false;

@@ -1,0 +1,253 @@
+#include "platform/memory/memory_file_system.h"
+
+#include <algorithm>
+
+#include "platform/ascii_case.h"
+#include "platform/memory/memory_node.h"
+#include "platform/path.h"
+
+namespace platform::memory {
+namespace {
+
+constexpr FileTime kTimeOfWrites{1'700'000'000, 0};
+constexpr DiskSpace kUnlimited{std::uint64_t{1} << 40, std::uint64_t{1} << 41};
+
+class MemoryFolder : public Folder {
+ public:
+  MemoryFolder(const std::string& path, std::vector<Entry> entries) {
+    path_ = path;
+    entries_ = std::move(entries);
+  }
+};
+
+std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
+
+std::string Join(const std::string& folder, const std::string& name) {
+  return JoinPath(folder, name, PathStyle::kPosix);
+}
+
+}  // namespace
+
+MemoryFileSystem::MemoryFileSystem() : root_(std::make_shared<Node>()) { root_->kind = NodeKind::kFolder; }
+
+MemoryFileSystem::~MemoryFileSystem() = default;
+
+std::optional<Error> MemoryFileSystem::Enter(Call call, const std::string& path) {
+  if (before_) before_(call, path);
+  touched_.push_back({call, path});
+  for (auto fault = faults_.begin(); fault != faults_.end(); ++fault) {
+    if (fault->call != call || (!fault->path.empty() && fault->path != path)) continue;
+    Error error = fault->error;
+    if (fault->left > 0 && --fault->left == 0) faults_.erase(fault);
+    return error;
+  }
+  return std::nullopt;
+}
+
+Result<NodePtr> MemoryFileSystem::Find(const std::string& path) const {
+  auto place = Walk(root_, path, LastLink::kFollow, ignore_case_);
+  if (!place.ok()) return place.error();
+  return place->node;
+}
+
+bool MemoryFileSystem::IsReadOnlyPlace(const std::string& path) const {
+  return std::any_of(read_only_places_.begin(), read_only_places_.end(),
+                     [&path](const std::string& place) { return IsInside(path, place, PathStyle::kPosix); });
+}
+
+bool MemoryFileSystem::HasSpaceFor(std::int64_t bytes) const {
+  return !space_ || static_cast<std::uint64_t>(bytes) <= space_->free;
+}
+
+void MemoryFileSystem::TakeSpace(std::int64_t bytes) {
+  if (space_) space_->free -= static_cast<std::uint64_t>(bytes);
+}
+
+Entry MemoryFileSystem::EntryOf(const NodePtr& node, const std::string& path) const {
+  Entry entry;
+  entry.name = NameOf(path, PathStyle::kPosix);
+  NodePtr end = node;
+  if (node->kind == NodeKind::kLink) {
+    const auto followed = Find(path);
+    end = followed.ok() ? *followed : nullptr;
+  }
+  if (!end) {
+    entry.kind = EntryKind::kDeadLink;
+  } else if (end->kind == NodeKind::kFolder) {
+    entry.kind = node->kind == NodeKind::kLink ? EntryKind::kFolderLink : EntryKind::kFolder;
+  } else if (end->kind == NodeKind::kPipe) {
+    entry.kind = EntryKind::kOther;
+  } else {
+    entry.size = end->size;
+    entry.modified = end->modified;
+    entry.attributes = end->attributes;
+  }
+  return entry;
+}
+
+Result<std::unique_ptr<Folder>> MemoryFileSystem::OpenFolder(const std::string& path) {
+  if (auto error = Enter(Call::kOpenFolder, path)) return *error;
+  const auto node = Find(path);
+  if (!node.ok()) return node.error();
+  if ((*node)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
+  std::vector<Entry> entries;
+  for (const NodePtr& child : (*node)->children) entries.push_back(EntryOf(child, Join(path, child->name)));
+  return std::unique_ptr<Folder>(std::make_unique<MemoryFolder>(path, std::move(entries)));
+}
+
+Result<Entry> MemoryFileSystem::Look(const std::string& path) {
+  if (auto error = Enter(Call::kLook, path)) return *error;
+  const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
+  if (!place.ok()) return place.error();
+  return EntryOf(place->node, path);
+}
+
+Result<std::string> MemoryFileSystem::RealPath(const std::string& path) {
+  auto place = Walk(root_, path, LastLink::kFollow, ignore_case_);
+  if (!place.ok()) return place.error();
+  return std::move(place->path);
+}
+
+std::optional<Error> MemoryFileSystem::MoveBlocks(const Node& source, const CopyWatcher& watcher) const {
+  std::int64_t done = 0;
+  if (watcher && !watcher(0)) return MakeError(ErrorKind::kCancelled);
+  while (done < source.size) {
+    done += std::min(block_size_, source.size - done);
+    if (!HasSpaceFor(done)) return MakeError(ErrorKind::kDiskFull);
+    if (done < source.size && watcher && !watcher(done)) return MakeError(ErrorKind::kCancelled);
+  }
+  return std::nullopt;
+}
+
+Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
+                                               const CopyWatcher& watcher) {
+  const std::string target_path = Join(target.path(), file.name);
+  const std::string source_path = Join(source.path(), file.name);
+  if (auto error = Enter(Call::kCopyFile, target_path)) return *error;
+  if (auto error = Enter(Call::kReadSource, source_path)) return *error;
+  if (IsReadOnlyPlace(target_path)) return MakeError(ErrorKind::kReadOnlyMedium);
+  if (kept_read_only_.contains(target_path)) return MakeError(ErrorKind::kAccessDenied);
+
+  const auto from = Find(source_path);
+  if (!from.ok()) return from.error();
+  if ((*from)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  if ((*from)->kind != NodeKind::kFile) return MakeError(ErrorKind::kOther);
+  const auto folder = Find(target.path());
+  if (!folder.ok()) return folder.error();
+  if (auto error = MoveBlocks(**from, watcher)) return *error;
+
+  NodePtr to = FindChild(**folder, file.name, ignore_case_);
+  if (to && to->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  const std::int64_t freed = to && to->kind == NodeKind::kFile ? to->size : 0;
+  if (!to) to = (*folder)->children.emplace_back(std::make_shared<Node>());
+  const Node& read = **from;
+  const bool as_listed = read.size == file.size && file.modified;
+  TakeSpace(read.size - freed);
+  const Attributes attributes = read.attributes;
+  *to = Node{file.name,
+             NodeKind::kFile,
+             {},
+             read.content,
+             read.size,
+             as_listed ? *file.modified : read.modified,
+             attributes & kSystem,
+             {}};
+  return CopyOutcome{to->size, attributes, to->attributes};
+}
+
+void MemoryFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
+
+Status MemoryFileSystem::CreateFolder(const std::string& path) {
+  if (auto error = Enter(Call::kCreateFolder, path)) return *error;
+  if (Exists(path)) return MakeError(ErrorKind::kAlreadyExists);
+  if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
+  const auto parent = Find(Parent(path));
+  if (!parent.ok()) return parent.error();
+  if ((*parent)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
+  AddFolder(path);
+  return Done{};
+}
+
+Status MemoryFileSystem::RemoveFile(const std::string& path) {
+  if (auto error = Enter(Call::kRemoveFile, path)) return *error;
+  const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
+  if (!place.ok()) return place.error();
+  if (place->node->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
+  if (place->node->kind == NodeKind::kFile) TakeSpace(-place->node->size);
+  Remove(path);
+  return Done{};
+}
+
+Result<Attributes> MemoryFileSystem::GetAttributes(const std::string& path) {
+  if (auto error = Enter(Call::kGetAttributes, path)) return *error;
+  const auto node = Find(path);
+  if (!node.ok()) return node.error();
+  return (*node)->attributes;
+}
+
+Status MemoryFileSystem::SetAttributes(const std::string& path, Attributes attributes) {
+  if (auto error = Enter(Call::kSetAttributes, path)) return *error;
+  const auto node = Find(path);
+  if (!node.ok()) return node.error();
+  if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
+  const bool clears = ((*node)->attributes & ~attributes & kReadOnly) != 0;
+  if (clears && kept_read_only_.contains(path)) return MakeError(ErrorKind::kAccessDenied);
+  (*node)->attributes = attributes & (kReadOnly | kHidden | kSystem);
+  return Done{};
+}
+
+Result<DiskSpace> MemoryFileSystem::Space(const std::string& path) {
+  if (auto error = Enter(Call::kSpace, path)) return *error;
+  if (!Exists(path) && !Exists(Parent(path))) return MakeError(ErrorKind::kNotFound);
+  return space_.value_or(kUnlimited);
+}
+
+std::string MemoryFileSystem::DriveOf(const std::string&) { return "/"; }
+
+Result<std::string> MemoryFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
+  if (auto error = Enter(Call::kReadFile, path)) return *error;
+  const auto node = Find(path);
+  if (!node.ok()) return node.error();
+  if ((*node)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  if ((*node)->size > limit) return MakeError(ErrorKind::kTooLarge);
+  return (*node)->content;
+}
+
+Status MemoryFileSystem::Put(const std::string& path, const std::string& content) {
+  const auto parent = Find(Parent(path));
+  if (!parent.ok()) return parent.error();
+  if ((*parent)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
+  if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
+  const auto old = Find(path);
+  if (old.ok() && (*old)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  const auto size = static_cast<std::int64_t>(content.size());
+  if (!HasSpaceFor(size)) return MakeError(ErrorKind::kDiskFull);
+  TakeSpace(size - (old.ok() ? (*old)->size : 0));
+  AddFile(old.ok() ? RealPath(path).value() : path, content, kTimeOfWrites,
+          old.ok() ? (*old)->attributes : Attributes{0});
+  return Done{};
+}
+
+Status MemoryFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  if (auto error = Enter(Call::kWriteFile, path)) return *error;
+  const auto old = Find(path);
+  if (old.ok() && ((*old)->attributes & kReadOnly) != 0) return MakeError(ErrorKind::kAccessDenied);
+  return Put(path, content);
+}
+
+Status MemoryFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
+  if (auto error = Enter(Call::kReplaceFile, path)) return *error;
+  return Put(path, content);
+}
+
+Status MemoryFileSystem::Flush(const std::string& path) {
+  if (auto error = Enter(Call::kFlush, path)) return *error;
+  return Done{};
+}
+
+std::string MemoryFileSystem::NameKey(const std::string& name) const {
+  return ignore_case_ ? LowerAscii(name) : name;
+}
+
+}  // namespace platform::memory

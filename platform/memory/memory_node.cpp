@@ -1,0 +1,98 @@
+#include "platform/memory/memory_node.h"
+
+#include <deque>
+
+#include "platform/ascii_case.h"
+
+namespace platform::memory {
+namespace {
+
+constexpr int kMaxLinks = 40;
+
+/// Puts the parts of `path` before what `parts` holds.
+void Prepend(std::string_view path, std::deque<std::string>& parts) {
+  std::size_t end = path.size();
+  while (end > 0) {
+    const std::size_t slash = path.rfind('/', end - 1);
+    const std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
+    if (start < end) parts.emplace_front(path.substr(start, end - start));
+    end = slash == std::string_view::npos ? 0 : slash;
+  }
+}
+
+Place PlaceOf(const std::vector<NodePtr>& trail) {
+  std::string path;
+  for (std::size_t i = 1; i < trail.size(); ++i) path += '/' + trail[i]->name;
+  return {trail.back(), path.empty() ? "/" : path};
+}
+
+}  // namespace
+
+NodePtr FindChild(const Node& folder, std::string_view name, bool ignore_case) {
+  for (const NodePtr& child : folder.children) {
+    if (child->name == name) return child;
+    if (ignore_case && LowerAscii(child->name) == LowerAscii(name)) return child;
+  }
+  return nullptr;
+}
+
+Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, bool ignore_case) {
+  std::vector<NodePtr> trail{root};
+  std::deque<std::string> parts;
+  Prepend(path, parts);
+  int links = 0;
+  while (!parts.empty()) {
+    const std::string part = parts.front();
+    parts.pop_front();
+    if (trail.back()->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
+    if (part == ".") continue;
+    if (part == "..") {
+      if (trail.size() > 1) trail.pop_back();
+      continue;
+    }
+    NodePtr child = FindChild(*trail.back(), part, ignore_case);
+    if (!child) return MakeError(ErrorKind::kNotFound);
+    if (child->kind == NodeKind::kLink && (last == LastLink::kFollow || !parts.empty())) {
+      if (++links > kMaxLinks) return MakeError(ErrorKind::kOther);
+      Prepend(child->destination, parts);
+      trail.resize(1);
+    } else {
+      trail.push_back(std::move(child));
+    }
+  }
+  return PlaceOf(trail);
+}
+
+Error MakeError(ErrorKind kind) {
+  switch (kind) {
+    case ErrorKind::kNotFound:
+      return {kind, 2, "No such file or directory"};
+    case ErrorKind::kAccessDenied:
+      return {kind, 13, "Permission denied"};
+    case ErrorKind::kReadOnlyMedium:
+      return {kind, 30, "Read-only file system"};
+    case ErrorKind::kDiskFull:
+      return {kind, 28, "No space left on device"};
+    case ErrorKind::kAlreadyExists:
+      return {kind, 17, "File exists"};
+    case ErrorKind::kNotAFolder:
+      return {kind, 20, "Not a directory"};
+    case ErrorKind::kIsAFolder:
+      return {kind, 21, "Is a directory"};
+    case ErrorKind::kInUse:
+      return {kind, 26, "Text file busy"};
+    case ErrorKind::kBadName:
+      return {kind, 36, "File name too long"};
+    case ErrorKind::kTooLarge:
+      return {kind, 27, "File too large"};
+    case ErrorKind::kShort:
+      return {kind, 0, "The file ended early"};
+    case ErrorKind::kCancelled:
+      return {kind, 125, "Operation canceled"};
+    case ErrorKind::kOther:
+      break;
+  }
+  return {ErrorKind::kOther, 40, "Too many levels of symbolic links"};
+}
+
+}  // namespace platform::memory

@@ -1,0 +1,96 @@
+#include "platform/memory/memory_system.h"
+
+#include "platform/ascii_case.h"
+
+namespace platform::memory {
+namespace {
+
+constexpr std::int64_t kNanosecondsInSecond = 1'000'000'000;
+
+FileTime Later(FileTime time, std::chrono::milliseconds duration) {
+  const std::int64_t nanoseconds = time.nanoseconds + duration.count() % 1000 * 1'000'000;
+  return {time.seconds + duration.count() / 1000 + nanoseconds / kNanosecondsInSecond,
+          static_cast<std::int32_t>(nanoseconds % kNanosecondsInSecond)};
+}
+
+std::string Digits(int number, std::size_t width) {
+  std::string text = std::to_string(number);
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text;
+}
+
+class CountingGuard : public AwakeGuard {
+ public:
+  explicit CountingGuard(int& count) : count_(count) { ++count_; }
+  ~CountingGuard() override { --count_; }
+  CountingGuard(const CountingGuard&) = delete;
+  CountingGuard& operator=(const CountingGuard&) = delete;
+
+ private:
+  int& count_;
+};
+
+}  // namespace
+
+CalendarTime MemoryClock::ToLocal(FileTime time) {
+  time.seconds += offset_minutes * 60;
+  return ToUtc(time);
+}
+
+void MemoryClock::Sleep(std::chrono::milliseconds duration) {
+  sleeps_.push_back(duration);
+  Advance(duration);
+}
+
+void MemoryClock::Advance(std::chrono::milliseconds duration) {
+  now_ = Later(now_, duration);
+  run_ += duration;
+}
+
+std::string MemoryLocale::ShortDate(const CalendarTime& time) {
+  return Digits(time.year, 4) + '-' + Digits(time.month, 2) + '-' + Digits(time.day, 2);
+}
+
+std::string MemoryLocale::TimeOfDay(const CalendarTime& time) {
+  return Digits(time.hour, 2) + ':' + Digits(time.minute, 2) + ':' + Digits(time.second, 2);
+}
+
+SettingsStore::WriteResult MemorySettingsStore::Write(const std::string& key, const std::string& name,
+                                                      const std::string& value) {
+  WriteResult result;
+  result.create_code = create_code_;
+  if (create_code_ != kStoreSuccess) return result;
+  const auto [place, is_new] = keys_.try_emplace(LowerAscii(key));
+  result.disposition = is_new ? Disposition::kCreated : Disposition::kOpened;
+  result.set_code = set_code_;
+  if (set_code_ == kStoreSuccess) place->second[LowerAscii(name)] = value;
+  return result;
+}
+
+bool MemorySettingsStore::HasKey(const std::string& key) { return keys_.contains(LowerAscii(key)); }
+
+SettingsStore::ReadResult MemorySettingsStore::Read(const std::string& key, const std::string& name) {
+  if (read_code_ != kStoreSuccess) return {read_code_, false, {}};
+  const auto values = keys_.find(LowerAscii(key));
+  if (values == keys_.end()) return {kStoreNotFound, false, {}};
+  const auto value = values->second.find(LowerAscii(name));
+  if (value == values->second.end()) return {kStoreNotFound, false, {}};
+  return {kStoreSuccess, true, value->second};
+}
+
+std::string MemorySettingsStore::Message(int code) { return CommonStoreMessage(code); }
+
+void MemorySettingsStore::FailWith(int create_code, int set_code, int read_code) {
+  create_code_ = create_code;
+  set_code_ = set_code;
+  read_code_ = read_code;
+}
+
+Status MemoryShell::RunSystemCommand(const std::string& command, const std::string& parameters) {
+  commands.emplace_back(command, parameters);
+  return Done{};
+}
+
+std::unique_ptr<AwakeGuard> MemoryShell::KeepAwake() { return std::make_unique<CountingGuard>(awake); }
+
+}  // namespace platform::memory

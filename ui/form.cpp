@@ -1,0 +1,136 @@
+#include "ui/form.h"
+
+#include <utility>
+
+#include "ui/controls.h"
+#include "ui/front_end.h"
+
+namespace ui {
+
+Form::Form(FrontEnd& front_end, std::string name, FormStyle style)
+    : Container(nullptr, std::move(name)), front_end_(front_end), style_(style) {
+  visible_ = false;
+}
+
+Form::~Form() { DetachPeer(); }
+
+std::unique_ptr<Peer> Form::MakePeer(FrontEnd& front_end) { return front_end.CreatePeer(*this); }
+
+bool Form::reachable() const { return Container::reachable() && !front_end_.Blocks(*this); }
+
+Size Form::inner() const { return peer() != nullptr ? inner_ : Size{width(), height()}; }
+
+void Form::Show() {
+  AttachPeer(front_end_);
+  visible_ = true;
+  Mirror(Property::kVisible);
+  if (style_ == FormStyle::kPopUp || (focused_ != nullptr && focused_->reachable())) return;
+  if (Control* first = AfterInTabOrder(nullptr)) first->SetFocus();
+}
+
+void Form::Hide() {
+  visible_ = false;
+  Mirror(Property::kVisible);
+}
+
+void Form::ShowModal(Form& owner) {
+  const ModalScope only_this(front_end_, this);
+  modal_ = true;
+  owner_ = &owner;
+  Show();
+  front_end_.RunModal(*this);
+  if (visible()) Hide();
+  modal_ = false;
+  owner_ = nullptr;
+}
+
+void Form::Restore() {
+  if (state_ == WindowState::kNormal) return;
+  state_ = WindowState::kNormal;
+  Mirror(Property::kState);
+}
+
+void Form::SetTaskProgress(std::optional<double> fraction) {
+  task_progress_ = fraction;
+  Mirror(Property::kValue);
+}
+
+void Form::UserClosed() {
+  if (!reachable()) return;
+  if (on_close) {
+    Run(on_close);
+  } else {
+    Hide();
+  }
+}
+
+void Form::UserMoved(Rect bounds) { bounds_ = bounds; }
+
+void Form::InnerSizeIs(Size inner) {
+  if (inner_ == inner) return;
+  inner_ = inner;
+  if (visible()) Run(on_resize);
+}
+
+void Form::UserActivated() {
+  if (visible()) Run(on_activate);
+}
+
+bool Form::UserPressedEnter() {
+  auto* button = dynamic_cast<Button*>(focused_);
+  if (button == nullptr) button = default_button_;
+  if (button == nullptr || !button->reachable()) return false;
+  button->UserPressed();
+  return true;
+}
+
+bool Form::UserPressedEscape() {
+  if (cancel_button_ == nullptr || !cancel_button_->reachable()) return false;
+  cancel_button_->UserPressed();
+  return true;
+}
+
+bool Form::UserPressedAccessKey(char letter) {
+  Control* meant = nullptr;
+  ForEach([&](Control& control) {
+    if (meant == nullptr && control.access_key() == letter && control.reachable()) meant = &control;
+  });
+  if (meant == nullptr) return false;
+  if (dynamic_cast<Label*>(meant) != nullptr) meant = AfterInTabOrder(meant);
+  if (meant == nullptr || !meant->SetFocus()) return false;
+  meant->UserKeyed();
+  return true;
+}
+
+Control* Form::AfterInTabOrder(const Control* from) const {
+  Control* first = nullptr;
+  Control* next = nullptr;
+  bool passed = false;
+  ForEach([&](Control& control) {
+    if (&control == from) {
+      passed = true;
+    } else if (control.takes_focus() && control.reachable()) {
+      if (first == nullptr) first = &control;
+      if (passed && next == nullptr) next = &control;
+    }
+  });
+  return next != nullptr ? next : first;
+}
+
+void Form::MoveFocusTo(Control* control) {
+  Control* const before = std::exchange(focused_, control);
+  if (control->peer() != nullptr) control->peer()->TakeFocus();
+  if (before != nullptr && before != control) before->Raise(before->on_lost_focus);
+}
+
+void Form::DropLostFocus() {
+  if (focused_ == nullptr) return;
+  for (const Control* around = focused_; around != this; around = around->parent()) {
+    if (around->visible() && around->enabled()) continue;
+    focused_ = nullptr;
+    if (peer() != nullptr) peer()->TakeFocus();
+    return;
+  }
+}
+
+}  // namespace ui
