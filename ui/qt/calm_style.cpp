@@ -195,4 +195,10 @@ QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComple
   }
 }
 
+int CalmStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 }  // namespace ui::qt
