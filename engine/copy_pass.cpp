@@ -1,0 +1,124 @@
+#include "engine/copy_pass.h"
+
+#include <utility>
+
+#include "base/utf8.h"
+#include "engine/failure_text.h"
+#include "engine/file_proc.h"
+#include "platform/path.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+namespace {
+
+constexpr const char* kDriveFullLine = "The target drive is full.";
+constexpr const char* kDriveFullMessage =
+    "The target drive is full, so this backup operation\r\n"
+    "must be terminated.";
+constexpr const char* kNoSpaceForFile = "Insufficient space on the target drive for this file.";
+
+std::string FolderQuestion(const Tools& tools, const std::string& folder) {
+  const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
+  std::string question = part(text::kTheTargetFolder) + " " + part(text::kCouldNotBeCreated);
+  const std::string drive = tools.files.DriveOf(folder);
+  if (!drive.empty()) question += " " + part(text::kOnDrive) + " " + drive + " " + part(text::kUnderPath);
+  return question + "\r\n" + base::utf8::Printable(folder) + "\r\n\r\n" + part(text::kGoOn) + " " +
+         part(text::kWithNextFileOfFolder);
+}
+
+std::string ReadOnlyQuestion(const Tools& tools, const std::string& path) {
+  const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
+  return part(text::kTheTargetFile) + "\r\n" + base::utf8::Printable(path) + "\r\n" +
+         part(text::kStaysReadOnly) + "\r\n\r\n" + part(text::kGoOn) + " " + part(text::kWithNextFile);
+}
+
+}  // namespace
+
+CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
+                   std::string target_root)
+    : tools_(tools),
+      listener_(listener),
+      pulse_(pulse),
+      totals_(totals),
+      target_root_(std::move(target_root)) {}
+
+CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
+  if (!HasSpaceFor(file) || !HasTargetFolder(folders, file) || !CanBeReplaced(folders, file)) {
+    return CopyResult::kFailed;
+  }
+  listener_.CopyBegun(file.SourcePath());
+  const auto outcome = CopyFileTo(folders, file);
+  if (!outcome) {
+    if (outcome.error().kind == platform::ErrorKind::kCancelled) return CopyResult::kCancelled;
+    Fail(file, outcome.error());
+    return CopyResult::kFailed;
+  }
+  CarryAttributes(platform::JoinPath(folders.target_path(), file.source.name), *outcome);
+  ++totals_.counts.copied;
+  totals_.bytes_copied += FileSizeOf(outcome->bytes);
+  listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
+  return CopyResult::kCopied;
+}
+
+bool CopyPass::HasSpaceFor(const Candidate& file) {
+  double free_bytes = 0;
+  double total_bytes = 0;
+  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) != 0) return true;
+  if (free_bytes <= 0) {
+    listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()));
+    listener_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
+    listener_.Tell(kDriveFullMessage);
+    Terminate();
+    return false;
+  }
+  const std::int32_t source_size = FileSizeOf(file.source);
+  if (static_cast<double>(source_size) < free_bytes) return true;
+  listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()) + ". " + kNoSpaceForFile +
+                      " (" + text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
+  return false;
+}
+
+bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
+  if (folder_given_up_ == folders.target_path()) {
+    Fail(file, why_given_up_);
+    return false;
+  }
+  const platform::Status ready = folders.EnsureTarget();
+  if (ready) return true;
+  Fail(file, ready.error());
+  folder_given_up_ = folders.target_path();
+  why_given_up_ = ready.error();
+  if (!listener_.AskWhetherToGoOn({FolderQuestion(tools_, folder_given_up_), {}})) Terminate();
+  return false;
+}
+
+bool CopyPass::CanBeReplaced(const FolderPair& folders, const Candidate& file) {
+  if (!file.TargetFileExists() || !IsReadOnly(file.target->attributes)) return true;
+  const std::string path = platform::JoinPath(folders.target_path(), file.target->name);
+  if (ClearReadOnly(tools_.files, path)) return true;
+  Fail(file, {platform::ErrorKind::kAccessDenied, 0, {}});
+  if (!listener_.AskWhetherToGoOn({ReadOnlyQuestion(tools_, path), {}})) Terminate();
+  return false;
+}
+
+platform::Result<platform::CopyOutcome> CopyPass::CopyFileTo(FolderPair& folders, const Candidate& file) {
+  return tools_.files.CopyFile(folders.source(), file.source, folders.target(), [this](std::int64_t) {
+    pulse_.Beat();
+    return !listener_.StopRequested();
+  });
+}
+
+void CopyPass::CarryAttributes(const std::string& target_path, const platform::CopyOutcome& outcome) {
+  if (IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes)) {
+    SetSystemFile(tools_.files, target_path);
+  }
+  if ((outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0) {
+    ClearReadOnlyAndHidden(tools_.files, target_path);
+  }
+}
+
+void CopyPass::Fail(const Candidate& file, const platform::Error& error) {
+  listener_.WriteLine(FailureLine(tools_, text::kNotCopied, file.SourcePath(), error));
+}
+
+}  // namespace engine

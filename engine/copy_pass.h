@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "engine/folder_pair.h"
+#include "engine/listener/listener.h"
+#include "engine/pulse.h"
+#include "engine/selection.h"
+#include "engine/tools.h"
+
+namespace engine {
+
+enum class CopyResult { kCopied, kFailed, kCancelled };
+
+/// Copies selected files, one call a file: guards against a full target drive, makes a read-only old copy
+/// writable, copies as one transaction, and tells the listener. Whatever is not copied has left its line in
+/// the report.
+class CopyPass {
+ public:
+  /// `target_root`: the setup's target folder; its disk's free space counts.
+  CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, std::string target_root);
+
+  CopyResult Copy(FolderPair& folders, const Candidate& file);
+
+  /// Set when the run must stop: the target drive is full, or an answer stopped it.
+  bool OperationTerminated() const { return operation_terminated_; }
+
+ private:
+  bool HasSpaceFor(const Candidate& file);
+  bool HasTargetFolder(FolderPair& folders, const Candidate& file);
+  bool CanBeReplaced(const FolderPair& folders, const Candidate& file);
+  void MakeWritable(const std::string& path);
+  platform::Result<platform::CopyOutcome> CopyFileTo(FolderPair& folders, const Candidate& file);
+  void CarryAttributes(const std::string& target_path, const platform::CopyOutcome& outcome);
+  void Fail(const Candidate& file, const platform::Error& error);
+  void Terminate() { operation_terminated_ = true; }
+
+  const Tools& tools_;
+  Listener& listener_;
+  Pulse& pulse_;
+  Totals& totals_;
+  std::string target_root_;
+  std::string folder_given_up_;  ///< a target folder that cannot be created and was asked about
+  platform::Error why_given_up_;
+  bool operation_terminated_ = false;
+};
+
+}  // namespace engine

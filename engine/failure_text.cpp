@@ -1,0 +1,58 @@
+#include "engine/failure_text.h"
+
+#include "base/utf8.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+namespace {
+
+int SentenceOf(platform::ErrorKind kind) {
+  using platform::ErrorKind;
+  switch (kind) {
+    case ErrorKind::kNotFound:
+      return text::kReasonNotFound;
+    case ErrorKind::kAccessDenied:
+      return text::kReasonAccessDenied;
+    case ErrorKind::kReadOnlyMedium:
+      return text::kReasonReadOnlyMedium;
+    case ErrorKind::kDiskFull:
+      return text::kReasonDiskFull;
+    case ErrorKind::kIsAFolder:
+      return text::kReasonFolderInTheWay;
+    case ErrorKind::kAlreadyExists:
+    case ErrorKind::kNotAFolder:
+      return text::kReasonFileInTheWay;
+    case ErrorKind::kInUse:
+      return text::kReasonInUse;
+    case ErrorKind::kBadName:
+      return text::kReasonBadName;
+    case ErrorKind::kTooLarge:
+      return text::kReasonTooLarge;
+    case ErrorKind::kShort:
+      return text::kReasonShort;
+    case ErrorKind::kCancelled:
+    case ErrorKind::kOther:
+      break;
+  }
+  return text::kReasonOther;
+}
+
+std::string CodeInParentheses(const platform::Error& error) {
+  std::string code = " (" + std::to_string(error.code);
+  if (!error.text.empty()) code += ": " + error.text;
+  return code + ")";
+}
+
+}  // namespace
+
+std::string NoticeLine(const Tools& tools, int lead_text, const std::string& path) {
+  return kLineIndent + tools.texts.GetProgramText(lead_text) + " " + base::utf8::Printable(path);
+}
+
+std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
+                        const platform::Error& error) {
+  return NoticeLine(tools, lead_text, path) + ". " + tools.texts.GetProgramText(SentenceOf(error.kind)) +
+         CodeInParentheses(error);
+}
+
+}  // namespace engine

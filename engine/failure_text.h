@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "engine/tools.h"
+
+namespace engine {
+
+/// The beginning of every line about a single file or folder below a folder's head line.
+inline constexpr const char* kLineIndent = "      ";
+
+/// A line that names a file or folder: the indent, a numbered lead ("Not copied:"), the path.
+std::string NoticeLine(const Tools& tools, int lead_text, const std::string& path);
+
+/// The same, then why in plain words and what to do about it, and the system's code in parentheses.
+std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
+                        const platform::Error& error);
+
+}  // namespace engine

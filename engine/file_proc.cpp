@@ -1,0 +1,57 @@
+#include "engine/file_proc.h"
+
+#include <cstdlib>
+
+namespace engine {
+namespace {
+
+using platform::Attributes;
+
+int MinutesSinceNewYear(const platform::CalendarTime& time) {
+  return (time.day_of_year - 1) * 1440 + time.hour * 60 + time.minute;
+}
+
+bool IsShiftOfTimeZone(int minutes) { return minutes % 30 == 0 && minutes <= 480; }
+
+/// Clears and sets attribute bits where that changes anything; whether they are as wished afterwards.
+bool ChangeAttributes(platform::FileSystem& files, const std::string& path, Attributes clear,
+                      Attributes set) {
+  const auto now = files.GetAttributes(path);
+  if (!now) return false;
+  const Attributes wanted = (*now & ~clear) | set;
+  return wanted == *now || files.SetAttributes(path, wanted).ok();
+}
+
+}  // namespace
+
+std::int32_t FileSizeOf(std::int64_t bytes) {
+  return bytes < 0 || bytes > kLargestFileSize ? kLargestFileSize : static_cast<std::int32_t>(bytes);
+}
+
+std::int32_t FileSizeOf(const platform::Entry& file) { return FileSizeOf(file.size); }
+
+bool FileTimesDiffer(const platform::Entry& source, const platform::Entry& target) {
+  if (source.size != target.size) return true;
+  if (!source.modified || !target.modified) return false;
+  if (source.modified->seconds == target.modified->seconds) return false;
+
+  const platform::CalendarTime a = platform::ToUtc(*source.modified);
+  const platform::CalendarTime b = platform::ToUtc(*target.modified);
+  if (a.year != b.year || a.month != b.month) return true;
+  const int delta = std::abs(MinutesSinceNewYear(a) - MinutesSinceNewYear(b));
+  return delta >= 2 && !IsShiftOfTimeZone(delta);
+}
+
+bool ClearReadOnly(platform::FileSystem& files, const std::string& path) {
+  return ChangeAttributes(files, path, platform::kReadOnly, 0);
+}
+
+bool SetSystemFile(platform::FileSystem& files, const std::string& path) {
+  return ChangeAttributes(files, path, 0, platform::kSystem);
+}
+
+bool ClearReadOnlyAndHidden(platform::FileSystem& files, const std::string& path) {
+  return ChangeAttributes(files, path, platform::kReadOnly | platform::kHidden, 0);
+}
+
+}  // namespace engine

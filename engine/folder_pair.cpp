@@ -1,0 +1,80 @@
+#include "engine/folder_pair.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/path.h"
+
+namespace engine {
+
+using platform::Entry;
+using platform::EntryKind;
+using platform::Status;
+
+FolderPair::FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source,
+                       std::string target_path)
+    : files_(&files), source_(std::move(source)), target_path_(std::move(target_path)) {}
+
+platform::Result<FolderPair> FolderPair::Open(platform::FileSystem& files, const std::string& source,
+                                              const std::string& target) {
+  auto folder = files.OpenFolder(source);
+  if (!folder) return folder.error();
+  return FolderPair(files, std::move(*folder), target);
+}
+
+Status FolderPair::OpenTarget() {
+  auto folder = files_->OpenFolder(target_path_);
+  if (!folder) return folder.error();
+  target_ = std::move(*folder);
+  next_ = 0;
+  index_.clear();
+  return platform::Done{};
+}
+
+Status FolderPair::EnsureTarget() {
+  if (target_) return platform::Done{};
+  const Status created = CreateWithParents(target_path_);
+  if (!created && created.error().kind != platform::ErrorKind::kAlreadyExists) return created;
+  return OpenTarget();
+}
+
+Status FolderPair::CreateWithParents(const std::string& path) {
+  Status created = files_->CreateFolder(path);
+  if (created || created.error().kind != platform::ErrorKind::kNotFound) return created;
+  const std::string parent = platform::ParentOf(path);
+  if (parent.empty() || parent == path) return created;
+  if (Status above = CreateWithParents(parent); !above) return above;
+  return files_->CreateFolder(path);
+}
+
+const Entry* FolderPair::TargetOf(const Entry& source_file) {
+  if (!target_) return nullptr;
+  const std::vector<Entry>& entries = target_->entries();
+  if (next_ >= entries.size() || entries[next_].name != source_file.name) {
+    if (index_.empty()) {
+      for (std::size_t i = 0; i < entries.size(); ++i) index_.emplace(files_->NameKey(entries[i].name), i);
+    }
+    const auto found = index_.find(files_->NameKey(source_file.name));
+    if (found == index_.end()) return nullptr;
+    next_ = found->second;
+  }
+  const Entry& entry = entries[next_++];
+  return entry.kind == EntryKind::kFile ? &entry : nullptr;
+}
+
+std::vector<std::string> FolderPair::Leftovers() {
+  std::vector<std::string> names;
+  if (!target_) return names;
+  const auto in_source = [this](const std::string& name) {
+    return std::any_of(source_->entries().begin(), source_->entries().end(),
+                       [&](const Entry& entry) { return entry.name == name; });
+  };
+  for (const Entry& entry : target_->entries()) {
+    if (entry.kind == EntryKind::kFile && platform::IsTemporaryName(entry.name) && !in_source(entry.name)) {
+      names.push_back(entry.name);
+    }
+  }
+  return names;
+}
+
+}  // namespace engine

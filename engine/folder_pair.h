@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace engine {
+
+/// A source folder and its target folder, each listed once and joined by name. All decisions about the files
+/// in them are made from these two listings.
+class FolderPair {
+ public:
+  /// Lists the source folder.
+  static platform::Result<FolderPair> Open(platform::FileSystem& files, const std::string& source,
+                                           const std::string& target);
+
+  /// Lists the target folder. kNotFound when there is none yet.
+  platform::Status OpenTarget();
+
+  /// Makes sure that the target folder is there and open, creating it and the folders above it where they are
+  /// missing.
+  platform::Status EnsureTarget();
+
+  const platform::Folder& source() const { return *source_; }
+  const std::string& target_path() const { return target_path_; }
+  bool has_target() const { return target_ != nullptr; }
+  platform::Folder& target() { return *target_; }
+
+  /// The file that the target listing has under the name of a source file; null for none. Fastest when it is
+  /// asked in the order of the source listing.
+  const platform::Entry* TargetOf(const platform::Entry& source_file);
+
+  /// Files of the target listing that an interrupted run left behind: a temporary name that the source does
+  /// not have.
+  std::vector<std::string> Leftovers();
+
+ private:
+  FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source, std::string target_path);
+  platform::Status CreateWithParents(const std::string& path);
+
+  platform::FileSystem* files_;
+  std::unique_ptr<platform::Folder> source_;
+  std::string target_path_;
+  std::unique_ptr<platform::Folder> target_;
+  /// Two listings of one file system mostly come in the same order, so the next entry is tried before the
+  /// index.
+  std::size_t next_ = 0;
+  std::unordered_map<std::string, std::size_t> index_;
+};
+
+}  // namespace engine

@@ -1,0 +1,254 @@
+#include "engine/folder_walk.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/failure_text.h"
+#include "engine/file_proc.h"
+#include "platform/path.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+namespace {
+
+using platform::Entry;
+using platform::EntryKind;
+
+/// How many files, subfolders and so on share a folder's part of the progress: at least one.
+double UnitsOf(const FolderPair& pair) {
+  return std::max(1.0, static_cast<double>(pair.source().entries().size()));
+}
+
+void Count(const Selection& selection, FileCounts& counts) {
+  ++counts.met;
+  if (selection.finding == Finding::kNew) ++counts.new_files;
+  if (selection.finding == Finding::kModified) ++counts.modified_files;
+}
+
+void Add(const FileCounts& folder, FileCounts& totals) {
+  totals.met += folder.met;
+  totals.new_files += folder.new_files;
+  totals.modified_files += folder.modified_files;
+  totals.up_to_date += folder.up_to_date;
+  totals.filtered_out += folder.filtered_out;
+  totals.failed += folder.failed;
+  totals.due += folder.due;
+}
+
+}  // namespace
+
+FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
+    : tools_(tools),
+      listener_(listener),
+      plan_(std::move(plan)),
+      pulse_(tools.clock, listener),
+      copy_pass_(tools, listener, pulse_, totals_, plan_.target) {
+  if (auto real = tools.files.RealPath(plan_.source)) source_real_ = *real;
+  if (plan_.target.empty()) return;
+  if (auto real = tools.files.RealPath(plan_.target)) target_real_ = *real;
+}
+
+const Totals& FolderWalk::Run() {
+  PushRoots();
+  while (!pending_.empty() && !Ended()) {
+    const Pending folder = std::move(pending_.back());
+    pending_.pop_back();
+    BackupFolder(folder);
+  }
+  if (!Ended()) listener_.Progress(1.0);
+  return totals_;
+}
+
+void FolderWalk::PushRoots() {
+  const double roots = static_cast<double>(plan_.included_folders.size()) + 1;
+  for (std::size_t i = plan_.included_folders.size(); i > 0; --i) {
+    PushIncluded(plan_.included_folders[i - 1], static_cast<double>(i) / roots, 1 / roots);
+  }
+  if (!plan_.exclude_files_in_source_folder) {
+    pending_.push_back({plan_.source, plan_.target, false, true, 0, 1 / roots});
+  }
+}
+
+void FolderWalk::PushIncluded(const std::string& name, double share_begin, double share) {
+  Pending folder{
+      platform::JoinPath(plan_.source, name), {}, plan_.include_subfolders, true, share_begin, share};
+  if (!plan_.target.empty()) folder.target = platform::JoinPath(plan_.target, name);
+  const auto entry = tools_.files.Look(folder.source);
+  if (entry && entry->kind == EntryKind::kFolderLink) {
+    Warn(NoticeLine(tools_, text::kLinkNotFollowed, folder.source));
+  } else if (!entry || entry->kind != EntryKind::kFolder) {
+    Warn(NoticeLine(tools_, text::kIncludedFolderGone, folder.source));
+  } else if (MayBeWalked(folder.source, folder.target)) {
+    pending_.push_back(std::move(folder));
+  }
+}
+
+void FolderWalk::BackupFolder(const Pending& folder) {
+  auto opened = FolderPair::Open(tools_.files, folder.source, folder.target);
+  if (!opened) return FailFolder(folder.source, opened.error());
+  FolderPair& pair = *opened;
+  if (!OpenTarget(folder, pair)) return;
+
+  const std::vector<Selection> selections = SelectFiles(pair);
+  FolderCounts counts;
+  counts.path = folder.source;
+  counts.files_in_folder = static_cast<std::int64_t>(
+      std::count_if(pair.source().entries().begin(), pair.source().entries().end(),
+                    [](const Entry& entry) { return entry.kind == EntryKind::kFile; }));
+  if (IsListOperation(plan_.rules.operation)) {
+    counts.files_in_folder =
+        std::count_if(selections.begin(), selections.end(),
+                      [](const Selection& selection) { return selection.finding == Finding::kListed; });
+  }
+  ++totals_.folders;
+  if (counts.files_in_folder > 0) ++totals_.non_empty_folders;
+
+  listener_.FolderBegun(counts);
+  RemoveLeftovers(pair);
+  WarnAboutLinks(folder, pair);
+  ActOnFiles(folder, pair, selections, counts);
+  Add(counts.counts, totals_.counts);
+  listener_.FolderEnded(counts);
+  if (Ended()) return;
+  PauseIfWished(counts);
+  if (folder.with_subfolders) PushSubfolders(folder, pair);
+}
+
+/// False when nothing can be said about the files because the target folder cannot be read.
+bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
+  if (folder.target.empty() || !folder.target_may_exist) return true;
+  const platform::Status opened = pair.OpenTarget();
+  if (opened) return true;
+  const auto kind = opened.error().kind;
+  if (kind == platform::ErrorKind::kNotFound || kind == platform::ErrorKind::kNotAFolder) return true;
+  FailFolder(folder.target, opened.error());
+  return false;
+}
+
+void FolderWalk::RemoveLeftovers(FolderPair& pair) {
+  if (!IsCopyOperation(plan_.rules.operation)) return;
+  for (const std::string& name : pair.Leftovers()) {
+    const std::string path = platform::JoinPath(pair.target_path(), name);
+    const platform::Status removed = tools_.files.RemoveFile(path);
+    if (!removed) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, removed.error()));
+  }
+}
+
+void FolderWalk::WarnAboutLinks(const Pending& folder, const FolderPair& pair) {
+  for (const Entry& entry : pair.source().entries()) {
+    int lead = 0;
+    if (entry.kind == EntryKind::kFolderLink && folder.with_subfolders) lead = text::kLinkNotFollowed;
+    if (entry.kind == EntryKind::kDeadLink) lead = text::kDeadLink;
+    if (entry.kind == EntryKind::kOther) lead = text::kNotAFile;
+    if (lead != 0) Warn(NoticeLine(tools_, lead, platform::JoinPath(folder.source, entry.name)));
+  }
+}
+
+std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
+  const std::vector<Entry>& entries = pair.source().entries();
+  std::vector<Selection> selections(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i].kind != EntryKind::kFile) continue;
+    selections[i] = SelectFile(plan_.rules, {pair.source().path(), entries[i], pair.TargetOf(entries[i])});
+  }
+  return selections;
+}
+
+void FolderWalk::ExpectCopies(const FolderPair& pair, const std::vector<Selection>& selections) {
+  std::vector<const Entry*> expected;
+  for (std::size_t i = 0; i < selections.size(); ++i) {
+    if (selections[i].selected) expected.push_back(&pair.source().entries()[i]);
+  }
+  if (!expected.empty()) tools_.files.ExpectCopies(pair.source(), expected);
+}
+
+void FolderWalk::ActOnFiles(const Pending& folder, FolderPair& pair, const std::vector<Selection>& selections,
+                            FolderCounts& counts) {
+  ExpectCopies(pair, selections);
+  const double unit = folder.share / UnitsOf(pair);
+  double done = folder.share_begin;
+  for (std::size_t i = 0; i < selections.size() && !Ended(); ++i) {
+    const Entry& entry = pair.source().entries()[i];
+    if (entry.kind != EntryKind::kFile) continue;
+    if (!ActOnFile(pair, entry, selections[i], counts.counts)) return;
+    done += unit;
+    pulse_.Beat(done);
+  }
+}
+
+/// False when the file was given up because the user cancelled: it then counts as not met.
+bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection& selection,
+                           FileCounts& counts) {
+  if (selection.selected) {
+    const CopyResult result = copy_pass_.Copy(pair, {pair.source().path(), file, pair.TargetOf(file)});
+    if (result == CopyResult::kCancelled) {
+      cancelled_ = true;
+      return false;
+    }
+    ++(result == CopyResult::kCopied ? counts.copied : counts.failed);
+  } else if (selection.skip_text != 0) {
+    ++counts.filtered_out;
+    listener_.WriteLine(kLineIndent + tools_.texts.GetProgramText(selection.skip_text) + " " + file.name +
+                        ".");
+  } else if (selection.finding == Finding::kFilteredOut) {
+    ++counts.filtered_out;
+  } else if (selection.finding == Finding::kUpToDate) {
+    ++counts.up_to_date;
+  } else {
+    ++counts.due;
+  }
+  Count(selection, counts);
+  if (selection.finding != Finding::kFilteredOut) totals_.bytes_met += FileSizeOf(file);
+  return true;
+}
+
+void FolderWalk::PauseIfWished(const FolderCounts& counts) {
+  if (plan_.pause_after_first_copy && counts.counts.copied > 0) {
+    plan_.pause_after_first_copy = false;
+    listener_.Pause();
+  }
+}
+
+void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair) {
+  const double unit = folder.share / UnitsOf(pair);
+  double end = folder.share_begin + folder.share;
+  const std::vector<Entry>& entries = pair.source().entries();
+  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+    if (entry->kind != EntryKind::kFolder) continue;
+    Pending below{
+        platform::JoinPath(folder.source, entry->name), {}, true, pair.has_target(), end - unit, unit};
+    if (!folder.target.empty()) below.target = platform::JoinPath(folder.target, entry->name);
+    end -= unit;
+    if (MayBeWalked(below.source, below.target)) pending_.push_back(std::move(below));
+  }
+}
+
+/// The target inside the source is left out; so is a folder whose copies would land in the source, which
+/// happens when the source lies inside the target.
+bool FolderWalk::MayBeWalked(const std::string& source, const std::string& target) {
+  if (target_real_.empty() || source_real_.empty()) return true;
+  const auto below = [](const std::string& real_root, const std::string& root, const std::string& path) {
+    return platform::JoinPath(real_root, std::string_view(path).substr(root.size()));
+  };
+  if (below(source_real_, plan_.source, source) == target_real_) {
+    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, source));
+    return false;
+  }
+  if (below(target_real_, plan_.target, target) == source_real_) {
+    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, source));
+    return false;
+  }
+  return true;
+}
+
+void FolderWalk::Warn(const std::string& line) {
+  ++totals_.warnings;
+  listener_.WriteLine(line);
+}
+
+void FolderWalk::FailFolder(const std::string& path, const platform::Error& error) {
+  ++totals_.unread_folders;
+  listener_.WriteLine(FailureLine(tools_, text::kNotRead, path, error));
+}
+
+}  // namespace engine

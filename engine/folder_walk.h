@@ -1,0 +1,85 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/data/setup.h"
+#include "engine/copy_pass.h"
+#include "engine/folder_pair.h"
+#include "engine/listener/listener.h"
+#include "engine/pulse.h"
+#include "engine/selection.h"
+#include "engine/tools.h"
+
+namespace engine {
+
+/// What a walk covers. Paths are the setup's.
+struct WalkPlan {
+  std::string source;
+  std::string target;  ///< empty: there is none (the list operation)
+  std::vector<std::string> included_folders;
+  bool include_subfolders = false;
+  bool exclude_files_in_source_folder = false;
+  bool pause_after_first_copy = false;
+  SelectionRules rules;
+};
+
+/// Walks over the source folder's own files, the included folders and, when wished, everything below them,
+/// folder by folder: the files of a folder come before its subfolders. Decides for each file what the
+/// operation does with it, and does it. Keeps one folder pair open at a time and no more of the tree than the
+/// names still to be visited.
+class FolderWalk {
+ public:
+  FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan);
+
+  /// Returns when everything is visited, the user has cancelled, or the run had to be terminated.
+  const Totals& Run();
+
+  /// The run ended before everything was visited.
+  bool OperationTerminated() const { return copy_pass_.OperationTerminated(); }
+  bool cancelled() const { return cancelled_; }
+
+ private:
+  struct Pending {
+    std::string source;
+    std::string target;
+    bool with_subfolders = false;
+    bool target_may_exist = true;
+    double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
+    double share = 0;
+  };
+
+  void PushRoots();
+  void PushIncluded(const std::string& name, double share_begin, double share);
+  /// Works on the files of one folder and pushes its subfolders.
+  void BackupFolder(const Pending& folder);
+  bool OpenTarget(const Pending& folder, FolderPair& pair);
+  void RemoveLeftovers(FolderPair& pair);
+  void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
+  std::vector<Selection> SelectFiles(FolderPair& pair);
+  void ExpectCopies(const FolderPair& pair, const std::vector<Selection>& selections);
+  void ActOnFiles(const Pending& folder, FolderPair& pair, const std::vector<Selection>& selections,
+                  FolderCounts& counts);
+  bool ActOnFile(FolderPair& pair, const platform::Entry& file, const Selection& selection,
+                 FileCounts& counts);
+  void PushSubfolders(const Pending& folder, const FolderPair& pair);
+  bool MayBeWalked(const std::string& source, const std::string& target);
+  void PauseIfWished(const FolderCounts& counts);
+  bool Ended() { return OperationTerminated() || cancelled_ || (cancelled_ = listener_.StopRequested()); }
+  void Warn(const std::string& line);
+  void FailFolder(const std::string& path, const platform::Error& error);
+
+  const Tools& tools_;
+  Listener& listener_;
+  WalkPlan plan_;
+  Totals totals_;
+  Pulse pulse_;
+  CopyPass copy_pass_;
+  std::string source_real_;  ///< empty when it could not be resolved
+  std::string target_real_;
+  std::vector<Pending> pending_;  ///< the next one at the end
+  bool cancelled_ = false;
+};
+
+}  // namespace engine

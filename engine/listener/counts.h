@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace engine {
+
+/// What became of the files that were met. At the end of every run, also of one that was cancelled,
+/// met == copied + up_to_date + filtered_out + failed + due, where `due` stays 0 in the copying operations.
+struct FileCounts {
+  std::int64_t met = 0;
+  std::int64_t new_files = 0;       ///< passed the filters and have no copy yet
+  std::int64_t modified_files = 0;  ///< passed the filters and differ from their copy
+  std::int64_t copied = 0;
+  std::int64_t up_to_date = 0;
+  std::int64_t filtered_out = 0;
+  std::int64_t failed = 0;  ///< selected and not copied; each has a line in the report
+  std::int64_t due = 0;     ///< new or modified, found by an operation that does not copy; or merely listed
+};
+
+/// The files directly in one folder.
+struct FolderCounts {
+  std::string path;  ///< of the source folder, as the user knows it
+  std::int64_t files_in_folder = 0;
+  FileCounts counts;
+};
+
+/// The whole run.
+struct Totals {
+  FileCounts counts;
+  std::int64_t folders = 0;            ///< visited
+  std::int64_t non_empty_folders = 0;  ///< of these, with files directly in them
+  std::int64_t unread_folders = 0;     ///< could not be listed; each has a line in the report
+  std::int64_t bytes_met = 0;          ///< by FileSizeOf()
+  std::int64_t bytes_copied = 0;       ///< by FileSizeOf()
+  std::int64_t warnings = 0;           ///< lines about things that are not in the backup and no failed files
+};
+
+}  // namespace engine

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "engine/listener/counts.h"
+
+namespace engine {
+
+/// A question with the answers Yes (go on) and No (stop the run).
+struct Question {
+  std::string text;
+  std::string title;
+};
+
+/// Told by the engine what happens during a run, and asked by it. All calls come on the one thread, between
+/// FolderBegun() and FolderEnded() of a folder or outside of any; folders do not nest.
+class Listener {
+ public:
+  virtual ~Listener() = default;
+
+  /// A folder's files have been counted and are worked on from now on.
+  virtual void FolderBegun(const FolderCounts& folder) = 0;
+  /// All files of the folder are dealt with, or the run was stopped among them.
+  virtual void FolderEnded(const FolderCounts& folder) = 0;
+
+  /// A line that the report shows in every case: a failure, a refusal, a warning. No line end.
+  virtual void WriteLine(const std::string& text) = 0;
+
+  /// A file is about to be copied.
+  virtual void CopyBegun(const std::string& source_path) = 0;
+  /// A file has been copied; the sums of the run so far.
+  virtual void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) = 0;
+
+  /// How much of the run is done: 0 to 1, never less than before.
+  virtual void Progress(double fraction) = 0;
+
+  /// Lets pending events run. Called often enough to keep a window alive, at most every 100 ms.
+  virtual void Breathe() = 0;
+
+  /// Whether the user has asked to stop. Asked between files and between the blocks of a big file.
+  virtual bool StopRequested() = 0;
+
+  /// Yes: go on. In an unattended run the answer is No.
+  virtual bool AskWhetherToGoOn(const Question& question) = 0;
+
+  /// A message that is to be acknowledged; in an unattended run it only stands in the report.
+  virtual void Tell(const std::string& text) = 0;
+
+  /// Holds the run until the user lets it go on or cancels it; returns at once in an unattended run.
+  virtual void Pause() = 0;
+};
+
+}  // namespace engine

@@ -1,0 +1,128 @@
+#include "engine/operation_run.h"
+
+#include <utility>
+
+#include "engine/failure_text.h"
+#include "engine/folder_walk.h"
+#include "engine/validation.h"
+#include "platform/path.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+namespace {
+
+std::string NameOf(app::Operation operation) {
+  switch (operation) {
+    case app::Operation::kListIncludedSubfolders:
+      return "List included subfolders";
+    case app::Operation::kCheckBackupState:
+      return "Check backup state";
+    case app::Operation::kBackupAllFiles:
+      return "Back up all files in setup";
+    case app::Operation::kBackupModifiedFiles:
+      break;
+  }
+  return "Back up new and modified";
+}
+
+ReportHeading HeadingOf(const Tools& tools, const RunRequest& request) {
+  const app::Setup& setup = request.setup;
+  ReportHeading heading;
+  heading.caption = NameOf(request.operation);
+  if (IsListOperation(request.operation)) {
+    heading.caption = "Counting files and folders";
+    heading.lines.push_back("Now counting files and folders ...");
+  }
+  std::string title = NameOf(request.operation) + " (" + setup.SourceFolder + ")";
+  if (!setup.FileExtension.empty()) title += " with file extension '" + setup.FileExtension + "'";
+  heading.lines.push_back(std::move(title));
+  heading.lines.push_back("{" + tools.texts.GetProgramText(text::kSourceFolder) +
+                          "} = " + setup.SourceFolder);
+  heading.lines.emplace_back();
+  return heading;
+}
+
+std::string WithoutTrailingSeparators(const std::string& folder) {
+  const bool ends_open = !folder.empty() && platform::IsSeparator(folder.back());
+  return ends_open && platform::ParentOf(folder) != folder ? platform::ParentOf(folder) : folder;
+}
+
+WalkPlan PlanOf(const RunRequest& request) {
+  const app::Setup& setup = request.setup;
+  WalkPlan plan;
+  plan.source = WithoutTrailingSeparators(setup.SourceFolder);
+  if (!IsListOperation(request.operation)) plan.target = WithoutTrailingSeparators(setup.TargetFolder);
+  plan.included_folders = setup.IncludedFolders;
+  plan.include_subfolders = setup.IncludeSubfolders;
+  plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
+  plan.pause_after_first_copy = IsCopyOperation(request.operation) && setup.PauseAfterFirstCopy;
+  plan.rules = {request.operation,
+                {setup.FileExtension, SplitSkipFilepaths(setup.SkipFilepaths), request.modified_since},
+                request.skip_picture_caches};
+  return plan;
+}
+
+std::optional<Refusal> Validate(RunHost& host, const Tools& tools, const RunRequest& request) {
+  if (auto refusal = CheckSource(tools, request.setup, host)) return refusal;
+  if (IsListOperation(request.operation)) return std::nullopt;
+  return CheckTarget(tools, request.setup);
+}
+
+RunOutcome Refused(RunHost& host, const Refusal& refusal, std::string* statusText) {
+  if (statusText != nullptr) {
+    *statusText = refusal.unattended.empty() ? refusal.text : refusal.unattended;
+  } else {
+    host.Refuse(refusal.text, refusal.title);
+  }
+  RunOutcome outcome;
+  outcome.status = refusal.status;
+  return outcome;
+}
+
+/// Brings what was copied safely to the disk.
+bool FlushTarget(const Tools& tools, const WalkPlan& plan, Listener& listener) {
+  const platform::Status flushed = tools.files.Flush(plan.target);
+  if (flushed) return true;
+  listener.WriteLine(FailureLine(tools, text::kNotFlushed, plan.target, flushed.error()));
+  return false;
+}
+
+RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& request) {
+  Listener& listener = host.OpenReport(request.operation, HeadingOf(tools, request));
+  host.RefreshFreeSpace();
+  host.LockControls();
+
+  const WalkPlan plan = PlanOf(request);
+  FolderWalk walk(tools, listener, plan);
+  RunOutcome outcome;
+  outcome.totals = walk.Run();
+  outcome.cancelled = walk.cancelled();
+  outcome.terminated = walk.OperationTerminated();
+  if (IsCopyOperation(request.operation) && outcome.totals.counts.copied > 0) {
+    outcome.terminated |= !FlushTarget(tools, plan, listener);
+  }
+  if (outcome.cancelled) listener.WriteLine(tools.texts.GetProgramText(text::kCancelledByUser));
+  host.WriteSummary(request.operation, outcome.totals);
+
+  host.CloseReport(tools.texts.GetProgramText(text::kClose));
+  host.UnlockControls();
+  host.RefreshFolderDisplays();
+  return outcome;
+}
+
+}  // namespace
+
+RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& request,
+                        std::string* statusText) {
+  host.PrepareFor(request.operation);
+  if (const auto refusal = Validate(host, tools, request)) return Refused(host, *refusal, statusText);
+  if (IsCopyOperation(request.operation) && statusText == nullptr &&
+      !host.ConfirmOperation(request.operation)) {
+    RunOutcome outcome;
+    outcome.status = kNotConfirmed;
+    return outcome;
+  }
+  return WalkAndReport(host, tools, request);
+}
+
+}  // namespace engine

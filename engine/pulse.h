@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+
+#include "engine/listener/listener.h"
+#include "platform/clock.h"
+
+namespace engine {
+
+/// Keeps the listener alive: lets it breathe and hear of the progress at most every 100 ms.
+class Pulse {
+ public:
+  Pulse(platform::Clock& clock, Listener& listener)
+      : clock_(clock), listener_(listener), last_(clock.Monotonic()) {}
+
+  /// To be called between files and between blocks; `fraction` of the run is done.
+  void Beat(double fraction) {
+    fraction_ = fraction;
+    Beat();
+  }
+
+  void Beat() {
+    const std::chrono::milliseconds now = clock_.Monotonic();
+    if (now - last_ < std::chrono::milliseconds{100}) return;
+    last_ = now;
+    listener_.Progress(fraction_);
+    listener_.Breathe();
+  }
+
+ private:
+  platform::Clock& clock_;
+  Listener& listener_;
+  std::chrono::milliseconds last_;
+  double fraction_ = 0;
+};
+
+}  // namespace engine

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "text/grouped_number.h"
+#include "text/program_texts.h"
+
+namespace engine {
+
+/// What the engine works with; all of it is owned by the caller and outlives the run.
+struct Tools {
+  platform::FileSystem& files;
+  platform::Clock& clock;
+  const text::ProgramTexts& texts;
+  text::NumberMarks marks;
+  /// Free and total bytes of the disk that holds a path; 0 when they could be told, -1 when not.
+  std::function<std::int16_t(const std::string& path, double& free_bytes, double& total_bytes)> GetDiskSpace;
+  /// Whether a folder cannot be written to.
+  std::function<bool(const std::string& folder)> IsWriteProtected;
+};
+
+}  // namespace engine

@@ -1,0 +1,111 @@
+#include "engine/validation.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/path.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+namespace {
+
+using platform::EntryKind;
+
+constexpr const char* kNothingToDoTitle = "Setup implies nothing to do";
+constexpr const char* kNothingToDoMessage =
+    "Files in the source folder are excluded,\r\n"
+    "and no subfolders are excluded,\r\n"
+    "so there is nothing to do!";
+
+bool Holds(const platform::Folder& folder, EntryKind kind) {
+  return std::any_of(folder.entries().begin(), folder.entries().end(),
+                     [kind](const platform::Entry& entry) { return entry.kind == kind; });
+}
+
+/// Whether a folder, or with `below` any folder under it, holds a file. A folder that cannot be read may hold
+/// some.
+bool MayHoldFiles(const Tools& tools, const std::string& path, bool below) {
+  std::vector<std::string> pending{path};
+  while (!pending.empty()) {
+    const std::string next = std::move(pending.back());
+    pending.pop_back();
+    const auto folder = tools.files.OpenFolder(next);
+    if (!folder) return folder.error().kind != platform::ErrorKind::kNotFound;
+    if (Holds(**folder, EntryKind::kFile)) return true;
+    if (!below) return false;
+    for (const platform::Entry& entry : (*folder)->entries()) {
+      if (entry.kind == EntryKind::kFolder) pending.push_back(platform::JoinPath(next, entry.name));
+    }
+  }
+  return false;
+}
+
+/// Whether the setup can come upon a file at all.
+bool SetupMayHoldFiles(const Tools& tools, const app::Setup& setup, bool files_in_source) {
+  if (files_in_source && !setup.ExcludeFilesInSourceFolder) return true;
+  return std::any_of(
+      setup.IncludedFolders.begin(), setup.IncludedFolders.end(), [&](const std::string& name) {
+        return MayHoldFiles(tools, platform::JoinPath(setup.SourceFolder, name), setup.IncludeSubfolders);
+      });
+}
+
+Refusal Numbered(const Tools& tools, std::int16_t status, int text, int title) {
+  return {status, tools.texts.GetProgramText(text), tools.texts.GetProgramText(title)};
+}
+
+bool IsSameFolder(const Tools& tools, const std::string& a, const std::string& b) {
+  const auto real_a = tools.files.RealPath(a);
+  const auto real_b = tools.files.RealPath(b);
+  return real_a && real_b && *real_a == *real_b;
+}
+
+}  // namespace
+
+std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, RunHost& host) {
+  if (setup.ExcludeFilesInSourceFolder && setup.IncludedFolders.empty()) {
+    return Refusal{kNothingToDo, kNothingToDoMessage, kNothingToDoTitle, kNothingToDoTitle};
+  }
+  if (setup.SourceFolder.empty()) {
+    return Numbered(tools, kNoFilesInSource, text::kSourceIsEmpty, text::kTitleNothingToDo);
+  }
+  const auto source = tools.files.OpenFolder(setup.SourceFolder);
+  if (!source) {
+    Refusal refusal = Numbered(tools, kSourceNotReadable, text::kSourceNotRead, text::kTitleNothingToDo);
+    refusal.text += " " + setup.SourceFolder + " (" + source.error().text + ")";
+    return refusal;
+  }
+  const bool files_in_source = Holds(**source, EntryKind::kFile);
+  const bool SourceHasSubfolders = Holds(**source, EntryKind::kFolder);
+  if (!files_in_source && !SourceHasSubfolders) {
+    return Numbered(tools, kNoFilesInSource, text::kSourceIsEmpty, text::kTitleNothingToDo);
+  }
+  host.ShowNote("Now checking for file existence ...");
+  const bool may_hold_files = SetupMayHoldFiles(tools, setup, files_in_source);
+  host.ShowNote({});
+  if (may_hold_files) return std::nullopt;
+  return Numbered(tools, kNoFilesInSetup, text::kNoFilesInSetup, text::kTitleNothingToDo);
+}
+
+std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) {
+  if (setup.TargetFolder.empty()) {
+    Refusal refusal =
+        Numbered(tools, kTargetNotSpecified, text::kTargetNotSpecified, text::kTitleNothingToDo);
+    refusal.unattended = refusal.title = "Target folder not specified";
+    return refusal;
+  }
+  const auto target = tools.files.Look(setup.TargetFolder);
+  if (!target || (target->kind != EntryKind::kFolder && target->kind != EntryKind::kFolderLink)) {
+    const char* const kMissing = "Target folder does not exist";
+    return Refusal{kTargetMissing, "Target folder " + setup.TargetFolder + " does not exist.", kMissing,
+                   kMissing};
+  }
+  if (IsSameFolder(tools, setup.SourceFolder, setup.TargetFolder)) {
+    return Numbered(tools, kTargetIsSource, text::kSameFolder, text::kTitleSameFolder);
+  }
+  if (tools.IsWriteProtected(setup.TargetFolder)) {
+    return Numbered(tools, kTargetWriteProtected, text::kTargetWriteProtected, text::kTitleNothingToDo);
+  }
+  return std::nullopt;
+}
+
+}  // namespace engine

@@ -1,0 +1,61 @@
+#include "services/disk_proc.h"
+
+#include "platform/ascii_case.h"
+#include "platform/path.h"
+
+namespace DiskProc {
+namespace {
+
+constexpr const char* kProbeName = "klasdjfdskjfkjkwjkweoewiroew.txt";
+constexpr double kKilobyte = 1024;
+constexpr double kMegabyte = 1024 * kKilobyte;
+constexpr double kGigabyte = 1024 * kMegabyte;
+
+/// What the file system is asked about for a path's disk.
+std::string DiskOf(const std::string& path) {
+  if (platform::NativePathStyle() == platform::PathStyle::kPosix) return path;
+  const std::string disk = platform::LowerAscii(path.substr(0, 2));
+  return disk.ends_with(':') ? platform::FolderForm(disk) : disk;
+}
+
+}  // namespace
+
+std::int16_t GetDiskSpace(platform::FileSystem& files, const std::string& path, double& free_bytes,
+                          double& total_bytes) {
+  const auto space = files.Space(DiskOf(path));
+  if (!space) return -1;
+  free_bytes = static_cast<double>(space->free);
+  total_bytes = static_cast<double>(space->total);
+  return 0;
+}
+
+std::string FreeSpaceText(platform::FileSystem& files, const std::string& path,
+                          const text::NumberMarks& marks) {
+  double free_bytes = 0;
+  double total_bytes = 0;
+  if (GetDiskSpace(files, path, free_bytes, total_bytes) != 0) return {};
+  return FormatDiskSize(free_bytes, 0, marks);
+}
+
+std::string FormatDiskSize(double bytes, std::int16_t capital, const text::NumberMarks& marks) {
+  const std::string word = capital != 0 ? " Bytes" : " bytes";
+  if (bytes == 0) return "0" + word;
+  if (bytes < kKilobyte) return text::GroupedNumber(bytes, 0, marks) + word;
+  if (bytes < kMegabyte) return text::GroupedNumber(bytes / kKilobyte, 2, marks) + " Kb";
+  if (bytes < kGigabyte) return text::GroupedNumber(bytes / kMegabyte, 2, marks) + " Mb";
+  return text::GroupedNumber(bytes / kGigabyte, 2, marks) + " Gb";
+}
+
+bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, std::string& error_text) {
+  const std::string probe = platform::FolderForm(folder) + kProbeName;
+  const platform::Status written = files.WriteFile(probe, "A line\r\n");
+  const platform::Status removed = files.RemoveFile(probe);
+  error_text.clear();
+  if (!written)
+    error_text = written.error().text;
+  else if (!removed)
+    error_text = removed.error().text;
+  return !written || !removed;
+}
+
+}  // namespace DiskProc

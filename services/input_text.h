@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace services {
+
+/// Reads a text in items and lines. The first failure sets error(); from then on every call gives nothing.
+class InputText {
+ public:
+  /// `content` must outlive the reader.
+  explicit InputText(std::string_view content);
+
+  /// The text up to the next comma or line end, which is passed over. Leading blanks do not count. Behind a
+  /// double quote, the text up to the closing one, whatever stands in it.
+  std::optional<std::string> Item();
+
+  /// An item that is a whole number of 16 bits, blanks around it ignored.
+  std::optional<std::int16_t> Number();
+
+  /// A number from `low` to `high`; any other is kInputBadValue.
+  std::optional<std::int16_t> Number(int low, int high);
+
+  /// All that is left of the line.
+  std::optional<std::string> Line();
+
+  /// 0, or one of the numbers in services/setup_text.h.
+  std::int16_t error() const { return error_; }
+
+ private:
+  bool AtEnd();  ///< also after a failure; notes kInputPastEnd
+  std::string_view TakeUntil(std::string_view ends);
+  void SkipBlanks();
+  std::nullopt_t Fail(std::int16_t error);
+
+  std::string_view rest_;
+  std::int16_t error_ = 0;
+};
+
+}  // namespace services

@@ -1,0 +1,118 @@
+#include "services/setup_file.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "platform/path.h"
+#include "services/date_pr2.h"
+#include "services/setup_text.h"
+#include "text/text_numbers.h"
+
+namespace services {
+namespace {
+
+/// More than 32,767 names of 255 characters each take in the common alphabets.
+constexpr std::int64_t kLargestFile = 16 * 1024 * 1024;
+constexpr std::int16_t kMultipleBackupError = -200;
+
+std::int16_t InputErrorOf(platform::ErrorKind kind) {
+  switch (kind) {
+    case platform::ErrorKind::kNotFound:
+      return kInputFileNotFound;
+    case platform::ErrorKind::kAccessDenied:
+    case platform::ErrorKind::kInUse:
+      return kInputNoPermission;
+    default:
+      return kInputFileAccess;
+  }
+}
+
+ParsedSetup ReadSetup(platform::FileSystem& files, const std::string& path) {
+  const auto content = files.ReadFile(path, kLargestFile);
+  if (!content) return {{}, InputErrorOf(content.error().kind)};
+  return ParseSetup(*content, DatePr2::ModifiedSinceCount());
+}
+
+bool FolderExists(platform::FileSystem& files, const std::string& path) {
+  const auto entry = files.Look(path);
+  return entry &&
+         (entry->kind == platform::EntryKind::kFolder || entry->kind == platform::EntryKind::kFolderLink);
+}
+
+bool HasSubfolders(platform::FileSystem& files, const std::string& path) {
+  const auto folder = files.OpenFolder(path);
+  return folder && std::ranges::any_of((*folder)->entries(), [](const platform::Entry& entry) {
+           return entry.kind == platform::EntryKind::kFolder;
+         });
+}
+
+/// Whether a line can be the name of a first-level subfolder. A file from elsewhere could otherwise lead out
+/// of the source folder.
+bool IsPlainName(std::string_view name) {
+  return !name.empty() && name != "." && name != ".." &&
+         std::ranges::none_of(name, [](char c) { return c == '\0' || platform::IsSeparator(c); });
+}
+
+void KeepExistingFolders(platform::FileSystem& files, LoadedSetup& loaded) {
+  const std::string& source = loaded.setup.SourceFolder;
+  std::erase_if(loaded.setup.IncludedFolders, [&](const std::string& name) {
+    return source.empty() || !IsPlainName(name) || !FolderExists(files, platform::JoinPath(source, name));
+  });
+  loaded.AnyIncludedFolderHasSubfolders = std::ranges::any_of(
+      loaded.setup.IncludedFolders,
+      [&](const std::string& name) { return HasSubfolders(files, platform::JoinPath(source, name)); });
+}
+
+void CheckSource(const SetupLoader& loader, app::Setup& setup) {
+  if (setup.SourceFolder.empty() || FolderExists(loader.files, setup.SourceFolder)) return;
+  if (loader.WindowReady) {
+    loader.dialogs.Show(loader.owner, {"Source folder " + setup.SourceFolder + " does not exist.", "Error",
+                                       ui::Icon::kExclamation});
+  }
+  setup.SourceFolder.clear();
+}
+
+void CheckTarget(const SetupLoader& loader, bool blnMultipleBackup, LoadedSetup& loaded) {
+  std::string& target = loaded.setup.TargetFolder;
+  if (target.empty() || FolderExists(loader.files, target)) return;
+  if (!loader.WindowReady) {
+    target.clear();
+  } else if (blnMultipleBackup) {
+    loaded.result = kMultipleBackupError;
+    loaded.strErr = "Target folder does not exist";
+  } else if (AskToClearMissingTarget(loader.dialogs, loader.owner, loader.texts, target)) {
+    target.clear();
+    loaded.clear_setup_file = true;
+  }
+}
+
+}  // namespace
+
+bool SaveSetupToFile(platform::FileSystem& files, const std::string& path, const app::Setup& setup) {
+  return CanBeWritten(setup) && files.ReplaceFile(path, SetupText(setup)).ok();
+}
+
+LoadedSetup LoadOperationFile(const SetupLoader& loader, const std::string& strOperationFilePath,
+                              bool blnMultipleBackup) {
+  const ParsedSetup parsed = ReadSetup(loader.files, strOperationFilePath);
+  LoadedSetup loaded;
+  loaded.setup = parsed.setup;
+  loaded.result = parsed.error;
+  if (parsed.error != 0 && blnMultipleBackup) {
+    loaded.result = static_cast<std::int16_t>(kMultipleBackupError - parsed.error);
+    loaded.strErr = InputErrorText(parsed.error);
+  }
+  CheckSource(loader, loaded.setup);
+  KeepExistingFolders(loader.files, loaded);
+  CheckTarget(loader, blnMultipleBackup, loaded);
+  return loaded;
+}
+
+bool AskToClearMissingTarget(ui::Dialogs& dialogs, ui::Form& owner, const text::ProgramTexts& texts,
+                             const std::string& path) {
+  return dialogs.AskYesNo(owner, {texts.GetProgramText(text::kMissingTarget) + "\r\n" + path + "\r\n\r\n" +
+                                      texts.GetProgramText(text::kClearMissingTarget),
+                                  texts.GetProgramText(text::kTitleMissingTarget), ui::Icon::kQuestion});
+}
+
+}  // namespace services

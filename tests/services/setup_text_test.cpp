@@ -1,0 +1,87 @@
+#include "services/setup_text.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace {
+
+using services::ParseSetup;
+using services::SetupText;
+
+constexpr int kPeriods = 10;
+
+app::Setup FullSetup() {
+  return {"/home/käthe",
+          "/mnt/backup",
+          {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
+          true,
+          "j?g",
+          "tmp, /cache/",
+          2,
+          true,
+          false,
+          false,
+          true};
+}
+
+TEST(SetupText, StandsInTheLayoutToTheByte) {
+  app::Setup setup;
+  EXPECT_EQ(SetupText(setup), "\r\n\r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n\r\n 0 \r\n\r\n");
+  setup = FullSetup();
+  setup.IncludedFolders = {"a", "b"};
+  setup.ModifiedSince = -1;
+  EXPECT_EQ(SetupText(setup),
+            "/home/käthe\r\n/mnt/backup\r\n 0 \r\n 1 \r\n 1 \r\n 1 \r\n-1 \r\n 0 \r\ntmp, /cache/\r\n 2 \r\n"
+            "a\r\nb\r\nj?g\r\n");
+}
+
+TEST(SetupText, ComesBackWithEveryLineEndAndAByteOrderMark) {
+  const app::Setup setup = FullSetup();
+  std::string content = SetupText(setup);
+  EXPECT_EQ(ParseSetup(content, kPeriods).setup, setup);
+  std::erase(content, '\r');
+  EXPECT_EQ(ParseSetup("\xEF\xBB\xBF" + content, kPeriods).setup, setup);
+}
+
+TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCut) {
+  const std::string whole = SetupText(FullSetup());
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    const auto parsed = ParseSetup(std::string_view(whole).substr(0, size), kPeriods);
+    const bool last_line_began = size > whole.size() - std::string("j?g\r\n").size();
+    EXPECT_EQ(parsed.error, last_line_began ? 0 : services::kInputPastEnd) << size;
+    EXPECT_TRUE(whole.starts_with(parsed.setup.SourceFolder)) << size;
+  }
+}
+
+TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
+  app::Setup setup = ParseSetup("/home/a,b\r\n/t\r\n", kPeriods).setup;
+  EXPECT_EQ(setup.SourceFolder + '|' + setup.TargetFolder, "/home/a|b") << "the comma of a path cuts it";
+  setup = ParseSetup("\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", kPeriods).setup;
+  EXPECT_EQ(setup.SourceFolder + '|' + setup.TargetFolder, "/a,\r\nb|/t");
+  EXPECT_TRUE(setup.SaveSetupOnQuit && setup.IncludeSubfolders);
+  EXPECT_EQ(ParseSetup("\"/a\r\n", kPeriods).setup.SourceFolder, "/a\r\n") << "a quote left open";
+}
+
+TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
+  const std::map<int, std::vector<std::string>> cases = {
+      {380, {"2", "-1", "0\n0\n0\n0\n10", "0\n0\n0\n0\n-2"}},
+      {6, {"32768", "-99999999999999999999", "0\n0\n0\n0\n0\n0\nskip\n40000"}},
+      {13, {"1x", "-", "1.5", "\n"}},
+      {62, {"0\n0\n0\n0\n-1", "0\n0\n0\n0\n9", "0\n0\n0\n0\n0\n0\nskip\n32767\na\nb"}},
+      {0, {"0\n0\n0\n0\n0\n0\nskip\n-3\nextension"}}};
+  for (const auto& [error, texts] : cases) {
+    for (const std::string& lines : texts) {
+      EXPECT_EQ(ParseSetup("/s\n/t\n" + lines, kPeriods).error, error) << lines;
+    }
+  }
+}
+
+TEST(SetupText, CannotHoldANameOfTwoLines) {
+  app::Setup setup = FullSetup();
+  EXPECT_TRUE(services::CanBeWritten(setup));
+  setup.IncludedFolders.back() = "a\nb";
+  EXPECT_FALSE(services::CanBeWritten(setup));
+}
+
+}  // namespace

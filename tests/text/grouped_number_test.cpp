@@ -1,0 +1,50 @@
+#include "text/grouped_number.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace text {
+namespace {
+
+const NumberMarks kEnglish{",", "."};
+const NumberMarks kGerman{".", ","};
+
+TEST(GroupedNumber, GroupsWholeNumbersFromTheRight) {
+  const std::pair<std::int64_t, const char*> cases[] = {
+      {0, "0"},
+      {999, "999"},
+      {1000, "1,000"},
+      {123456, "123,456"},
+      {-1234567, "-1,234,567"},
+      {-123, "-123"},
+      {std::numeric_limits<std::int64_t>::min(), "-9,223,372,036,854,775,808"},
+  };
+  for (const auto& [value, expected] : cases) EXPECT_EQ(GroupedNumber(value, kEnglish), expected);
+}
+
+TEST(GroupedNumber, RoundsHalfAwayFromZeroAndDropsTheZeroBeforeTheMark) {
+  struct Case {
+    double value;
+    int decimals;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {0.5, 2, ".50"},    {-0.5, 2, "-.50"},        {0, 2, ".00"},
+      {0, 0, "0"},        {0.125, 2, ".13"},        {-0.125, 2, "-.13"},
+      {0.999, 2, "1.00"}, {999.999, 2, "1,000.00"}, {2.5, 0, "3"},
+      {1.05, 1, "1.1"},   {1.0000009, 2, "1.00"},   {-0.001, 2, ".00"},
+      {-0.4, 0, "0"},     {1.02, 2, "1.02"},        {1e18, 2, "1,000,000,000,000,000,000.00"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(GroupedNumber(c.value, c.decimals, kEnglish), c.expected);
+}
+
+TEST(GroupedNumber, TakesTheMarksOfTheUsersFormat) {
+  EXPECT_EQ(GroupedNumber(std::int64_t{1234567}, kGerman), "1.234.567");
+  EXPECT_EQ(GroupedNumber(1234.5, 2, kGerman), "1.234,50");
+  EXPECT_EQ(GroupedNumber(1234.5, 1, {"", ","}), "1234,5");
+  EXPECT_EQ(GroupedNumber(std::int64_t{1000}, {"\u00A0", ","}), "1\u00A0000");
+}
+
+}  // namespace
+}  // namespace text

@@ -1,0 +1,135 @@
+#pragma once
+
+/// The numbers of the program's texts, for GetProgramText(). Texts carry no blanks at their ends: who puts
+/// one together sets the blanks, line ends and full stops that the notes name. "path" and "drive" are put in
+/// as they are.
+namespace text {
+
+// --- Setups
+inline constexpr int kTitleSetupError = 31;
+inline constexpr int kOpenSetupTitle = 114;    ///< title of the file dialog
+inline constexpr int kSetupNotRead = 115;      ///< + CR LF + path
+inline constexpr int kSetupNotSaved = 116;     ///< for the next run
+inline constexpr int kSaveSetupTitle = 117;    ///< title of the file dialog
+inline constexpr int kSetupFiles = 118;        ///< + " (*.qvr)"
+inline constexpr int kReplaceSetupFile = 119;  ///< + " " + path + "?"
+inline constexpr int kTitleSetupFileThere = 120;
+inline constexpr int kSetupFileNotSaved = 121;  ///< + " " + path + "."
+inline constexpr int kSetupEndsEarly = 348;     ///< + CR LF + path + CR LF CR LF + kSetupPartlyLoaded
+inline constexpr int kSetupPartlyLoaded = 349;
+inline constexpr int kDataFolderName = 310;
+
+// --- What stops an operation before it begins
+inline constexpr int kSourceIsEmpty = 37;
+inline constexpr int kTitleNothingToDo = 38;
+inline constexpr int kNoFilesInSetup = 40;
+inline constexpr int kTargetNotSpecified = 42;
+inline constexpr int kTargetWriteProtected = 406;
+
+// --- The target folder is not there
+inline constexpr int kCreateTarget = 43;        ///< a question of its own
+inline constexpr int kMissingTarget = 79;       ///< + CR LF + path + CR LF CR LF + kClearMissingTarget
+inline constexpr int kClearMissingTarget = 59;  ///< a question: Yes clears the target
+inline constexpr int kTitleMissingTarget = 82;  ///< of both questions
+
+// --- Choosing and creating folders
+inline constexpr int kBrowseSource = 600;      ///< title of the folder dialog
+inline constexpr int kBrowseTarget = 601;      ///< title of the folder dialog
+inline constexpr int kNewSubfolderName = 374;  ///< prompt; holds "C:\", which gives way to the target
+inline constexpr int kFolderThere = 375;       ///< + " " + path
+inline constexpr int kFolderCreated = 376;     ///< + " " + path
+/// + CR LF + path; where the drive can be named + " " + kOnDrive + " " + drive + " " + kUnderPath + CR LF +
+/// path
+inline constexpr int kFolderNotCreated = 377;
+inline constexpr int kMakeItTheTarget = 378;  ///< a question; holds "E:\", which gives way to the path
+inline constexpr int kOnDrive = 386;
+inline constexpr int kUnderPath = 387;
+
+// --- Questions of a run; Yes goes on. The two are
+// kTheTargetFolder " " kCouldNotBeCreated [" " kOnDrive " " drive " " kUnderPath] CR LF path CR LF CR LF
+//   kGoOn " " kWithNextFileOfFolder
+// kTheTargetFile CR LF path CR LF kStaysReadOnly CR LF CR LF kGoOn " " kWithNextFile
+inline constexpr int kGoOn = 64;
+inline constexpr int kTheTargetFolder = 165;
+inline constexpr int kCouldNotBeCreated = 166;
+inline constexpr int kWithNextFileOfFolder = 167;
+inline constexpr int kTheTargetFile = 169;
+inline constexpr int kStaysReadOnly = 170;
+inline constexpr int kWithNextFile = 171;
+
+// --- Report window and its lines
+inline constexpr int kSourceFolder = 45;             ///< stands between "{" and "}"
+inline constexpr int kClose = 58;                    ///< a caption
+inline constexpr int kCopyAll = 112;                 ///< a caption, with nothing selected
+inline constexpr int kCopySelected = 113;            ///< a caption
+inline constexpr int kLargeSwapFileSkipped = 164;    ///< + " " + name + "."
+inline constexpr int kLargeSystemFileSkipped = 390;  ///< + " " + name + "."
+
+// --- Main window
+inline constexpr int kHelpTitle = 72;
+inline constexpr int kIntroduction = 352;
+inline constexpr int kPreviousRunKey = 388;  ///< the key path in the settings store
+inline constexpr int kPreviousRun = 389;     ///< the value's name there, and + ": " + date a caption
+
+// --- The periods of "modified since": a list entry, and + ":" behind "For files new or modified "
+inline constexpr int kAtAnyTime = 353;
+inline constexpr int kInTheLastWeek = 356;
+inline constexpr int kInTheLastMonth = 357;
+inline constexpr int kInTheLastMonths = 358;  ///< holds "2", which gives way to larger counts
+
+// --- Lines of the engine. A lead word is followed by " " and the name or path; the reasons are sentences.
+inline constexpr int kNotCopied = 500;  ///< lead word
+inline constexpr int kReasonNotFound = 501;
+inline constexpr int kReasonAccessDenied = 502;
+inline constexpr int kReasonReadOnlyMedium = 503;
+inline constexpr int kReasonDiskFull = 504;
+inline constexpr int kReasonFolderInTheWay = 505;
+inline constexpr int kReasonFileInTheWay = 506;
+inline constexpr int kReasonInUse = 507;
+inline constexpr int kReasonBadName = 508;
+inline constexpr int kReasonTooLarge = 509;
+inline constexpr int kReasonShort = 510;
+inline constexpr int kReasonOther = 511;
+inline constexpr int kNotRead = 520;             ///< lead word: a folder
+inline constexpr int kLinkNotFollowed = 521;     ///< lead word
+inline constexpr int kDeadLink = 522;            ///< lead word
+inline constexpr int kNotAFile = 523;            ///< lead word
+inline constexpr int kTargetInSource = 524;      ///< lead word
+inline constexpr int kIncludedFolderGone = 525;  ///< lead word
+inline constexpr int kWouldOverwriteSource = 529;  ///< lead word
+inline constexpr int kSameFolder = 526;
+inline constexpr int kTitleSameFolder = 527;
+inline constexpr int kSourceNotRead = 528;  ///< lead word
+inline constexpr int kNotStarted = 530;     ///< lead word: why
+inline constexpr int kCancelledByUser = 531;
+inline constexpr int kLeftoverNotRemoved = 532;  ///< lead word
+inline constexpr int kNotFlushed = 533;          ///< lead word: why
+
+// --- Hints: one sentence for each button of the main window
+inline constexpr int kHintSource = 610;
+inline constexpr int kHintTarget = 611;
+inline constexpr int kHintClearSource = 612;
+inline constexpr int kHintClearTarget = 613;
+inline constexpr int kHintClearPatterns = 614;
+inline constexpr int kHintSelectSubfolders = 615;
+inline constexpr int kHintRemoveSubfolder = 616;
+inline constexpr int kHintCreateSubfolder = 617;
+inline constexpr int kHintList = 618;
+inline constexpr int kHintCheck = 619;
+inline constexpr int kHintBackupAll = 620;
+inline constexpr int kHintBackupModified = 621;
+inline constexpr int kHintReport = 622;
+inline constexpr int kHintSetup = 623;
+inline constexpr int kHintLoadSetup = 624;
+inline constexpr int kHintSaveSetup = 625;
+inline constexpr int kHintClearSetup = 626;
+inline constexpr int kHintRestoreSetup = 627;
+inline constexpr int kHintKeepSetup = 628;
+inline constexpr int kHintNextRun = 629;
+inline constexpr int kHintSetupFile = 630;
+inline constexpr int kHintBothWays = 631;
+inline constexpr int kHintDontSave = 632;
+inline constexpr int kHintHelp = 633;
+inline constexpr int kHintQuit = 634;
+
+}  // namespace text

@@ -1,0 +1,155 @@
+#include "ui/form.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "ui/controls.h"
+#include "ui/front_end.h"
+
+namespace ui {
+namespace {
+
+/// Whether two letters are the same without regard to case.
+bool SameKey(char a, char b) {
+  return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+}
+
+}  // namespace
+
+Form::Form(FrontEnd& front_end, std::string name, FormStyle style)
+    : Container(nullptr, std::move(name)), front_end_(front_end), style_(style) {
+  visible_ = false;
+}
+
+Form::~Form() { DetachPeer(); }
+
+std::unique_ptr<Peer> Form::MakePeer(FrontEnd& front_end) { return front_end.CreatePeer(*this); }
+
+bool Form::reachable() const { return Container::reachable() && !front_end_.Blocks(*this); }
+
+Size Form::inner() const { return peer() != nullptr ? inner_ : Size{width(), height()}; }
+
+void Form::Show() {
+  AttachPeer(front_end_);
+  visible_ = true;
+  Mirror(Property::kVisible);
+  if (style_ == FormStyle::kPopUp || (focused_ != nullptr && focused_->reachable())) return;
+  if (Control* first = AfterInTabOrder(nullptr)) first->SetFocus();
+}
+
+void Form::Hide() {
+  visible_ = false;
+  Mirror(Property::kVisible);
+}
+
+void Form::ShowModal(Form& owner) {
+  const ModalScope only_this(front_end_, this);
+  modal_ = true;
+  owner_ = &owner;
+  Show();
+  front_end_.RunModal(*this);
+  if (visible()) Hide();
+  modal_ = false;
+  owner_ = nullptr;
+}
+
+void Form::Restore() {
+  if (state_ == WindowState::kNormal) return;
+  state_ = WindowState::kNormal;
+  Mirror(Property::kState);
+}
+
+void Form::SetTaskProgress(std::optional<double> fraction) {
+  task_progress_ = fraction;
+  Mirror(Property::kValue);
+}
+
+void Form::UserClosed() {
+  if (!reachable()) return;
+  if (on_close) {
+    Run(on_close);
+  } else {
+    Hide();
+  }
+}
+
+void Form::UserMoved(Rect bounds) { bounds_ = bounds; }
+
+void Form::InnerSizeIs(Size inner) {
+  if (inner_ == inner) return;
+  inner_ = inner;
+  if (visible()) Run(on_resize);
+}
+
+void Form::UserActivated() {
+  if (visible()) Run(on_activate);
+}
+
+bool Form::UserPressedEnter() {
+  auto* button = dynamic_cast<Button*>(focused_);
+  if (button == nullptr) button = default_button_;
+  if (button == nullptr || !button->reachable()) return false;
+  button->UserPressed();
+  return true;
+}
+
+bool Form::UserPressedEscape() {
+  if (cancel_button_ == nullptr || !cancel_button_->reachable()) return false;
+  cancel_button_->UserPressed();
+  return true;
+}
+
+bool Form::UserPressedAccessKey(char letter) {
+  Control* meant = nullptr;
+  ForEach([&](Control& control) {
+    if (meant == nullptr && SameKey(control.access_key(), letter) && control.reachable()) meant = &control;
+  });
+  if (meant == nullptr) return false;
+  if (dynamic_cast<Label*>(meant) != nullptr) meant = AfterInTabOrder(meant);
+  if (meant == nullptr || !meant->SetFocus()) return false;
+  meant->UserKeyed();
+  return true;
+}
+
+std::vector<Control*> Form::TabOrder(const Control* from) const {
+  std::vector<Control*> order;
+  ForEach([&](Control& control) {
+    if (&control == from || (control.takes_focus() && control.reachable())) order.push_back(&control);
+  });
+  return order;
+}
+
+Control* Form::AfterInTabOrder(const Control* from) const {
+  const std::vector<Control*> order = TabOrder(from);
+  if (order.empty()) return nullptr;
+  const auto here = std::find(order.begin(), order.end(), from);
+  Control* const next = here == order.end() || here + 1 == order.end() ? order.front() : *(here + 1);
+  return next == from ? nullptr : next;
+}
+
+Control* Form::BeforeInTabOrder(const Control* from) const {
+  const std::vector<Control*> order = TabOrder(from);
+  if (order.empty()) return nullptr;
+  const auto here = std::find(order.begin(), order.end(), from);
+  Control* const previous = here == order.end() || here == order.begin() ? order.back() : *(here - 1);
+  return previous == from ? nullptr : previous;
+}
+
+void Form::MoveFocusTo(Control* control) {
+  Control* const before = std::exchange(focused_, control);
+  if (control->peer() != nullptr) control->peer()->TakeFocus();
+  if (before != nullptr && before != control) before->Raise(before->on_lost_focus);
+}
+
+void Form::DropLostFocus() {
+  if (focused_ == nullptr) return;
+  for (const Control* around = focused_; around != this; around = around->parent()) {
+    if (around->visible() && around->enabled()) continue;
+    focused_ = nullptr;
+    if (peer() != nullptr) peer()->TakeFocus();
+    return;
+  }
+}
+
+}  // namespace ui

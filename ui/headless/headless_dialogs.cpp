@@ -1,0 +1,54 @@
+#include <utility>
+
+#include "ui/form.h"
+#include "ui/headless/headless_front_end.h"
+
+namespace ui::headless {
+
+void HeadlessDialogs::Open(Form& owner, Asked asked_now) {
+  asked.push_back(asked_now);
+  const ModalScope nothing_reacts(owner.front_end(), nullptr);
+  if (while_open) while_open(asked_now);
+}
+
+void HeadlessDialogs::Show(Form& owner, const MessageBox& box) {
+  Open(owner, {"message", box.text, box.title, box.icon});
+}
+
+bool HeadlessDialogs::AskYesNo(Form& owner, const MessageBox& box) {
+  Open(owner, {"yes-no", box.text, box.title, box.icon});
+  if (yes_no.empty()) return false;
+  const bool answer = yes_no.front();
+  yes_no.pop_front();
+  return answer;
+}
+
+std::optional<std::string> HeadlessDialogs::NextText() {
+  if (texts.empty()) return std::nullopt;
+  std::optional<std::string> answer = std::move(texts.front());
+  texts.pop_front();
+  return answer;
+}
+
+std::optional<std::string> HeadlessDialogs::BrowseForFolder(Form& owner, const std::string& title,
+                                                            const std::string& start, bool /*new_style*/) {
+  Open(owner, {"folder", start, title});
+  return NextText();
+}
+
+std::optional<std::string> HeadlessDialogs::OpenFile(Form& owner, const FileDialog& dialog) {
+  Open(owner, {"open", dialog.filter_name, dialog.title});
+  return NextText();
+}
+
+std::optional<std::string> HeadlessDialogs::SaveFile(Form& owner, const FileDialog& dialog) {
+  Open(owner, {"save", dialog.filter_name, dialog.title});
+  return NextText();
+}
+
+std::optional<std::string> HeadlessDialogs::AskText(Form& owner, const InputBox& box) {
+  Open(owner, {"text", box.prompt, box.title});
+  return NextText();
+}
+
+}  // namespace ui::headless

@@ -1,0 +1,137 @@
+#include "ui/headless/headless_front_end.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/utf8.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+
+namespace ui::headless {
+namespace {
+
+/// What border and title take from a window.
+constexpr Size kFrame{240, 585};
+
+class FormPeer : public Peer {
+ public:
+  FormPeer(HeadlessFrontEnd& front_end, Form& form) : front_end_(front_end), form_(form) {}
+
+  void Mirror(Property property) override {
+    if (property == Property::kBounds) {
+      const Size frame = form_.style() == FormStyle::kPopUp ? Size{} : kFrame;
+      form_.InnerSizeIs(
+          {std::max(form_.width() - frame.width, 0), std::max(form_.height() - frame.height, 0)});
+    } else if (property == Property::kVisible && form_.visible()) {
+      front_end_.Post([this, alive = std::weak_ptr(alive_)] {
+        if (!alive.expired()) form_.UserActivated();
+      });
+    }
+  }
+
+ private:
+  HeadlessFrontEnd& front_end_;
+  Form& form_;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+}  // namespace
+
+class TimerPeer : public Peer {
+ public:
+  TimerPeer(HeadlessFrontEnd& front_end, Timer& timer) : front_end_(front_end), timer_(timer) {
+    front_end_.timers_.push_back(this);
+  }
+  ~TimerPeer() override { std::erase(front_end_.timers_, this); }
+
+  void Mirror(Property property) override {
+    if (property == Property::kValue) left_ = timer_.interval();
+  }
+
+  bool running() const { return timer_.running(); }
+  /// Milliseconds until the next tick.
+  int left() const { return left_; }
+
+  void Pass(int milliseconds) {
+    left_ -= milliseconds;
+    if (left_ > 0) return;
+    left_ = timer_.interval();
+    if (waiting_.use_count() > 1) return;  // the last tick has not been handled yet
+    front_end_.Post([this, waiting = waiting_, alive = std::weak_ptr(alive_)] {
+      if (!alive.expired()) timer_.Tick();
+    });
+  }
+
+ private:
+  HeadlessFrontEnd& front_end_;
+  Timer& timer_;
+  int left_ = 0;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  std::shared_ptr<bool> waiting_ = std::make_shared<bool>(true);  ///< shared by the tick that is posted
+};
+
+std::unique_ptr<Peer> HeadlessFrontEnd::CreatePeer(Form& form) {
+  return std::make_unique<FormPeer>(*this, form);
+}
+
+std::unique_ptr<Peer> HeadlessFrontEnd::CreatePeer(Timer& timer) {
+  return std::make_unique<TimerPeer>(*this, timer);
+}
+
+void HeadlessFrontEnd::RunPosted() {
+  // A handler may run events itself: those posted before this call end with the same number all the same.
+  const std::size_t end = events_begun_ + events_.size();
+  while (events_begun_ < end) {
+    const std::function<void()> event = std::move(events_.front());
+    events_.pop_front();
+    ++events_begun_;
+    event();
+  }
+}
+
+void HeadlessFrontEnd::RunPendingEvents() {
+  ++pending_runs;
+  if (!events_.empty()) {
+    RunPosted();
+  } else if (when_idle) {
+    const std::function<void()> copy = when_idle;
+    copy();
+  }
+}
+
+void HeadlessFrontEnd::WaitForEvents(int milliseconds) {
+  if (events_.empty()) PassTime(milliseconds);
+  RunPendingEvents();
+}
+
+int HeadlessFrontEnd::Run() {
+  while (!quitting() && HasWork()) RunPendingEvents();
+  return exit_code_.value_or(0);
+}
+
+void HeadlessFrontEnd::Quit(int exit_code) { exit_code_ = exit_code; }
+
+void HeadlessFrontEnd::RunModal(Form& form) {
+  while (form.visible() && !quitting() && HasWork()) RunPendingEvents();
+}
+
+Twips HeadlessFrontEnd::TextWidth(const std::string& text, const Font& font) const {
+  const int per_character = font.points * (font.bold ? 12 : 11);  // about half of the height, in twentieths
+  return static_cast<Twips>(base::utf8::Length(text)) * per_character;
+}
+
+void HeadlessFrontEnd::PassTime(int milliseconds) {
+  while (milliseconds > 0) {
+    int step = milliseconds;
+    for (const TimerPeer* timer : timers_) {
+      if (timer->running()) step = std::min(step, timer->left());
+    }
+    for (TimerPeer* timer : timers_) {
+      if (timer->running()) timer->Pass(step);
+    }
+    milliseconds -= step;
+    RunPosted();
+  }
+}
+
+}  // namespace ui::headless

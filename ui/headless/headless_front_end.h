@@ -1,0 +1,116 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/front_end.h"
+
+/// The front end without a screen: for tests, benchmarks and machines without a display.
+namespace ui::headless {
+
+/// Answers from a script and remembers what was asked. With the script used up: No, cancelled.
+class HeadlessDialogs : public Dialogs {
+ public:
+  struct Asked {
+    std::string kind;  ///< "message", "yes-no", "folder", "open", "save", "text"
+    std::string text;  ///< the text or prompt; of "folder" the start, of "open" and "save" the filter's name
+    std::string title;
+    Icon icon = Icon::kNone;
+  };
+
+  void Show(Form& owner, const MessageBox& box) override;
+  bool AskYesNo(Form& owner, const MessageBox& box) override;
+  std::optional<std::string> BrowseForFolder(Form& owner, const std::string& title, const std::string& start,
+                                             bool new_style) override;
+  std::optional<std::string> OpenFile(Form& owner, const FileDialog& dialog) override;
+  std::optional<std::string> SaveFile(Form& owner, const FileDialog& dialog) override;
+  std::optional<std::string> AskText(Form& owner, const InputBox& box) override;
+
+  std::deque<bool> yes_no;                       ///< the next answers to yes-no questions
+  std::deque<std::optional<std::string>> texts;  ///< the next paths and texts
+  std::vector<Asked> asked;
+  std::function<void(const Asked&)> while_open;  ///< runs while a dialog stands open
+
+ private:
+  void Open(Form& owner, Asked asked_now);
+  std::optional<std::string> NextText();
+};
+
+class HeadlessClipboard : public Clipboard {
+ public:
+  void Clear() override { text_.clear(); }
+  void SetText(const std::string& text) override { text_ = text; }
+  std::string Text() override { return text_; }
+
+ private:
+  std::string text_;
+};
+
+class HeadlessFrontEnd : public FrontEnd {
+ public:
+  std::unique_ptr<Peer> CreatePeer(Form& form) override;
+  std::unique_ptr<Peer> CreatePeer(Frame&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(Button&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(Label&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(CheckBox&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(DropDownList&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(ProgressBar&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(ScrollBar&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(TextBox&) override { return nullptr; }
+  std::unique_ptr<Peer> CreatePeer(Timer& timer) override;
+
+  /// Runs what was posted before the call, in order. With nothing posted, runs `when_idle`.
+  void RunPendingEvents() override;
+  /// With nothing posted, lets the time pass.
+  void WaitForEvents(int milliseconds) override;
+  /// Runs posted events; ends at Quit() or, so that no test hangs, when nothing is posted and `when_idle` is
+  /// empty.
+  int Run() override;
+  void Quit(int exit_code) override;
+  bool quitting() const override { return exit_code_.has_value(); }
+  /// Ends like Run() as well.
+  void RunModal(Form& form) override;
+  Size screen() const override { return {28'800, 16'200}; }  ///< 1920 by 1080 pixels
+  Twips TextWidth(const std::string& text, const Font& font) const override;
+  HeadlessDialogs& dialogs() override { return dialogs_; }
+  HeadlessClipboard& clipboard() override { return clipboard_; }
+
+  // --- For tests.
+  /// Something the user will do at the next chance.
+  void Post(std::function<void()> event) { events_.push_back(std::move(event)); }
+  std::function<void()> when_idle;
+  /// Lets so many milliseconds pass: each running timer ticks as often as its interval fits in, in the order
+  /// of time. Other posted events run as well. A timer whose handler still runs does not tick.
+  void PassTime(int milliseconds);
+  int pending_runs = 0;  ///< how often RunPendingEvents() was called
+
+ private:
+  friend class TimerPeer;
+  bool HasWork() const { return !events_.empty() || when_idle; }
+  void RunPosted();
+  std::deque<std::function<void()>> events_;
+  std::size_t events_begun_ = 0;
+  std::vector<class TimerPeer*> timers_;
+  std::optional<int> exit_code_;
+  HeadlessDialogs dialogs_;
+  HeadlessClipboard clipboard_;
+};
+
+/// What a user does, on any control; nothing when the control is not reachable. Each returns whether it was.
+bool Click(Button& button);
+bool Click(Label& label);
+bool Tick(CheckBox& box, bool ticked);
+bool Select(DropDownList& list, int index);
+/// Focuses the box and replaces its text; only focuses one that is read-only, and returns false.
+bool Type(TextBox& box, const std::string& text);
+bool Scroll(ScrollBar& bar, int value);
+/// Moves the focus on to the next reachable control of the window.
+void PressTab(Form& form);
+/// Space on the control with the focus.
+void PressSpace(Form& form);
+
+}  // namespace ui::headless

@@ -1,0 +1,89 @@
+#include "ui/text_box.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/utf8.h"
+#include "ui/front_end.h"
+
+namespace ui {
+namespace {
+
+/// Every line end as CR LF.
+std::string WithWholeLineEnds(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r' && text[i] != '\n') {
+      result += text[i];
+      continue;
+    }
+    result += "\r\n";
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+  }
+  return result;
+}
+
+}  // namespace
+
+TextBox::TextBox(Container* parent, std::string name, Lines lines)
+    : Control(parent, std::move(name)), lines_(lines) {}
+
+std::unique_ptr<Peer> TextBox::MakePeer(FrontEnd& front_end) { return front_end.CreatePeer(*this); }
+
+void TextBox::SetReadOnly(bool read_only) {
+  read_only_ = read_only;
+  Mirror(Property::kEnabled);
+}
+
+void TextBox::SetText(std::string text) {
+  text_ = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::move(text);
+  length_ = base::utf8::Length(text_);
+  selection_ = {};
+  Mirror(Property::kText);
+  Mirror(Property::kSelection);
+}
+
+void TextBox::Append(std::string_view text) {
+  const std::string added = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::string(text);
+  text_ += added;
+  length_ += base::utf8::Length(added);
+  selection_ = {length_, 0};
+  if (peer() != nullptr) peer()->Append(added);
+}
+
+void TextBox::RemoveFromEnd(std::size_t characters) {
+  length_ -= std::min(characters, length_);
+  text_.resize(base::utf8::OffsetOf(text_, length_));
+  selection_ = {length_, 0};
+  Mirror(Property::kText);
+  Mirror(Property::kSelection);
+}
+
+Selection TextBox::selection() const { return peer() != nullptr ? peer()->UserSelection() : selection_; }
+
+std::string TextBox::selected_text() const {
+  const Selection selected = selection();
+  const std::size_t begin = base::utf8::OffsetOf(text_, selected.start);
+  const std::string_view rest = std::string_view(text_).substr(begin);
+  return std::string(rest.substr(0, base::utf8::OffsetOf(rest, selected.length)));
+}
+
+void TextBox::Select(Selection selection) {
+  const std::size_t start = std::min(selection.start, length_);
+  selection_ = {start, std::min(selection.length, length_ - start)};
+  Mirror(Property::kSelection);
+}
+
+void TextBox::UserEdited(std::string text) {
+  if (read_only_ || !reachable()) {
+    Mirror(Property::kText);
+    return;
+  }
+  text_ = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::move(text);
+  length_ = base::utf8::Length(text_);
+  selection_ = {length_, 0};
+  Raise(on_change);
+}
+
+}  // namespace ui
