@@ -1,11 +1,12 @@
 #include "platform/posix/file_settings_store.h"
 
-#include <optional>
+#include <filesystem>
 #include <string_view>
 #include <system_error>
 
 #include "platform/ascii_case.h"
 #include "platform/path.h"
+#include "platform/posix/whole_file.h"
 
 namespace platform::posix {
 namespace {
@@ -99,19 +100,11 @@ FileSettingsStore::Value* FileSettingsStore::FindValue(Key& key, const std::stri
   return FindByName(key.values, &Value::name, name);
 }
 
-Result<FileSettingsStore::Keys> FileSettingsStore::Load() {
-  const auto text = files_.ReadFile(path_, kLargestFile);
+Result<FileSettingsStore::Keys> FileSettingsStore::Load() const {
+  const auto text = ReadWhole(path_, kLargestFile);
   if (text) return Parse(*text);
   if (text.error().kind == ErrorKind::kNotFound) return Keys();
   return text.error();
-}
-
-void FileSettingsStore::CreateFolders(const std::string& path) {
-  if (path.size() <= 1) return;
-  const Status created = files_.CreateFolder(path);
-  if (created || created.error().kind != ErrorKind::kNotFound) return;
-  CreateFolders(ParentOf(path, PathStyle::kPosix));
-  static_cast<void>(files_.CreateFolder(path));  // what went wrong shows when the file is written
 }
 
 SettingsStore::WriteResult FileSettingsStore::Write(const std::string& key, const std::string& name,
@@ -131,8 +124,9 @@ SettingsStore::WriteResult FileSettingsStore::Write(const std::string& key, cons
   } else {
     place->values.push_back({name, value});
   }
-  CreateFolders(ParentOf(path_, PathStyle::kPosix));
-  const Status written = files_.ReplaceFile(path_, TextOf(*keys));
+  std::error_code failure;  // what went wrong shows when the file is written
+  std::filesystem::create_directories(ParentOf(path_, PathStyle::kPosix), failure);
+  const Status written = ReplaceWhole(path_, TextOf(*keys));
   if (!written) result.set_code = CodeOf(written.error());
   return result;
 }

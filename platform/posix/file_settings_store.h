@@ -1,9 +1,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/file_system.h"
+#include "platform/result.h"
 #include "platform/settings_store.h"
 
 namespace platform::posix {
@@ -14,9 +15,8 @@ namespace platform::posix {
 /// call and replaced in one step. Outcomes are the numbers of settings_store.h, else errno numbers.
 class FileSettingsStore : public SettingsStore {
  public:
-  /// `files` must outlive the store. The file at `path` and the folders above it are made by the first
-  /// Write().
-  FileSettingsStore(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+  /// The file at `path` and the folders above it are made by the first Write().
+  explicit FileSettingsStore(std::string path) : path_(std::move(path)) {}
 
   WriteResult Write(const std::string& key, const std::string& name, const std::string& value) override;
   bool HasKey(const std::string& key) override;
@@ -39,10 +39,8 @@ class FileSettingsStore : public SettingsStore {
   static Key* FindKey(Keys& keys, const std::string& path);
   static Value* FindValue(Key& key, const std::string& name);
   /// An error but for a missing file, which holds no keys.
-  Result<Keys> Load();
-  void CreateFolders(const std::string& path);
+  Result<Keys> Load() const;
 
-  FileSystem& files_;
   std::string path_;
 };
 
