@@ -79,6 +79,7 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   txbText.SetVisible(true);
   SetReportButtons2(false, true, "Pause", false, "");
   Show();
+  Form_Resize();  // only a window that has been shown knows its inner size
   cmdPauseContinue.SetFocus();
 }
 

@@ -23,7 +23,7 @@ TEST(StrProc, AddsTheMbOnlyAboveOneMb) {
       {0, "0 bytes"},
       {1'048'576, "1,048,576 bytes"},
       {1'048'577, "1,048,577 bytes (1.00 Mb)"},
-      {233'222'222'222, "233,222,222,222 bytes (222,417.95 Mb)"},
+      {233'222'222'222, "233,222,222,222 bytes (222,418.04 Mb)"},
   };
   for (const auto& [size, expected] : cases)
     EXPECT_EQ(FormatByteCountWithMb(size, false, kEnglish), expected);
