@@ -100,7 +100,7 @@ void frmReport::DisplayFreeSpace(const std::string& drive, const std::string& fr
 
 void frmReport::Form_Unload() {
   if (!main_.OperationRunning()) {
-    cmdCancelClose_Click();
+    CloseReport();
   } else if (!Paused && cmdPauseContinue.visible() && !main_.StopRequested()) {
     cmdPauseContinue_Click();
   }

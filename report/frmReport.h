@@ -115,6 +115,7 @@ class frmReport : public ui::Form {
   void SetPauseCaption(const std::string& caption);
   void SetCancelCaption(const std::string& caption);
   void PauseOperation();
+  void CloseReport();
   void TakeBackCountingNote();
   bool NothingHalfDone() const;
 

@@ -99,11 +99,15 @@ void frmReport::cmdCancelClose_Click() {
     SetCancelCaption(kClose);
     cmdPauseContinue.SetVisible(false);
   } else {
-    Hide();
-    // An operation that is being stopped enables them itself when it has ended.
-    if (!main_.OperationRunning()) main_.EnableOperationControls();
+    CloseReport();
   }
   chkSuppressDisplayOfReport.SetVisible(false);
+}
+
+void frmReport::CloseReport() {
+  Hide();
+  // An operation that is being stopped enables them itself when it has ended.
+  if (!main_.OperationRunning()) main_.EnableOperationControls();
 }
 
 void frmReport::cmdCopyToClipboard_Click() {
