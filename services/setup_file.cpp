@@ -56,7 +56,7 @@ bool IsPlainName(std::string_view name) {
 void KeepExistingFolders(platform::FileSystem& files, LoadedSetup& loaded) {
   const std::string& source = loaded.setup.SourceFolder;
   std::erase_if(loaded.setup.IncludedFolders, [&](const std::string& name) {
-    return !IsPlainName(name) || !FolderExists(files, platform::JoinPath(source, name));
+    return source.empty() || !IsPlainName(name) || !FolderExists(files, platform::JoinPath(source, name));
   });
   loaded.AnyIncludedFolderHasSubfolders = std::ranges::any_of(
       loaded.setup.IncludedFolders,
@@ -70,7 +70,6 @@ void CheckSource(const SetupLoader& loader, app::Setup& setup) {
                                        ui::Icon::kExclamation});
   }
   setup.SourceFolder.clear();
-  setup.IncludedFolders.clear();
 }
 
 void CheckTarget(const SetupLoader& loader, bool blnMultipleBackup, LoadedSetup& loaded) {
@@ -103,8 +102,8 @@ LoadedSetup LoadOperationFile(const SetupLoader& loader, const std::string& strO
     loaded.result = static_cast<std::int16_t>(kMultipleBackupError - parsed.error);
     loaded.strErr = InputErrorText(parsed.error);
   }
-  KeepExistingFolders(loader.files, loaded);
   CheckSource(loader, loaded.setup);
+  KeepExistingFolders(loader.files, loaded);
   CheckTarget(loader, blnMultipleBackup, loaded);
   return loaded;
 }

@@ -27,8 +27,8 @@ struct SetupLoader {
 
 /// A loaded setup, to be put into the main window's controls whatever `result` says.
 struct LoadedSetup {
-  /// What was read before an error, the rest at its defaults. The source is empty when it does not exist; so
-  /// are the included folders then. Otherwise those that exist, in the file's order.
+  /// What was read before an error, the rest at its defaults. The source is empty when it does not exist. Of
+  /// the included folders those that exist in it, in the file's order.
   app::Setup setup;
   bool AnyIncludedFolderHasSubfolders = false;
   bool clear_setup_file = false;  ///< the user had the missing target cleared: txbSetupFile is to be emptied

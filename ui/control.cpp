@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
+#include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/front_end.h"
 
@@ -130,6 +132,12 @@ void Container::AttachPeer(FrontEnd& front_end) {
 void Container::DetachPeer() {
   for (Control* control : controls_) control->DetachPeer();
   Control::DetachPeer();
+}
+
+void Frame::UserTurnedWheel(double notches) {
+  if (scroll_bar_ == nullptr || !reachable()) return;
+  const double by_notch = std::max(scroll_bar_->page() / 4.0, 1.0);
+  scroll_bar_->UserScrolled(scroll_bar_->value() - static_cast<int>(std::lround(notches * by_notch)));
 }
 
 std::unique_ptr<Peer> Frame::MakePeer(FrontEnd& front_end) { return front_end.CreatePeer(*this); }

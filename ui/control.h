@@ -35,6 +35,7 @@ namespace ui {
 class Container;
 class Form;
 class FrontEnd;
+class ScrollBar;
 
 using Handler = std::function<void()>;
 
@@ -78,8 +79,8 @@ class Control {
 
   const std::string& tool_tip() const { return tool_tip_; }
   void SetToolTip(std::string text);
-  /// What a screen reader calls the control; the text where none is set.
-  const std::string& spoken_name() const { return spoken_name_.empty() ? text_ : spoken_name_; }
+  /// What a screen reader calls the control; the text where none is set, but never what a text box holds.
+  virtual const std::string& spoken_name() const { return spoken_name_.empty() ? text_ : spoken_name_; }
   void SetSpokenName(std::string text);
   /// What a screen reader says about the control beyond its name.
   const std::string& description() const { return description_; }
@@ -179,9 +180,17 @@ class Container : public Control {
 class Frame : public Container {
  public:
   using Container::Container;
+  /// The bar that the mouse wheel moves while the pointer is over the frame; null for none.
+  void SetScrollBar(ScrollBar* bar) { scroll_bar_ = bar; }
+
+  /// From a peer: the wheel was turned so many notches, positive ones away from the user.
+  void UserTurnedWheel(double notches);
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
+
+ private:
+  ScrollBar* scroll_bar_ = nullptr;
 };
 
 }  // namespace ui

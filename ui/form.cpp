@@ -1,11 +1,21 @@
 #include "ui/form.h"
 
+#include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include "ui/controls.h"
 #include "ui/front_end.h"
 
 namespace ui {
+namespace {
+
+/// Whether two letters are the same without regard to case.
+bool SameKey(char a, char b) {
+  return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+}
+
+}  // namespace
 
 Form::Form(FrontEnd& front_end, std::string name, FormStyle style)
     : Container(nullptr, std::move(name)), front_end_(front_end), style_(style) {
@@ -93,7 +103,7 @@ bool Form::UserPressedEscape() {
 bool Form::UserPressedAccessKey(char letter) {
   Control* meant = nullptr;
   ForEach([&](Control& control) {
-    if (meant == nullptr && control.access_key() == letter && control.reachable()) meant = &control;
+    if (meant == nullptr && SameKey(control.access_key(), letter) && control.reachable()) meant = &control;
   });
   if (meant == nullptr) return false;
   if (dynamic_cast<Label*>(meant) != nullptr) meant = AfterInTabOrder(meant);
@@ -102,19 +112,28 @@ bool Form::UserPressedAccessKey(char letter) {
   return true;
 }
 
-Control* Form::AfterInTabOrder(const Control* from) const {
-  Control* first = nullptr;
-  Control* next = nullptr;
-  bool passed = false;
+std::vector<Control*> Form::TabOrder(const Control* from) const {
+  std::vector<Control*> order;
   ForEach([&](Control& control) {
-    if (&control == from) {
-      passed = true;
-    } else if (control.takes_focus() && control.reachable()) {
-      if (first == nullptr) first = &control;
-      if (passed && next == nullptr) next = &control;
-    }
+    if (&control == from || (control.takes_focus() && control.reachable())) order.push_back(&control);
   });
-  return next != nullptr ? next : first;
+  return order;
+}
+
+Control* Form::AfterInTabOrder(const Control* from) const {
+  const std::vector<Control*> order = TabOrder(from);
+  if (order.empty()) return nullptr;
+  const auto here = std::find(order.begin(), order.end(), from);
+  Control* const next = here == order.end() || here + 1 == order.end() ? order.front() : *(here + 1);
+  return next == from ? nullptr : next;
+}
+
+Control* Form::BeforeInTabOrder(const Control* from) const {
+  const std::vector<Control*> order = TabOrder(from);
+  if (order.empty()) return nullptr;
+  const auto here = std::find(order.begin(), order.end(), from);
+  Control* const previous = here == order.end() || here == order.begin() ? order.back() : *(here - 1);
+  return previous == from ? nullptr : previous;
 }
 
 void Form::MoveFocusTo(Control* control) {

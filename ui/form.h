@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/control.h"
 
@@ -57,6 +58,8 @@ class Form : public Container {
   Control* focused() const { return focused_; }
   /// The control that Tab reaches from this one, or from none when it is null; null when Tab reaches nothing.
   Control* AfterInTabOrder(const Control* from) const;
+  /// The same for Shift and Tab.
+  Control* BeforeInTabOrder(const Control* from) const;
 
   /// Progress on the system's task bar where it has one: 0 to 1; none takes it away.
   void SetTaskProgress(std::optional<double> fraction);
@@ -86,6 +89,8 @@ class Form : public Container {
   void MoveFocusTo(Control* control);
   /// Takes the focus from a control that can no longer be reached.
   void DropLostFocus();
+  /// The controls that Tab reaches, and `from`, in their order.
+  std::vector<Control*> TabOrder(const Control* from) const;
 
   FrontEnd& front_end_;
   FormStyle style_;

@@ -9,7 +9,7 @@ namespace ui {
 enum class Property {
   kText,     ///< text, caption or title
   kVisible,  ///< a visible window also comes to the front
-  kEnabled,
+  kEnabled,  ///< and whether a text box is read-only
   kBounds,
   kHelp,  ///< tool tip, spoken name, description, access key
   kColours,

@@ -17,6 +17,7 @@ class TextBox : public Control {
   Lines lines() const { return lines_; }
   bool read_only() const { return read_only_; }
   void SetReadOnly(bool read_only);
+  const std::string& spoken_name() const override { return spoken_name_; }
 
   /// The caret then stands at the beginning. In a box of many lines every CR or LF that stands alone becomes
   /// CR LF.
@@ -33,6 +34,8 @@ class TextBox : public Control {
   /// What is selected, by the user or by Select(), in code points.
   Selection selection() const;
   std::string selected_text() const;
+  /// What the program last asked for by Select() and the like, for a peer to mirror.
+  const Selection& wanted_selection() const { return selection_; }
   void Select(Selection selection);  ///< cut to what is there
   void MoveCaretToEnd() { Select({length_, 0}); }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ui {
+class Form;
+}
+
+namespace report {
+
+/// How far a run has come, as far as the report window looks at it.
+struct RunningCounts {
+  std::int64_t files_copied = 0;      ///< so far
+  std::int64_t files_to_process = 0;  ///< that are to be copied, in the folders dealt with so far
+  std::int64_t files_met = 0;         ///< in the folders dealt with so far
+  std::int64_t files_in_folders = 0;  ///< in all folders reached so far
+};
+
+/// What the report window needs of the main window, which outlives it.
+class MainWindow {
+ public:
+  virtual ~MainWindow() = default;
+
+  /// The window itself: restored together with the report window, and the measure of its width.
+  virtual ui::Form& Window() = 0;
+
+  /// A report of more characters than this gets the report window's full working size.
+  virtual std::size_t ReportResizeThreshold() const { return 500; }
+  /// A report of more characters than this is emptied before it goes on.
+  virtual std::size_t ReportCapacity() const { return 61'440; }
+
+  /// Whether the detailed report is suppressed in the present run.
+  virtual bool SuppressDetailedReports() const = 0;
+
+  /// Whether a full report loses its end rather than only being followed by the notice. The operations that
+  /// copy set it: the lines of the files just copied say least, and the notice stands where the user looks.
+  virtual bool SnipFullReport() const = 0;
+
+  /// Whether an operation is on its way, paused and cancelled ones included, until its summary is written.
+  virtual bool OperationRunning() const = 0;
+
+  /// Asks the running operation to stop at the next file, folder or block.
+  virtual void RequestStop() = 0;
+  virtual bool StopRequested() const = 0;
+
+  /// Enables the controls that were disabled during a run. Never called while OperationRunning().
+  virtual void EnableOperationControls() = 0;
+
+  virtual RunningCounts Counts() const = 0;
+};
+
+}  // namespace report

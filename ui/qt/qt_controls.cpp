@@ -1,0 +1,130 @@
+#include "ui/qt/qt_controls.h"
+
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/form.h"
+#include "ui/qt/qt_text.h"
+
+namespace ui::qt {
+namespace {
+
+template <typename Widget>
+Widget& As(WidgetPeer& peer) {
+  return *static_cast<Widget*>(peer.widget());
+}
+
+}  // namespace
+
+ButtonPeer::ButtonPeer(Button& button)
+    : WidgetPeer(button, new QPushButton(ClientAround(button))),
+      button_(button),
+      widget_(As<QPushButton>(*this)) {
+  // "released" would also come when the mouse is dragged off the button first.
+  connect(&widget_, &QPushButton::clicked, this, [this] { button_.UserPressed(); });
+}
+
+void ButtonPeer::MirrorText() { widget_.setText(ToCaption(button_.text(), button_.access_key())); }
+
+LabelPeer::LabelPeer(Label& label)
+    : WidgetPeer(label, new QLabel(ClientAround(label))), label_(label), widget_(As<QLabel>(*this)) {
+  widget_.setTextFormat(Qt::PlainText);
+  widget_.setWordWrap(true);
+  widget_.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  constexpr int kPopUpMargin = 6;
+  if (label.form().style() == FormStyle::kPopUp) widget_.setMargin(kPopUpMargin);
+}
+
+void LabelPeer::MirrorText() {
+  const bool marked = label_.access_key() != 0;
+  widget_.setText(marked ? ToCaption(label_.text(), label_.access_key()) : ToQLines(label_.text()));
+}
+
+void LabelPeer::FindBuddy() {
+  if (label_.access_key() == 0) return;
+  Control* next = nullptr;
+  bool passed = false;
+  label_.form().ForEach([&](Control& control) {
+    if (passed && next == nullptr && control.takes_focus()) next = &control;
+    if (&control == &label_) passed = true;
+  });
+  if (next != nullptr) widget_.setBuddy(WidgetOf(*next));
+}
+
+bool LabelPeer::eventFilter(QObject* watched, QEvent* event) {
+  const bool pressed = event->type() == QEvent::MouseButtonPress;
+  if (pressed || event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() == Qt::LeftButton && label_.on_mouse_up) {
+      if (!pressed && widget_.rect().contains(mouse->position().toPoint())) label_.UserPressed();
+      return true;
+    }
+  }
+  return WidgetPeer::eventFilter(watched, event);
+}
+
+CheckBoxPeer::CheckBoxPeer(CheckBox& box)
+    : WidgetPeer(box, new QCheckBox(ClientAround(box))), box_(box), widget_(As<QCheckBox>(*this)) {
+  connect(&widget_, &QCheckBox::clicked, this, [this](bool ticked) { box_.UserTicked(ticked ? 1 : 0); });
+}
+
+void CheckBoxPeer::MirrorText() { widget_.setText(ToCaption(box_.text(), box_.access_key())); }
+void CheckBoxPeer::MirrorValue() { widget_.setChecked(box_.value() != 0); }
+
+DropDownListPeer::DropDownListPeer(DropDownList& list)
+    : WidgetPeer(list, new QComboBox(ClientAround(list))), list_(list), widget_(As<QComboBox>(*this)) {
+  connect(&widget_, &QComboBox::activated, this, [this](int index) { list_.UserSelected(index); });
+}
+
+/// Leaves the entries that stay, so that a list can be filled one by one.
+void DropDownListPeer::MirrorItems() {
+  const auto& items = list_.items();
+  const auto [old_end, new_end] = std::mismatch(shown_.begin(), shown_.end(), items.begin(), items.end());
+  const int kept = static_cast<int>(old_end - shown_.begin());
+  while (widget_.count() > kept) widget_.removeItem(widget_.count() - 1);
+  for (auto item = new_end; item != items.end(); ++item) widget_.addItem(ToQString(*item));
+  shown_.erase(old_end, shown_.end());
+  shown_.insert(shown_.end(), new_end, items.end());
+}
+
+void DropDownListPeer::MirrorValue() { widget_.setCurrentIndex(list_.list_index()); }
+
+bool DropDownListPeer::eventFilter(QObject* watched, QEvent* event) {
+  // A wheel that passes over a closed list would change the setup unnoticed.
+  if (event->type() == QEvent::Wheel && !widget_.hasFocus()) {
+    event->ignore();
+    return true;
+  }
+  return WidgetPeer::eventFilter(watched, event);
+}
+
+ProgressBarPeer::ProgressBarPeer(ProgressBar& bar)
+    : WidgetPeer(bar, new QProgressBar(ClientAround(bar))), bar_(bar), widget_(As<QProgressBar>(*this)) {
+  widget_.setRange(0, 1000);
+  widget_.setTextVisible(false);
+}
+
+void ProgressBarPeer::MirrorValue() {
+  widget_.setValue(static_cast<int>(std::floor(bar_.fraction() * widget_.maximum())));
+}
+
+ScrollBarPeer::ScrollBarPeer(ScrollBar& bar)
+    : WidgetPeer(bar, new QScrollBar(Qt::Vertical, ClientAround(bar))),
+      bar_(bar),
+      widget_(As<QScrollBar>(*this)) {
+  widget_.setFocusPolicy(Qt::StrongFocus);
+  connect(&widget_, &QScrollBar::valueChanged, this, [this](int value) { bar_.UserScrolled(value); });
+}
+
+void ScrollBarPeer::MirrorValue() {
+  const QSignalBlocker by_program(widget_);
+  constexpr int kStepsOfAPage = 10;
+  widget_.setRange(0, bar_.maximum());
+  widget_.setPageStep(bar_.page());
+  widget_.setSingleStep(std::max(bar_.page() / kStepsOfAPage, 1));
+  widget_.setValue(bar_.value());
+}
+
+}  // namespace ui::qt

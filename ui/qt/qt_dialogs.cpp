@@ -1,0 +1,116 @@
+#include "ui/qt/qt_dialogs.h"
+
+#include <QFile>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+#include "ui/form.h"
+#include "ui/qt/qt_look.h"
+#include "ui/qt/qt_scale.h"
+#include "ui/qt/qt_text.h"
+#include "ui/qt/qt_widget_peer.h"
+
+namespace ui::qt {
+namespace {
+
+QWidget* ParentFor(const Form& owner) { return owner.visible() ? WidgetOf(owner) : nullptr; }
+
+QMessageBox::Icon ToQIcon(Icon icon) {
+  switch (icon) {
+    case Icon::kNone:
+      return QMessageBox::NoIcon;
+    case Icon::kInformation:
+      return QMessageBox::Information;
+    case Icon::kExclamation:
+      return QMessageBox::Warning;
+    case Icon::kQuestion:
+      return QMessageBox::Question;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void Fill(QMessageBox& widget, const MessageBox& box, QMessageBox::StandardButtons buttons) {
+  widget.setTextFormat(Qt::PlainText);
+  widget.setText(ToQLines(box.text));
+  widget.setWindowTitle(box.title.empty() ? QString::fromUtf8(kProgramName) : ToQString(box.title));
+  widget.setIcon(ToQIcon(box.icon));
+  widget.setStandardButtons(buttons);
+}
+
+/// Qt's way to write a filter: the patterns in brackets behind the name.
+QString ToQFilter(const FileDialog& dialog) {
+  const QString name = ToQString(dialog.filter_name);
+  return name.contains(u'(') ? name : name + QStringLiteral(" (%1)").arg(ToQString(dialog.filter_pattern));
+}
+
+}  // namespace
+
+int QtDialogs::Run(QDialog& dialog) {
+  const ModalScope nothing_else_reacts(front_end_, nullptr);
+  open_.push_back(&dialog);
+  const int result = dialog.exec();
+  open_.pop_back();
+  return result;
+}
+
+void QtDialogs::CloseAll() {
+  for (QDialog* dialog : open_) dialog->reject();
+}
+
+void QtDialogs::Show(Form& owner, const MessageBox& box) {
+  QMessageBox widget(ParentFor(owner));
+  Fill(widget, box, QMessageBox::Ok);
+  Run(widget);
+}
+
+bool QtDialogs::AskYesNo(Form& owner, const MessageBox& box) {
+  QMessageBox widget(ParentFor(owner));
+  Fill(widget, box, QMessageBox::Yes | QMessageBox::No);
+  return Run(widget) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtDialogs::PickPath(QFileDialog& dialog) {
+  if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().first()).toStdString();
+}
+
+std::optional<std::string> QtDialogs::BrowseForFolder(Form& owner, const std::string& title,
+                                                      const std::string& start, bool /*new_style*/) {
+  QFileDialog widget(ParentFor(owner), ToQString(title));
+  widget.setFileMode(QFileDialog::Directory);
+  widget.setOption(QFileDialog::ShowDirsOnly);
+  const QString folder = QFile::decodeName(start.c_str());
+  if (QFileInfo(folder).isDir()) widget.setDirectory(folder);
+  return PickPath(widget);
+}
+
+std::optional<std::string> QtDialogs::PickFile(Form& owner, const FileDialog& dialog,
+                                               QFileDialog::AcceptMode mode) {
+  QFileDialog widget(ParentFor(owner), ToQString(dialog.title));
+  widget.setAcceptMode(mode);
+  widget.setFileMode(QFileDialog::AnyFile);
+  widget.setOption(QFileDialog::DontConfirmOverwrite);
+  widget.setNameFilter(ToQFilter(dialog));
+  return PickPath(widget);
+}
+
+std::optional<std::string> QtDialogs::OpenFile(Form& owner, const FileDialog& dialog) {
+  return PickFile(owner, dialog, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtDialogs::SaveFile(Form& owner, const FileDialog& dialog) {
+  return PickFile(owner, dialog, QFileDialog::AcceptSave);
+}
+
+std::optional<std::string> QtDialogs::AskText(Form& owner, const InputBox& box) {
+  QInputDialog widget(ParentFor(owner));
+  widget.setWindowTitle(ToQString(box.title));
+  widget.setLabelText(ToQLines(box.prompt));
+  if (auto* label = widget.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  widget.move(ToPixels(box.left), ToPixels(box.top));
+  if (Run(widget) != QDialog::Accepted) return std::nullopt;
+  return FromQString(widget.textValue());
+}
+
+}  // namespace ui::qt

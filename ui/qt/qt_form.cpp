@@ -1,0 +1,182 @@
+#include "ui/qt/qt_form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWindow>
+
+#include "ui/controls.h"
+#include "ui/qt/qt_controls.h"
+#include "ui/qt/qt_look.h"
+#include "ui/qt/qt_scale.h"
+#include "ui/qt/qt_task_bar.h"
+#include "ui/qt/qt_text.h"
+
+namespace ui::qt {
+namespace {
+
+/// A border of one pixel and a title as high as most desktops have it.
+constexpr QMargins kUsualFrame{1, 30, 1, 1};
+/// Around a pop-up, which the desktop gives no border.
+constexpr int kPopUpBorder = 1;
+
+Qt::WindowFlags FlagsOf(FormStyle style) {
+  switch (style) {
+    case FormStyle::kMain:
+      return Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+             Qt::WindowCloseButtonHint;
+    case FormStyle::kReport:
+      return Qt::Window;
+    case FormStyle::kDialog:
+      return Qt::Dialog;
+    case FormStyle::kPopUp:
+      return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+  }
+  return Qt::Window;
+}
+
+/// The frame that the desktop was last seen to give a window.
+QMargins& SeenFrame() {
+  static QMargins frame = kUsualFrame;
+  return frame;
+}
+
+class FormWindow : public QWidget {
+ public:
+  explicit FormWindow(FormStyle style) : QWidget(nullptr, FlagsOf(style)) {}
+
+  /// Set once the peer is complete; before that nothing is reported.
+  void ReportTo(FormPeer* peer) { peer_ = peer; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();  // the form decides, and hides the window
+    peer_->form().UserClosed();
+  }
+
+  void moveEvent(QMoveEvent*) override { peer_->WasMovedOrSized(); }
+  void resizeEvent(QResizeEvent*) override { peer_->WasMovedOrSized(); }
+
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::WindowStateChange) peer_->ChangedState();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) peer_->form().UserActivated();
+    QWidget::changeEvent(event);
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    Form& form = peer_->form();
+    const bool taken =
+        !event->isAutoRepeat() &&
+        ((enter && form.UserPressedEnter()) || (event->key() == Qt::Key_Escape && form.UserPressedEscape()));
+    if (!taken) QWidget::keyPressEvent(event);
+  }
+
+  bool focusNextPrevChild(bool next) override {
+    Form& form = peer_->form();
+    Control* control = next ? form.AfterInTabOrder(form.focused()) : form.BeforeInTabOrder(form.focused());
+    QWidget* widget = control != nullptr ? WidgetOf(*control) : nullptr;
+    if (widget != nullptr) widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return widget != nullptr;
+  }
+
+  void paintEvent(QPaintEvent*) override {
+    if (!windowFlags().testFlag(Qt::FramelessWindowHint)) return;
+    QPainter painter(this);
+    painter.setPen(Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.5));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+ private:
+  FormPeer* peer_ = nullptr;
+};
+
+}  // namespace
+
+FormPeer::FormPeer(Form& form)
+    : WidgetPeer(form, new FormWindow(form.style())), form_(form), client_(widget()) {
+  static_cast<FormWindow*>(widget())->ReportTo(this);
+  if (form.style() != FormStyle::kPopUp) return;
+  client_ = new QWidget(widget());
+  widget()->setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+void FormPeer::MirrorText() { widget()->setWindowTitle(ToQString(form_.text())); }
+
+void FormPeer::MirrorBounds() {
+  const bool pop_up = form_.style() == FormStyle::kPopUp;
+  const QMargins frame = pop_up ? QMargins() : SeenFrame();
+  asked_for_ = ToPixels(form_.bounds());
+  const QSize size = asked_for_.marginsRemoved(frame).size().expandedTo({0, 0});
+  widget()->move(asked_for_.topLeft());
+  if (form_.style() == FormStyle::kMain) {
+    widget()->setFixedSize(size);
+  } else {
+    widget()->resize(size);
+  }
+  if (pop_up) client_->setGeometry(QRect({0, 0}, size).adjusted(1, 1, -1, -1));
+  form_.InnerSizeIs(ToTwips(client_->size()));
+}
+
+void FormPeer::WasMovedOrSized() {
+  if (!widget()->isVisible() || widget()->isMinimized()) return;
+  if (form_.style() != FormStyle::kPopUp) {
+    const QMargins frame = widget()->windowHandle()->frameMargins();
+    if (!frame.isNull()) SeenFrame() = frame;
+  }
+  if (widget()->frameGeometry() != asked_for_) {
+    asked_for_ = widget()->frameGeometry();
+    form_.UserMoved(ToTwips(asked_for_));
+  }
+  form_.InnerSizeIs(ToTwips(client_->size()));
+}
+
+void FormPeer::ChangedState() {
+  form_.UserSetState(widget()->isMinimized() ? WindowState::kMinimised : WindowState::kNormal);
+}
+
+void FormPeer::MirrorVisible() {
+  const bool was_visible = widget()->isVisible();
+  if (!form_.visible()) {
+    widget()->hide();
+    if (was_visible && form_.owner() != nullptr) widget()->activateWindow();
+    return;
+  }
+  if (was_visible) return ComeForward();
+  form_.ForEach([](Control& control) {
+    if (auto* label = dynamic_cast<LabelPeer*>(control.peer())) label->FindBuddy();
+  });
+  ShowWithOwner();
+}
+
+void FormPeer::ShowWithOwner() {
+  QWidget* owner = form_.owner() != nullptr ? WidgetOf(*form_.owner()) : nullptr;
+  widget()->setWindowModality(form_.modal() ? Qt::ApplicationModal : Qt::NonModal);
+  widget()->winId();  // makes the native window, which knows the window it belongs to
+  widget()->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
+  widget()->show();
+}
+
+/// Another program keeps the keyboard: only within this program does the window become the active one.
+void FormPeer::ComeForward() {
+  widget()->raise();
+  const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
+  if (ours && form_.style() != FormStyle::kPopUp) widget()->activateWindow();
+}
+
+void FormPeer::MirrorColours() {
+  const bool own = form_.colours().has_value() && !IsHighContrast();
+  widget()->setPalette(own ? WindowPalette(*form_.colours()) : QPalette());
+}
+
+void FormPeer::MirrorValue() { ShowTaskProgress(form_.task_progress()); }
+
+void FormPeer::MirrorState() {
+  if (form_.state() != WindowState::kNormal || !widget()->isMinimized()) return;
+  widget()->setAttribute(Qt::WA_ShowWithoutActivating);
+  widget()->setWindowState(widget()->windowState() & ~Qt::WindowMinimized);
+  widget()->setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+}  // namespace ui::qt

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include "ui/form.h"
+#include "ui/qt/qt_widget_peer.h"
+
+namespace ui::qt {
+
+/// A window. The desktop draws its border and title, whose size is known only once a window stands on the
+/// screen: the first one is made by an estimate, and the window is told its true bounds then.
+class FormPeer : public WidgetPeer {
+ public:
+  explicit FormPeer(Form& form);
+
+  QWidget* client() override { return client_; }
+
+  // --- From the window.
+  void WasMovedOrSized();
+  void ChangedState();
+  Form& form() { return form_; }
+
+ protected:
+  void MirrorText() override;
+  void MirrorBounds() override;
+  void MirrorVisible() override;
+  void MirrorColours() override;
+  void MirrorValue() override;
+  void MirrorState() override;
+
+ private:
+  void ComeForward();
+  void ShowWithOwner();
+
+  Form& form_;
+  QWidget* client_;
+  QRect asked_for_;  ///< the outer bounds that the program wants, in pixels
+};
+
+}  // namespace ui::qt

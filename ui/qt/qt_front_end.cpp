@@ -1,0 +1,109 @@
+#include "ui/qt/qt_front_end.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFontMetricsF>
+#include <QIcon>
+#include <QScreen>
+#include <QTimer>
+#include <cmath>
+
+#include "ui/form.h"
+#include "ui/qt/calm_style.h"
+#include "ui/qt/qt_clipboard.h"
+#include "ui/qt/qt_controls.h"
+#include "ui/qt/qt_dialogs.h"
+#include "ui/qt/qt_form.h"
+#include "ui/qt/qt_frame.h"
+#include "ui/qt/qt_look.h"
+#include "ui/qt/qt_scale.h"
+#include "ui/qt/qt_text.h"
+#include "ui/qt/qt_text_box.h"
+#include "ui/qt/qt_timer.h"
+
+namespace ui::qt {
+
+bool QtFrontEnd::HasDisplay() {
+  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+QtFrontEnd::QtFrontEnd(int& argc, char** argv) {
+  if (QCoreApplication::instance() == nullptr) application_ = std::make_unique<QApplication>(argc, argv);
+  QApplication::setStyle(new CalmStyle);  // the application owns it
+  QApplication::setQuitOnLastWindowClosed(false);
+  QGuiApplication::setDesktopFileName(kDesktopFile);
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(kDesktopFile));
+  dialogs_ = std::make_unique<QtDialogs>(*this);
+  clipboard_ = std::make_unique<QtClipboard>();
+}
+
+QtFrontEnd::~QtFrontEnd() = default;
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Form& form) { return std::make_unique<FormPeer>(form); }
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Frame& frame) { return std::make_unique<FramePeer>(frame); }
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Button& button) { return std::make_unique<ButtonPeer>(button); }
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Label& label) { return std::make_unique<LabelPeer>(label); }
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(CheckBox& box) { return std::make_unique<CheckBoxPeer>(box); }
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(DropDownList& list) {
+  return std::make_unique<DropDownListPeer>(list);
+}
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(ProgressBar& bar) {
+  return std::make_unique<ProgressBarPeer>(bar);
+}
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(ScrollBar& bar) { return std::make_unique<ScrollBarPeer>(bar); }
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(TextBox& box) {
+  if (box.lines() == TextBox::Lines::kMany) return std::make_unique<ManyLinesPeer>(box);
+  return std::make_unique<OneLinePeer>(box);
+}
+
+std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Timer& timer) { return std::make_unique<TimerPeer>(timer); }
+
+void QtFrontEnd::RunPendingEvents() { QCoreApplication::processEvents(); }
+
+void QtFrontEnd::WaitForEvents(int milliseconds) {
+  if (milliseconds > 0) {
+    QTimer wake_up;
+    wake_up.start(milliseconds);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  QCoreApplication::processEvents();
+}
+
+int QtFrontEnd::Run() {
+  if (!quitting()) {
+    QEventLoop loop;
+    run_loop_ = &loop;
+    loop.exec();
+    run_loop_ = nullptr;
+  }
+  return exit_code_.value_or(0);
+}
+
+void QtFrontEnd::Quit(int exit_code) {
+  exit_code_ = exit_code;
+  dialogs_->CloseAll();
+  if (run_loop_ != nullptr) run_loop_->exit();
+}
+
+void QtFrontEnd::RunModal(Form& form) {
+  while (form.visible() && !quitting()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+Size QtFrontEnd::screen() const {
+  return ToTwips(QGuiApplication::primaryScreen()->availableGeometry().size());
+}
+
+Twips QtFrontEnd::TextWidth(const std::string& text, const Font& font) const {
+  return ToTwips(
+      static_cast<int>(std::ceil(QFontMetricsF(ToQFont(font)).horizontalAdvance(ToQString(text)))));
+}
+
+Dialogs& QtFrontEnd::dialogs() { return *dialogs_; }
+Clipboard& QtFrontEnd::clipboard() { return *clipboard_; }
+
+}  // namespace ui::qt

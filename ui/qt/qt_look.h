@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "ui/geometry.h"
+
+/// Colours and names that the whole front end shares.
+namespace ui::qt {
+
+inline constexpr char kProgramName[] = "Quorvane";
+/// The desktop file without its extension; also the name of the icon.
+inline constexpr char kDesktopFile[] = "quorvane";
+
+/// `share` of the way from one colour to the other, 0 to 1.
+QColor Mix(const QColor& from, const QColor& to, double share);
+
+/// Whether the desktop shows nothing but the strongest contrast; its colours stay then. Qt 6.4 does not tell,
+/// so it is taken from the text on a window: black and white and nothing between.
+bool IsHighContrast();
+
+/// The colours of a window and of what stands in it: text boxes, lists and buttons are lighter than the
+/// window, with the same text colour, whatever the desktop's theme is.
+QPalette WindowPalette(const Colours& colours);
+/// The colours of one control that has its own.
+QPalette ControlPalette(const Colours& colours);
+
+}  // namespace ui::qt

@@ -1,0 +1,34 @@
+#include "ui/qt/qt_scale.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <cmath>
+
+namespace ui::qt {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+
+double DotsPerInch() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen != nullptr ? screen->logicalDotsPerInch() : 96;
+}
+
+}  // namespace
+
+int ToPixels(Twips length) { return static_cast<int>(std::lround(length * DotsPerInch() / kTwipsPerInch)); }
+
+Twips ToTwips(int pixels) { return static_cast<Twips>(std::lround(pixels * kTwipsPerInch / DotsPerInch())); }
+
+QRect ToPixels(const Rect& bounds) {
+  const QPoint corner(ToPixels(bounds.left), ToPixels(bounds.top));
+  return {corner, QSize(ToPixels(bounds.right()) - corner.x(), ToPixels(bounds.bottom()) - corner.y())};
+}
+
+Rect ToTwips(const QRect& pixels) {
+  return {ToTwips(pixels.x()), ToTwips(pixels.y()), ToTwips(pixels.width()), ToTwips(pixels.height())};
+}
+
+Size ToTwips(const QSize& pixels) { return {ToTwips(pixels.width()), ToTwips(pixels.height())}; }
+
+}  // namespace ui::qt

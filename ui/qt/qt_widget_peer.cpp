@@ -1,0 +1,117 @@
+#include "ui/qt/qt_widget_peer.h"
+
+#include <QEvent>
+#include <QKeySequence>
+#include <QWheelEvent>
+
+#include "ui/form.h"
+#include "ui/qt/qt_look.h"
+#include "ui/qt/qt_scale.h"
+#include "ui/qt/qt_text.h"
+
+namespace ui::qt {
+
+QWidget* ClientAround(const Control& control) {
+  if (control.parent() == nullptr) return nullptr;
+  auto* peer = dynamic_cast<WidgetPeer*>(control.parent()->peer());
+  return peer != nullptr ? peer->client() : nullptr;
+}
+
+QWidget* WidgetOf(const Control& control) {
+  auto* peer = dynamic_cast<WidgetPeer*>(control.peer());
+  return peer != nullptr ? peer->widget() : nullptr;
+}
+
+WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+  widget_->setObjectName(ToQString(control.name()));
+  Watch(widget_);
+}
+
+WidgetPeer::~WidgetPeer() { delete widget_; }
+
+void WidgetPeer::Watch(QWidget* part) {
+  part->installEventFilter(this);
+  part->setMouseTracking(true);
+}
+
+void WidgetPeer::Mirror(Property property) {
+  switch (property) {
+    case Property::kText:
+      return MirrorText();
+    case Property::kVisible:
+      return MirrorVisible();
+    case Property::kEnabled:
+      return MirrorEnabled();
+    case Property::kBounds:
+      return MirrorBounds();
+    case Property::kHelp:
+      return MirrorHelp();
+    case Property::kColours:
+      return MirrorColours();
+    case Property::kFont:
+      return widget_->setFont(ToQFont(control_.font()));
+    case Property::kValue:
+      return MirrorValue();
+    case Property::kItems:
+      return MirrorItems();
+    case Property::kSelection:
+      return MirrorSelection();
+    case Property::kState:
+      return MirrorState();
+  }
+}
+
+void WidgetPeer::MirrorEnabled() { widget_->setEnabled(control_.enabled()); }
+void WidgetPeer::MirrorBounds() { widget_->setGeometry(ToPixels(control_.bounds())); }
+void WidgetPeer::MirrorVisible() { widget_->setVisible(control_.visible()); }
+
+void WidgetPeer::MirrorHelp() {
+  widget_->setToolTip(ToPlainTip(control_.tool_tip()));
+  widget_->setAccessibleName(ToQLines(control_.spoken_name()));
+  widget_->setAccessibleDescription(
+      ToQLines(control_.description().empty() ? control_.tool_tip() : control_.description()));
+  MirrorAccessKey();
+  MirrorText();
+}
+
+/// Qt itself listens to the letters that are marked in a caption; the others are asked for here.
+void WidgetPeer::MirrorAccessKey() {
+  if (shortcut_ != 0) widget_->releaseShortcut(shortcut_);
+  shortcut_ = 0;
+  const char key = control_.access_key();
+  if (key == 0) return;
+  shortcut_ =
+      widget_->grabShortcut(QKeySequence(Qt::ALT | Qt::Key(std::toupper(static_cast<unsigned char>(key)))));
+}
+
+void WidgetPeer::MirrorColours() {
+  const bool own = control_.colours().has_value() && !IsHighContrast();
+  widget_->setPalette(own ? ControlPalette(*control_.colours()) : QPalette());
+  widget_->setAutoFillBackground(own);
+}
+
+void WidgetPeer::Repaint() {
+  if (widget_->isVisible()) widget_->repaint();
+}
+
+bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      control_.UserFocused();
+      break;
+    case QEvent::Enter:
+    case QEvent::MouseMove:
+      control_.UserMovedPointer();
+      break;
+    case QEvent::Leave:
+      control_.UserMovedPointerAway();
+      break;
+    case QEvent::Shortcut:
+      return control_.form().UserPressedAccessKey(control_.access_key());
+    default:
+      break;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace ui::qt

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include "ui/control.h"
+
+namespace ui::qt {
+
+/// What all peers with a widget share: geometry, help, colours, font, focus and pointer.
+class WidgetPeer : public QObject, public Peer {
+ public:
+  /// Owns the widget.
+  WidgetPeer(Control& control, QWidget* widget);
+  ~WidgetPeer() override;
+
+  void Mirror(Property property) override;
+  void TakeFocus() override { widget_->setFocus(); }
+  void Repaint() override;
+
+  QWidget* widget() const { return widget_; }
+  /// The widget that holds the controls inside.
+  virtual QWidget* client() { return widget_; }
+
+ protected:
+  /// Also watches a part of the widget that gets the mouse in its place.
+  void Watch(QWidget* part);
+  virtual void MirrorText() {}
+  virtual void MirrorValue() {}
+  virtual void MirrorItems() {}
+  virtual void MirrorEnabled();
+  virtual void MirrorBounds();
+  virtual void MirrorVisible();
+  virtual void MirrorHelp();
+  virtual void MirrorColours();
+  virtual void MirrorSelection() {}
+  virtual void MirrorState() {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void MirrorAccessKey();
+
+  Control& control_;
+  QPointer<QWidget> widget_;
+  int shortcut_ = 0;
+};
+
+/// The widget into which a control's widget goes; null for a window.
+QWidget* ClientAround(const Control& control);
+/// The widget of a control; null when it has none.
+QWidget* WidgetOf(const Control& control);
+
+}  // namespace ui::qt
