@@ -24,7 +24,8 @@ struct Context {
   platform::Shell& shell;
   const text::ProgramTexts& texts;
   text::NumberMarks marks;
-  std::string command_line;                             ///< without the program's own name; empty: none
+  std::string command_line;                            ///< without the program's own name; empty: none
+  bool has_display = true;                             ///< somebody may see the windows
   std::function<void(const std::string& line)> print;  ///< writes a line to standard output
 };
 

@@ -5,9 +5,9 @@
 
 #include "text/grouped_number.h"
 
-/// Numbers and sizes as the report and the windows show them. Sizes are bytes and may be any whole number that
-/// a double holds; a negative size is "not known" and gives the empty text. The units are powers of 1,024.
-/// `marks` are those of the user's number format.
+/// Numbers and sizes as the report and the windows show them. Sizes are bytes and may be any whole number
+/// that a double holds; a negative size is "not known" and gives the empty text. The units are powers of
+/// 1,024. `marks` are those of the user's number format.
 namespace StrProc {
 
 /// The decimal digits alone, with a minus sign in front when negative.

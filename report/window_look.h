@@ -24,7 +24,8 @@ inline constexpr const char* kReportFont = "Courier New";
 /// Sets the font's name of a window and of all its controls; sizes and weights stay.
 void SetControlsFontName(ui::Form& window, const std::string& name);
 
-/// Sets the colours of a window and of its controls, but for buttons and progress bars: those keep the system's.
+/// Sets the colours of a window and of its controls, but for buttons and progress bars: those keep the
+/// system's.
 void SetControlsBackColor(ui::Form& window, const ui::Colours& colours);
 
 }  // namespace report

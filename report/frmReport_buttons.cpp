@@ -1,0 +1,130 @@
+#include "report/frmReport.h"
+#include "ui/front_end.h"
+
+namespace report {
+namespace {
+
+constexpr const char* kPause = "Pause";
+constexpr const char* kContinue = "Continue";
+constexpr const char* kCancelOperation = "Cancel operation";
+constexpr const char* kClose = "Close";
+constexpr const char* kCountingNote = "Counting files ... ";
+
+constexpr int kCopyText = 112;
+constexpr int kCopySelectedText = 113;
+
+/// How long a held operation waits for the next event before it looks whether the program ends.
+constexpr int kHoldMilliseconds = 200;
+
+}  // namespace
+
+void frmReport::SetCopyCaption(const std::string& caption) {
+  constexpr ui::Twips kMargins = 400;
+  cmdCopyToClipboard.SetText(caption);
+  cmdCopyToClipboard.SetWidth(front_end().TextWidth(caption, cmdCopyToClipboard.font()) + kMargins);
+  PositionReportButtons();
+}
+
+void frmReport::SetPauseCaption(const std::string& caption) {
+  cmdPauseContinue.SetText(caption);
+  cmdPauseContinue.SetAccessKey(caption == kContinue ? 'C' : 'P');
+}
+
+void frmReport::SetCancelCaption(const std::string& caption) {
+  const bool cancels = caption == kCancelOperation;
+  cmdCancelClose.SetText(caption);
+  cmdCancelClose.SetAccessKey(cancels ? 'A' : 'L');
+  cmdCancelClose.SetWidth(cancels ? 2'000 : 1'000);
+  cmdCancelClose.SetLeft(txbText.bounds().right() - cmdCancelClose.width());
+  // Escape closes a report but never cancels an operation.
+  SetCancelButton(cancels ? nullptr : &cmdCancelClose);
+}
+
+void frmReport::SetReportButtons2(bool CopyVisible, bool PauseVisible, const std::string& PauseCaption,
+                                  bool CancelVisible, const std::string& CancelCaption) {
+  if (CopyVisible) SetCopyCaption("Copy to clipboard");
+  cmdCopyToClipboard.SetVisible(CopyVisible);
+  if (PauseVisible) SetPauseCaption(PauseCaption);
+  cmdPauseContinue.SetVisible(PauseVisible);
+  chkSuppressDisplayOfReport.SetVisible(PauseVisible && PauseCaption == kContinue && NothingHalfDone());
+  if (CancelVisible) SetCancelCaption(CancelCaption);
+  cmdCancelClose.SetVisible(CancelVisible);
+  PositionReportButtons();
+}
+
+/// Hiding the report is offered while no folder is half done: everything that was to be copied so far is
+/// copied, or everything met so far is dealt with.
+bool frmReport::NothingHalfDone() const {
+  const RunningCounts counts = main_.Counts();
+  return counts.files_copied == counts.files_to_process || counts.files_met == counts.files_in_folders;
+}
+
+void frmReport::SetReportButtons(const std::string& caption) {
+  Paused = false;
+  ShowFileBeingCopied("");
+  barProgress.SetVisible(false);
+  SetTaskProgress(std::nullopt);
+  chkSuppressDisplayOfReport.SetValue(0);
+  txbText.SetVisible(true);
+  SetReportButtons2(true, false, "", true, caption);
+  if (focused() == nullptr) cmdCancelClose.SetFocus();
+}
+
+void frmReport::cmdPauseContinue_Click() {
+  if (cmdPauseContinue.text() == kPause) {
+    PauseOperation();
+  } else {
+    Paused = false;
+    SetReportButtons2(false, true, kPause, false, "");
+  }
+}
+
+void frmReport::PauseOperation() {
+  SetReportButtons2(chkSuppressDisplayOfReport.value() == 0, true, kContinue, true, kCancelOperation);
+  TakeBackCountingNote();
+  Paused = true;
+  while (Paused && !front_end().quitting()) front_end().WaitForEvents(kHoldMilliseconds);
+}
+
+void frmReport::TakeBackCountingNote() {
+  if (!txbText.text().ends_with(kCountingNote)) return;
+  txbText.RemoveFromEnd(std::char_traits<char>::length(kCountingNote));
+  line_.TakeBack(kCountingNote);
+}
+
+void frmReport::cmdCancelClose_Click() {
+  Paused = false;
+  if (cmdCancelClose.text() == kCancelOperation) {
+    main_.RequestStop();
+    SetCancelCaption(kClose);
+    cmdPauseContinue.SetVisible(false);
+  } else {
+    Hide();
+    // An operation that is being stopped enables them itself when it has ended.
+    if (!main_.OperationRunning()) main_.EnableOperationControls();
+  }
+  chkSuppressDisplayOfReport.SetVisible(false);
+}
+
+void frmReport::cmdCopyToClipboard_Click() {
+  if (!HoldsText()) return;
+  const std::string selected = txbText.selected_text();
+  front_end().clipboard().Clear();
+  front_end().clipboard().SetText(selected.empty() ? txbText.text() : selected);
+  SetCopyCaption(texts_.GetProgramText(kCopyText));
+  cmdCancelClose.SetFocus();
+}
+
+void frmReport::txbText_MouseUp() {
+  if (!cmdCopyToClipboard.enabled()) return;
+  const bool selected = txbText.selection().length > 0;
+  SetCopyCaption(texts_.GetProgramText(selected ? kCopySelectedText : kCopyText));
+}
+
+void frmReport::chkSuppressDisplayOfReport_Click() {
+  const bool shown = chkSuppressDisplayOfReport.value() == 0;
+  txbText.SetVisible(shown);
+  cmdCopyToClipboard.SetVisible(shown);
+}
+
+}  // namespace report

@@ -1,0 +1,172 @@
+#include "report/run_report.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "report/str_proc.h"
+#include "ui/front_end.h"
+
+namespace report {
+namespace {
+
+constexpr std::chrono::milliseconds kLabelsEvery{100};
+constexpr std::chrono::milliseconds kFreeSpaceEvery{1'000};
+
+/// A name may hold line ends and other control characters; in the report it stays on its line.
+std::string WithoutControls(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
+  return text;
+}
+
+/// The lines of a message as one.
+std::string OneLine(std::string text) {
+  for (auto end = text.find("\r\n"); end != std::string::npos; end = text.find("\r\n")) {
+    text.erase(end, 1);
+    text[end] = ' ';
+  }
+  return text;
+}
+
+FolderResult ResultOf(const engine::FolderCounts& folder) {
+  return {folder.files_in_folder, folder.counts.new_files, folder.counts.modified_files,
+          folder.counts.copied};
+}
+
+}  // namespace
+
+RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock,
+                     const text::NumberMarks& marks, RunFacts facts)
+    : window_(window), main_(main), clock_(clock), marks_(marks), facts_(std::move(facts)) {}
+
+void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
+  window_.BeginReport(title, facts_.source_folder, facts_.target_folder);
+  ShowFreeSpace();
+  for (const std::string& line : heading) window_.Output(WithoutControls(line), true);
+}
+
+bool RunReport::ShowsEveryFolder(std::int64_t files_in_folder) const {
+  if (app::IsListOperation(facts_.operation)) return true;
+  return facts_.operation == app::Operation::kBackupAllFiles && files_in_folder != 0;
+}
+
+void RunReport::FolderBegun(const engine::FolderCounts& folder) {
+  in_folder_ = true;
+  head_line_written_ = false;
+  folder_ = folder.path;
+  files_in_folder_ = folder.files_in_folder;
+  counts_.files_in_folders += std::max<std::int64_t>(folder.files_in_folder, 0);
+  if (ShowsEveryFolder(files_in_folder_)) WriteHeadLine();
+}
+
+void RunReport::WriteHeadLine() {
+  if (head_line_written_ || facts_.suppress_detailed_report) return;
+  head_line_written_ = true;
+  if (window_.line().state() == ReportLine::State::kOpen) window_.CloseLine();
+  DisplayNumFilesInFolder(window_, true, WithoutControls(folder_), facts_.source_folder, files_in_folder_);
+}
+
+void RunReport::FolderEnded(const engine::FolderCounts& folder) {
+  const engine::FileCounts& files = folder.counts;
+  const bool looks_for_due =
+      !app::IsListOperation(facts_.operation) && facts_.operation != app::Operation::kBackupAllFiles;
+  if (looks_for_due && files.new_files + files.modified_files + files.failed > 0) WriteHeadLine();
+  if (head_line_written_) WriteResult(folder);
+  in_folder_ = false;
+  counts_.files_met += std::max<std::int64_t>(folder.files_in_folder, 0);
+  counts_.files_to_process += files.met - files.filtered_out - files.up_to_date;
+}
+
+void RunReport::WriteResult(const engine::FolderCounts& folder) {
+  if (app::IsCopyOperation(facts_.operation)) {
+    DisplayFilesCopied(window_, facts_.operation, ResultOf(folder));
+  } else if (facts_.operation == app::Operation::kCheckBackupState) {
+    DisplayNewAndModifiedFiles(window_, ResultOf(folder));
+  }
+  if (window_.line().state() == ReportLine::State::kOpen) window_.CloseLine();
+}
+
+void RunReport::WriteLine(const std::string& text) {
+  const bool shows_when_wrong = facts_.operation == app::Operation::kCheckBackupState ||
+                                facts_.operation == app::Operation::kBackupModifiedFiles;
+  if (in_folder_ && shows_when_wrong) WriteHeadLine();
+  window_.CloseLine();
+  window_.Output(WithoutControls(text), true);
+}
+
+void RunReport::CopyBegun(const std::string& source_path) {
+  if (facts_.operation == app::Operation::kBackupModifiedFiles && in_folder_) WriteHeadLine();
+  file_ = source_path;
+  ShowWhenDue();
+}
+
+void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) {
+  copied_ = Copied{bytes_copied, files_copied};
+  counts_.files_copied = files_copied;
+  ShowWhenDue();
+}
+
+void RunReport::Progress(double fraction) {
+  fraction_ = fraction;
+  ShowWhenDue();
+}
+
+void RunReport::Breathe() {
+  ShowWhenDue();
+  window_.Output("", false);
+}
+
+bool RunReport::StopRequested() { return main_.StopRequested() || window_.front_end().quitting(); }
+
+bool RunReport::AskWhetherToGoOn(const engine::Question& question) {
+  if (facts_.unattended) {
+    WriteLine(OneLine(question.text));
+    return false;
+  }
+  return window_.front_end().dialogs().AskYesNo(window_,
+                                                {question.text, question.title, ui::Icon::kExclamation});
+}
+
+void RunReport::Tell(const std::string& text) {
+  if (facts_.unattended) {
+    WriteLine(OneLine(text));
+    return;
+  }
+  window_.front_end().dialogs().Show(window_, {text, "", ui::Icon::kExclamation});
+}
+
+void RunReport::Pause() {
+  if (facts_.unattended || StopRequested()) return;
+  ShowLatest();
+  window_.cmdPauseContinue_Click();
+}
+
+void RunReport::ShowWhenDue() {
+  const std::chrono::milliseconds now = clock_.Monotonic();
+  if (shown_ && now - *shown_ < kLabelsEvery) return;
+  shown_ = now;
+  ShowLatest();
+  if (!free_space_shown_ || now - *free_space_shown_ >= kFreeSpaceEvery) ShowFreeSpace();
+}
+
+void RunReport::ShowLatest() {
+  if (file_) window_.ShowFileBeingCopied(WithoutControls(*file_));
+  if (copied_) {
+    const std::string size =
+        StrProc::FormatByteCountWithMb(static_cast<double>(copied_->bytes), false, marks_);
+    window_.ShowBytesCopied("Copied: " + size + " in " + text::GroupedNumber(copied_->files, marks_) +
+                            " file" + StrProc::PluralSuffix(copied_->files));
+  }
+  if (fraction_) window_.ShowProgress(*fraction_);
+  file_.reset();
+  copied_.reset();
+  fraction_.reset();
+}
+
+void RunReport::ShowFreeSpace() {
+  if (!facts_.free_space_text) return;
+  free_space_shown_ = clock_.Monotonic();
+  window_.DisplayFreeSpace(facts_.target_drive, facts_.free_space_text());
+}
+
+}  // namespace report

@@ -1,0 +1,96 @@
+#include "report/run_report.h"
+#include "report/str_proc.h"
+
+namespace report {
+
+void RunReport::WriteSummary(const engine::Totals& totals) {
+  switch (facts_.operation) {
+    case app::Operation::kListIncludedSubfolders:
+      return ReportForListFolders(totals);
+    case app::Operation::kCheckBackupState:
+      return ReportForCheckBackupState(totals);
+    case app::Operation::kBackupAllFiles:
+      return ReportForBackupAllFiles(totals);
+    case app::Operation::kBackupModifiedFiles:
+      return ReportForBackupModifiedFiles(totals);
+  }
+}
+
+void RunReport::BeginSummary() {
+  ShowLatest();
+  ShowFreeSpace();
+  window_.CloseLine();
+}
+
+void RunReport::WriteCount(const char* caption, std::int64_t count) {
+  window_.Output(caption + text::GroupedNumber(count, marks_), true);
+}
+
+void RunReport::WriteSize(const char* caption, std::int64_t bytes) {
+  window_.Output(caption + StrProc::FormatByteCountWithMb(static_cast<double>(bytes), false, marks_), true);
+}
+
+void RunReport::WriteSinceHeading() {
+  window_.Output("For files new or modified " + facts_.modified_since + ":", true);
+}
+
+void RunReport::WriteCopied(const engine::Totals& totals) {
+  WriteCount("Number of files copied: ", totals.counts.copied);
+  if (totals.counts.failed > 0) {
+    WriteCount("Number of errors when attempting to copy a file: ", totals.counts.failed);
+  }
+}
+
+void RunReport::ReportForListFolders(const engine::Totals& totals) {
+  BeginSummary();
+  WriteCount("Number of folders: ", totals.folders);
+  WriteCount("Number of files: ", totals.counts.met);
+  WriteSize("Sum of file sizes: ", totals.bytes_met);
+}
+
+void RunReport::ReportForBackupAllFiles(const engine::Totals& totals) {
+  BeginSummary();
+  window_.Output("", true);
+  WriteCount("Number of non-empty folders accessed: ", totals.non_empty_folders);
+  WriteCopied(totals);
+  if (totals.counts.copied > 0) WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
+}
+
+void RunReport::ReportForBackupModifiedFiles(const engine::Totals& totals) {
+  const std::int64_t modified = totals.counts.modified_files;
+  const std::int64_t new_files = totals.counts.new_files;
+  BeginSummary();
+  WriteSinceHeading();
+  WriteCount("Number of modified files: ", modified);
+  WriteCount("Number of files not previously backed up: ", new_files);
+  if (modified >= 1 && new_files >= 1) {
+    WriteCount("Number of files modified or not previously backed up: ", modified + new_files);
+  }
+  WriteCopied(totals);
+  WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
+  WriteWarningLine(totals);
+}
+
+void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
+  const std::int64_t modified = totals.counts.modified_files;
+  const std::int64_t new_files = totals.counts.new_files;
+  BeginSummary();
+  WriteSinceHeading();
+  // Nothing found is good news only when everything was looked at.
+  const bool all_seen = totals.counts.failed == 0 && totals.unread_folders == 0 && !StopRequested();
+  if (modified + new_files == 0 && all_seen) {
+    window_.Output("All files backed up.", true);
+    return;
+  }
+  WriteCount("Number of modified files: ", modified);
+  WriteCount("Number of files not backed up: ", new_files);
+  WriteCount("Number of files modified or not backed up: ", modified + new_files);
+}
+
+void RunReport::WriteWarningLine(const engine::Totals& totals) {
+  if (totals.counts.copied == 0 || totals.warnings == 0) return;
+  window_.Output("\r\nThis report contains ", false);
+  window_.Output(totals.warnings == 1 ? "one warning." : StrProc::Trim(totals.warnings) + " warnngs.", true);
+}
+
+}  // namespace report
