@@ -55,6 +55,7 @@ class FolderWalk {
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
+  void ExpectNextTarget(const Pending& folder, const FolderPair& pair);
   void RemoveLeftovers(FolderPair& pair);
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
