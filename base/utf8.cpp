@@ -101,6 +101,14 @@ std::string ToLower(std::string_view text) {
   return result;
 }
 
+std::string ToUpper(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 0x20);
+  }
+  return result;
+}
+
 std::string Printable(std::string_view text) {
   std::string result;
   result.reserve(text.size());

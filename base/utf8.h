@@ -19,6 +19,9 @@ std::size_t OffsetOf(std::string_view text, std::size_t character);
 /// The text in lower case: the letters of Latin-1, Latin Extended-A, Greek and Cyrillic; others stay.
 std::string ToLower(std::string_view text);
 
+/// The text with its ASCII letters in upper case.
+std::string ToUpper(std::string_view text);
+
 /// The text fit for one line of a report: control characters as "\n", "\t" or "\x1b", bytes that are no
 /// character as U+FFFD. Without such characters the text itself.
 std::string Printable(std::string_view text);

@@ -19,6 +19,9 @@ char Separator(PathStyle style = NativePathStyle());
 /// Whether the character parts folders in a path: "\" and "/" on Windows, "/" on Linux.
 bool IsSeparator(char c, PathStyle style = NativePathStyle());
 
+/// What follows the root ("C:\", "/"); the whole path when it has none.
+std::string_view BehindRoot(std::string_view path, PathStyle style = NativePathStyle());
+
 /// Folder and name with exactly one separator between them. An empty folder or name gives the other one
 /// alone.
 std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style = NativePathStyle());

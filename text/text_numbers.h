@@ -105,4 +105,31 @@ inline constexpr int kCancelledByUser = 531;
 inline constexpr int kLeftoverNotRemoved = 532;  ///< lead word
 inline constexpr int kNotFlushed = 533;          ///< lead word: why
 
+// --- Hints: one sentence for each button of the main window
+inline constexpr int kHintSource = 610;
+inline constexpr int kHintTarget = 611;
+inline constexpr int kHintClearSource = 612;
+inline constexpr int kHintClearTarget = 613;
+inline constexpr int kHintClearPatterns = 614;
+inline constexpr int kHintSelectSubfolders = 615;
+inline constexpr int kHintRemoveSubfolder = 616;
+inline constexpr int kHintCreateSubfolder = 617;
+inline constexpr int kHintList = 618;
+inline constexpr int kHintCheck = 619;
+inline constexpr int kHintBackupAll = 620;
+inline constexpr int kHintBackupModified = 621;
+inline constexpr int kHintReport = 622;
+inline constexpr int kHintSetup = 623;
+inline constexpr int kHintLoadSetup = 624;
+inline constexpr int kHintSaveSetup = 625;
+inline constexpr int kHintClearSetup = 626;
+inline constexpr int kHintRestoreSetup = 627;
+inline constexpr int kHintKeepSetup = 628;
+inline constexpr int kHintNextRun = 629;
+inline constexpr int kHintSetupFile = 630;
+inline constexpr int kHintBothWays = 631;
+inline constexpr int kHintDontSave = 632;
+inline constexpr int kHintHelp = 633;
+inline constexpr int kHintQuit = 634;
+
 }  // namespace text

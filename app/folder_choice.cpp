@@ -1,0 +1,140 @@
+#include "app/folder_facts.h"
+#include "app/frmMain.h"
+#include "base/utf8.h"
+#include "platform/path.h"
+#include "services/disk_proc.h"
+#include "text/text_numbers.h"
+
+/// Choosing the source and the target folder, and making a subfolder of the target.
+namespace app {
+namespace {
+
+void ReplaceSample(std::string& text, const std::string& sample, const std::string& with) {
+  const std::size_t at = text.find(sample);
+  if (at != std::string::npos) text.replace(at, sample.size(), with);
+}
+
+std::string WithoutSeparatorsAtEnds(std::string_view name) {
+  while (!name.empty() && platform::IsSeparator(name.front())) name.remove_prefix(1);
+  while (!name.empty() && platform::IsSeparator(name.back())) name.remove_suffix(1);
+  return std::string(name);
+}
+
+}  // namespace
+
+bool frmMain::IsInRecycleBin(const std::string& path) const {
+  const std::string behind_root = base::utf8::ToUpper(platform::BehindRoot(path));
+  for (std::size_t i = 1; i < RecycleBinNames.size(); ++i) {
+    if (behind_root.starts_with(RecycleBinNames[i])) return true;
+  }
+  return false;
+}
+
+void frmMain::cmdSpecifyDirectory_MouseUp(std::size_t index) {
+  if (IgnoreMouseUp) return;
+  ChooseFolder(index);
+  SetInitialFocus();
+}
+
+void frmMain::ChooseFolder(std::size_t index) {
+  auto chosen = context_.front_end.dialogs().BrowseForFolder(
+      *this, Text(index == 0 ? text::kBrowseSource : text::kBrowseTarget), txbDirectory[index].text(), true);
+  if (!chosen) return;
+  const std::string path = chosen->substr(0, chosen->find('\0'));
+  if (path.empty() || !MayBeChosen(index, path)) return;
+  TakeFolder(index, path);
+  OfferOtherFolder(index);
+}
+
+bool frmMain::MayBeChosen(std::size_t index, const std::string& path) {
+  ui::Dialogs& dialogs = context_.front_end.dialogs();
+  if (IsInRecycleBin(path)) {
+    dialogs.Show(*this, {"A recycle bin cannot be a backup source or target.", {}, ui::Icon::kInformation});
+    return false;
+  }
+  std::string reason;
+  if (index == 1 && !platform::IsDiskRoot(path) && DiskProc::IsWriteProtected(context_.files, path, reason)) {
+    dialogs.Show(*this, {"The target folder is on a write-protected disk.", "Disk is write-protected",
+                         ui::Icon::kInformation});
+    return false;
+  }
+  return true;
+}
+
+void frmMain::TakeFolder(std::size_t index, const std::string& path) {
+  const bool changed = txbDirectory[index].text() != path;
+  txbDirectory[index].SetText(path);
+  txbDirectory[index].SetToolTip(path);
+  if (changed) SetupEdited();
+  if (index == 1) return RefreshTargetFolderDisplay();
+  if (changed) {
+    cboIncludedFolders.Clear();
+    chkIncludeSubfolders.SetValue(0);
+  }
+  RefreshSourceFolderDisplay();
+}
+
+/// Asks once for each use of a button, and only while the other folder holds a path that may have to change
+/// with it.
+void frmMain::OfferOtherFolder(std::size_t index) {
+  const std::size_t other = 1 - index;
+  if (offering_other_folder_ || txbDirectory[other].text().empty() || operation_windows_.OperationRunning())
+    return;
+  const std::string question = index == 0 ? "Do you wish to specify a new target disk or folder"
+                                          : "Do you wish to specify a new source disk or folder";
+  if (!context_.front_end.dialogs().AskYesNo(*this, {question, {}, ui::Icon::kQuestion})) return;
+  offering_other_folder_ = true;
+  ChooseFolder(other);
+  offering_other_folder_ = false;
+}
+
+void frmMain::cmdCreateSubFolder_MouseUp() {
+  ui::Dialogs& dialogs = context_.front_end.dialogs();
+  const std::string target = txbDirectory[1].text();
+  if (!platform::IsSpecified(target)) {
+    dialogs.Show(*this, {"A target folder must first be specified.", {}, ui::Icon::kInformation});
+    return;
+  }
+  if (!context_.files.Look(target)) {
+    if (!dialogs.AskYesNo(
+            *this, {Text(text::kCreateTarget), Text(text::kTitleMissingTarget), ui::Icon::kQuestion})) {
+      return;
+    }
+    if (const auto made = context_.files.CreateFolder(target); !made) TellFolderNotCreated(target);
+    return RefreshTargetFolderDisplay();
+  }
+  std::string prompt = Text(text::kNewSubfolderName);
+  ReplaceSample(prompt, "C:\\", target);
+  const ui::Twips below = top() + fraTarget.top() + cmdCreateSubFolder.bounds().bottom() + 500;
+  const auto answer =
+      dialogs.AskText(*this, {prompt, {}, left() + fraTarget.left() + cmdCreateSubFolder.left(), below});
+  const std::string name = WithoutSeparatorsAtEnds(answer.value_or(std::string()));
+  if (!name.empty()) CreateSubfolder(platform::JoinPath(target, name));
+}
+
+void frmMain::CreateSubfolder(const std::string& path) {
+  ui::Dialogs& dialogs = context_.front_end.dialogs();
+  if (context_.files.Look(path)) {
+    dialogs.Show(*this, {Text(text::kFolderThere) + " " + path, {}, ui::Icon::kInformation});
+    return;
+  }
+  if (const auto made = context_.files.CreateFolder(path); !made) return TellFolderNotCreated(path);
+  dialogs.Show(*this, {Text(text::kFolderCreated) + " " + path, {}, ui::Icon::kInformation});
+  std::string question = Text(text::kMakeItTheTarget);
+  ReplaceSample(question, "E:\\", path);
+  if (dialogs.AskYesNo(*this, {question, {}, ui::Icon::kQuestion})) {
+    TakeFolder(1, path);
+  } else {
+    RefreshTargetFolderDisplay();
+  }
+}
+
+void frmMain::TellFolderNotCreated(const std::string& path) {
+  std::string message = Text(text::kFolderNotCreated);
+  const std::string drive = context_.files.DriveOf(path);
+  if (!drive.empty()) message += " " + Text(text::kOnDrive) + " " + drive + " " + Text(text::kUnderPath);
+  message += "\r\n" + path;
+  context_.front_end.dialogs().Show(*this, {message, {}, ui::Icon::kExclamation});
+}
+
+}  // namespace app

@@ -1,0 +1,39 @@
+#include "app/folder_facts.h"
+
+namespace app {
+namespace {
+
+int ErrorNumber(platform::ErrorKind kind) {
+  switch (kind) {
+    case platform::ErrorKind::kAccessDenied:
+      return 70;
+    case platform::ErrorKind::kNotFound:
+    case platform::ErrorKind::kNotAFolder:
+      return 76;
+    default:
+      return -1;
+  }
+}
+
+}  // namespace
+
+FolderContent ContentOf(platform::FileSystem& files, const std::string& folder) {
+  FolderContent content;
+  const auto listing = files.OpenFolder(folder);
+  if (!listing) {
+    content.error = ErrorNumber(listing.error().kind);
+    return content;
+  }
+  for (const platform::Entry& entry : (*listing)->entries()) {
+    if (entry.kind == platform::EntryKind::kFile) ++content.files;
+    if (entry.kind == platform::EntryKind::kFolder) ++content.subfolders;
+  }
+  return content;
+}
+
+bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder) {
+  const FolderContent content = ContentOf(files, folder);
+  return content.error != 0 || (content.files == 0 && content.subfolders == 0);
+}
+
+}  // namespace app

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace app {
+
+/// What a look into a folder tells.
+struct FolderContent {
+  /// 0; 70: no permission; 76: no such folder; -1: it could not be read for another reason. The counts are
+  /// then 0.
+  int error = 0;
+  int files = 0;
+  int subfolders = 0;  ///< without links
+};
+
+FolderContent ContentOf(platform::FileSystem& files, const std::string& folder);
+
+/// Whether a folder holds no file and no subfolder. One that cannot be read counts as empty.
+bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder);
+
+}  // namespace app

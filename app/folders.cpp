@@ -1,0 +1,69 @@
+#include <algorithm>
+
+#include "app/folder_facts.h"
+#include "app/frmMain.h"
+#include "platform/path.h"
+#include "report/str_proc.h"
+#include "services/disk_proc.h"
+
+/// What the main window shows of the source and the target folder.
+namespace app {
+
+void frmMain::RefreshTargetFolderDisplay() {
+  const bool specified = platform::IsSpecified(txbDirectory[1].text());
+  cmdClearFolder[1].SetVisible(!txbDirectory[1].text().empty());
+  RefreshEnabledStates();
+  lblTargetFolderIsEmpty.SetVisible(specified);
+  lblFreeSpace.SetVisible(specified);
+  if (specified) {
+    RefreshFreeSpaceLabel();
+    RefreshTargetEmptyLabel();
+  } else {
+    lblFreeSpace.SetText({});
+  }
+}
+
+void frmMain::RefreshFreeSpaceLabel() {
+  const std::string& target = txbDirectory[1].text();
+  double free_bytes = 0;
+  double total_bytes = 0;
+  if (!platform::IsSpecified(target) ||
+      DiskProc::GetDiskSpace(context_.files, target, free_bytes, total_bytes) != 0) {
+    lblFreeSpace.SetText({});
+    return;
+  }
+  lblFreeSpace.SetText("Free space on " + context_.files.DriveOf(target) + " " +
+                       StrProc::FormatByteCountWithMb(free_bytes, false, context_.marks));
+}
+
+void frmMain::RefreshTargetEmptyLabel() {
+  const std::string& target = txbDirectory[1].text();
+  if (!platform::IsSpecified(target)) {
+    lblTargetFolderIsEmpty.SetText({});
+    return;
+  }
+  const std::string word = platform::IsDiskRoot(target) ? "disk" : "folder";
+  lblTargetFolderIsEmpty.SetText("The target " + word +
+                                 (IsFolderEmpty(context_.files, target) ? " is empty." : " is not empty."));
+  lblTargetFolderIsEmpty.SetVisible(true);
+}
+
+void frmMain::cmdClearFolder_Click(int index) {
+  SetupEdited();
+  if (index == 2) {
+    txbExcludedFilepaths.SetText({});
+    txbExcludedFilepaths.SetToolTip({});
+    return;
+  }
+  const auto which = static_cast<std::size_t>(index);
+  txbDirectory[which].SetText({});
+  txbDirectory[which].SetToolTip({});
+  if (index == 0) {
+    cboIncludedFolders.Clear();
+    RefreshSourceFolderDisplay();
+  } else {
+    RefreshTargetFolderDisplay();
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,223 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/context.h"
+#include "app/data/operation.h"
+#include "app/data/setup.h"
+#include "app/operation_windows.h"
+#include "report/frmPopUp.h"
+#include "services/setup_file.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+#include "ui/text_box.h"
+
+namespace app {
+
+/// The main window. Holds the one Setup in its controls and starts everything the program does. Its member
+/// functions are written in files by topic: frmMain.cpp (the controls), layout, start_up, setup_fields,
+/// setup_commands, folders, folder_choice, subfolders, filter_fields, operations.
+class frmMain : public ui::Form {
+ public:
+  explicit frmMain(Context& context);
+
+  // --- Start-up and end
+  /// The whole start-up, in the end with the unattended run that a command line asks for. Called once.
+  void Form_Load();
+  /// The window's own close: ends the program at once, without saving.
+  void Form_Unload();
+  void cmdQuit_MouseUp();
+  void Clock_Timer();
+  void Clock2_Timer();
+  void SetInitialFocus();
+
+  // --- The Setup
+  /// What the controls say now.
+  Setup CurrentSetup() const;
+  /// Puts every control to what the setup says, and refreshes what depends on it.
+  void ShowSetup(const Setup& setup);
+  void ClearSetupControls();
+  /// The user has changed the setup: it is to be saved again.
+  void SetupEdited() { SetupJustSaved = false; }
+  /// Sets SetupJustSaved and starts its time over.
+  void MarkSetupSaved();
+  /// Loads the last-run setup where there is one; in any case refreshes the folder displays and takes the
+  /// snapshot.
+  void LoadLastRunSetup(bool show_message);
+  /// Keeps the Setup for "Restore setup".
+  void SnapshotSetup();
+
+  // --- Setup commands
+  void cmdSetup_MouseUp();
+  void cmdLoadSetup_Click();
+  void cmdSaveSetup_Click();
+  void cmdClearSetup_Click();
+  void cmdRestoreSetup_Click();
+  void cmdKeepSetup_Click();
+  void cmdSaveSetupForNextRun_Click();
+  void cmdSaveSetupAsOperationFile_Click();
+  void cmdSaveSetupInBothWays_Click();
+  void cmdDontSaveSetup_Click();
+  void CloseSetupFrame();
+
+  // --- Folders
+  void cmdSpecifyDirectory_MouseUp(std::size_t index);
+  void cmdCreateSubFolder_MouseUp();
+  void RefreshSourceFolderDisplay();
+  void RefreshTargetFolderDisplay();
+  void RefreshTargetEmptyLabel();
+  void RefreshFreeSpaceLabel();
+  void cmdClearFolder_Click(int index);
+  void cmdRemoveSubfolder_Click();
+
+  // --- Filters
+  void txbFileExtension_LostFocus();
+  void txbExcludedFilepaths_LostFocus();
+  void cboModifiedSince_Click();
+
+  // --- Operations
+  void cmdListSubFolders_MouseUp() { StartOperation(Operation::kListIncludedSubfolders); }
+  void cmdCheckBackupState_MouseUp() { StartOperation(Operation::kCheckBackupState); }
+  void cmdBackupAllFiles_MouseUp() { StartOperation(Operation::kBackupAllFiles); }
+  void cmdBackupModifiedFiles_MouseUp() { StartOperation(Operation::kBackupModifiedFiles); }
+  void cmdReportScreen_MouseUp();
+  /// Shows what is going on in place of the introduction; empty: the introduction again.
+  void ShowNote(const std::string& note);
+  void LockControls();
+  void UnlockControls();
+  report::frmReport& ReportWindow() { return operation_windows_.ReportWindow(); }
+  report::frmPopUp& PopUpWindow() { return pop_up_; }
+  /// Asks a running operation to stop, as "Cancel operation" does.
+  void StopOperation() { operation_windows_.RequestStop(); }
+
+  // --- State
+  std::array<std::string, 4> RecycleBinNames;
+  std::string LastRunSetupPath;
+  bool FormLoaded = false;
+  bool RunningFromCommandLine = false;
+  bool IgnoreMouseUp = false;
+  bool SetupJustSaved = false;
+  bool SkipConfirmation = false;  ///< "Do not show this again while the program runs"
+  bool SkipPictureCaches =
+      false;                   ///< the picture caches of file managers are not backed up; no control sets it
+  bool SetupLoadMode = false;  ///< fraSaveSetup's buttons load instead of save
+  bool AnyIncludedFolderHasSubfolders = false;
+  Operation CurrentOperation = Operation::kCheckBackupState;
+
+  // --- Controls, in tab order: what, to where, which files, how, do it
+  ui::Label lblIntro{this, "lblIntro"};
+  ui::Frame fraSource{this, "fraSource"};
+  ui::Frame fraTarget{this, "fraTarget"};
+  ui::Frame fraFiles{this, "fraFiles"};
+  ui::Frame fraOptions{this, "fraOptions"};
+  std::array<ui::Button, 2> cmdSpecifyDirectory{ui::Button{&fraSource, "cmdSpecifyDirectory 0"},
+                                                ui::Button{&fraTarget, "cmdSpecifyDirectory 1"}};
+  std::array<ui::TextBox, 2> txbDirectory{ui::TextBox{&fraSource, "txbDirectory 0"},
+                                          ui::TextBox{&fraTarget, "txbDirectory 1"}};
+  ui::Label lblBackupOnlyExtension{&fraFiles, "lblBackupOnlyExtension"};
+  ui::TextBox txbFileExtension{&fraFiles, "txbFileExtension"};
+  ui::Label lblSkipFilepaths{&fraFiles, "lblSkipFilepaths"};
+  ui::TextBox txbExcludedFilepaths{&fraFiles, "txbExcludedFilepaths"};
+  std::array<ui::Button, 3> cmdClearFolder{ui::Button{&fraSource, "cmdClearFolder 0"},
+                                           ui::Button{&fraTarget, "cmdClearFolder 1"},
+                                           ui::Button{&fraFiles, "cmdClearFolder 2"}};
+  ui::Button cmdSelectSubfolders{&fraSource, "cmdSelectSubfolders"};
+  ui::Label lblNumSubfolders{&fraSource, "lblNumSubfolders"};
+  ui::DropDownList cboIncludedFolders{&fraSource, "cboIncludedFolders"};
+  ui::Button cmdRemoveSubfolder{&fraSource, "cmdRemoveSubfolder"};
+  ui::CheckBox chkIncludeSubfolders{&fraSource, "chkIncludeSubfolders"};
+  ui::CheckBox chkExcludeFilesInSourceFolder{&fraSource, "chkExcludeFilesInSourceFolder"};
+  ui::Button cmdCreateSubFolder{&fraTarget, "cmdCreateSubFolder"};
+  ui::Label lblFreeSpace{&fraTarget, "lblFreeSpace"};
+  ui::Label lblTargetFolderIsEmpty{&fraTarget, "lblTargetFolderIsEmpty"};
+  ui::Label lblModifiedSince{&fraFiles, "lblModifiedSince"};
+  ui::DropDownList cboModifiedSince{&fraFiles, "cboModifiedSince"};
+  ui::CheckBox chkPauseAfterFirstCopy{&fraOptions, "chkPauseAfterFirstCopy"};
+  ui::CheckBox chkSuppressDetailedReports{&fraOptions, "chkSuppressDetailedReports"};
+  ui::Label lblWarningReFilesInUse{this, "lblWarningReFilesInUse"};
+  ui::Frame fraMenu{this, "fraMenu"};
+  ui::Button cmdListSubFolders{&fraMenu, "cmdListSubFolders"};
+  ui::Button cmdCheckBackupState{&fraMenu, "cmdCheckBackupState"};
+  ui::Button cmdBackupAllFiles{&fraMenu, "cmdBackupAllFiles"};
+  ui::Button cmdBackupModifiedFiles{&fraMenu, "cmdBackupModifiedFiles"};
+  ui::Button cmdReportScreen{&fraMenu, "cmdReportScreen"};
+  ui::Button cmdSetup{&fraMenu, "cmdSetup"};
+  ui::TextBox txbSetupFile{&fraMenu, "txbSetupFile"};
+  ui::Label lblPreviousRun{this, "lblPreviousRun"};
+  ui::CheckBox chkSaveSetupOnQuit{this, "chkSaveSetupOnQuit"};
+  ui::Button cmdHelp{this, "cmdHelp"};
+  ui::Button cmdQuit{this, "cmdQuit"};
+  ui::Frame fraSetup{this, "fraSetup"};
+  ui::Button cmdLoadSetup{&fraSetup, "cmdLoadSetup"};
+  ui::Button cmdSaveSetup{&fraSetup, "cmdSaveSetup"};
+  ui::Button cmdClearSetup{&fraSetup, "cmdClearSetup"};
+  ui::Button cmdRestoreSetup{&fraSetup, "cmdRestoreSetup"};
+  ui::Button cmdKeepSetup{&fraSetup, "cmdKeepSetup"};
+  ui::Frame fraSaveSetup{this, "fraSaveSetup"};
+  ui::Button cmdSaveSetupForNextRun{&fraSaveSetup, "cmdSaveSetupForNextRun"};
+  ui::Button cmdSaveSetupAsOperationFile{&fraSaveSetup, "cmdSaveSetupAsOperationFile"};
+  ui::Button cmdSaveSetupInBothWays{&fraSaveSetup, "cmdSaveSetupInBothWays"};
+  ui::Button cmdDontSaveSetup{&fraSaveSetup, "cmdDontSaveSetup"};
+  ui::Timer Clock{this, "Clock"};
+  ui::Timer Clock2{this, "Clock2"};
+  ui::Timer HintDelay{this, "HintDelay"};
+
+ private:
+  std::string Text(int number) const { return context_.texts.GetProgramText(number); }
+  void SetCaptions();
+  void SetSpokenNamesAndKeys();
+  void ConnectHandlers();
+  void ConnectHints();
+  void Button_MouseMove(const ui::Button& button);
+  void Button_MouseLeave();
+  void ShowHint();
+  /// A control's bounds as seen from the window's inner corner.
+  ui::Rect PlaceInWindow(const ui::Control& control) const;
+  void InitialiseMainWindow();
+  void ArrangeMainWindow();
+  void ArrangeSetupFrames();
+  void FitWidth();
+  void PlaceOnScreen();
+  void ShowPreviousRun();
+  void RunUnattended();
+  void ShutDownAfterOperation();
+  void EndProgram();
+  void StartOperation(Operation operation);
+  bool IsInRecycleBin(const std::string& path) const;
+  void ChooseFolder(std::size_t index);
+  bool MayBeChosen(std::size_t index, const std::string& path);
+  void TakeFolder(std::size_t index, const std::string& path);
+  void OfferOtherFolder(std::size_t index);
+  void CreateSubfolder(const std::string& path);
+  void TellFolderNotCreated(const std::string& path);
+
+  void OpenSaveSetupFrame(bool load);
+  services::LoadedSetup LoadOperationFile(const std::string& path);
+  void LoadSetupFromFile();
+  void SaveSetupInFile();
+  bool SaveSetup(const std::string& path, bool show_pop_up);
+  bool SaveForNextRunOrTell(bool show_pop_up);
+  void TellSetupFailure(const std::string& message);
+  void ShowSetupFile(const std::string& path);
+  ui::FileDialog SetupFileDialog(int title) const;
+
+  void ShowSummaryOfSubfolders(int error, int subfolders);
+  void ShowIncludedFolders();
+  /// Shows or disables what only makes sense with something else: Clear buttons, commands.
+  void RefreshEnabledStates();
+
+  Context& context_;
+  OperationWindows operation_windows_;
+  report::frmPopUp pop_up_;
+  report::frmPopUp hint_;
+  const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
+  Setup restore_snapshot_;
+  bool offering_other_folder_ = false;
+  std::vector<ui::Control*> locked_;
+  int clock_ticks_ = 0;
+};
+
+}  // namespace app

@@ -1,0 +1,157 @@
+#include "app/operation_windows.h"
+
+#include <utility>
+
+#include "app/frmMain.h"
+#include "app/run_result.h"
+#include "services/date_pr2.h"
+#include "services/disk_proc.h"
+#include "text/text_numbers.h"
+
+namespace app {
+
+OperationWindows::OperationWindows(Context& context, frmMain& main_window)
+    : context_(context), main_(main_window) {}
+
+OperationWindows::~OperationWindows() = default;
+
+report::frmReport& OperationWindows::ReportWindow() {
+  if (!report_)
+    report_ = std::make_unique<report::frmReport>(context_.front_end, context_.clock, context_.texts, *this);
+  return *report_;
+}
+
+bool OperationWindows::ReportHoldsText() const { return report_ && report_->HoldsText(); }
+
+void OperationWindows::ShowReport() { ReportWindow().Show(); }
+
+void OperationWindows::Run(Operation operation) {
+  if (running_) return;
+  operation_ = operation;
+  stop_requested_ = false;
+  running_ = true;
+  const auto awake = context_.shell.KeepAwake();
+  const auto begin = context_.clock.Monotonic();
+  const bool unattended = main_.RunningFromCommandLine;
+  std::string reason;
+  const engine::RunOutcome outcome =
+      engine::RunOperation(*this, EngineTools(), RequestFor(operation), unattended ? &reason : nullptr);
+  running_ = false;
+  if (unattended) {
+    const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
+    ReportUnattended(outcome, reason, seconds.count());
+  }
+}
+
+engine::Tools OperationWindows::EngineTools() const {
+  platform::FileSystem& files = context_.files;
+  return {files,
+          context_.clock,
+          context_.texts,
+          context_.marks,
+          [&files](const std::string& path, double& free_bytes, double& total_bytes) {
+            return DiskProc::GetDiskSpace(files, path, free_bytes, total_bytes);
+          },
+          [&files](const std::string& folder) {
+            std::string reason;
+            return DiskProc::IsWriteProtected(files, folder, reason);
+          }};
+}
+
+engine::RunRequest OperationWindows::RequestFor(Operation operation) const {
+  engine::RunRequest request;
+  request.setup = main_.CurrentSetup();
+  request.operation = operation;
+  request.modified_since = DatePr2::ModifiedSinceLimit(request.setup.ModifiedSince, context_.clock);
+  request.skip_picture_caches = main_.SkipPictureCaches;
+  return request;
+}
+
+/// A refusal's reason stands in the report; then comes the line that sums the run up.
+void OperationWindows::ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason,
+                                        double seconds) {
+  exit_code_ = static_cast<int>(EndingOf(outcome));
+  if (outcome.status != 0) {
+    const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
+    OpenReport(operation_,
+               {not_started, {not_started + " " + reason + " (" + std::to_string(outcome.status) + ")"}});
+    CloseReport(context_.texts.GetProgramText(text::kClose));
+  }
+  context_.print(ResultLine(outcome, seconds));
+}
+
+void OperationWindows::EndWithProgram() {
+  stop_requested_ = true;
+  if (report_) report_->Hide();
+}
+
+void OperationWindows::PrepareFor(Operation operation) {
+  main_.CurrentOperation = operation;
+  if (!IsListOperation(operation)) main_.RefreshFreeSpaceLabel();
+}
+
+void OperationWindows::Refuse(const std::string& text, const std::string& title) {
+  context_.front_end.dialogs().Show(main_, {text, title, ui::Icon::kExclamation});
+}
+
+void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note); }
+
+bool OperationWindows::ConfirmOperation(Operation) { return true; }
+
+engine::Listener& OperationWindows::OpenReport(Operation operation, const engine::ReportHeading& heading) {
+  const Setup setup = main_.CurrentSetup();
+  report::RunFacts facts;
+  facts.operation = operation;
+  facts.suppress_detailed_report = setup.SuppressDetailedReports;
+  facts.unattended = main_.RunningFromCommandLine;
+  facts.source_folder = setup.SourceFolder;
+  facts.modified_since = DatePr2::ModifiedSinceText(setup.ModifiedSince, context_.texts);
+  if (!IsListOperation(operation)) {
+    facts.target_folder = setup.TargetFolder;
+    facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
+    facts.free_space_text = [this, target = setup.TargetFolder] {
+      return DiskProc::FreeSpaceText(context_.files, target, context_.marks);
+    };
+  }
+  ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
+  run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
+                                                    std::move(facts));
+  run_report_->Begin(heading.caption, heading.lines);
+  return *run_report_;
+}
+
+void OperationWindows::RefreshFreeSpace() { main_.RefreshFreeSpaceLabel(); }
+
+void OperationWindows::LockControls() { main_.LockControls(); }
+
+void OperationWindows::WriteSummary(Operation, const engine::Totals& totals) {
+  run_report_->WriteSummary(totals);
+}
+
+void OperationWindows::CloseReport(const std::string& close_caption) {
+  ReportWindow().SetReportButtons(close_caption);
+  ReportWindow().SetLineSink({});
+}
+
+void OperationWindows::UnlockControls() { main_.UnlockControls(); }
+
+void OperationWindows::RefreshFolderDisplays() {
+  main_.RefreshSourceFolderDisplay();
+  main_.RefreshTargetFolderDisplay();
+}
+
+ui::Form& OperationWindows::Window() { return main_; }
+
+bool OperationWindows::SuppressDetailedReports() const {
+  return main_.chkSuppressDetailedReports.value() == 1;
+}
+
+bool OperationWindows::StopRequested() const { return stop_requested_ || context_.front_end.quitting(); }
+
+void OperationWindows::EnableOperationControls() { main_.UnlockControls(); }
+
+report::RunningCounts OperationWindows::Counts() const {
+  return run_report_ ? run_report_->counts() : report::RunningCounts();
+}
+
+}  // namespace app

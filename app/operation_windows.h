@@ -1,0 +1,80 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/context.h"
+#include "app/data/operation.h"
+#include "engine/operation_run.h"
+#include "engine/run_host.h"
+#include "report/frmReport.h"
+#include "report/main_window.h"
+#include "report/run_report.h"
+
+namespace app {
+
+class frmMain;
+
+/// The windows around an operation: runs the engine, stands between it and the main window, and owns the
+/// report window, which the first operation makes.
+class OperationWindows : public engine::RunHost, public report::MainWindow {
+ public:
+  OperationWindows(Context& context, frmMain& main_window);
+  ~OperationWindows() override;
+
+  /// Runs the operation to its end. Unattended while frmMain::RunningFromCommandLine is set.
+  void Run(Operation operation);
+
+  bool OperationRunning() const override { return running_; }
+  void RequestStop() override { stop_requested_ = true; }
+  bool ReportHoldsText() const;
+  /// Brings the report window to the front.
+  void ShowReport();
+  report::frmReport& ReportWindow();
+
+  /// What the program's exit code says of the unattended run: 0 clean (or there was none), 1 with warnings, 2
+  /// files failed, 3 cancelled, 4 refused.
+  int exit_code() const { return exit_code_; }
+  void SetTimeStamp(std::string time_stamp) { time_stamp_ = std::move(time_stamp); }
+  /// The program ends: stops a run that is still on its way and hides the report.
+  void EndWithProgram();
+
+ private:
+  // engine::RunHost
+  void PrepareFor(Operation operation) override;
+  void Refuse(const std::string& text, const std::string& title) override;
+  void ShowNote(const std::string& note) override;
+  bool ConfirmOperation(Operation operation) override;
+  engine::Listener& OpenReport(Operation operation, const engine::ReportHeading& heading) override;
+  void RefreshFreeSpace() override;
+  void LockControls() override;
+  void WriteSummary(Operation operation, const engine::Totals& totals) override;
+  void CloseReport(const std::string& close_caption) override;
+  void UnlockControls() override;
+  void RefreshFolderDisplays() override;
+
+  // report::MainWindow
+  ui::Form& Window() override;
+  bool SuppressDetailedReports() const override;
+  bool SnipFullReport() const override { return IsCopyOperation(operation_); }
+  bool StopRequested() const override;
+  void EnableOperationControls() override;
+  report::RunningCounts Counts() const override;
+
+  engine::Tools EngineTools() const;
+  engine::RunRequest RequestFor(Operation operation) const;
+  void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
+
+  Context& context_;
+  frmMain& main_;
+  std::unique_ptr<report::frmReport> report_;
+  std::unique_ptr<report::RunReport> run_report_;
+  Operation operation_ = Operation::kCheckBackupState;
+  bool running_ = false;
+  bool stop_requested_ = false;
+  bool show_confirmation_ = true;
+  int exit_code_ = 0;
+  std::string time_stamp_;
+};
+
+}  // namespace app

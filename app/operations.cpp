@@ -1,0 +1,36 @@
+#include "app/frmMain.h"
+#include "text/text_numbers.h"
+
+/// Starting an operation, and what the main window does meanwhile.
+namespace app {
+
+void frmMain::StartOperation(Operation operation) {
+  CurrentOperation = operation;
+  operation_windows_.Run(operation);
+}
+
+void frmMain::cmdReportScreen_MouseUp() { operation_windows_.ShowReport(); }
+
+void frmMain::ShowNote(const std::string& note) {
+  lblIntro.SetText(note.empty() ? Text(text::kIntroduction) : note);
+  lblIntro.Repaint();
+}
+
+/// Everything but Quit is disabled during a run; the pause may still be chosen while its effect can be seen.
+void frmMain::LockControls() {
+  ForEach([this](ui::Control& control) {
+    const bool is_frame = dynamic_cast<ui::Container*>(&control) != nullptr;
+    if (is_frame || &control == &cmdQuit || !control.enabled()) return;
+    control.SetEnabled(false);
+    locked_.push_back(&control);
+  });
+  chkPauseAfterFirstCopy.SetEnabled(chkSuppressDetailedReports.value() == 0);
+}
+
+void frmMain::UnlockControls() {
+  for (ui::Control* control : locked_) control->SetEnabled(true);
+  locked_.clear();
+  chkPauseAfterFirstCopy.SetEnabled(true);
+}
+
+}  // namespace app

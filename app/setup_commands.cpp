@@ -1,0 +1,183 @@
+#include "app/frmMain.h"
+#include "base/utf8.h"
+#include "platform/path.h"
+#include "services/setup_file.h"
+#include "services/setup_text.h"
+#include "text/text_numbers.h"
+
+/// The two frames of setup commands: load, save, clear, restore.
+namespace app {
+namespace {
+
+/// The lower-cased part behind the last "." of a path's name; empty when there is none.
+std::string ExtensionOf(std::string_view path) {
+  const std::string_view name = platform::NameOf(path);
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? std::string() : base::utf8::ToLower(name.substr(dot + 1));
+}
+
+}  // namespace
+
+void frmMain::cmdSetup_MouseUp() {
+  if (IgnoreMouseUp) return;
+  for (ui::Control* control : std::initializer_list<ui::Control*>{
+           &chkSaveSetupOnQuit, &txbSetupFile, &fraFiles, &fraOptions, &lblWarningReFilesInUse}) {
+    control->SetVisible(false);
+  }
+  fraMenu.SetEnabled(false);
+  fraSetup.SetTop(fraMenu.top() + cmdSetup.top() + 120);
+  fraSetup.SetVisible(true);
+  fraSetup.SetEnabled(true);
+  cmdSaveSetup.SetFocus();
+}
+
+void frmMain::CloseSetupFrame() {
+  fraSetup.SetVisible(false);
+  fraSaveSetup.SetVisible(false);
+  for (ui::Control* control :
+       std::initializer_list<ui::Control*>{&fraFiles, &fraOptions, &lblWarningReFilesInUse,
+                                           &chkSuppressDetailedReports, &chkSaveSetupOnQuit}) {
+    control->SetVisible(true);
+  }
+  txbSetupFile.SetVisible(!txbSetupFile.text().empty());
+  fraMenu.SetEnabled(true);
+  RefreshEnabledStates();
+  cmdSetup.SetFocus();
+}
+
+void frmMain::OpenSaveSetupFrame(bool load) {
+  SetupLoadMode = load;
+  cmdSaveSetupForNextRun.SetText(load ? "Load setup from last run" : "Save setup for next run");
+  cmdSaveSetupAsOperationFile.SetText(load ? "Load setup from setup file" : "Save setup in setup file");
+  cmdSaveSetupInBothWays.SetText(load ? "Not now" : "Save setup in both ways");
+  cmdDontSaveSetup.SetVisible(!load);
+  fraSetup.SetVisible(false);
+  fraSaveSetup.SetLeft(fraSetup.left() + cmdSetup.width() + 100);
+  fraSaveSetup.SetTop(fraMenu.top() + cmdSetup.top() + 120);
+  fraSaveSetup.SetVisible(true);
+  cmdSaveSetupForNextRun.SetFocus();
+}
+
+void frmMain::cmdLoadSetup_Click() { OpenSaveSetupFrame(true); }
+
+void frmMain::cmdSaveSetup_Click() { OpenSaveSetupFrame(false); }
+
+void frmMain::cmdSaveSetupForNextRun_Click() {
+  if (SetupLoadMode) {
+    LoadLastRunSetup(false);
+  } else {
+    SaveForNextRunOrTell(true);
+  }
+  CloseSetupFrame();
+  MarkSetupSaved();
+}
+
+void frmMain::cmdSaveSetupAsOperationFile_Click() {
+  fraSetup.SetVisible(false);
+  if (SetupLoadMode) {
+    LoadSetupFromFile();
+  } else {
+    SaveSetupInFile();
+  }
+  CloseSetupFrame();
+}
+
+void frmMain::cmdSaveSetupInBothWays_Click() {
+  if (!SetupLoadMode && SaveForNextRunOrTell(false)) return cmdSaveSetupAsOperationFile_Click();
+  CloseSetupFrame();
+}
+
+void frmMain::cmdDontSaveSetup_Click() { CloseSetupFrame(); }
+
+void frmMain::cmdKeepSetup_Click() { CloseSetupFrame(); }
+
+void frmMain::cmdClearSetup_Click() {
+  ClearSetupControls();
+  SetupEdited();
+  CloseSetupFrame();
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+  cmdSpecifyDirectory[0].SetFocus();
+}
+
+void frmMain::cmdRestoreSetup_Click() {
+  ShowSetup(restore_snapshot_);
+  SetupEdited();
+  CloseSetupFrame();
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+}
+
+void frmMain::SnapshotSetup() { restore_snapshot_ = CurrentSetup(); }
+
+ui::FileDialog frmMain::SetupFileDialog(int title) const {
+  return {Text(title), Text(text::kSetupFiles) + " (*.qvr)", "*.qvr"};
+}
+
+void frmMain::TellSetupFailure(const std::string& message) {
+  context_.front_end.dialogs().Show(*this, {message, Text(text::kTitleSetupError), ui::Icon::kExclamation});
+}
+
+bool frmMain::SaveForNextRunOrTell(bool show_pop_up) {
+  const bool saved = SaveSetup(LastRunSetupPath, show_pop_up);
+  if (!saved) TellSetupFailure(Text(text::kSetupNotSaved));
+  return saved;
+}
+
+bool frmMain::SaveSetup(const std::string& path, bool show_pop_up) {
+  if (!services::SaveSetupToFile(context_.files, path, CurrentSetup())) return false;
+  if (show_pop_up) {
+    const auto of = [](int twips) { return static_cast<std::int16_t>(twips); };
+    pop_up_.PopUpInForm(*this, "Setup saved", of(cmdSetup.width()), of(cmdSetup.height()), 2000,
+                        of(fraMenu.top() + cmdSetup.top() + 500), of(fraMenu.left() + cmdSetup.left() + 160));
+  }
+  return true;
+}
+
+void frmMain::LoadSetupFromFile() {
+  txbSetupFile.SetVisible(false);
+  txbSetupFile.SetText({});
+  const auto path = context_.front_end.dialogs().OpenFile(*this, SetupFileDialog(text::kOpenSetupTitle));
+  // The button that ends a double click in the dialog is released over this window.
+  IgnoreMouseUp = true;
+  Clock2.Start(1000);
+  if (!path || path->empty()) return;
+
+  const services::LoadedSetup loaded = LoadOperationFile(*path);
+  if (loaded.result == services::kInputPastEnd) {
+    TellSetupFailure(Text(text::kSetupEndsEarly) + "\r\n" + *path + "\r\n\r\n" +
+                     Text(text::kSetupPartlyLoaded));
+  } else if (loaded.result > 0) {
+    TellSetupFailure(Text(text::kSetupNotRead) + "\r\n" + *path);
+  }
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+  if (!txbDirectory[0].text().empty() || !txbDirectory[1].text().empty()) ShowSetupFile(*path);
+}
+
+void frmMain::SaveSetupInFile() {
+  ui::Dialogs& dialogs = context_.front_end.dialogs();
+  const auto path = dialogs.SaveFile(*this, SetupFileDialog(text::kSaveSetupTitle));
+  if (!path || path->empty()) return;
+  if (ExtensionOf(*path) != "qvr") {
+    dialogs.Show(*this, {"Setup files must have extension 'qvr'.", cmdSaveSetupAsOperationFile.text(),
+                         ui::Icon::kInformation});
+    return;
+  }
+  if (context_.files.Look(*path) &&
+      !dialogs.AskYesNo(*this, {Text(text::kReplaceSetupFile) + " " + *path + "?",
+                                Text(text::kTitleSetupFileThere), ui::Icon::kQuestion})) {
+    return;
+  }
+  if (SaveSetup(*path, true)) return ShowSetupFile(*path);
+  TellSetupFailure(Text(text::kSetupFileNotSaved) + " " + *path + ".");
+  ShowSetupFile({});
+}
+
+void frmMain::ShowSetupFile(const std::string& path) {
+  txbSetupFile.SetText(path);
+  txbSetupFile.SetToolTip(path);
+  txbSetupFile.SetVisible(!path.empty());
+}
+
+}  // namespace app

@@ -1,0 +1,82 @@
+#include "app/frmMain.h"
+#include "services/date_pr2.h"
+#include "services/setup_file.h"
+#include "text/text_numbers.h"
+
+/// The Setup in the main window's controls, and the last-run setup.
+namespace app {
+
+Setup frmMain::CurrentSetup() const {
+  Setup setup;
+  setup.SourceFolder = txbDirectory[0].text();
+  setup.TargetFolder = txbDirectory[1].text();
+  setup.IncludedFolders = cboIncludedFolders.items();
+  setup.IncludeSubfolders = chkIncludeSubfolders.value() == 1;
+  setup.FileExtension = txbFileExtension.text();
+  setup.SkipFilepaths = txbExcludedFilepaths.text();
+  setup.ModifiedSince = cboModifiedSince.list_index();
+  setup.ExcludeFilesInSourceFolder = chkExcludeFilesInSourceFolder.value() == 1;
+  setup.PauseAfterFirstCopy = chkPauseAfterFirstCopy.value() == 1;
+  setup.SuppressDetailedReports = chkSuppressDetailedReports.value() == 1;
+  setup.SaveSetupOnQuit = chkSaveSetupOnQuit.value() == 1;
+  return setup;
+}
+
+void frmMain::ShowSetup(const Setup& setup) {
+  const std::string* const folders[] = {&setup.SourceFolder, &setup.TargetFolder};
+  for (std::size_t i = 0; i < 2; ++i) {
+    txbDirectory[i].SetText(*folders[i]);
+    txbDirectory[i].SetToolTip(*folders[i]);
+  }
+  cboIncludedFolders.SetItems(setup.IncludedFolders);
+  cboIncludedFolders.SetListIndex(setup.IncludedFolders.empty() ? -1 : 0);
+  chkIncludeSubfolders.SetValue(setup.IncludeSubfolders ? 1 : 0);
+  txbFileExtension.SetText(setup.FileExtension);
+  txbExcludedFilepaths.SetText(setup.SkipFilepaths);
+  txbExcludedFilepaths_LostFocus();
+  cboModifiedSince.SetListIndex(setup.ModifiedSince);
+  chkExcludeFilesInSourceFolder.SetValue(setup.ExcludeFilesInSourceFolder ? 1 : 0);
+  chkPauseAfterFirstCopy.SetValue(setup.PauseAfterFirstCopy ? 1 : 0);
+  chkSuppressDetailedReports.SetValue(setup.SuppressDetailedReports ? 1 : 0);
+  chkSaveSetupOnQuit.SetValue(setup.SaveSetupOnQuit ? 1 : 0);
+}
+
+void frmMain::ClearSetupControls() {
+  ShowSetup(Setup{});
+  fraSaveSetup.SetVisible(false);
+  fraMenu.SetEnabled(true);
+  RefreshSourceFolderDisplay();
+  chkPauseAfterFirstCopy.SetEnabled(true);
+  chkExcludeFilesInSourceFolder.SetVisible(false);
+  chkIncludeSubfolders.SetVisible(false);
+}
+
+void frmMain::MarkSetupSaved() {
+  SetupJustSaved = true;
+  clock_ticks_ = 0;
+}
+
+services::LoadedSetup frmMain::LoadOperationFile(const std::string& path) {
+  ClearSetupControls();
+  services::LoadedSetup loaded = services::LoadOperationFile(
+      {context_.files, context_.front_end.dialogs(), *this, context_.texts, FormLoaded}, path);
+  ShowSetup(loaded.setup);
+  if (loaded.clear_setup_file) ShowSetupFile({});
+  return loaded;
+}
+
+void frmMain::LoadLastRunSetup(bool show_message) {
+  const auto file = context_.files.Look(LastRunSetupPath);
+  if (file && file->kind == platform::EntryKind::kFile) {
+    if (show_message) {
+      context_.front_end.dialogs().Show(
+          *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
+    }
+    LoadOperationFile(LastRunSetupPath);
+  }
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+  SnapshotSetup();
+}
+
+}  // namespace app

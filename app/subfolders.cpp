@@ -1,0 +1,77 @@
+#include <algorithm>
+
+#include "app/folder_facts.h"
+#include "app/frmMain.h"
+#include "platform/path.h"
+
+/// What the main window shows of the source's subfolders.
+namespace app {
+namespace {
+
+std::string CauseOf(int error) {
+  if (error == 70) return "Permission denied";
+  if (error == 76) return "Path not found";
+  return "Error";
+}
+
+}  // namespace
+
+void frmMain::RefreshSourceFolderDisplay() {
+  const std::string& source = txbDirectory[0].text();
+  const bool specified = platform::IsSpecified(source);
+  cmdClearFolder[0].SetVisible(!source.empty());
+  chkExcludeFilesInSourceFolder.SetVisible(specified);
+  FolderContent content;
+  if (specified) {
+    content = ContentOf(context_.files, source);
+    chkExcludeFilesInSourceFolder.SetEnabled(content.files > 0);
+    ShowSummaryOfSubfolders(content.error, content.subfolders);
+  } else {
+    lblNumSubfolders.SetText({});
+  }
+  cmdListSubFolders.SetEnabled(specified && content.subfolders > 0);
+  ShowIncludedFolders();
+  RefreshEnabledStates();
+  SetInitialFocus();
+}
+
+void frmMain::ShowSummaryOfSubfolders(int error, int subfolders) {
+  if (error != 0) return lblNumSubfolders.SetText(CauseOf(error));
+  if (subfolders == 0) return lblNumSubfolders.SetText("There are no subfolders");
+  std::string text = subfolders == 1 ? std::string("There is one subfolder")
+                                     : "There are " + std::to_string(subfolders) + " subfolders";
+  const int included = cboIncludedFolders.count();
+  text += included == 0 ? std::string(", none selected") : ", " + std::to_string(included) + " selected";
+  lblNumSubfolders.SetText(std::move(text));
+}
+
+void frmMain::ShowIncludedFolders() {
+  const int included = cboIncludedFolders.count();
+  cboIncludedFolders.SetVisible(included > 0);
+  cmdRemoveSubfolder.SetVisible(included > 0);
+  AnyIncludedFolderHasSubfolders = std::any_of(
+      cboIncludedFolders.items().begin(), cboIncludedFolders.items().end(), [this](const auto& name) {
+        return ContentOf(context_.files, platform::JoinPath(txbDirectory[0].text(), name)).subfolders > 0;
+      });
+  chkIncludeSubfolders.SetVisible(AnyIncludedFolderHasSubfolders);
+  chkIncludeSubfolders.SetText(included == 1 ? std::string("Include all subfolders of this subfolder")
+                                             : "Include all subfolders of these " + std::to_string(included) +
+                                                   " subfolders");
+}
+
+void frmMain::cmdRemoveSubfolder_Click() {
+  const int selected = cboIncludedFolders.list_index();
+  if (selected < 0) return;
+  SetupEdited();
+  cboIncludedFolders.RemoveItem(selected);
+  cboIncludedFolders.SetListIndex(std::min(selected, cboIncludedFolders.count() - 1));
+  RefreshSourceFolderDisplay();
+}
+
+void frmMain::RefreshEnabledStates() {
+  const bool has_source = platform::IsSpecified(txbDirectory[0].text());
+  cmdSelectSubfolders.SetEnabled(has_source);
+  cmdCreateSubFolder.SetEnabled(platform::IsSpecified(txbDirectory[1].text()));
+}
+
+}  // namespace app

@@ -1,0 +1,55 @@
+#include <cstdio>
+#include <optional>
+#include <string>
+
+#include "main/program.h"
+#include "platform/path.h"
+#include "platform/posix/file_settings_store.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_locale.h"
+#include "platform/posix/posix_shell.h"
+#include "ui/headless/headless_front_end.h"
+#include "ui/qt/qt_front_end.h"
+
+/// The program for Linux desktops. Without a display it still does an unattended run.
+
+namespace {
+
+constexpr int kExitRefused = 4;
+
+std::string CommandLine(int argc, char** argv) {
+  std::string line;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) line += ' ';
+    line += argv[i];
+  }
+  return line;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string command_line = CommandLine(argc, argv);
+  const bool has_display = ui::qt::QtFrontEnd::HasDisplay();
+  if (!has_display && command_line.empty()) {
+    std::fputs(
+        "Quorvane needs a display for its windows. With any command line it backs up unattended without "
+        "one.\n",
+        stderr);
+    return kExitRefused;
+  }
+  platform::posix::PosixFileSystem files;
+  platform::posix::PosixClock clock;
+  platform::posix::PosixLocale locale;
+  platform::posix::PosixShell shell;
+  platform::posix::FileSettingsStore settings(
+      platform::JoinPath(platform::JoinPath(shell.ApplicationDataFolder(), "Quorvane"), "settings"));
+
+  if (!has_display) {
+    ui::headless::HeadlessFrontEnd front_end;
+    return program::Run({front_end, files, clock, locale, settings, shell}, command_line, true);
+  }
+  ui::qt::QtFrontEnd front_end(argc, argv);
+  return program::Run({front_end, files, clock, locale, settings, shell}, command_line, false);
+}

@@ -1,0 +1,41 @@
+#include "main/program.h"
+
+#include <cstdio>
+
+#include "app/frmMain.h"
+#include "platform/path.h"
+
+namespace program {
+namespace {
+
+constexpr std::int64_t kLargestTextFile = 1 << 20;
+
+std::string TextFile(const Parts& parts, const std::string& language) {
+  const std::string path = platform::JoinPath(parts.shell.ProgramFolder(), text::TextFileName(language));
+  const auto content = parts.files.ReadFile(path, kLargestTextFile);
+  return content ? *content : std::string();
+}
+
+void PrintLine(const std::string& line) {
+  std::fwrite(line.data(), 1, line.size(), stdout);
+  std::fputc('\n', stdout);
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself) {
+  const text::ProgramTexts texts(TextFile(parts, "en"), TextFile(parts, parts.locale.Language()));
+  app::Context context{parts.front_end, parts.files,
+                       parts.clock,     parts.locale,
+                       parts.settings,  parts.shell,
+                       texts,           {parts.locale.ThousandsSeparator(), parts.locale.DecimalSeparator()},
+                       command_line,    !ends_by_itself,
+                       PrintLine};
+  app::frmMain main_window(context);
+  main_window.Form_Load();
+  if (ends_by_itself) main_window.Form_Unload();
+  return parts.front_end.Run();
+}
+
+}  // namespace program

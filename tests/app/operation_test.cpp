@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include "tests/app/program.h"
+
+namespace app {
+namespace {
+
+using platform::memory::Call;
+using test::Program;
+using namespace ui::headless;
+
+TEST(UnattendedRun, BacksUpSaysSoOnStandardOutputAndKeepsTheSetup) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  program.files.AddFile("/src/a.txt", "hello", {1000, 0});
+  frmMain& window = program.Start("nightly");
+  EXPECT_EQ(program.files.ContentOf("/dst/a.txt"), "hello");
+  ASSERT_FALSE(program.printed.empty());
+  EXPECT_EQ(program.printed.back(), "RESULT status=ok new=1 modified=0 copied=1 failed=0 bytes=5 seconds=0");
+  EXPECT_TRUE(program.front_end.dialogs().asked.empty());
+  EXPECT_TRUE(program.shell.commands.empty());
+  EXPECT_FALSE(program.front_end.quitting());
+  EXPECT_FALSE(window.RunningFromCommandLine);
+  EXPECT_EQ(window.chkSaveSetupOnQuit.value(), 1);
+  EXPECT_EQ(program.shell.awake, 0);
+}
+
+struct EndingCase {
+  const char* status;
+  int exit_code;
+  void (*arrange)(Program&);
+};
+
+TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
+  for (const EndingCase& c : std::vector<EndingCase>{
+           {"ok", 0, [](Program&) {}},
+           {"warnings", 1, [](Program& p) { p.files.AddPipe("/src/pipe"); }},
+           {"failed", 2,
+            [](Program& p) {
+              p.files.Fail(Call::kReadSource, "", {platform::ErrorKind::kAccessDenied, 13, ""});
+            }},
+           {"cancelled", 3,
+            [](Program& p) {
+              p.files.Before([&p](Call call, const std::string&) {
+                if (call == Call::kCopyFile) p.window->StopOperation();
+              });
+            }},
+           {"refused", 4, [](Program& p) { p.files.Remove("/dst"); }}}) {
+    Program program;
+    program.SaveLastRun(program.SourceAndTarget());
+    program.files.AddFile("/src/a", "1");
+    c.arrange(program);
+    frmMain& window = program.Start("x");
+    EXPECT_TRUE(program.printed.back().starts_with(std::string("RESULT status=") + c.status))
+        << program.printed.back();
+    EXPECT_TRUE(program.front_end.dialogs().asked.empty()) << c.status;
+    window.UserClosed();
+    EXPECT_EQ(program.front_end.Run(), c.exit_code) << c.status;
+  }
+}
+
+TEST(UnattendedRun, SaysWhyItDidNotStart) {
+  Program program;
+  program.Start("x");
+  ASSERT_GE(program.printed.size(), 2U);
+  EXPECT_NE(program.printed[program.printed.size() - 2].find(program.texts.GetProgramText(37)),
+            std::string::npos);
+}
+
+TEST(UnattendedRun, ShutsDownOnlyWhenTheWordIsInTheCommandLine) {
+  for (const auto& [words, shuts_down] : std::vector<std::pair<const char*, bool>>{
+           {"shutdown", true}, {"nightly ShutDown please", true}, {"shut down", false}}) {
+    Program program;
+    program.SaveLastRun(program.SourceAndTarget());
+    program.files.AddFile("/src/a", "1");
+    program.front_end.when_idle = [&program] { Click(program.window->PopUpWindow().lblMessage); };
+    program.Start(words);
+    EXPECT_EQ(program.shell.commands.size(), shuts_down ? 2U : 0U) << words;
+    EXPECT_TRUE(program.files.Exists("/dst/a"));
+  }
+}
+
+TEST(Operation, LocksTheMainWindowAndGivesItBack) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  program.files.AddFile("/src/a", "1");
+  frmMain& window = program.Start();
+  bool locked = false;
+  program.files.Before([&](Call call, const std::string&) {
+    if (call != Call::kCopyFile) return;
+    locked = !window.cmdBackupAllFiles.reachable() && !window.cmdSpecifyDirectory[0].reachable() &&
+             window.cmdQuit.reachable() && window.chkPauseAfterFirstCopy.reachable();
+  });
+  window.SkipConfirmation = true;
+  Click(window.cmdBackupModifiedFiles);
+  EXPECT_TRUE(locked);
+  EXPECT_TRUE(window.cmdBackupAllFiles.reachable());
+  EXPECT_TRUE(window.ReportWindow().visible());
+  EXPECT_EQ(window.lblTargetFolderIsEmpty.text(), "The target folder is not empty.");
+}
+
+TEST(Operation, QuitDuringARunStopsItAndLeavesNoHalfCopy) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  program.files.AddFile("/src/a", std::string(1000, 'a'));
+  program.files.AddFile("/src/b", "b");
+  program.files.SetBlockSize(10);
+  frmMain& window = program.Start();
+  window.SkipConfirmation = true;
+  program.files.Before([&](Call call, const std::string&) {
+    if (call == Call::kCopyFile) Click(window.cmdQuit);
+  });
+  Click(window.cmdBackupModifiedFiles);
+  EXPECT_TRUE(program.files.NamesIn("/dst").empty());
+  EXPECT_TRUE(program.front_end.quitting());
+}
+
+TEST(Operation, RefusalsAreMessageBoxesWithTheExclamationIcon) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  frmMain& window = program.Start();
+  Click(window.cmdCheckBackupState);
+  ASSERT_EQ(program.front_end.dialogs().asked.size(), 1U);
+  EXPECT_EQ(program.front_end.dialogs().asked[0].icon, ui::Icon::kExclamation);
+  EXPECT_EQ(program.LastMessage(), program.texts.GetProgramText(37));
+}
+
+}  // namespace
+}  // namespace app
