@@ -145,7 +145,7 @@ class frmMain : public ui::Form {
   ui::Button cmdBackupModifiedFiles{&fraMenu, "cmdBackupModifiedFiles"};
   ui::Button cmdReportScreen{&fraMenu, "cmdReportScreen"};
   ui::Button cmdSetup{&fraMenu, "cmdSetup"};
-  ui::TextBox txbSetupFile{this, "txbSetupFile"};
+  ui::TextBox txbSetupFile{&fraMenu, "txbSetupFile"};
   ui::Label lblPreviousRun{this, "lblPreviousRun"};
   ui::CheckBox chkSaveSetupOnQuit{this, "chkSaveSetupOnQuit"};
   ui::Button cmdHelp{this, "cmdHelp"};
@@ -178,6 +178,8 @@ class frmMain : public ui::Form {
   ui::Rect PlaceInWindow(const ui::Control& control) const;
   void InitialiseMainWindow();
   void ArrangeMainWindow();
+  void ArrangeSetupFrames();
+  void FitWidth();
   void PlaceOnScreen();
   void ShowPreviousRun();
   void RunUnattended();

@@ -1,3 +1,5 @@
+#include <span>
+
 #include "app/frmMain.h"
 
 /// Where everything stands in the main window. Two columns: on the left the choices in the order in which the
@@ -10,6 +12,7 @@ using ui::Twips;
 
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
+constexpr Twips kWideGap = 150;
 constexpr Twips kRow = 390;          ///< height of a control
 constexpr Twips kStep = kRow + 105;  ///< from one row of a frame to the next
 constexpr Twips kFirstRow = 330;     ///< of a frame, below its heading
@@ -79,18 +82,44 @@ void frmMain::ArrangeMainWindow() {
   fraMenu.SetBounds({kMenuLeft, 660, kRightColumn, cmdQuit.bounds().bottom() - 660});
   const Twips wide = kRightColumn - 2 * kInset;
   Twips top = kFirstRow;
-  for (ui::Button* button :
-       {&cmdListSubFolders, &cmdCheckBackupState, &cmdBackupAllFiles, &cmdBackupModifiedFiles}) {
-    button->SetBounds({kInset, top, wide, 600});
-    top += 600 + kGap;
-  }
-  top += 2 * kGap;
-  for (ui::Button* button : {&cmdReportScreen, &cmdSetup}) {
-    button->SetBounds({kInset, top, wide, kRow + 60});
-    top += kRow + 60 + kGap;
-  }
-  txbSetupFile.SetBounds({kMenuLeft, 180, kRightColumn, kRow});
-  SetWidth(kInnerWidth + 180);
+  const auto stack = [&](ui::Control& control, Twips height, Twips gap_below) {
+    control.SetBounds({kInset, top, wide, height});
+    top += height + gap_below;
+  };
+  stack(cmdListSubFolders, 720, kWideGap);
+  stack(cmdCheckBackupState, 720, kWideGap);
+  stack(cmdBackupAllFiles, 720, kWideGap);
+  stack(cmdBackupModifiedFiles, 720, 2 * kWideGap);
+  stack(cmdReportScreen, 480, kGap);
+  stack(cmdSetup, 480, kGap);
+  stack(txbSetupFile, kRow, 0);
+  cmdBackupModifiedFiles.SetFont(
+      {cmdBackupModifiedFiles.font().name, cmdBackupModifiedFiles.font().points, true});
+  ArrangeSetupFrames();
+  SetWidth(kInnerWidth);
+}
+
+/// The frames of the setup commands take the place of the filters and options while they are open.
+void frmMain::ArrangeSetupFrames() {
+  ui::Button* const setup[] = {&cmdLoadSetup, &cmdSaveSetup, &cmdClearSetup, &cmdRestoreSetup, &cmdKeepSetup};
+  ui::Button* const save[] = {&cmdSaveSetupForNextRun, &cmdSaveSetupAsOperationFile, &cmdSaveSetupInBothWays,
+                              &cmdDontSaveSetup};
+  const auto arrange = [](ui::Frame& frame, std::span<ui::Button* const> buttons) {
+    int row = 0;
+    for (ui::Button* button : buttons) button->SetBounds({kInset, RowTop(row++), kButton, kRow});
+    frame.SetBounds({kMargin + 2640, 0, kButton + 2 * kInset, FrameHeight(row)});
+    frame.SetVisible(false);
+  };
+  arrange(fraSetup, setup);
+  arrange(fraSaveSetup, save);
+  fraSetup.SetText("Setup");
+  fraSaveSetup.SetText("Setup");
+}
+
+/// Gives the window the inner width that its columns need, whatever borders the system has put around it.
+void frmMain::FitWidth() {
+  const Twips missing = kInnerWidth - inner().width;
+  SetBounds({left() - missing / 2, top(), width() + missing, height()});
 }
 
 /// 300 twips below the top of the screen, in its middle; as high as the commands need.

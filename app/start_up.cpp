@@ -23,6 +23,7 @@ void frmMain::Form_Load() {
   report::SetControlsBackColor(*this, report::kWindowColours);
   Show();
   context_.front_end.RunPendingEvents();
+  FitWidth();
   ShowPreviousRun();
   lblWarningReFilesInUse.SetVisible(true);
   RecycleBinNames = {"", "RECYCLED", "RECYCLER", "$RECYCLE.BIN"};

@@ -26,16 +26,22 @@ QColor BorderOf(const QStyleOption& option) {
   return Mix(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Window), share);
 }
 
+/// The same with a weaker border, for what only groups other things.
+QStyleOption Faint(QStyleOption option) {
+  option.state &= ~QStyle::State_Enabled;
+  return option;
+}
+
 /// A rounded surface with its border; the border of the control with the focus is broader and in the accent
 /// colour.
 void DrawSurface(QPainter* painter, const QStyleOption& option, const QBrush& fill, double radius = kRadius) {
   const double scale = Scale(*painter);
   const bool focused = Has(option, QStyle::State_HasFocus) && Has(option, QStyle::State_Enabled);
   const double width = focused ? 2 * scale : scale;
-  const QColor colour = focused ? option.palette.color(QPalette::Highlight) : BorderOf(option);
+  const QColor border = focused ? option.palette.color(QPalette::Highlight) : BorderOf(option);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(QPen(colour, width));
+  painter->setPen(QPen(border, width));
   painter->setBrush(fill);
   const double inset = width / 2;
   painter->drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), radius * scale,
@@ -51,25 +57,74 @@ QColor ButtonFill(const QStyleOption& option) {
   return Has(option, QStyle::State_MouseOver) ? Mix(button, accent, 0.1) : button;
 }
 
-void DrawLine(QPainter* painter, const QRectF& bounds, const QColor& colour) {
+/// A rectangle with half circles at its short sides.
+void DrawRounded(QPainter* painter, const QRectF& bounds, const QColor& colour) {
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->setBrush(colour);
-  painter->drawRoundedRect(bounds, bounds.height() / 2, bounds.height() / 2);
+  const double radius = std::min(bounds.width(), bounds.height()) / 2;
+  painter->drawRoundedRect(bounds, radius, radius);
   painter->restore();
 }
 
 void DrawProgress(QPainter* painter, const QStyleOptionProgressBar& bar) {
   const double height = std::min(6 * Scale(*painter), static_cast<double>(bar.rect.height()));
   QRectF line(bar.rect.x(), bar.rect.center().y() + 0.5 - height / 2, bar.rect.width(), height);
-  DrawLine(painter, line,
-           Mix(bar.palette.color(QPalette::Window), bar.palette.color(QPalette::WindowText), 0.15));
+  DrawRounded(painter, line,
+              Mix(bar.palette.color(QPalette::Window), bar.palette.color(QPalette::WindowText), 0.15));
   const int range = bar.maximum - bar.minimum;
   if (range <= 0 || bar.progress <= bar.minimum) return;
   const double share = static_cast<double>(bar.progress - bar.minimum) / range;
   line.setWidth(std::max(line.width() * share, height));
-  DrawLine(painter, line, bar.palette.color(QPalette::Highlight));
+  DrawRounded(painter, line, bar.palette.color(QPalette::Highlight));
+}
+
+void DrawTick(QPainter* painter, const QStyleOption& option) {
+  const bool ticked = Has(option, QStyle::State_On);
+  const bool enabled = Has(option, QStyle::State_Enabled);
+  const QPalette& palette = option.palette;
+  const QColor accent = enabled ? palette.color(QPalette::Highlight) : BorderOf(option);
+  constexpr double kBoxRadius = 2.5;
+  DrawSurface(painter, option, ticked ? QBrush(accent) : palette.brush(QPalette::Base), kBoxRadius);
+  if (!ticked) return;
+  const QRectF box = option.rect;
+  const auto at = [&box](double x, double y) {
+    return box.topLeft() + QPointF(box.width() * x, box.height() * y);
+  };
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(QPen(palette.color(QPalette::HighlightedText), 1.8 * Scale(*painter), Qt::SolidLine,
+                       Qt::RoundCap, Qt::RoundJoin));
+  painter->drawPolyline(QPolygonF({at(0.25, 0.52), at(0.43, 0.7), at(0.75, 0.32)}));
+  painter->restore();
+}
+
+QRect SliderOf(const QStyleOptionSlider& bar) {
+  constexpr int kShortest = 24;
+  const int range = bar.maximum - bar.minimum;
+  const bool upright = bar.orientation == Qt::Vertical;
+  const int room = upright ? bar.rect.height() : bar.rect.width();
+  const int fitting =
+      static_cast<int>(static_cast<double>(room) * bar.pageStep / std::max(range + bar.pageStep, 1));
+  const int length = range > 0 ? std::clamp(fitting, std::min(kShortest, room), room) : room;
+  const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition,
+                                                    room - length, bar.upsideDown);
+  return upright ? QRect(bar.rect.x(), bar.rect.y() + start, bar.rect.width(), length)
+                 : QRect(bar.rect.x() + start, bar.rect.y(), length, bar.rect.height());
+}
+
+void DrawScrollBar(QPainter* painter, const QStyleOptionSlider& bar) {
+  const QColor window = bar.palette.color(QPalette::Window);
+  const QColor text = bar.palette.color(QPalette::WindowText);
+  painter->fillRect(bar.rect, Mix(window, text, 0.06));
+  if (bar.maximum <= bar.minimum || !Has(bar, QStyle::State_Enabled)) return;
+  const bool held =
+      Has(bar, QStyle::State_Sunken) && (bar.activeSubControls & QStyle::SC_ScrollBarSlider) != 0;
+  const bool strong = held || Has(bar, QStyle::State_MouseOver) || Has(bar, QStyle::State_HasFocus);
+  const double inset = 3 * Scale(*painter);
+  const QRectF slider = QRectF(SliderOf(bar)).adjusted(inset, inset, -inset, -inset);
+  DrawRounded(painter, slider, Mix(window, text, strong ? 0.65 : 0.4));
 }
 
 }  // namespace
@@ -86,7 +141,9 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_FrameLineEdit:
       return DrawSurface(painter, *option, Qt::NoBrush);
     case PE_FrameGroupBox:
-      return DrawSurface(painter, *option, Qt::NoBrush);
+      return DrawSurface(painter, Faint(*option), Qt::NoBrush);
+    case PE_IndicatorCheckBox:
+      return DrawTick(painter, *option);
     case PE_Frame:
       if (qobject_cast<const QAbstractScrollArea*>(widget) == nullptr) break;
       return DrawSurface(painter, *option, option->palette.brush(QPalette::Base), 1);
@@ -105,6 +162,43 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
       element == CE_ProgressBar ? qstyleoption_cast<const QStyleOptionProgressBar*>(option) : nullptr;
   if (bar != nullptr) return DrawProgress(painter, *bar);
   QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void CalmStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (bar != nullptr) return DrawScrollBar(painter, *bar);
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+/// A scroll bar has no arrows: all of it is for the slider.
+QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+  const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+  if (bar == nullptr) return QProxyStyle::subControlRect(control, option, part, widget);
+  const QRect slider = SliderOf(*bar);
+  const bool upright = bar->orientation == Qt::Vertical;
+  QRect rest = bar->rect;
+  switch (part) {
+    case SC_ScrollBarSlider:
+      return slider;
+    case SC_ScrollBarGroove:
+      return bar->rect;
+    case SC_ScrollBarSubPage:
+      upright ? rest.setBottom(slider.top() - 1) : rest.setRight(slider.left() - 1);
+      return rest;
+    case SC_ScrollBarAddPage:
+      upright ? rest.setTop(slider.bottom() + 1) : rest.setLeft(slider.right() + 1);
+      return rest;
+    default:
+      return {};
+  }
+}
+
+int CalmStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const {
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
 }  // namespace ui::qt

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWindow>
+#include <map>
 
 #include "ui/controls.h"
 #include "ui/qt/qt_controls.h"
@@ -19,7 +20,7 @@ namespace {
 /// A border of one pixel and a title as high as most desktops have it.
 constexpr QMargins kUsualFrame{1, 30, 1, 1};
 /// Around a pop-up, which the desktop gives no border.
-constexpr int kPopUpBorder = 1;
+constexpr QMargins kPopUpBorder{1, 1, 1, 1};
 
 Qt::WindowFlags FlagsOf(FormStyle style) {
   switch (style) {
@@ -31,15 +32,15 @@ Qt::WindowFlags FlagsOf(FormStyle style) {
     case FormStyle::kDialog:
       return Qt::Dialog;
     case FormStyle::kPopUp:
-      return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+      return Qt::ToolTip | Qt::WindowDoesNotAcceptFocus;  // no desktop gives a tool tip the focus
   }
   return Qt::Window;
 }
 
-/// The frame that the desktop was last seen to give a window.
-QMargins& SeenFrame() {
-  static QMargins frame = kUsualFrame;
-  return frame;
+/// The frame that the desktop was last seen to give a window of this style.
+QMargins& SeenFrame(FormStyle style) {
+  static std::map<FormStyle, QMargins> frames;
+  return frames.try_emplace(style, style == FormStyle::kPopUp ? QMargins() : kUsualFrame).first->second;
 }
 
 class FormWindow : public QWidget {
@@ -82,7 +83,7 @@ class FormWindow : public QWidget {
   }
 
   void paintEvent(QPaintEvent*) override {
-    if (!windowFlags().testFlag(Qt::FramelessWindowHint)) return;
+    if (windowType() != Qt::ToolTip) return;
     QPainter painter(this);
     painter.setPen(Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.5));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -105,26 +106,22 @@ FormPeer::FormPeer(Form& form)
 void FormPeer::MirrorText() { widget()->setWindowTitle(ToQString(form_.text())); }
 
 void FormPeer::MirrorBounds() {
-  const bool pop_up = form_.style() == FormStyle::kPopUp;
-  const QMargins frame = pop_up ? QMargins() : SeenFrame();
   asked_for_ = ToPixels(form_.bounds());
-  const QSize size = asked_for_.marginsRemoved(frame).size().expandedTo({0, 0});
+  const QSize size = asked_for_.marginsRemoved(SeenFrame(form_.style())).size().expandedTo({0, 0});
   widget()->move(asked_for_.topLeft());
   if (form_.style() == FormStyle::kMain) {
     widget()->setFixedSize(size);
   } else {
     widget()->resize(size);
   }
-  if (pop_up) client_->setGeometry(QRect({0, 0}, size).adjusted(1, 1, -1, -1));
+  if (client_ != widget()) client_->setGeometry(QRect({0, 0}, size).marginsRemoved(kPopUpBorder));
   form_.InnerSizeIs(ToTwips(client_->size()));
 }
 
 void FormPeer::WasMovedOrSized() {
   if (!widget()->isVisible() || widget()->isMinimized()) return;
-  if (form_.style() != FormStyle::kPopUp) {
-    const QMargins frame = widget()->windowHandle()->frameMargins();
-    if (!frame.isNull()) SeenFrame() = frame;
-  }
+  const QMargins frame = widget()->windowHandle()->frameMargins();
+  if (!frame.isNull()) SeenFrame(form_.style()) = frame;
   if (widget()->frameGeometry() != asked_for_) {
     asked_for_ = widget()->frameGeometry();
     form_.UserMoved(ToTwips(asked_for_));
@@ -172,11 +169,17 @@ void FormPeer::MirrorColours() {
 
 void FormPeer::MirrorValue() { ShowTaskProgress(form_.task_progress()); }
 
+/// Desktops give the keyboard to a window that comes back from the task bar, but not to one that is shown
+/// with the wish to go without: so it is taken off the screen and shown anew.
 void FormPeer::MirrorState() {
   if (form_.state() != WindowState::kNormal || !widget()->isMinimized()) return;
-  widget()->setAttribute(Qt::WA_ShowWithoutActivating);
+  widget()->hide();
   widget()->setWindowState(widget()->windowState() & ~Qt::WindowMinimized);
-  widget()->setAttribute(Qt::WA_ShowWithoutActivating, false);
+  // WA_ShowWithoutActivating becomes this property, but only when the native window is made.
+  constexpr char kWithoutActivating[] = "_q_showWithoutActivating";
+  widget()->windowHandle()->setProperty(kWithoutActivating, true);
+  widget()->show();
+  widget()->windowHandle()->setProperty(kWithoutActivating, false);
 }
 
 }  // namespace ui::qt

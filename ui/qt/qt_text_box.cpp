@@ -38,6 +38,8 @@ OneLinePeer::OneLinePeer(TextBox& box)
       box_(box),
       widget_(*static_cast<QLineEdit*>(widget())) {
   widget_.setMaxLength(std::numeric_limits<int>::max());
+  constexpr int kMargin = 3;
+  widget_.setTextMargins(kMargin, 0, kMargin, 0);
   connect(&widget_, &QLineEdit::textEdited, this,
           [this](const QString& text) { box_.UserEdited(FromQString(text)); });
 }

@@ -1,0 +1,56 @@
+#include "platform/posix/attribute_change.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "platform/posix/dos_attributes.h"
+#include "platform/posix/file_facts.h"
+#include "platform/posix/long_path.h"
+#include "platform/posix/posix_error.h"
+
+namespace platform::posix {
+namespace {
+
+constexpr mode_t kModeBits = 07777;
+
+Status ChangeMode(const std::string& path, mode_t mode) {
+  if (chmod(path.c_str(), mode) != 0) return LastError();
+  return Done{};
+}
+
+}  // namespace
+
+Result<Attributes> ReadAttributes(const std::string& path) {
+  const auto file = OpenPath(path, O_PATH);
+  if (!file) return file.error();
+  struct stat facts;
+  if (fstat(file->get(), &facts) != 0) return LastError();
+  const auto value = ReadDosAttribute(PathOfDescriptor(file->get()));
+  return AttributesOf(facts) | BitsOfDosAttribute(value.value_or(""));
+}
+
+Status ChangeAttributes(const std::string& path, Attributes attributes) {
+  const auto file = OpenPath(path, O_PATH);
+  if (!file) return file.error();
+  struct stat facts;
+  if (fstat(file->get(), &facts) != 0) return LastError();
+  const std::string place = PathOfDescriptor(file->get());
+  mode_t mode = facts.st_mode & kModeBits;
+
+  const std::string value = ReadDosAttribute(place).value_or("");
+  if (BitsOfDosAttribute(value) != (attributes & (kHidden | kSystem))) {
+    // Extended attributes are changed with the right to write, which the owner of a read-only file lacks.
+    if ((mode & S_IWUSR) == 0) {
+      if (Status opened = ChangeMode(place, mode | S_IWUSR); !opened) return opened;
+      mode |= S_IWUSR;
+    }
+    if (Status written = WriteDosAttribute(place, WithDosBits(value, attributes)); !written) {
+      static_cast<void>(ChangeMode(place, facts.st_mode & kModeBits));
+      return written;
+    }
+  }
+  const mode_t wanted = (attributes & kReadOnly) != 0 ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
+  return wanted == mode ? Status(Done{}) : ChangeMode(place, wanted);
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/posix/file_descriptor.h"
+#include "platform/result.h"
+
+/// Programs of the system's that are started and left to themselves.
+namespace platform::posix {
+
+/// The words of a command line: parted by blanks, except between double quotes, which are dropped.
+std::vector<std::string> SplitWords(const std::string& line);
+
+/// The file of the system's own command of that name: looked for where only the system's administrator puts
+/// programs. Empty when there is none, or when the name has a "/" in it.
+std::string FindSystemCommand(const std::string& name);
+
+/// Starts the program at `path` with arguments[0] as the name it is told to have. Reads from `input` (none:
+/// nothing to read) and writes nowhere. Its end is waited for in the background.
+Status StartProgram(const std::string& path, const std::vector<std::string>& arguments,
+                    const FileDescriptor& input);
+
+}  // namespace platform::posix

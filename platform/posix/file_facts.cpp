@@ -1,0 +1,60 @@
+#include "platform/posix/file_facts.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+
+#include <cerrno>
+
+namespace platform::posix {
+namespace {
+
+void TakeOver(const struct stat& facts, Entry& entry) {
+  if (S_ISDIR(facts.st_mode)) {
+    entry.kind = EntryKind::kFolder;
+  } else if (!S_ISREG(facts.st_mode)) {
+    entry.kind = EntryKind::kOther;
+  } else {
+    entry.size = facts.st_size;
+    entry.modified = ModifiedOf(facts);
+    entry.attributes = AttributesOf(facts);
+  }
+}
+
+bool LeadsNowhere(int number) { return number == ENOENT || number == ENOTDIR || number == ELOOP; }
+
+void DescribeLink(int folder, const char* name, Entry& entry) {
+  struct stat facts;
+  if (fstatat(folder, name, &facts, 0) == 0) {
+    TakeOver(facts, entry);
+    if (entry.kind == EntryKind::kFolder) entry.kind = EntryKind::kFolderLink;
+  } else if (LeadsNowhere(errno)) {
+    entry.kind = EntryKind::kDeadLink;
+  }
+}
+
+}  // namespace
+
+FileTime ModifiedOf(const struct stat& facts) {
+  return {facts.st_mtim.tv_sec, static_cast<std::int32_t>(facts.st_mtim.tv_nsec)};
+}
+
+Attributes AttributesOf(const struct stat& facts) {
+  return (facts.st_mode & S_IWUSR) != 0 ? Attributes{0} : kReadOnly;
+}
+
+void Describe(int folder, const char* name, unsigned char type, Entry& entry) {
+  if (type == DT_DIR) {
+    entry.kind = EntryKind::kFolder;
+  } else if (type == DT_LNK) {
+    DescribeLink(folder, name, entry);
+  } else if (type == DT_REG || type == DT_UNKNOWN) {
+    struct stat facts;
+    if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return;
+    // A link only where the volume does not tell types, or where one took the file's place meanwhile.
+    S_ISLNK(facts.st_mode) ? DescribeLink(folder, name, entry) : TakeOver(facts, entry);
+  } else {
+    entry.kind = EntryKind::kOther;
+  }
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <utility>
+
+namespace platform::posix {
+
+/// Owns one handle of the system and gives it back when it goes. Traits name the handle's type (`Value`), the
+/// value that stands for none (`None()`) and the call that gives it back (`Close(value)`).
+template <typename Traits>
+class Handle {
+ public:
+  using Value = typename Traits::Value;
+
+  Handle() = default;
+  explicit Handle(Value value) : value_(value) {}
+  Handle(Handle&& other) noexcept : value_(other.Release()) {}
+  Handle& operator=(Handle&& other) noexcept {
+    if (this != &other) Reset(other.Release());
+    return *this;
+  }
+  ~Handle() { Reset(Traits::None()); }
+
+  explicit operator bool() const { return value_ != Traits::None(); }
+  Value get() const { return value_; }
+
+  /// Gives the handle out of hand; the caller owns it from now on.
+  Value Release() { return std::exchange(value_, Traits::None()); }
+
+  void Reset(Value value) {
+    if (value_ != Traits::None()) Traits::Close(value_);
+    value_ = value;
+  }
+
+ private:
+  Value value_ = Traits::None();
+};
+
+}  // namespace platform::posix

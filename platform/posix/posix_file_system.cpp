@@ -1,0 +1,118 @@
+#include "platform/posix/posix_file_system.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <climits>
+#include <cstdlib>
+
+#include "platform/path.h"
+#include "platform/posix/attribute_change.h"
+#include "platform/posix/file_facts.h"
+#include "platform/posix/long_path.h"
+#include "platform/posix/posix_error.h"
+#include "platform/posix/volume.h"
+#include "platform/posix/whole_file.h"
+
+namespace platform::posix {
+namespace {
+
+std::string NamePart(const std::string& path) { return std::string(NameOf(path, PathStyle::kPosix)); }
+
+std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
+
+bool Exists(const ReachedPath& place) {
+  return faccessat(place.at(), place.rest, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+}  // namespace
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path) {
+  auto folder = PosixFolder::Open(path);
+  if (!folder) return folder.error();
+  return std::unique_ptr<Folder>(std::move(*folder));
+}
+
+Result<Entry> PosixFileSystem::Look(const std::string& path) {
+  const auto place = Reach(path);
+  if (!place) return place.error();
+  if (!Exists(*place)) return LastError();
+  Entry entry;
+  entry.name = NamePart(path);
+  Describe(place->at(), place->rest, DT_UNKNOWN, entry);
+  return entry;
+}
+
+Result<std::string> PosixFileSystem::RealPath(const std::string& path) {
+  if (path.size() < PATH_MAX) {
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
+    if (real) return std::string(real.get());
+    if (errno != ENAMETOOLONG) return LastError();
+  }
+  // The system resolves no path of this length at one go: parent and name apart.
+  const auto entry = Look(path);
+  if (!entry) return entry.error();
+  if (entry->kind == EntryKind::kFolderLink || entry->kind == EntryKind::kDeadLink)
+    return ErrorOf(ENAMETOOLONG);
+  const auto parent = RealPath(Parent(path));
+  if (!parent) return parent.error();
+  return JoinPath(*parent, entry->name, PathStyle::kPosix);
+}
+
+Result<CopyOutcome> PosixFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
+                                              const CopyWatcher& watcher) {
+  return copier_.Copy(static_cast<const PosixFolder&>(source), file, static_cast<PosixFolder&>(target),
+                      watcher);
+}
+
+void PosixFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
+
+Status PosixFileSystem::CreateFolder(const std::string& path) {
+  const auto place = Reach(path);
+  if (!place) return place.error();
+  if (mkdirat(place->at(), place->rest, S_IRWXU | S_IRWXG | S_IRWXO) != 0) return LastNameError();
+  return Done{};
+}
+
+Status PosixFileSystem::RemoveFile(const std::string& path) {
+  const auto place = Reach(path);
+  if (!place) return place.error();
+  if (unlinkat(place->at(), place->rest, 0) != 0) return LastError();
+  return Done{};
+}
+
+Result<Attributes> PosixFileSystem::GetAttributes(const std::string& path) { return ReadAttributes(path); }
+
+Status PosixFileSystem::SetAttributes(const std::string& path, Attributes attributes) {
+  return ChangeAttributes(path, attributes);
+}
+
+Result<DiskSpace> PosixFileSystem::Space(const std::string& path) { return SpaceAt(path); }
+
+std::string PosixFileSystem::DriveOf(const std::string& path) {
+  const auto real = RealPath(path);
+  if (real) return MountPointOf(*real);
+  const auto parent = RealPath(Parent(path));
+  return parent ? MountPointOf(*parent) : std::string();
+}
+
+Result<std::string> PosixFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
+  return ReadWhole(path, limit);
+}
+
+Status PosixFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  return WriteWhole(path, content);
+}
+
+Status PosixFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
+  // A file that is kept elsewhere and linked to stays a link.
+  const auto real = RealPath(path);
+  return ReplaceWhole(real ? *real : path, content);
+}
+
+Status PosixFileSystem::Flush(const std::string& path) { return FlushVolumeOf(path); }
+
+std::string PosixFileSystem::NameKey(const std::string& name) const { return name; }
+
+}  // namespace platform::posix

@@ -1,0 +1,61 @@
+#include "platform/posix/posix_folder.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+
+#include <array>
+#include <string_view>
+
+#include "platform/posix/file_facts.h"
+#include "platform/posix/long_path.h"
+#include "platform/posix/posix_error.h"
+
+namespace platform::posix {
+namespace {
+
+// One call brings about a thousand names.
+constexpr std::size_t kBlockSize = 32 * 1024;
+
+// A record with a name of some 12 letters; only used to reserve room.
+constexpr std::size_t kUsualRecord = 32;
+
+bool IsDots(std::string_view name) { return name == "." || name == ".."; }
+
+}  // namespace
+
+Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) {
+  auto handle = OpenPath(path, O_RDONLY | O_DIRECTORY);
+  if (!handle) return handle.error();
+  std::unique_ptr<PosixFolder> folder(new PosixFolder(path, std::move(*handle)));
+  if (const Status listed = folder->List(); !listed) return listed.error();
+  folder->uses_unnamed_files_ = folder->entries_.empty();
+  return folder;
+}
+
+PosixFolder::PosixFolder(std::string path, FileDescriptor handle) : handle_(std::move(handle)) {
+  path_ = std::move(path);
+}
+
+Status PosixFolder::List() {
+  alignas(dirent64) std::array<char, kBlockSize> block;
+  for (;;) {
+    const ssize_t length = getdents64(handle(), block.data(), block.size());
+    if (length < 0) return LastError();
+    if (length == 0) return Done{};
+    Take(block.data(), static_cast<std::size_t>(length));
+  }
+}
+
+void PosixFolder::Take(const char* block, std::size_t length) {
+  if (entries_.empty()) entries_.reserve(length / kUsualRecord);
+  for (std::size_t at = 0; at < length;) {
+    const auto* record = reinterpret_cast<const dirent64*>(block + at);
+    at += record->d_reclen;
+    if (IsDots(record->d_name)) continue;
+    Entry& entry = entries_.emplace_back();
+    entry.name = record->d_name;
+    Describe(handle(), record->d_name, record->d_type, entry);
+  }
+}
+
+}  // namespace platform::posix

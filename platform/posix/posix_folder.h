@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/file_system.h"
+#include "platform/posix/file_descriptor.h"
+
+namespace platform::posix {
+
+/// An open folder and its listing.
+class PosixFolder : public Folder {
+ public:
+  /// Opens and lists the folder at `path`.
+  static Result<std::unique_ptr<PosixFolder>> Open(const std::string& path);
+
+  int handle() const { return handle_.get(); }
+
+  /// Whether files without a name are worth trying here; ForgoUnnamedFiles() when the volume refused one.
+  /// They take the place of temporary names as long as every file is new, that is where the listing was
+  /// empty.
+  bool UsesUnnamedFiles() const { return uses_unnamed_files_; }
+  void ForgoUnnamedFiles() { uses_unnamed_files_ = false; }
+
+ private:
+  PosixFolder(std::string path, FileDescriptor handle);
+  Status List();
+  void Take(const char* block, std::size_t length);
+
+  FileDescriptor handle_;
+  bool uses_unnamed_files_ = false;
+};
+
+}  // namespace platform::posix

@@ -1,0 +1,79 @@
+#include "platform/posix/posix_shell.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/path.h"
+#include "platform/posix/child_process.h"
+#include "platform/posix/posix_error.h"
+#include "platform/posix/volume.h"
+
+namespace platform::posix {
+namespace {
+
+/// Holds one end of a pipe on which the inhibiting program waits: it ends when this end is closed, and so
+/// also when this program is killed.
+class PipeGuard : public AwakeGuard {
+ public:
+  explicit PipeGuard(FileDescriptor end) : end_(std::move(end)) {}
+
+ private:
+  FileDescriptor end_;
+};
+
+std::string HomeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
+  // A service may be run without HOME.
+  struct passwd entry;
+  struct passwd* found = nullptr;
+  std::array<char, 16 * 1024> texts;
+  getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
+  return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
+}
+
+}  // namespace
+
+std::string PosixShell::ApplicationDataFolder() {
+  // A relative path is to be ignored (XDG Base Directory Specification).
+  if (const char* folder = std::getenv("XDG_CONFIG_HOME"); folder != nullptr && *folder == '/') return folder;
+  const std::string home = HomeFolder();
+  return home.empty() ? home : JoinPath(home, ".config", PathStyle::kPosix);
+}
+
+std::string PosixShell::ProgramFolder() {
+  std::error_code failure;
+  return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path().string();
+}
+
+Status PosixShell::RunSystemCommand(const std::string& command, const std::string& parameters) {
+  const std::string path = FindSystemCommand(command);
+  if (path.empty()) return ErrorOf(ENOENT);
+  std::vector<std::string> arguments = SplitWords(parameters);
+  arguments.insert(arguments.begin(), command);
+  return StartProgram(path, arguments, {});
+}
+
+std::unique_ptr<AwakeGuard> PosixShell::KeepAwake() {
+  const std::string path = FindSystemCommand("systemd-inhibit");
+  int ends[2];
+  if (path.empty() || pipe2(ends, O_CLOEXEC) != 0) return std::make_unique<AwakeGuard>();
+  const FileDescriptor input(ends[0]);
+  FileDescriptor held(ends[1]);
+  const std::vector<std::string> arguments = {"systemd-inhibit", "--what=sleep:idle", "--who=Quorvane",
+                                              "--why=A backup is running.", FindSystemCommand("cat")};
+  if (!StartProgram(path, arguments, input)) return std::make_unique<AwakeGuard>();
+  return std::make_unique<PipeGuard>(std::move(held));
+}
+
+void PosixShell::EnterRootOfCurrentDrive() {
+  std::error_code failure;
+  const std::string root = MountPointOf(std::filesystem::current_path(failure).string());
+  if (!root.empty()) std::filesystem::current_path(root, failure);
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/shell.h"
+
+namespace platform::posix {
+
+/// The user's session on Linux. Keeping awake takes systemd-inhibit; without it the guard does nothing.
+class PosixShell : public Shell {
+ public:
+  std::string ApplicationDataFolder() override;
+  std::string ProgramFolder() override;
+  Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
+  std::unique_ptr<AwakeGuard> KeepAwake() override;
+  void EnterRootOfCurrentDrive() override;
+};
+
+}  // namespace platform::posix

@@ -1,0 +1,68 @@
+#include "platform/posix/volume.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <climits>
+
+#include "platform/path.h"
+#include "platform/posix/long_path.h"
+#include "platform/posix/posix_error.h"
+
+namespace platform::posix {
+namespace {
+
+std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
+
+/// Opens `path`, or its parent when there is nothing.
+Result<FileDescriptor> OpenOnVolume(const std::string& path, int flags) {
+  auto file = OpenPath(path, flags);
+  if (file.ok() || file.error().kind != ErrorKind::kNotFound) return file;
+  return OpenPath(Parent(path), flags);
+}
+
+Result<dev_t> DeviceOf(const std::string& path) {
+  const auto reached = Reach(path);
+  if (!reached) return reached.error();
+  struct stat facts;
+  if (fstatat(reached->at(), reached->rest, &facts, 0) != 0) return LastError();
+  return facts.st_dev;
+}
+
+}  // namespace
+
+Result<DiskSpace> SpaceAt(const std::string& path) {
+  struct statvfs facts;
+  if (path.size() >= PATH_MAX || statvfs(path.c_str(), &facts) != 0) {
+    const auto place = OpenOnVolume(path, O_PATH);
+    if (!place) return place.error();
+    if (fstatvfs(place->get(), &facts) != 0) return LastError();
+  }
+  return DiskSpace{std::uint64_t{facts.f_bavail} * facts.f_frsize,
+                   std::uint64_t{facts.f_blocks} * facts.f_frsize};
+}
+
+std::string MountPointOf(const std::string& path) {
+  std::string place = path;
+  auto device = DeviceOf(place);
+  if (!device) device = DeviceOf(place = Parent(place));
+  if (!device) return {};
+  while (place != "/") {
+    const std::string above = Parent(place);
+    const auto device_above = DeviceOf(above);
+    if (!device_above || *device_above != *device) break;
+    place = above;
+  }
+  return place;
+}
+
+Status FlushVolumeOf(const std::string& path) {
+  const auto place = OpenOnVolume(path, O_RDONLY | O_NONBLOCK);
+  if (!place) return place.error();
+  if (syncfs(place->get()) != 0) return LastError();
+  return Done{};
+}
+
+}  // namespace platform::posix

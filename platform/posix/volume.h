@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+
+/// The volume that holds a path. `path` itself may be missing while its parent exists.
+namespace platform::posix {
+
+Result<DiskSpace> SpaceAt(const std::string& path);
+
+/// The mount point; empty when it cannot be told. `path` is without links.
+std::string MountPointOf(const std::string& path);
+
+/// Returns when everything written to the volume so far is on the disk.
+Status FlushVolumeOf(const std::string& path);
+
+}  // namespace platform::posix

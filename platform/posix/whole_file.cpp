@@ -1,0 +1,77 @@
+#include "platform/posix/whole_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "platform/path.h"
+#include "platform/posix/long_path.h"
+#include "platform/posix/posix_error.h"
+#include "platform/posix/target_file.h"
+
+namespace platform::posix {
+namespace {
+
+constexpr mode_t kNewFile = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+
+Status WriteAll(int file, const std::string& content) {
+  for (std::size_t at = 0; at < content.size();) {
+    const ssize_t written = write(file, content.data() + at, content.size() - at);
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return LastError();
+    at += static_cast<std::size_t>(written);
+  }
+  return Done{};
+}
+
+Status FlushHandle(int file) {
+  if (fsync(file) != 0) return LastError();
+  return Done{};
+}
+
+}  // namespace
+
+Result<std::string> ReadWhole(const std::string& path, std::int64_t limit) {
+  const auto file = OpenPath(path, O_RDONLY | O_NONBLOCK);
+  if (!file) return file.error();
+  std::string content;
+  std::array<char, 16 * 1024> block;
+  for (;;) {
+    const ssize_t length = read(file->get(), block.data(), block.size());
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0) return LastError();
+    if (length == 0) return content;
+    content.append(block.data(), static_cast<std::size_t>(length));
+    if (static_cast<std::int64_t>(content.size()) > limit) return ErrorOf(EFBIG);
+  }
+}
+
+Status WriteWhole(const std::string& path, const std::string& content) {
+  auto file = OpenPath(path, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK, kNewFile);
+  if (!file) return file.error();
+  if (Status written = WriteAll(file->get(), content); !written) return written;
+  if (close(file->Release()) != 0 && errno != EINTR) return LastError();
+  return Done{};
+}
+
+Status ReplaceWhole(const std::string& path, const std::string& content) {
+  const auto folder = OpenPath(ParentOf(path, PathStyle::kPosix), O_RDONLY | O_DIRECTORY);
+  if (!folder) return folder.error();
+  const std::string name(NameOf(path, PathStyle::kPosix));
+
+  struct stat old;
+  const bool replaces = fstatat(folder->get(), name.c_str(), &old, 0) == 0;
+  TargetFile file;
+  if (Status created = file.CreateNamed(folder->get(), kNewFile); !created) return created;
+  // Who may read the old file may read the new one; a volume without permissions may refuse.
+  if (replaces) static_cast<void>(fchmod(file.handle(), old.st_mode & kNewFile) == 0);
+  if (Status written = WriteAll(file.handle(), content); !written) return written;
+  if (Status flushed = FlushHandle(file.handle()); !flushed) return flushed;
+  if (Status published = file.Publish(name); !published) return published;
+  return FlushHandle(folder->get());
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/file_system.h"
+
+/// Small files read and written at one go; see the calls of these names in FileSystem.
+namespace platform::posix {
+
+Result<std::string> ReadWhole(const std::string& path, std::int64_t limit);
+Status WriteWhole(const std::string& path, const std::string& content);
+Status ReplaceWhole(const std::string& path, const std::string& content);
+
+}  // namespace platform::posix

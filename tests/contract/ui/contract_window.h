@@ -1,0 +1,74 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/contract/ui/driver.h"
+
+namespace contract {
+
+/// A window with one of every kind.
+class Window : public ui::Form {
+ public:
+  Window(ui::FrontEnd& front_end, ui::FormStyle style) : Form(front_end, "window", style) {
+    SetText("Window");
+    SetBounds({1'500, 1'500, 9'000, 9'000});
+    ui::Twips top = 150;
+    ForEach([&](Control& control) {
+      if (control.parent() != this) return;
+      control.SetBounds({150, top, 4'500, 600});
+      top += 750;
+    });
+    framed.SetBounds({150, 120, 3'000, 420});
+    first.SetText("First");
+    first.SetAccessKey('f');
+    framed.SetText("Framed");
+    framed.SetAccessKey('m');
+    label.SetText("Name");
+    label.SetAccessKey('n');
+    line.SetSpokenName("Name");
+    check.SetText("Check");
+    check.SetAccessKey('k');
+    list.SetItems({"one", "two", "three"});
+    list.SetSpokenName("List");
+    report.SetSpokenName("Report");
+    bar.SetSpokenName("Scroll");
+    progress.SetSpokenName("Progress");
+  }
+
+  ui::Button first{this, "first"};
+  ui::Label label{this, "label"};
+  ui::TextBox line{this, "line"};
+  ui::CheckBox check{this, "check"};
+  ui::DropDownList list{this, "list"};
+  ui::Frame frame{this, "frame"};
+  ui::Button framed{&frame, "framed"};
+  ui::ProgressBar progress{this, "progress"};
+  ui::ScrollBar bar{this, "bar"};
+  ui::TextBox report{this, "report", ui::TextBox::Lines::kMany};
+  ui::Timer timer{this, "timer"};
+};
+
+class FrontEndContract : public testing::Test {
+ protected:
+  void SetUp() override { Show(window_); }
+
+  void Show(ui::Form& form) {
+    form.Show();
+    front_end_.RunPendingEvents();
+    front_end_.RunPendingEvents();  // what the first round has caused
+  }
+
+  /// A handler that counts how often it runs.
+  ui::Handler Count() {
+    return [this] { ++count_; };
+  }
+
+  std::unique_ptr<Driver> driver_ = MakeDriver();
+  ui::FrontEnd& front_end_ = driver_->front_end();
+  Window window_{front_end_, ui::FormStyle::kReport};
+  int count_ = 0;
+};
+
+}  // namespace contract

@@ -1,0 +1,76 @@
+#include "tests/contract/ui/contract_window.h"
+
+namespace contract {
+namespace {
+
+TEST_F(FrontEndContract, TabFollowsTheOrderOfMakingAndSkipsWhatCannotBeReached) {
+  window_.list.SetVisible(false);
+  window_.bar.SetEnabled(false);
+  std::string order;
+  window_.first.SetFocus();
+  for (int i = 0; i < 5; ++i) {
+    driver_->Press(window_, Key::kTab);
+    order += window_.focused()->name() + " ";
+  }
+  driver_->Press(window_, Key::kBackTab);
+  EXPECT_EQ(order + window_.focused()->name(), "line check framed report first report");
+}
+
+TEST_F(FrontEndContract, TheFirstControlHasTheFocusInANewWindow) { EXPECT_TRUE(window_.first.has_focus()); }
+
+TEST_F(FrontEndContract, TheFocusIsLostOnceWhoeverMovesIt) {
+  window_.line.on_lost_focus = Count();
+  window_.line.SetFocus();
+  EXPECT_TRUE(window_.first.SetFocus());
+  EXPECT_EQ(count_, 1);
+  window_.line.SetFocus();
+  driver_->Press(window_, Key::kTab);
+  EXPECT_EQ(count_, 2);
+  window_.line.SetFocus();
+  driver_->Click(window_.framed);
+  EXPECT_EQ(count_, 3);
+}
+
+TEST_F(FrontEndContract, AHandlerOfALostFocusMayTakeItBack) {
+  window_.line.SetFocus();
+  window_.line.on_lost_focus = [this] { window_.line.SetFocus(); };
+  window_.framed.SetFocus();
+  EXPECT_TRUE(window_.line.has_focus());
+  driver_->Type(window_.line, "typed");
+  EXPECT_EQ(window_.line.text(), "typed");
+}
+
+TEST_F(FrontEndContract, WhatIsHiddenOrDisabledGivesTheFocusToNoOther) {
+  window_.framed.on_lost_focus = window_.bar.on_lost_focus = Count();
+  window_.report.on_mouse_up = window_.first.on_mouse_up = Count();
+  window_.framed.SetFocus();
+  window_.frame.SetEnabled(false);
+  front_end_.RunPendingEvents();
+  EXPECT_EQ(window_.focused(), nullptr);
+  driver_->Press(window_, Key::kSpace);
+  EXPECT_EQ(window_.focused(), nullptr);
+  window_.bar.SetFocus();
+  window_.bar.SetVisible(false);
+  EXPECT_EQ(window_.focused(), nullptr);
+  EXPECT_EQ(count_, 0);
+  driver_->Press(window_, Key::kTab);
+  EXPECT_TRUE(window_.first.has_focus());
+}
+
+TEST_F(FrontEndContract, OnlyWhatIsReachableAndMeantForItTakesTheFocus) {
+  window_.line.SetEnabled(false);
+  for (ui::Control* control :
+       {static_cast<ui::Control*>(&window_.line), static_cast<ui::Control*>(&window_.label),
+        static_cast<ui::Control*>(&window_.progress)}) {
+    EXPECT_FALSE(control->SetFocus()) << control->name();
+  }
+  EXPECT_TRUE(window_.first.has_focus());
+}
+
+TEST_F(FrontEndContract, TheAccessKeyOfALabelReachesTheControlBehindIt) {
+  driver_->PressAccessKey(window_, 'n');
+  EXPECT_TRUE(window_.line.has_focus());
+}
+
+}  // namespace
+}  // namespace contract

@@ -1,0 +1,132 @@
+#include "tests/contract/ui/contract_window.h"
+
+namespace contract {
+namespace {
+
+TEST_F(FrontEndContract, TheProgramsOwnChangesRaiseNothing) {
+  window_.check.on_click = window_.list.on_click = window_.bar.on_change = Count();
+  window_.line.on_change = window_.report.on_change = window_.line.on_mouse_up = Count();
+  window_.check.SetValue(1);
+  window_.list.SetListIndex(2);
+  window_.list.RemoveItem(2);
+  window_.bar.SetRange(100, 10);
+  window_.bar.SetValue(50);
+  window_.bar.SetRange(20, 10);
+  window_.line.SetText("text");
+  window_.report.SetText("text\r\n");
+  window_.report.Append("more");
+  window_.report.RemoveFromEnd(2);
+  window_.report.Select({1, 2});
+  front_end_.RunPendingEvents();
+  EXPECT_EQ(count_, 0);
+  EXPECT_EQ(window_.bar.value(), 20);
+  EXPECT_EQ(window_.list.list_index(), -1);
+}
+
+TEST_F(FrontEndContract, ABoxIsTickedAndClearedByMouseSpaceAndAccessKey) {
+  window_.check.on_click = Count();
+  driver_->Click(window_.check);
+  EXPECT_EQ(window_.check.value(), 1);
+  driver_->Press(window_, Key::kSpace);
+  EXPECT_EQ(window_.check.value(), 0);
+  window_.first.SetFocus();
+  driver_->PressAccessKey(window_, 'k');
+  EXPECT_EQ(window_.check.value(), 1);
+  EXPECT_EQ(count_, 3);
+}
+
+TEST_F(FrontEndContract, ChoosingFromAListSelectsAndRaisesOnce) {
+  window_.list.on_click = Count();
+  window_.list.SetListIndex(0);
+  driver_->Choose(window_.list, 1);
+  EXPECT_EQ(window_.list.list_index(), 1);
+  EXPECT_EQ(count_, 1);
+  window_.list.SetEnabled(false);
+  driver_->Choose(window_.list, 2);
+  EXPECT_EQ(window_.list.list_index(), 1);
+  EXPECT_EQ(count_, 1);
+}
+
+TEST_F(FrontEndContract, ScrollingStaysInTheRange) {
+  window_.bar.SetRange(100, 10);
+  window_.bar.on_change = Count();
+  driver_->Drag(window_.bar, 40);
+  EXPECT_EQ(window_.bar.value(), 40);
+  driver_->Drag(window_.bar, 400);
+  EXPECT_EQ(window_.bar.value(), 100);
+  EXPECT_EQ(count_, 2);
+}
+
+TEST_F(FrontEndContract, TypingChangesTheTextOnceForEveryKeyAtMost) {
+  window_.line.on_change = Count();
+  driver_->Type(window_.line, "\xC3\xA4*.txt");
+  EXPECT_EQ(window_.line.text(), "\xC3\xA4*.txt");
+  EXPECT_EQ(window_.line.length(), 6U);
+  EXPECT_GE(count_, 1);
+  EXPECT_LE(count_, 6);
+}
+
+TEST_F(FrontEndContract, TypingIntoWhatIsReadOnlyOrDisabledChangesNothing) {
+  window_.line.SetText("kept");
+  window_.line.on_change = Count();
+  window_.line.SetReadOnly(true);
+  driver_->Type(window_.line, "x");
+  window_.line.SetReadOnly(false);
+  window_.line.SetEnabled(false);
+  driver_->Type(window_.line, "x");
+  EXPECT_EQ(window_.line.text(), "kept");
+  EXPECT_EQ(count_, 0);
+}
+
+TEST_F(FrontEndContract, LineEndsAreCrLfWhoeverWritesThem) {
+  window_.report.SetText("a\nb\rc\r\n");
+  EXPECT_EQ(window_.report.text(), "a\r\nb\r\nc\r\n");
+  EXPECT_EQ(window_.report.length(), 9U);
+  driver_->Type(window_.report, "x\ny");
+  EXPECT_EQ(window_.report.text(), "x\r\ny");
+}
+
+TEST_F(FrontEndContract, AppendedTextLeavesTheCaretAtTheEndWithNothingSelected) {
+  window_.report.SetText("first\r\n");
+  window_.report.Select({0, 5});
+  window_.report.Append("\xF0\x9F\x93\x81 second\r\n");
+  EXPECT_EQ(window_.report.text(), "first\r\n\xF0\x9F\x93\x81 second\r\n");
+  EXPECT_EQ(window_.report.selection(), (ui::Selection{17, 0}));
+  window_.report.RemoveFromEnd(9);
+  EXPECT_EQ(window_.report.text(), "first\r\n\xF0\x9F\x93\x81");
+  EXPECT_EQ(window_.report.selection(), (ui::Selection{8, 0}));
+}
+
+struct SelectionCase {
+  const char* text;
+  ui::Selection asked;
+  ui::Selection got;
+  const char* selected;
+};
+
+TEST_F(FrontEndContract, SelectionsCountCodePointsAndTwoForALineEnd) {
+  const SelectionCase cases[] = {
+      {"abc", {1, 1}, {1, 1}, "b"},
+      {"abc", {1, 99}, {1, 2}, "bc"},
+      {"abc", {9, 1}, {3, 0}, ""},
+      {"\xC3\xA4\xC3\xB6\xC3\xBC", {1, 1}, {1, 1}, "\xC3\xB6"},
+      {"\xF0\x9F\x93\x81x\xF0\x9F\x98\x80y", {2, 2}, {2, 2}, "\xF0\x9F\x98\x80y"},
+      {"\xE2\x82\xAC\xFFz", {1, 2}, {1, 2}, "\xFFz"},
+  };
+  for (ui::TextBox* box : {&window_.line, &window_.report}) {
+    for (const SelectionCase& c : cases) {
+      SCOPED_TRACE(box->name() + " " + c.text);
+      box->SetText(c.text);
+      box->Select(c.asked);
+      EXPECT_EQ(box->selection(), c.got);
+      EXPECT_EQ(box->selected_text(), c.selected);
+    }
+  }
+  window_.report.SetText("\xC3\xA4\r\n\xF0\x9F\x93\x81\r\nend");
+  window_.report.Select({3, 4});
+  EXPECT_EQ(window_.report.selection(), (ui::Selection{3, 4}));
+  EXPECT_EQ(window_.report.selected_text(), "\xF0\x9F\x93\x81\r\ne");
+}
+
+}  // namespace
+}  // namespace contract

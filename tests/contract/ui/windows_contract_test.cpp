@@ -1,0 +1,142 @@
+#include "tests/contract/ui/contract_window.h"
+
+namespace contract {
+namespace {
+
+TEST_F(FrontEndContract, ATimerTicksEveryIntervalUntilItIsStopped) {
+  window_.timer.on_timer = Count();
+  window_.timer.Start(20);
+  driver_->PassTime(10);
+  EXPECT_EQ(count_, 0);
+  window_.timer.Start(40);
+  while (count_ < 3) driver_->PassTime(10);
+  window_.timer.Stop();
+  driver_->PassTime(100);
+  EXPECT_EQ(count_, 3);
+}
+
+TEST_F(FrontEndContract, ATimerTicksWithoutAWindowAndMayStopItself) {
+  Window unseen(front_end_, ui::FormStyle::kPopUp);
+  unseen.timer.on_timer = [&] {
+    ++count_;
+    unseen.timer.Stop();
+  };
+  unseen.timer.Start(5);
+  while (count_ == 0) driver_->PassTime(5);
+  driver_->PassTime(30);
+  EXPECT_EQ(count_, 1);
+}
+
+TEST_F(FrontEndContract, ATimerDoesNotTickInsideItsOwnHandler) {
+  window_.timer.on_timer = [&] {
+    if (++count_ > 1) return;
+    driver_->PassTime(50);
+    EXPECT_EQ(count_, 1);
+    window_.timer.Stop();
+  };
+  window_.timer.Start(5);
+  while (count_ == 0) driver_->PassTime(5);
+}
+
+TEST_F(FrontEndContract, AModalWindowReturnsWhenItIsHiddenWhileTimersGoOn) {
+  Window dialog(front_end_, ui::FormStyle::kDialog);
+  window_.timer.on_timer = Count();
+  window_.timer.Start(5);
+  driver_->Later([&] {
+    EXPECT_TRUE(dialog.modal());
+    EXPECT_EQ(dialog.owner(), &window_);
+    while (count_ == 0) driver_->PassTime(5);
+    driver_->Close(dialog);
+  });
+  dialog.ShowModal(window_);
+  EXPECT_FALSE(dialog.visible());
+  EXPECT_FALSE(dialog.modal());
+  EXPECT_GE(count_, 1);
+}
+
+TEST_F(FrontEndContract, QuitEndsAModalWindowAndTheRun) {
+  Window dialog(front_end_, ui::FormStyle::kDialog);
+  driver_->Later([&] {
+    driver_->Later([&] { front_end_.Quit(3); });
+    dialog.ShowModal(window_);
+    EXPECT_FALSE(dialog.visible());
+  });
+  EXPECT_EQ(front_end_.Run(), 3);
+  EXPECT_TRUE(front_end_.quitting());
+  EXPECT_EQ(front_end_.Run(), 3);
+}
+
+TEST_F(FrontEndContract, ClosingAsksTheHandlerAndHidesWithoutOne) {
+  window_.on_close = Count();
+  driver_->Close(window_);
+  EXPECT_EQ(count_, 1);
+  EXPECT_TRUE(window_.visible());
+  window_.on_close = nullptr;
+  driver_->Close(window_);
+  EXPECT_FALSE(window_.visible());
+  window_.first.on_mouse_up = Count();
+  Show(window_);
+  driver_->Click(window_.first);
+  EXPECT_EQ(count_, 2);
+}
+
+TEST_F(FrontEndContract, AMinimisedWindowIsRestored) {
+  driver_->Minimise(window_);
+  EXPECT_EQ(window_.state(), ui::WindowState::kMinimised);
+  window_.Restore();
+  front_end_.RunPendingEvents();
+  EXPECT_EQ(window_.state(), ui::WindowState::kNormal);
+  window_.first.on_mouse_up = Count();
+  driver_->Click(window_.first);
+  EXPECT_EQ(count_, 1);
+}
+
+TEST_F(FrontEndContract, BothUserAndProgramChangeTheInnerSize) {
+  window_.on_resize = Count();
+  const ui::Size before = window_.inner();
+  window_.SetWidth(window_.width() + 1'500);
+  EXPECT_EQ(window_.inner().width, before.width + 1'500);
+  EXPECT_EQ(count_, 1);
+  front_end_.RunPendingEvents();
+  driver_->Resize(window_, {window_.width() - 3'000, window_.height()});
+  EXPECT_EQ(window_.inner().width, before.width - 1'500);
+  EXPECT_EQ(count_, 2);
+}
+
+TEST_F(FrontEndContract, APopUpTakesNeitherFocusNorActivation) {
+  window_.first.on_mouse_up = Count();
+  window_.on_activate = Count();
+  Window pop_up(front_end_, ui::FormStyle::kPopUp);
+  pop_up.label.on_mouse_up = [&] { pop_up.Hide(); };
+  Show(pop_up);
+  EXPECT_EQ(pop_up.focused(), nullptr);
+  driver_->Press(window_, Key::kSpace);
+  EXPECT_EQ(count_, 1);
+  driver_->Click(pop_up.label);
+  EXPECT_FALSE(pop_up.visible());
+}
+
+TEST_F(FrontEndContract, OnlyYesIsYes) {
+  const ui::MessageBox box{"Go on?\r\nReally?", "", ui::Icon::kQuestion};
+  driver_->AnswerYes();
+  EXPECT_TRUE(front_end_.dialogs().AskYesNo(window_, box));
+  driver_->AnswerByLeaving();
+  EXPECT_FALSE(front_end_.dialogs().AskYesNo(window_, box));
+}
+
+TEST_F(FrontEndContract, ATextIsAskedForOrRefused) {
+  driver_->AnswerText("Bilder \xC3\xA4");
+  EXPECT_EQ(front_end_.dialogs().AskText(window_, {"Name?", "Name", 300, 300}), "Bilder \xC3\xA4");
+  driver_->AnswerByLeaving();
+  EXPECT_EQ(front_end_.dialogs().AskText(window_, {"Name?", "Name", 300, 300}), std::nullopt);
+}
+
+TEST_F(FrontEndContract, TheClipboardKeepsLineEnds) {
+  front_end_.clipboard().SetText("\xC3\xA4\r\nb\r\n");
+  EXPECT_EQ(front_end_.clipboard().Text(), "\xC3\xA4\r\nb\r\n");
+  front_end_.clipboard().Clear();
+  EXPECT_EQ(front_end_.clipboard().Text(), "");
+}
+
+}  // namespace
+}  // namespace contract

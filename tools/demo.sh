@@ -1,0 +1,103 @@
+# shellcheck shell=bash disable=SC2034
+# The demo: a folder of files, a saved setup for it, and the real program backing it up unattended. Read by ./run.
+
+source tools/screen.sh
+
+demo_folder=
+demo_runner=()
+
+quoted_if_needed() { if [[ $1 == *,* ]]; then printf '"%s"' "$1"; else printf '%s' "$1"; fi; }
+
+# The setup that the program loads at its start; the names are all folders of the first level.
+save_setup() {
+  local folders
+  mapfile -t folders < <(cd "$demo_folder/source" && find . -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | sort)
+  mkdir -p "$demo_folder/config/Quorvane" "$demo_folder/target"
+  {
+    printf '%s\r\n' "$(quoted_if_needed "$demo_folder/source")" "$(quoted_if_needed "$demo_folder/target")"
+    printf ' %d \r\n' 0 0 0 1 0 0  # with all subfolders, modified at any time, everything else off
+    printf '%s\r\n' 'Browser cache/' " ${#folders[@]} " "${folders[@]}" ''
+  } >"$demo_folder/config/Quorvane/qvr.usr"
+}
+
+make_or_change_files() {
+  if [[ -d $demo_folder/target ]]; then
+    echo "Since the last demo these files have changed:"
+    python3 -B tools/demo_files.py change "$demo_folder/source"
+  else
+    rm -rf "$demo_folder"
+    mkdir -p "$demo_folder/pictures"
+    python3 -B tools/demo_files.py make "$demo_folder/source"
+  fi
+}
+
+# Root may read every file, whatever its permissions say. Without these two powers it is refused like any other user.
+give_up_reading_everything() {
+  local powers=-dac_override,-dac_read_search
+  demo_runner=(env)
+  ((EUID == 0)) || return 0
+  demo_runner=(setpriv "--bounding-set=$powers" "--inh-caps=$powers" env)
+  if ! "${demo_runner[@]}" test -w "$demo_folder/target"; then
+    echo "Root cannot give up its rights here, so the unreadable file will be read after all."
+    demo_runner=(env)
+  fi
+}
+
+# Shows the report as it is written, and returns at its last line; the program is left open.
+run_program() {
+  local line=
+  exec {report}< <(exec "${demo_runner[@]}" -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 \
+    XDG_CONFIG_HOME="$demo_folder/config" "$1" demo 2>"$demo_folder/errors.txt")
+  demo_program=$!
+  : >"$demo_folder/report.txt"
+  while IFS= read -r -t 120 -u "$report" line; do
+    printf '%s\n' "$line" | tee -a "$demo_folder/report.txt"
+    [[ $line == RESULT\ * ]] && return
+  done
+  cat "$demo_folder/errors.txt" >&2
+  echo "The program ended or fell silent before its RESULT line." >&2
+  return 1
+}
+
+take_pictures() {
+  picture_of "Quorvane" 20 40 "$demo_folder/pictures/main-window.png"
+  picture_of "Back up new and modified" 980 40 "$demo_folder/pictures/report-window.png"
+}
+
+close_program() {
+  demo_exit_code=0
+  wmctrl -F -c "Quorvane"
+  wait "$demo_program" || demo_exit_code=$?
+  demo_program=
+}
+
+end_demo() {
+  [[ -z ${demo_program:-} ]] || kill "$demo_program" 2>/dev/null || true
+  stop_screen
+}
+
+say_where_things_are() {
+  local folder=${demo_folder#"$PWD/"}
+  echo
+  echo "Exit code $demo_exit_code: the one file without read permission could not be copied, and the report names it."
+  echo "Files     $folder/source"
+  echo "Copies    $folder/target"
+  echo "Report    $folder/report.txt"
+  echo "Pictures  $folder/pictures/main-window.png, report-window.png"
+  echo "Run the demo again to see that only what has changed is copied; remove $folder to begin anew."
+}
+
+# demo PROGRAM FOLDER, both as full paths.
+demo() {
+  demo_folder=$2
+  make_or_change_files
+  save_setup
+  give_up_reading_everything
+  trap end_demo EXIT
+  start_screen "$demo_folder"
+  echo
+  run_program "$1"
+  take_pictures
+  close_program
+  say_where_things_are
+}
