@@ -110,7 +110,10 @@ void frmConfirmOperation::PlaceAbove(const ui::Form& owner) {
 
 void frmConfirmOperation::Form_Activate() {
   Form_Resize();
-  if (!preview_.findings().complete) tmrRead.Start(kBetweenSlices);
+  if (activated_) return;
+  activated_ = true;
+  cmdStart.SetFocus();
+  tmrRead.Start(kBetweenSlices);
 }
 
 void frmConfirmOperation::tmrRead_Timer() {

@@ -70,6 +70,7 @@ class frmConfirmOperation : public ui::Form {
   TargetVolume volume_;
   std::vector<Fact> facts_;
   std::vector<std::string> doubts_;
+  bool activated_ = false;
   bool confirmed_ = false;
 };
 

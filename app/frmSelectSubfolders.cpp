@@ -90,6 +90,7 @@ void frmSelectSubfolders::PlaceAbove(const ui::Form& owner) {
 }
 
 void frmSelectSubfolders::Form_Activate() {
+  Form_Resize();
   if (!names_read_) tmrRead.Start(kBetweenSlices);
 }
 
