@@ -123,7 +123,7 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
        }},
       {"target folder lies inside the source", [](app::Setup& setup) { setup.TargetFolder = "/src/inside"; }},
       {"source folder lies inside the target", [](app::Setup& setup) { setup.TargetFolder = "/"; }},
-      {"\"le\" is so short", [](app::Setup& setup) { setup.SkipFilepaths = "le"; }},
+      {"in mind: \"le\"", [](app::Setup& setup) { setup.SkipFilepaths = "le"; }},
       {"so every file is left out", [](app::Setup& setup) { setup.SkipFilepaths = "SRC"; }},
       {"no longer there: gone",
        [](app::Setup& setup) {
