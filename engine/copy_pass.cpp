@@ -32,6 +32,12 @@ std::string ReadOnlyQuestion(const Tools& tools, const std::string& path) {
          part(text::kStaysReadOnly) + "\r\n\r\n" + part(text::kGoOn) + " " + part(text::kWithNextFile);
 }
 
+bool IsLink(platform::FileSystem& files, const std::string& folder, const std::string& path) {
+  const auto real_folder = files.RealPath(folder);
+  const auto real = files.RealPath(path);
+  return real && real_folder && files.NameKey(platform::ParentOf(*real)) != files.NameKey(*real_folder);
+}
+
 }  // namespace
 
 CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
@@ -53,7 +59,7 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
     Fail(file, outcome.error());
     return CopyResult::kFailed;
   }
-  CarryAttributes(platform::JoinPath(folders.target_path(), file.source.name), *outcome);
+  CarryAttributes(folders, file, *outcome);
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome->bytes);
   listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
@@ -79,7 +85,7 @@ bool CopyPass::HasSpaceFor(const Candidate& file) {
 }
 
 bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
-  if (folder_given_up_ == folders.target_path()) {
+  if (!folder_given_up_.empty() && platform::IsInside(folders.target_path(), folder_given_up_)) {
     Fail(file, why_given_up_);
     return false;
   }
@@ -95,6 +101,8 @@ bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
 bool CopyPass::CanBeReplaced(const FolderPair& folders, const Candidate& file) {
   if (!file.TargetFileExists() || !IsReadOnly(file.target->attributes)) return true;
   const std::string path = platform::JoinPath(folders.target_path(), file.target->name);
+  // The copy takes the place of a link; what the link leads to stays as it is.
+  if (IsLink(tools_.files, folders.target_path(), path)) return true;
   if (ClearReadOnly(tools_.files, path)) return true;
   Fail(file, {platform::ErrorKind::kAccessDenied, 0, {}});
   if (!listener_.AskWhetherToGoOn({ReadOnlyQuestion(tools_, path), {}})) Terminate();
@@ -108,13 +116,14 @@ platform::Result<platform::CopyOutcome> CopyPass::CopyFileTo(FolderPair& folders
   });
 }
 
-void CopyPass::CarryAttributes(const std::string& target_path, const platform::CopyOutcome& outcome) {
-  if (IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes)) {
-    SetSystemFile(tools_.files, target_path);
-  }
-  if ((outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0) {
-    ClearReadOnlyAndHidden(tools_.files, target_path);
-  }
+void CopyPass::CarryAttributes(const FolderPair& folders, const Candidate& file,
+                               const platform::CopyOutcome& outcome) {
+  const bool set = IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes);
+  const bool clear = (outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0;
+  if (!set && !clear) return;
+  const std::string path = platform::JoinPath(folders.target_path(), file.source.name);
+  if (set) SetSystemFile(tools_.files, path);
+  if (clear) ClearReadOnlyAndHidden(tools_.files, path);
 }
 
 void CopyPass::Fail(const Candidate& file, const platform::Error& error) {

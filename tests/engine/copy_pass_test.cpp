@@ -58,6 +58,7 @@ TEST(CopyPass, AsksOnceAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
     Scene scene;
     scene.files.AddFile("/src/sub/a", "1");
     scene.files.AddFile("/src/sub/b", "2");
+    scene.files.AddFile("/src/sub/below/d", "4");
     scene.files.AddFile("/src/tail/c", "3");
     scene.setup.IncludedFolders = {"sub", "tail"};
     scene.files.Fail(Call::kCreateFolder, "/dst/sub", kNoAccess);
@@ -66,7 +67,7 @@ TEST(CopyPass, AsksOnceAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
     EXPECT_EQ(scene.listener.questions.size(), 1U);
     EXPECT_EQ(outcome.terminated, !go_on);
     EXPECT_EQ(scene.files.Exists("/dst/tail/c"), go_on);
-    EXPECT_EQ(outcome.totals.counts.failed, go_on ? 2 : 1);
+    EXPECT_EQ(outcome.totals.counts.failed, go_on ? 3 : 1);
     EXPECT_TRUE(Balances(outcome.totals.counts));
   }
 }
@@ -82,6 +83,17 @@ TEST(CopyPass, MakesAReadOnlyCopyWritableOrAsks) {
     EXPECT_EQ(scene.files.ContentOf("/dst/a"), stays ? "old!" : "new");
     EXPECT_EQ(outcome.totals.counts.failed, stays ? 1 : 0);
   }
+}
+
+TEST(CopyPass, ReplacesALinkAndLeavesWhatItLeadsToAlone) {
+  Scene scene;
+  scene.files.AddFile("/src/a", "new");
+  scene.files.AddFile("/src/sub/kept", "kept!", {}, platform::kReadOnly);
+  scene.files.AddLink("/dst/a", "/src/sub/kept");
+  scene.BackUp();
+  EXPECT_EQ(scene.files.ContentOf("/dst/a"), "new");
+  EXPECT_EQ(scene.files.ContentOf("/src/sub/kept"), "kept!");
+  EXPECT_EQ(scene.files.AttributesOf("/src/sub/kept"), platform::kReadOnly);
 }
 
 TEST(CopyPass, TheCopyKeepsSystemAndIsNeitherHiddenNorReadOnly) {
