@@ -11,6 +11,10 @@
 namespace engine {
 namespace {
 
+/// Of the target's free space: how much is plenty, and for how long an answer then holds.
+constexpr double kPlenty = 256.0 * 1024 * 1024;
+constexpr std::chrono::milliseconds kSpaceHolds{100};
+
 constexpr const char* kDriveFullLine = "The target drive is full.";
 constexpr const char* kDriveFullMessage =
     "The target drive is full, so this backup operation\r\n"
@@ -56,21 +60,35 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
   const auto outcome = CopyFileTo(folders, file);
   if (!outcome) {
     if (outcome.error().kind == platform::ErrorKind::kCancelled) return CopyResult::kCancelled;
+    free_bytes_.reset();
     Fail(file, outcome.error());
     return CopyResult::kFailed;
   }
   CarryAttributes(folders, file, *outcome);
+  if (free_bytes_) *free_bytes_ -= static_cast<double>(outcome->bytes);
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome->bytes);
   listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
   return CopyResult::kCopied;
 }
 
-bool CopyPass::HasSpaceFor(const Candidate& file) {
+/// On a disk elsewhere in the network the question takes longer than a small file. With plenty of room the
+/// answer holds for a moment; a disk that other programs fill meanwhile fails the copy instead.
+std::optional<double> CopyPass::FreeBytes() {
+  const std::chrono::milliseconds now = tools_.clock.Monotonic();
+  if (free_bytes_ && *free_bytes_ > kPlenty && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
   double free_bytes = 0;
   double total_bytes = 0;
-  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) != 0) return true;
-  if (free_bytes <= 0) {
+  free_bytes_.reset();
+  free_bytes_asked_ = now;
+  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) == 0) free_bytes_ = free_bytes;
+  return free_bytes_;
+}
+
+bool CopyPass::HasSpaceFor(const Candidate& file) {
+  const std::optional<double> free_bytes = FreeBytes();
+  if (!free_bytes) return true;
+  if (*free_bytes <= 0) {
     listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()));
     listener_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
     listener_.Tell(kDriveFullMessage);
@@ -78,7 +96,7 @@ bool CopyPass::HasSpaceFor(const Candidate& file) {
     return false;
   }
   const std::int32_t source_size = FileSizeOf(file.source);
-  if (static_cast<double>(source_size) < free_bytes) return true;
+  if (static_cast<double>(source_size) < *free_bytes) return true;
   listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()) + ". " + kNoSpaceForFile +
                       " (" + text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
   return false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <string>
 
 #include "engine/folder_pair.h"
@@ -26,6 +28,8 @@ class CopyPass {
   bool OperationTerminated() const { return operation_terminated_; }
 
  private:
+  /// The target disk's; nothing when they cannot be told.
+  std::optional<double> FreeBytes();
   bool HasSpaceFor(const Candidate& file);
   bool HasTargetFolder(FolderPair& folders, const Candidate& file);
   bool CanBeReplaced(const FolderPair& folders, const Candidate& file);
@@ -42,6 +46,8 @@ class CopyPass {
   std::string target_root_;
   std::string folder_given_up_;  ///< a target folder that was asked about: nothing goes there or below
   platform::Error why_given_up_;
+  std::optional<double> free_bytes_;  ///< when last asked, less what was copied since
+  std::chrono::milliseconds free_bytes_asked_{0};
   bool operation_terminated_ = false;
 };
 

@@ -46,6 +46,17 @@ TEST(CopyPass, SkipsAFileThatExactlyFillsTheDiskAndGoesOnWithASmallerOne) {
   EXPECT_TRUE(Balances(outcome.totals.counts));
 }
 
+TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
+  for (const std::uint64_t free : {1'000'000'000U, 1'000'000U}) {
+    Scene scene;
+    for (char name = 'a'; name <= 'j'; ++name) scene.files.AddFile(std::string("/src/") + name, "1");
+    scene.files.SetSpace(free, 2'000'000'000);
+    scene.listener.on_copy = [&](const std::string&) { scene.clock.Advance(std::chrono::milliseconds{21}); };
+    scene.BackUp();
+    EXPECT_EQ(scene.files.CountOf(Call::kSpace), free > 1'000'000 ? 2U : 10U);
+  }
+}
+
 TEST(CopyPass, CopiesWhenTheFreeSpaceCannotBeTold) {
   Scene scene;
   scene.files.AddFile("/src/a", "1");
