@@ -79,6 +79,7 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   txbText.SetVisible(true);
   SetReportButtons2(false, true, "Pause", false, "");
   Show();
+  Form_Resize();  // only a window that has been shown knows its inner size
   cmdPauseContinue.SetFocus();
 }
 
@@ -99,7 +100,7 @@ void frmReport::DisplayFreeSpace(const std::string& drive, const std::string& fr
 
 void frmReport::Form_Unload() {
   if (!main_.OperationRunning()) {
-    cmdCancelClose_Click();
+    CloseReport();
   } else if (!Paused && cmdPauseContinue.visible() && !main_.StopRequested()) {
     cmdPauseContinue_Click();
   }

@@ -68,7 +68,7 @@ class frmReport : public ui::Form {
   /// Puts the bottom row of controls under the labels.
   void PositionReportButtons();
   /// Sets the window's outer size and lays out its controls. A height below the working height of 8,500,
-  /// which shows some thirty lines, becomes that height. The window stays on the screen.
+  /// which shows some 25 lines, becomes that height. The window stays on the screen.
   void ResizeForm(std::int16_t Height, std::int16_t Width);
 
   // --- Event handlers.
@@ -115,6 +115,7 @@ class frmReport : public ui::Form {
   void SetPauseCaption(const std::string& caption);
   void SetCancelCaption(const std::string& caption);
   void PauseOperation();
+  void CloseReport();
   void TakeBackCountingNote();
   bool NothingHalfDone() const;
 

@@ -1,4 +1,5 @@
 #include "report/frmReport.h"
+#include "text/text_numbers.h"
 #include "ui/front_end.h"
 
 namespace report {
@@ -9,9 +10,6 @@ constexpr const char* kContinue = "Continue";
 constexpr const char* kCancelOperation = "Cancel operation";
 constexpr const char* kClose = "Close";
 constexpr const char* kCountingNote = "Counting files ... ";
-
-constexpr int kCopyText = 112;
-constexpr int kCopySelectedText = 113;
 
 /// How long a held operation waits for the next event before it looks whether the program ends.
 constexpr int kHoldMilliseconds = 200;
@@ -99,11 +97,15 @@ void frmReport::cmdCancelClose_Click() {
     SetCancelCaption(kClose);
     cmdPauseContinue.SetVisible(false);
   } else {
-    Hide();
-    // An operation that is being stopped enables them itself when it has ended.
-    if (!main_.OperationRunning()) main_.EnableOperationControls();
+    CloseReport();
   }
   chkSuppressDisplayOfReport.SetVisible(false);
+}
+
+void frmReport::CloseReport() {
+  Hide();
+  // An operation that is being stopped enables them itself when it has ended.
+  if (!main_.OperationRunning()) main_.EnableOperationControls();
 }
 
 void frmReport::cmdCopyToClipboard_Click() {
@@ -111,14 +113,14 @@ void frmReport::cmdCopyToClipboard_Click() {
   const std::string selected = txbText.selected_text();
   front_end().clipboard().Clear();
   front_end().clipboard().SetText(selected.empty() ? txbText.text() : selected);
-  SetCopyCaption(texts_.GetProgramText(kCopyText));
+  SetCopyCaption(texts_.GetProgramText(text::kCopyAll));
   cmdCancelClose.SetFocus();
 }
 
 void frmReport::txbText_MouseUp() {
   if (!cmdCopyToClipboard.enabled()) return;
   const bool selected = txbText.selection().length > 0;
-  SetCopyCaption(texts_.GetProgramText(selected ? kCopySelectedText : kCopyText));
+  SetCopyCaption(texts_.GetProgramText(selected ? text::kCopySelected : text::kCopyAll));
 }
 
 void frmReport::chkSuppressDisplayOfReport_Click() {

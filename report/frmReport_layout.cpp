@@ -23,8 +23,9 @@ constexpr ui::Twips kSmallestText = 300;
 constexpr ui::Twips kWorkingHeight = 8'500;
 constexpr ui::Size kPauseButton{1'300, 420};
 constexpr ui::Twips kCheckBoxWidth = 2'700;
-/// A size asked for may come back rounded to whole pixels.
-constexpr ui::Twips kRounding = 60;
+/// How far a size may come back from the one asked for without the user: rounded to pixels, and before its
+/// first show without the true height of its title.
+constexpr ui::Twips kFromSystem = 600;
 
 }  // namespace
 
@@ -33,13 +34,16 @@ void frmReport::ResizeForm(std::int16_t Height, std::int16_t Width) {
   const ui::Twips height = std::max<ui::Twips>(Height, kWorkingHeight);
   const ui::Twips left = std::max(0, std::min(this->left(), screen.width - Width));
   const ui::Twips top = std::max(0, std::min(this->top(), screen.height - height));
-  size_set_ = {Width, height};
+  const ui::Size wanted{Width, height};
+  if (size_set_ == wanted && !SizedByUser()) return;
+  size_set_ = wanted;
   SetBounds({left, top, Width, height});
   Form_Resize();
 }
 
 bool frmReport::SizedByUser() const {
-  return std::abs(width() - size_set_.width) > kRounding || std::abs(height() - size_set_.height) > kRounding;
+  return std::abs(width() - size_set_.width) > kFromSystem ||
+         std::abs(height() - size_set_.height) > kFromSystem;
 }
 
 void frmReport::Form_Activate() { txbText.SetWidth(inner().width - 2 * kMargin - kRightReserve); }

@@ -112,6 +112,12 @@ bool Form::UserPressedAccessKey(char letter) {
   return true;
 }
 
+bool Form::UserPressedKey(const KeyPress& press) {
+  const bool passes_keys_on = focused_ == nullptr || dynamic_cast<Button*>(focused_) != nullptr ||
+                              dynamic_cast<CheckBox*>(focused_) != nullptr;
+  return on_key && passes_keys_on && reachable() && on_key(press);
+}
+
 std::vector<Control*> Form::TabOrder(const Control* from) const {
   std::vector<Control*> order;
   ForEach([&](Control& control) {

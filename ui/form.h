@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,14 @@ enum class FormStyle {
   kReport,  ///< on the task bar, can be minimised and sized by the user
   kDialog,  ///< belongs to another window, can be sized, not minimised
   kPopUp,   ///< without a border, above the others, never takes the focus
+};
+
+/// A key that moves through a list, or that types the name of an entry.
+enum class Key { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kCharacter };
+
+struct KeyPress {
+  Key key = Key::kCharacter;
+  std::string character = {};  ///< of kCharacter: the one character typed; never a blank or control character
 };
 
 /// A window. Hidden until Show(). Its text is the title; its bounds are the outer ones on the screen.
@@ -69,6 +78,9 @@ class Form : public Container {
   Handler on_close;
   Handler on_resize;    ///< the inner size has changed, by user or program
   Handler on_activate;  ///< the window has come to the front
+  /// A key pressed without Alt and Ctrl, or repeated, while a button, a check box or no control has the
+  /// focus: the others use these keys themselves. Returns whether it did something.
+  std::function<bool(const KeyPress&)> on_key;
 
   // --- From a peer.
   void UserClosed();
@@ -80,6 +92,8 @@ class Form : public Container {
   bool UserPressedEnter();   ///< the focused button, else the default button
   bool UserPressedEscape();  ///< the cancel button
   bool UserPressedAccessKey(char letter);
+  /// Asked before the focused control gets the key. Returns whether the key is used up.
+  bool UserPressedKey(const KeyPress& press);
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/memory/memory_system.h"
 #include "report/frmReport.h"
@@ -12,17 +10,15 @@
 namespace report {
 
 /// A main window that remembers what it was told.
-class FakeMain : public MainWindow {
- public:
+struct FakeMain : MainWindow {
   explicit FakeMain(ui::FrontEnd& front_end) : window(front_end, "frmMain", ui::FormStyle::kMain) {
     window.SetBounds({3'000, 300, 12'000, 9'000});
-    window.Show();
   }
-
   ui::Form& Window() override { return window; }
   std::size_t ReportCapacity() const override { return capacity; }
   bool SuppressDetailedReports() const override { return suppress; }
   bool SnipFullReport() const override { return snip; }
+  bool PauseAfterFirstCopy() const override { return false; }
   bool OperationRunning() const override { return running; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
@@ -31,25 +27,23 @@ class FakeMain : public MainWindow {
 
   ui::Form window;
   std::size_t capacity = 61'440;
-  bool suppress = false;
-  bool snip = false;
-  bool running = true;
-  bool stop = false;
+  bool suppress = false, snip = false, running = true, stop = false;
   int enabled = 0;
   RunningCounts counts;
 };
 
-/// The report window of a running operation.
+/// The report window of a running operation, and its lines, each with "|" behind it.
 struct ReportScene {
   ReportScene() {
-    window.SetLineSink([this](const std::string& line) { lines.push_back(line); });
+    window.SetLineSink([this](const std::string& line) { lines += line + "|"; });
     window.BeginReport("Report", "/data", "/backup");
     front_end.RunPendingEvents();
   }
-
-  /// Fills the box until it holds so many characters.
   void FillTo(std::size_t characters) {
     window.Output(std::string(characters - window.txbText.length(), 'x'), false);
+  }
+  void Click(ui::Button& button) {
+    front_end.Post([&button] { ui::headless::Click(button); });
   }
 
   ui::headless::HeadlessFrontEnd front_end;
@@ -57,7 +51,7 @@ struct ReportScene {
   text::ProgramTexts texts{"112 Copy all\n113 Copy selected\n"};
   FakeMain main{front_end};
   frmReport window{front_end, clock, texts, main};
-  std::vector<std::string> lines;
+  std::string lines;
 };
 
 }  // namespace report

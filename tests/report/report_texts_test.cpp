@@ -10,9 +10,9 @@ namespace {
 constexpr auto kAll = app::Operation::kBackupAllFiles;
 constexpr auto kModified = app::Operation::kBackupModifiedFiles;
 
-/// The phrases as the report would hold them behind a head line "H".
+/// The phrases in a row, "|" for a line end.
 std::string Joined(const std::vector<Phrase>& phrases) {
-  std::string text = "H";
+  std::string text;
   for (const Phrase& phrase : phrases) text += phrase.text + (phrase.new_line ? "|" : "");
   return text;
 }
@@ -26,113 +26,79 @@ TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCount) {
 }
 
 TEST(ReportTexts, ThePlaceholderStandsForEveryOccurrenceOfTheRoot) {
-  struct Case {
-    const char* path;
-    const char* root;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"/data/a", "/data", "{}/a"},   {"/data", "/data", "{}"},   {"/data/x/data/y", "/data", "{}/x{}/y"},
-      {"/dat", "/data", "/dat"},      {"/data/a", "", "/data/a"}, {"/home/user", "/", "{}home/user"},
-      {"E:\\a\\b", "E:\\", "{}a\\b"}, {"{}{}", "{}", "{}{}"},
-  };
-  for (const Case& c : cases) EXPECT_EQ(WithPlaceholder(c.path, c.root, "{}"), c.expected);
+  EXPECT_EQ(WithPlaceholder("/data/x/data/y", "/data", "{}"), "{}/x{}/y");
+  EXPECT_EQ(WithPlaceholder("/data", "/data", "{}"), "{}");
+  EXPECT_EQ(WithPlaceholder("/dat", "/data", "{}"), "/dat");
+  EXPECT_EQ(WithPlaceholder("/data", "", "{}"), "/data");
+  EXPECT_EQ(WithPlaceholder("/home/user", "/", "{}"), "{}home/user");
+  EXPECT_EQ(WithPlaceholder("E:\\a\\b", "E:\\", "{}"), "{}a\\b");
 }
 
-TEST(ReportTexts, CopyResultOfBackUpAllFiles) {
-  struct Case {
-    std::int64_t files, copied;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {0, 0, "H  All copied.|"},           {1, 1, "H  Copied.|"},
-      {2, 2, "H  Both copied.|"},          {3, 3, "H  All copied.|"},
-      {3, 1, "H  Only one file copied.|"}, {9, 4, "H  Only 4 files copied.|"},
-      {2, 0, "H  None copied.|"},
-  };
-  for (const Case& c : cases) EXPECT_EQ(Joined(CopyResult(kAll, {c.files, 0, 0, c.copied})), c.expected);
+/// The result phrases of a folder: "A" and "M" by the two copying operations, "C" of a check, "D" of a
+/// deletion.
+std::string Result(char kind, const FolderResult& folder) {
+  if (kind == 'C') return Joined(CheckResult(folder));
+  if (kind == 'D') return Joined(DeletionResult(folder.files_in_folder, folder.copied));
+  return Joined(CopyResult(kind == 'A' ? kAll : kModified, folder));
 }
 
-TEST(ReportTexts, CopyResultOfBackUpNewAndModified) {
+TEST(ReportTexts, ResultPhrasesFollowTheCounts) {
   struct Case {
-    std::int64_t files, not_backed_up, modified, copied;
+    char kind;
+    FolderResult folder;  ///< files, not backed up, modified, copied or deleted
     const char* expected;
   };
   const Case cases[] = {
-      {0, 0, 0, 0, "H"},
-      {1, 1, 0, 1, "HCopied.|"},
-      {2, 2, 0, 2, "H  Neither previously backed up.  Both copied.|"},
-      {3, 3, 0, 3, "H  None previously backed up.  All Copied.|"},
-      {1, 0, 1, 1, "HCopied.|"},
-      {2, 0, 2, 2, "H  All are modified.  Both copied.|"},
-      {5, 1, 2, 3, "H  2 modified files and 1 file not previously backed up.  All Copied.|"},
-      {5, 2, 1, 1, "H  1 modified file and 2 files not previously backed up.  One file copied.|"},
-      {5, 2, 2, 3, "H  2 modified files and 2 files not previously backed up.  3 files copied."},
-      {5, 2, 0, 0, "H  0 modified files and 2 files not previously backed up.  "},
-      {5, 0, 0, 0, "H"},
+      {'A', {0, 0, 0, 0}, "  All copied.|"},
+      {'A', {1, 0, 0, 1}, "  Copied.|"},
+      {'A', {2, 0, 0, 2}, "  Both copied.|"},
+      {'A', {3, 0, 0, 1}, "  Only one file copied.|"},
+      {'A', {9, 0, 0, 4}, "  Only 4 files copied.|"},
+      {'A', {2, 0, 0, 0}, "  None copied.|"},
+      {'M', {0, 0, 0, 0}, ""},
+      {'M', {1, 1, 0, 1}, "Copied.|"},
+      {'M', {2, 2, 0, 2}, "  Neither previously backed up.  Both copied.|"},
+      {'M', {3, 3, 0, 3}, "  None previously backed up.  All Copied.|"},
+      {'M', {1, 0, 1, 1}, "Copied.|"},
+      {'M', {2, 0, 2, 2}, "  All are modified.  Both copied.|"},
+      {'M', {5, 2, 1, 1}, "  1 modified file and 2 files not previously backed up.  One file copied.|"},
+      {'M', {5, 1, 2, 2}, "  2 modified files and 1 file not previously backed up.  2 files copied."},
+      {'M', {5, 2, 0, 0}, "  0 modified files and 2 files not previously backed up.  "},
+      {'M', {5, 0, 0, 0}, ""},
+      {'C', {1, 1, 0, 0}, ""},
+      {'C', {2, 2, 0, 0}, "  Neither are backed up.|"},
+      {'C', {3, 3, 0, 0}, "  None are backed up.|"},
+      {'C', {1, 0, 1, 0}, ""},
+      {'C', {2, 0, 2, 0}, "  Both are modified.|"},
+      {'C', {3, 0, 3, 0}, "  All are modified.|"},
+      {'C', {5, 1, 0, 0}, "  0 modified files and 1 file not backed up.  |"},
+      {'C', {5, 0, 0, 0}, ""},
+      {'D', {0, 0, 0, 0}, "  All deleted.|"},
+      {'D', {1, 0, 0, 1}, "  One file deleted.|"},
+      {'D', {2, 0, 0, 2}, "  Both deleted.|"},
+      {'D', {1, 0, 0, 0}, "  Not deleted.|"},
+      {'D', {2, 0, 0, 0}, "  Neither deleted.|"},
+      {'D', {3, 0, 0, 0}, "  None deleted.|"},
+      {'D', {9, 0, 0, 1}, "  One file deleted.|"},
+      {'D', {9, 0, 0, 4}, "   4 files deleted.|"},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(Joined(CopyResult(kModified, {c.files, c.not_backed_up, c.modified, c.copied})), c.expected);
-  }
-}
-
-TEST(ReportTexts, CheckResult) {
-  struct Case {
-    std::int64_t files, not_backed_up, modified;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {0, 0, 0, "H"},
-      {1, 1, 0, "H"},
-      {2, 2, 0, "H  Neither are backed up.|"},
-      {3, 3, 0, "H  None are backed up.|"},
-      {1, 0, 1, "H"},
-      {2, 0, 2, "H  Both are modified.|"},
-      {3, 0, 3, "H  All are modified.|"},
-      {5, 1, 0, "H  0 modified files and 1 file not backed up.  |"},
-      {5, 2, 1, "H  1 modified file and 2 files not backed up.  |"},
-      {5, 0, 0, "H"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(Joined(CheckResult({c.files, c.not_backed_up, c.modified, 0})), c.expected);
-  }
-}
-
-TEST(ReportTexts, DeletionResult) {
-  struct Case {
-    std::int64_t files, deleted;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {0, 0, "H  All deleted.|"},  {1, 1, "H  One file deleted.|"}, {2, 2, "H  Both deleted.|"},
-      {3, 3, "H  All deleted.|"},  {1, 0, "H  Not deleted.|"},      {2, 0, "H  Neither deleted.|"},
-      {3, 0, "H  None deleted.|"}, {9, 1, "H  One file deleted.|"}, {9, 4, "H   4 files deleted.|"},
-  };
-  for (const Case& c : cases) EXPECT_EQ(Joined(DeletionResult(c.files, c.deleted)), c.expected);
+  for (const Case& c : cases) EXPECT_EQ(Result(c.kind, c.folder), c.expected);
 }
 
 TEST(ReportTexts, OnlyPhrasesOfTheIndentRuleAreIndentedBehindAClosedHeadLine) {
   ReportScene scene;
-  frmReport& window = scene.window;
-  DisplayFilesCopied(window, kAll, {2, 0, 0, 2});  // an empty report ends in no line end
-  DisplayNumFilesInFolder(window, true, "/data/a", "/data", 2);
-  DisplayFilesCopied(window, kAll, {2, 0, 0, 2});
-  DisplayFilesCopied(window, kAll, {2, 0, 0, 2});
-  DisplayFilesCopied(window, kAll, {2, 0, 0, 1});
-  DisplayFilesCopied(window, kModified, {2, 2, 0, 2});
-  DisplayNewAndModifiedFiles(window, {2, 2, 0, 0});
-  DisplayNumFilesInFolder(window, false, "/backup/a", "/backup", 1);
-  DisplayFilesDeleted(window, 1, 1);
-  const std::vector<std::string> expected = {
-      "  Both copied.",
-      "    2 files in {source folder}/a  Both copied.",
-      "      Both copied.",
-      "  Only one file copied.",
-      "      Neither previously backed up.  Both copied.",
-      "      Neither are backed up.",
-      "    1 file  in {target folder}/a  One file deleted.",
-  };
-  EXPECT_EQ(scene.lines, expected);
+  DisplayFilesCopied(scene.window, kAll, {2, 0, 0, 2});  // an empty report ends in no line end
+  DisplayNumFilesInFolder(scene.window, false, "/backup/a", "/backup", 2);
+  DisplayFilesCopied(scene.window, kAll, {2, 0, 0, 2});
+  DisplayFilesCopied(scene.window, kAll, {2, 0, 0, 2});
+  DisplayFilesCopied(scene.window, kAll, {2, 0, 0, 1});
+  DisplayFilesCopied(scene.window, kModified, {2, 2, 0, 2});
+  DisplayNewAndModifiedFiles(scene.window, {2, 2, 0, 0});
+  DisplayFilesDeleted(scene.window, 1, 1);
+  EXPECT_EQ(scene.lines,
+            "  Both copied.|    2 files in {target folder}/a  Both copied.|      Both copied.|"
+            "  Only one file copied.|      Neither previously backed up.  Both copied.|"
+            "      Neither are backed up.|  One file deleted.|");
 }
 
 }  // namespace

@@ -6,52 +6,24 @@ namespace StrProc {
 namespace {
 
 const text::NumberMarks kEnglish{",", "."};
-const text::NumberMarks kGerman{".", ","};
-
-TEST(StrProc, ConvertsCountsAsThePhrasesNeedThem) {
-  EXPECT_EQ(Trim(1234), "1234");
-  EXPECT_EQ(Str(12), " 12");
-  EXPECT_EQ(Str(-12), "-12");
-  EXPECT_EQ(PluralSuffix(1), "");
-  EXPECT_EQ(PluralSuffix(0), "s");
-  EXPECT_EQ(PluralSuffix(2), "s");
-}
 
 TEST(StrProc, AddsTheMbOnlyAboveOneMb) {
-  const std::pair<double, const char*> cases[] = {
-      {-1, ""},
-      {0, "0 bytes"},
-      {1'048'576, "1,048,576 bytes"},
-      {1'048'577, "1,048,577 bytes (1.00 Mb)"},
-      {233'222'222'222, "233,222,222,222 bytes (222,417.95 Mb)"},
-  };
-  for (const auto& [size, expected] : cases)
-    EXPECT_EQ(FormatByteCountWithMb(size, false, kEnglish), expected);
-  EXPECT_EQ(FormatByteCountWithMb(1'572'864, true, kGerman), "1.572.864 Bytes (1,50 Mb)");
-  EXPECT_EQ(FormatByteCount(0, true, kEnglish), "0 Bytes");
-  EXPECT_EQ(FormatByteCount(-1, true, kEnglish), "");
+  EXPECT_EQ(FormatByteCountWithMb(-1, false, kEnglish), "");
+  EXPECT_EQ(FormatByteCountWithMb(0, true, kEnglish), "0 Bytes");
+  EXPECT_EQ(FormatByteCountWithMb(1'048'576, false, kEnglish), "1,048,576 bytes");
+  EXPECT_EQ(FormatByteCountWithMb(1'048'577, false, kEnglish), "1,048,577 bytes (1.00 Mb)");
+  EXPECT_EQ(FormatByteCountWithMb(1'572'864, true, {".", ","}), "1.572.864 Bytes (1,50 Mb)");
 }
 
 TEST(StrProc, ChangesTheUnitExactlyAtItsLimit) {
-  struct Case {
-    double size;
-    const char* up_to_mb;
-    const char* up_to_gb;
-  };
-  const Case cases[] = {
-      {-1, "", ""},
-      {0, "0 bytes", "0 bytes"},
-      {1'023, "1,023 bytes", "1,023 bytes"},
-      {1'024, "1.0 Kb", "1.0 Kb"},
-      {1'048'575, "1,024.0 Kb", "1,024.0 Kb"},
-      {1'048'576, "1.0 Mb", "1.0 Mb"},
-      {1'073'741'824, "1,024.0 Mb", "1.0 Gb"},
-      {5'000.0 * 1'073'741'824, "5,120,000.0 Mb", "5,000.0 Gb"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(FormatSizeKbMb(c.size, 1, kEnglish), c.up_to_mb);
-    EXPECT_EQ(FormatSizeKbMbGb(c.size, 1, kEnglish), c.up_to_gb);
-  }
+  EXPECT_EQ(FormatSizeKbMb(1'023, 1, kEnglish), "1,023 bytes");
+  EXPECT_EQ(FormatSizeKbMb(1'024, 1, kEnglish), "1.0 Kb");
+  EXPECT_EQ(FormatSizeKbMb(1'048'575, 1, kEnglish), "1,024.0 Kb");
+  EXPECT_EQ(FormatSizeKbMb(1'073'741'824, 1, kEnglish), "1,024.0 Mb");
+  EXPECT_EQ(FormatSizeKbMbGb(-1, 1, kEnglish), "");
+  EXPECT_EQ(FormatSizeKbMbGb(0, 1, kEnglish), "0 bytes");
+  EXPECT_EQ(FormatSizeKbMbGb(1'048'576, 1, kEnglish), "1.0 Mb");
+  EXPECT_EQ(FormatSizeKbMbGb(1'073'741'824, 1, kEnglish), "1.0 Gb");
 }
 
 }  // namespace

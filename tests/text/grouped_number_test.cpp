@@ -8,19 +8,12 @@ namespace text {
 namespace {
 
 const NumberMarks kEnglish{",", "."};
-const NumberMarks kGerman{".", ","};
 
 TEST(GroupedNumber, GroupsWholeNumbersFromTheRight) {
-  const std::pair<std::int64_t, const char*> cases[] = {
-      {0, "0"},
-      {999, "999"},
-      {1000, "1,000"},
-      {123456, "123,456"},
-      {-1234567, "-1,234,567"},
-      {-123, "-123"},
-      {std::numeric_limits<std::int64_t>::min(), "-9,223,372,036,854,775,808"},
-  };
-  for (const auto& [value, expected] : cases) EXPECT_EQ(GroupedNumber(value, kEnglish), expected);
+  EXPECT_EQ(GroupedNumber(std::int64_t{999}, kEnglish), "999");
+  EXPECT_EQ(GroupedNumber(std::int64_t{-123456}, kEnglish), "-123,456");
+  EXPECT_EQ(GroupedNumber(std::numeric_limits<std::int64_t>::min(), kEnglish), "-9,223,372,036,854,775,808");
+  EXPECT_EQ(GroupedNumber(std::int64_t{1234567}, {".", ","}), "1.234.567");
 }
 
 TEST(GroupedNumber, RoundsHalfAwayFromZeroAndDropsTheZeroBeforeTheMark) {
@@ -40,8 +33,7 @@ TEST(GroupedNumber, RoundsHalfAwayFromZeroAndDropsTheZeroBeforeTheMark) {
 }
 
 TEST(GroupedNumber, TakesTheMarksOfTheUsersFormat) {
-  EXPECT_EQ(GroupedNumber(std::int64_t{1234567}, kGerman), "1.234.567");
-  EXPECT_EQ(GroupedNumber(1234.5, 2, kGerman), "1.234,50");
+  EXPECT_EQ(GroupedNumber(1234.5, 2, {".", ","}), "1.234,50");
   EXPECT_EQ(GroupedNumber(1234.5, 1, {"", ","}), "1234,5");
   EXPECT_EQ(GroupedNumber(std::int64_t{1000}, {"\u00A0", ","}), "1\u00A0000");
 }

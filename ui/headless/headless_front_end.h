@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/form.h"
 #include "ui/front_end.h"
 
 /// The front end without a screen: for tests, benchmarks and machines without a display.
@@ -112,5 +113,7 @@ bool Scroll(ScrollBar& bar, int value);
 void PressTab(Form& form);
 /// Space on the control with the focus.
 void PressSpace(Form& form);
+/// Returns whether the window used the key.
+bool PressKey(Form& form, const KeyPress& press);
 
 }  // namespace ui::headless

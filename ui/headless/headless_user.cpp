@@ -55,4 +55,6 @@ void PressSpace(Form& form) {
   if (focused != nullptr && focused->reachable()) focused->UserKeyed();
 }
 
+bool PressKey(Form& form, const KeyPress& press) { return form.UserPressedKey(press); }
+
 }  // namespace ui::headless

@@ -1,0 +1,235 @@
+#include "app/frmConfirmOperation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/line_break.h"
+#include "app/placing.h"
+#include "report/window_look.h"
+
+namespace app {
+namespace {
+
+using ui::Twips;
+
+constexpr ui::Size kOuterSize{9'600, 8'700};
+constexpr ui::Size kSmallest{6'600, 5'400};  ///< inner size below which nothing is made smaller
+constexpr Twips kMargin = 240;
+constexpr Twips kGap = 120;
+constexpr Twips kTitleHeight = 390;
+constexpr Twips kRow = 390;
+constexpr Twips kButtonHeight = 420;
+constexpr Twips kButtonWidth = 1'650;
+constexpr Twips kScrollBarWidth = 270;
+constexpr Twips kInset = 180;           ///< from the sides of a frame to what is in it
+constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's font
+constexpr Twips kFactGap = 120;         ///< between two facts
+constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
+constexpr Twips kSlack = 90;            ///< by which a label is wider than the text it is to hold
+
+constexpr std::chrono::milliseconds kSlice{40};
+constexpr int kBetweenSlices = 1;
+
+ui::Font HeadingFont(int points) { return {report::kWindowFont, points, true}; }
+
+}  // namespace
+
+frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
+    : lblHeading(&area, "lblHeading " + std::to_string(index)),
+      lblText(&area, "lblText " + std::to_string(index)) {
+  lblHeading.SetFont(HeadingFont(9));
+  lblText.SetFont({report::kWindowFont});
+  lblHeading.SetColours(report::kPaperColours);
+  lblText.SetColours(report::kPaperColours);
+}
+
+frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request)
+    : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
+      context_(context),
+      request_(std::move(request)),
+      preview_(context.files, request_) {
+  ConnectHandlers();
+}
+
+void frmConfirmOperation::ConnectHandlers() {
+  on_activate = [this] { Form_Activate(); };
+  on_resize = [this] { Form_Resize(); };
+  on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
+  vsbFacts.on_change = [this] { vsbFacts_Change(); };
+  cmdStart.on_mouse_up = [this] { cmdStart_Click(); };
+  cmdCancel.on_mouse_up = [this] { cmdCancel_Click(); };
+  tmrRead.on_timer = [this] { tmrRead_Timer(); };
+}
+
+bool frmConfirmOperation::Confirm(ui::Form& owner) {
+  Form_Load();
+  SetBounds(CentredOver(owner, kOuterSize, context_.front_end.screen()));
+  ShowModal(owner);
+  tmrRead.Stop();
+  return confirmed_;
+}
+
+void frmConfirmOperation::Form_Load() {
+  SetText("Confirm operation");
+  lblOperation.SetText(OperationName(request_.operation));
+  lblExplanation.SetText(OperationExplained(request_.operation));
+  picFacts.SetSpokenName("What will be done");
+  picFacts.SetScrollBar(&vsbFacts);
+  vsbFacts.SetSpokenName("Scroll what will be done");
+  lblDoubtsHeading.SetText("Worth a second look");
+  fraDoubts.SetSpokenName("Worth a second look");
+  chkDontShowAgain.SetText("Do not show this again while the program runs");
+  chkDontShowAgain.SetAccessKey('D');
+  cmdStart.SetText("Start backup");
+  cmdStart.SetAccessKey('S');
+  cmdCancel.SetText("Cancel");
+  SetDefaultButton(&cmdStart);
+  SetCancelButton(&cmdCancel);
+
+  report::SetControlsFontName(*this, report::kWindowFont);
+  report::SetControlsBackColor(*this, report::kWindowColours);
+  lblOperation.SetFont(HeadingFont(13));
+  picFacts.SetColours(report::kPaperColours);
+  lblDoubtsHeading.SetFont(HeadingFont(9));
+  for (ui::Control* note : std::initializer_list<ui::Control*>{&fraDoubts, &lblDoubtsHeading, &lblDoubts}) {
+    note->SetColours(report::kNoteColours);
+  }
+  vsbFacts.SetColours(std::nullopt);
+
+  volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
+  if (const auto space = context_.files.Space(request_.setup.TargetFolder)) volume_.space = *space;
+  Refresh();
+}
+
+void frmConfirmOperation::Form_Activate() {
+  Form_Resize();
+  if (activated_) return;
+  activated_ = true;
+  cmdStart.SetFocus();
+  tmrRead.Start(kBetweenSlices);
+}
+
+void frmConfirmOperation::tmrRead_Timer() {
+  const auto end = context_.clock.Monotonic() + kSlice;
+  while (preview_.Step() && context_.clock.Monotonic() < end) {
+  }
+  if (preview_.findings().complete) tmrRead.Stop();
+  Refresh();
+}
+
+void frmConfirmOperation::Refresh() {
+  const FactsToTell tell{request_, volume_, preview_.findings(), context_.texts, context_.marks};
+  facts_ = FactsOf(tell);
+  doubts_ = DoubtsOf(tell);
+  std::string spoken = OperationExplained(request_.operation);
+  for (const std::string& doubt : doubts_) spoken += " " + doubt;
+  cmdStart.SetDescription(spoken);
+  Form_Resize();
+}
+
+void frmConfirmOperation::Form_Resize() {
+  const Twips width = std::max(inner().width, kSmallest.width) - 2 * kMargin;
+  const Twips height = std::max(inner().height, kSmallest.height);
+  const Twips right = kMargin + width;
+  const Twips buttons = height - kMargin - kButtonHeight;
+
+  lblOperation.SetBounds({kMargin, kMargin, width, kTitleHeight});
+  lblExplanation.SetBounds({kMargin, lblOperation.bounds().bottom(), width, kRow});
+  cmdCancel.SetBounds({right - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
+  cmdStart.SetBounds({cmdCancel.left() - kGap - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
+  chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
+
+  const Twips facts = lblExplanation.bounds().bottom() + kGap;
+  const Twips facts_end = PlaceDoubts(buttons - kGap, width) - kGap;
+  picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
+  vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
+  PlaceFacts();
+  if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
+}
+
+/// The doubts stand right above the buttons. Returns their upper edge.
+Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
+  fraDoubts.SetVisible(!doubts_.empty());
+  if (doubts_.empty()) return bottom;
+  const Twips text_width = width - 2 * kInset;
+  std::string text;
+  for (const std::string& doubt : doubts_) text += (text.empty() ? "" : "\r\n") + doubt;
+  text = Broken(text, text_width, lblDoubts.font());
+  const Twips text_height = CountLines(text) * kLineHeight;
+  lblDoubts.SetText(text);
+  lblDoubtsHeading.SetBounds({kInset, kInset, text_width, kLineHeight});
+  lblDoubts.SetBounds({kInset, kInset + kLineHeight + kGap / 2, text_width, text_height});
+  const Twips height = lblDoubts.bounds().bottom() + kInset;
+  fraDoubts.SetBounds({kMargin, bottom - height, width, height});
+  return fraDoubts.top();
+}
+
+void frmConfirmOperation::MakeFactRows(std::size_t count) {
+  while (fact_rows.size() < count) fact_rows.push_back(std::make_unique<FactRow>(picFacts, fact_rows.size()));
+}
+
+void frmConfirmOperation::PlaceFacts() {
+  MakeFactRows(facts_.size());
+  const Twips text_left = kInset + kHeadingWidth;
+  const Twips text_width = vsbFacts.left() - picFacts.left() - text_left - kInset;
+  Twips top = kInset - vsbFacts.value() * kLineHeight;
+  const Twips begin = top;
+  for (std::size_t i = 0; i < facts_.size(); ++i) {
+    auto& [heading, text] = *fact_rows[i];
+    heading.SetText(facts_[i].heading);
+    text.SetText(Broken(facts_[i].text, text_width, text.font()));
+    const Twips height = CountLines(text.text()) * kLineHeight;
+    heading.SetBounds({kInset, top, kHeadingWidth - kGap, kLineHeight});
+    text.SetBounds({text_left, top, text_width, height});
+    top += height + kFactGap;
+  }
+  const Twips hidden = std::max(top - begin + kInset - picFacts.height(), 0);
+  const int value = vsbFacts.value();
+  vsbFacts.SetRange((hidden + kLineHeight - 1) / kLineHeight, picFacts.height() / kLineHeight);
+  vsbFacts.SetVisible(hidden > 0);
+  if (vsbFacts.value() != value) PlaceFacts();
+}
+
+std::string frmConfirmOperation::Broken(const std::string& text, Twips width, const ui::Font& font) const {
+  return BreakLines(text, width - kSlack,
+                    [&](const std::string& line) { return context_.front_end.TextWidth(line, font); });
+}
+
+void frmConfirmOperation::vsbFacts_Change() { PlaceFacts(); }
+
+bool frmConfirmOperation::KeyPressed(const ui::KeyPress& press) {
+  const int value = vsbFacts.value();
+  switch (press.key) {
+    case ui::Key::kUp:
+      vsbFacts.SetValue(value - 1);
+      break;
+    case ui::Key::kDown:
+      vsbFacts.SetValue(value + 1);
+      break;
+    case ui::Key::kPageUp:
+      vsbFacts.SetValue(value - vsbFacts.page());
+      break;
+    case ui::Key::kPageDown:
+      vsbFacts.SetValue(value + vsbFacts.page());
+      break;
+    case ui::Key::kHome:
+      vsbFacts.SetValue(0);
+      break;
+    case ui::Key::kEnd:
+      vsbFacts.SetValue(vsbFacts.maximum());
+      break;
+    case ui::Key::kCharacter:
+      return false;
+  }
+  PlaceFacts();
+  return true;
+}
+
+void frmConfirmOperation::cmdStart_Click() {
+  confirmed_ = true;
+  Hide();
+}
+
+void frmConfirmOperation::cmdCancel_Click() { Hide(); }
+
+}  // namespace app

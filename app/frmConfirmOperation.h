@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/context.h"
+#include "app/operation_facts.h"
+#include "app/operation_preview.h"
+#include "engine/operation_run.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+
+namespace app {
+
+/// Shows what a copying operation is about to do, and what in it is worth a second look, before it does it.
+/// What the setup says is there at once; what has to be read from the disks is filled in while the window
+/// stands open.
+class frmConfirmOperation : public ui::Form {
+ public:
+  frmConfirmOperation(Context& context, engine::RunRequest request);
+
+  /// Shows the window above `owner`. Returns whether the user wants the operation. Called once.
+  bool Confirm(ui::Form& owner);
+  /// Whether the user does not want to be asked again, whatever was answered.
+  bool NotAgain() const { return chkDontShowAgain.value() == 1; }
+
+  void Form_Load();
+  void Form_Activate();
+  void Form_Resize();
+  void vsbFacts_Change();
+  void tmrRead_Timer();
+  void cmdStart_Click();
+  void cmdCancel_Click();
+
+  /// One fact: what it is about, and what it says.
+  struct FactRow {
+    FactRow(ui::Container& area, std::size_t index);
+    ui::Label lblHeading;
+    ui::Label lblText;
+  };
+
+  // --- Controls, in tab order
+  ui::Label lblOperation{this, "lblOperation"};
+  ui::Label lblExplanation{this, "lblExplanation"};
+  ui::Frame picFacts{this, "picFacts"};
+  std::vector<std::unique_ptr<FactRow>> fact_rows;
+  ui::ScrollBar vsbFacts{this, "vsbFacts"};
+  ui::Frame fraDoubts{this, "fraDoubts"};
+  ui::Label lblDoubtsHeading{&fraDoubts, "lblDoubtsHeading"};
+  ui::Label lblDoubts{&fraDoubts, "lblDoubts"};
+  ui::CheckBox chkDontShowAgain{this, "chkDontShowAgain"};
+  ui::Button cmdStart{this, "cmdStart"};
+  ui::Button cmdCancel{this, "cmdCancel"};
+  ui::Timer tmrRead{this, "tmrRead"};
+
+ private:
+  void ConnectHandlers();
+  /// Words what is known by now.
+  void Refresh();
+  void MakeFactRows(std::size_t count);
+  ui::Twips PlaceDoubts(ui::Twips bottom, ui::Twips width);
+  void PlaceFacts();
+  std::string Broken(const std::string& text, ui::Twips width, const ui::Font& font) const;
+  bool KeyPressed(const ui::KeyPress& press);
+
+  Context& context_;
+  engine::RunRequest request_;
+  OperationPreview preview_;
+  TargetVolume volume_;
+  std::vector<Fact> facts_;
+  std::vector<std::string> doubts_;
+  bool activated_ = false;
+  bool confirmed_ = false;
+};
+
+}  // namespace app

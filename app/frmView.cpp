@@ -1,0 +1,113 @@
+#include "app/frmView.h"
+
+#include <algorithm>
+
+#include "app/placing.h"
+#include "base/utf8.h"
+#include "report/window_look.h"
+
+namespace app {
+namespace {
+
+using ui::Twips;
+
+constexpr std::int64_t kLargestFile = 4 * 1024 * 1024;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+constexpr ui::Size kOuterSize{11'400, 10'200};
+constexpr ui::Size kSmallest{6'600, 3'600};  ///< inner size below which nothing is made smaller
+constexpr Twips kMargin = 240;
+constexpr Twips kGap = 120;
+constexpr Twips kRow = 420;
+constexpr Twips kTextDrop = 90;  ///< by which a label stands lower than the box beside it
+constexpr Twips kFindLabel = 540;
+constexpr Twips kFindBox = 2'400;
+constexpr Twips kButton = 1'200;
+constexpr int kTextPoints = 10;
+
+}  // namespace
+
+frmView::frmView(Context& context)
+    : Form(context.front_end, "frmView", ui::FormStyle::kReport), context_(context) {
+  on_resize = [this] { Form_Resize(); };
+  on_activate = [this] { Form_Resize(); };
+  txbFind.on_change = [this] { txbFind_Change(); };
+  cmdFindNext.on_mouse_up = [this] { cmdFindNext_Click(); };
+  cmdClose.on_mouse_up = [this] { cmdClose_Click(); };
+  Form_Load();
+}
+
+void frmView::Form_Load() {
+  txbText.SetReadOnly(true);
+  lblFind.SetText("Find:");
+  lblFind.SetAccessKey('F');
+  txbFind.SetSpokenName("Find");
+  cmdFindNext.SetText("Find next");
+  cmdFindNext.SetAccessKey('n');
+  cmdClose.SetText("Close");
+  SetDefaultButton(&cmdFindNext);
+  SetCancelButton(&cmdClose);
+  report::SetControlsFontName(*this, report::kWindowFont);
+  report::SetControlsBackColor(*this, report::kWindowColours);
+  txbText.SetFont({report::kWindowFont, kTextPoints});
+  txbText.SetColours(report::kPaperColours);
+  txbFind.SetColours(report::kPaperColours);
+}
+
+bool frmView::ShowFile(const std::string& title, const std::string& path, const ui::Form& over) {
+  SetText(title);
+  txbText.SetSpokenName(title);
+  const auto content = context_.files.ReadFile(path, kLargestFile);
+  if (content) {
+    const bool marked = content->starts_with(kByteOrderMark);
+    txbText.SetText(marked ? content->substr(kByteOrderMark.size()) : *content);
+  } else {
+    txbText.SetText("This file cannot be read:\r\n" + base::utf8::Printable(path) + "\r\n\r\n" +
+                    content.error().text);
+  }
+  searched_ = base::utf8::ToLower(txbText.text());
+  lblFound.SetText({});
+  if (!visible()) SetBounds(CentredOver(over, kOuterSize, context_.front_end.screen()));
+  Show();
+  Form_Resize();
+  return content.ok();
+}
+
+void frmView::Form_Resize() {
+  const Twips width = std::max(inner().width, kSmallest.width);
+  const Twips height = std::max(inner().height, kSmallest.height);
+  const Twips row = height - kMargin - kRow;
+  txbText.SetBounds({kMargin, kMargin, width - 2 * kMargin, row - kGap - kMargin});
+  lblFind.SetBounds({kMargin, row + kTextDrop, kFindLabel, kRow - kTextDrop});
+  txbFind.SetBounds({kMargin + kFindLabel, row, kFindBox, kRow});
+  cmdFindNext.SetBounds({txbFind.bounds().right() + kGap, row, kButton, kRow});
+  cmdClose.SetBounds({width - kMargin - kButton, row, kButton, kRow});
+  const Twips found = cmdFindNext.bounds().right() + kGap;
+  lblFound.SetBounds({found, row + kTextDrop, cmdClose.left() - kGap - found, kRow - kTextDrop});
+}
+
+/// While it is typed the same place stays found as long as it still fits.
+void frmView::txbFind_Change() { FindFrom(txbText.selection().start); }
+
+void frmView::cmdFindNext_Click() {
+  const ui::Selection selected = txbText.selection();
+  FindFrom(selected.start + (selected.length > 0 ? 1 : 0));
+}
+
+void frmView::FindFrom(std::size_t character) {
+  lblFound.SetText({});
+  const std::string wanted = base::utf8::ToLower(txbFind.text());
+  if (wanted.empty()) return;
+  std::size_t at = searched_.find(wanted, base::utf8::OffsetOf(searched_, character));
+  if (at == std::string::npos) {
+    at = searched_.find(wanted);
+    if (at == std::string::npos) return lblFound.SetText("Nothing found.");
+    lblFound.SetText("Found from the beginning again.");
+  }
+  const std::string_view before = std::string_view(searched_).substr(0, at);
+  txbText.Select({base::utf8::Length(before), base::utf8::Length(wanted)});
+}
+
+void frmView::cmdClose_Click() { Hide(); }
+
+}  // namespace app

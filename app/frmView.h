@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "app/context.h"
+#include "ui/controls.h"
+#include "ui/form.h"
+#include "ui/text_box.h"
+
+namespace app {
+
+/// Shows a text file to be read and searched, such as the program's help.
+class frmView : public ui::Form {
+ public:
+  explicit frmView(Context& context);
+
+  /// Reads a UTF-8 text file and shows it, or why it cannot be read. Returns whether it could. A file of more
+  /// than 4 MiB is not read.
+  bool ShowFile(const std::string& title, const std::string& path, const ui::Form& over);
+
+  void Form_Load();
+  void Form_Resize();
+  void txbFind_Change();
+  void cmdFindNext_Click();
+  void cmdClose_Click();
+
+  // --- Controls, in tab order
+  ui::TextBox txbText{this, "txbText", ui::TextBox::Lines::kMany};
+  ui::Label lblFind{this, "lblFind"};
+  ui::TextBox txbFind{this, "txbFind"};
+  ui::Button cmdFindNext{this, "cmdFindNext"};
+  ui::Label lblFound{this, "lblFound"};
+  ui::Button cmdClose{this, "cmdClose"};
+
+ private:
+  /// Selects the first place from a character on, else from the beginning, that reads as the find box says.
+  void FindFrom(std::size_t character);
+
+  Context& context_;
+  std::string searched_;  ///< the text in lower case
+};
+
+}  // namespace app

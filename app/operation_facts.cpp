@@ -1,0 +1,197 @@
+#include "app/operation_facts.h"
+
+#include <algorithm>
+
+#include "base/utf8.h"
+#include "engine/wildcard_match.h"
+#include "platform/path.h"
+#include "report/str_proc.h"
+#include "services/date_pr2.h"
+
+namespace app {
+namespace {
+
+constexpr std::size_t kMostNames = 6;
+constexpr int kSizeDecimals = 2;
+/// Patterns so short that they are in many a path by chance.
+constexpr std::size_t kShortPattern = 2;
+
+std::string NameList(const std::vector<std::string>& names) {
+  std::string list;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    if (i > 0) list += ", ";
+    list += base::utf8::Printable(names[i]);
+  }
+  if (names.size() > kMostNames) list += " and " + std::to_string(names.size() - kMostNames) + " more";
+  return list;
+}
+
+std::string Quoted(const std::string& pattern) {
+  std::string shown = pattern;
+  std::ranges::replace(shown, '/', platform::Separator());  // as the user knows paths
+  return "\"" + shown + "\"";
+}
+
+std::string Size(std::int64_t bytes, const FactsToTell& tell) {
+  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), kSizeDecimals, tell.marks);
+}
+
+std::string Size(std::uint64_t bytes, const FactsToTell& tell) {
+  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), kSizeDecimals, tell.marks);
+}
+
+std::string Count(std::int64_t count, const std::string& noun, const FactsToTell& tell) {
+  return text::GroupedNumber(count, tell.marks) + " " + noun + StrProc::PluralSuffix(count);
+}
+
+std::string TargetText(const FactsToTell& tell) {
+  std::string text = base::utf8::Printable(tell.request.setup.TargetFolder);
+  const TargetVolume& volume = tell.volume;
+  if (!volume.drive.empty()) text += "\r\non " + base::utf8::Printable(volume.drive);
+  if (!volume.space) return text;
+  return text + (volume.drive.empty() ? "\r\n" : ", ") + Size(volume.space->free, tell) + " free of " +
+         Size(volume.space->total, tell);
+}
+
+std::string IncludedText(const Setup& setup) {
+  std::string text = setup.ExcludeFilesInSourceFolder
+                         ? "Not the files that lie directly in the source folder."
+                         : "The files that lie directly in the source folder.";
+  const std::vector<std::string>& folders = setup.IncludedFolders;
+  if (folders.empty()) return text + "\r\nNo subfolders.";
+  const bool one = folders.size() == 1;
+  text += one ? std::string("\r\nOne subfolder") : "\r\n" + std::to_string(folders.size()) + " subfolders";
+  text += setup.IncludeSubfolders ? " with everything below" : " without the subfolders of";
+  return text + (one ? " it: " : " them: ") + NameList(folders);
+}
+
+std::string FilesText(const FactsToTell& tell) {
+  const Setup& setup = tell.request.setup;
+  std::string text;
+  if (setup.FileExtension.find_first_of("*?") != std::string::npos) {
+    text = "Only files whose extension fits \"" + setup.FileExtension + "\".";
+  } else if (!setup.FileExtension.empty()) {
+    text = "Only files with the extension \"" + setup.FileExtension + "\".";
+  } else {
+    text = "All files, whatever their extension.";
+  }
+  if (!tell.request.modified_since) return text;
+  return text + "\r\nOnly files new or modified " +
+         DatePr2::ModifiedSinceText(setup.ModifiedSince, tell.texts) + ".";
+}
+
+/// What the skip patterns hit among the names on the first level.
+std::string LeftOutText(const FactsToTell& tell) {
+  const PreviewFindings& findings = tell.findings;
+  std::string text = "Files whose path holds one of these:";
+  for (const PreviewFindings::Hits& hits : findings.hits) {
+    text += "\r\n" + Quoted(hits.pattern);
+    if (!findings.first_level_known) continue;
+    text += ": ";
+    if (hits.names.empty()) {
+      text += "none of the " + Count(findings.first_level_names, "name", tell) + " on the first level";
+    } else {
+      text += text::GroupedNumber(static_cast<std::int64_t>(hits.names.size()), tell.marks) + " of " +
+              Count(findings.first_level_names, "name", tell) +
+              " on the first level: " + NameList(hits.names);
+    }
+  }
+  return text;
+}
+
+std::string DueText(const FactsToTell& tell) {
+  const PreviewFindings& findings = tell.findings;
+  std::string text = Count(findings.files_due, "file", tell) + ", " + Size(findings.bytes_due, tell);
+  text += findings.complete ? "" : " so far . . .";
+  if (findings.folders_not_read > 0) {
+    text += "\r\n" + Count(findings.folders_not_read, "folder", tell) + " cannot be read.";
+  }
+  return text;
+}
+
+std::string OptionsText(const Setup& setup) {
+  std::string text;
+  if (setup.PauseAfterFirstCopy) text = "Pauses after the first folder from which files are copied.";
+  if (setup.SuppressDetailedReports) {
+    text += std::string(text.empty() ? "" : "\r\n") + "Reports problems and the summary only.";
+  }
+  return text;
+}
+
+void DoubtTheFolders(const PreviewFindings& findings, std::vector<std::string>& doubts) {
+  if (findings.target_in_source) {
+    doubts.push_back("The target folder lies inside the source folder. It is not backed up itself.");
+  } else if (findings.source_in_target) {
+    doubts.push_back(
+        "The source folder lies inside the target folder. Make sure that the copies do not end up among the "
+        "originals.");
+  }
+}
+
+void DoubtThePatterns(const FactsToTell& tell, std::vector<std::string>& doubts) {
+  const std::string source = engine::NormaliseForMatch(platform::FolderForm(tell.request.setup.SourceFolder));
+  std::vector<std::string> short_ones;
+  for (const PreviewFindings::Hits& hits : tell.findings.hits) {
+    if (source.find(hits.pattern) != std::string::npos) {
+      doubts.push_back("The path of the source folder itself holds " + Quoted(hits.pattern) +
+                       ", so every file is left out.");
+    } else if (base::utf8::Length(hits.pattern) <= kShortPattern) {
+      short_ones.push_back(Quoted(hits.pattern));
+    }
+  }
+  if (short_ones.empty()) return;
+  doubts.push_back("So short that more may be left out than you have in mind: " + NameList(short_ones));
+}
+
+void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts) {
+  const PreviewFindings& findings = tell.findings;
+  const std::size_t gone = findings.folders_gone.size();
+  if (gone == 1)
+    doubts.push_back("This included subfolder is no longer there: " + NameList(findings.folders_gone));
+  if (gone > 1) {
+    doubts.push_back(std::to_string(gone) +
+                     " included subfolders are no longer there: " + NameList(findings.folders_gone));
+  }
+  if (findings.complete && findings.files_met == 0)
+    doubts.push_back("There is no file that passes the filters.");
+  const auto& space = tell.volume.space;
+  if (space && findings.room_needed > 0 && static_cast<std::uint64_t>(findings.room_needed) >= space->free) {
+    doubts.push_back("The copies need " + Size(findings.room_needed, tell) + ", but only " +
+                     Size(space->free, tell) + " are free on the target.");
+  }
+}
+
+}  // namespace
+
+std::string OperationName(Operation operation) {
+  return operation == Operation::kBackupAllFiles ? "Back up all files in setup" : "Back up new and modified";
+}
+
+std::string OperationExplained(Operation operation) {
+  return std::string(operation == Operation::kBackupAllFiles
+                         ? "Copies every file, whether or not the target already holds it."
+                         : "Copies the files that are new or were modified since they were last copied.") +
+         " Nothing is deleted in the target.";
+}
+
+std::vector<Fact> FactsOf(const FactsToTell& tell) {
+  const Setup& setup = tell.request.setup;
+  std::vector<Fact> facts{{"Source", base::utf8::Printable(setup.SourceFolder)},
+                          {"Target", TargetText(tell)},
+                          {"Included", IncludedText(setup)},
+                          {"Files", FilesText(tell)}};
+  if (!tell.findings.hits.empty()) facts.push_back({"Left out", LeftOutText(tell)});
+  if (const std::string options = OptionsText(setup); !options.empty()) facts.push_back({"Options", options});
+  facts.push_back({"To be copied", DueText(tell)});
+  return facts;
+}
+
+std::vector<std::string> DoubtsOf(const FactsToTell& tell) {
+  std::vector<std::string> doubts;
+  DoubtTheFolders(tell.findings, doubts);
+  DoubtThePatterns(tell, doubts);
+  DoubtWhatWasFound(tell, doubts);
+  return doubts;
+}
+
+}  // namespace app

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/operation_preview.h"
+#include "engine/operation_run.h"
+#include "platform/file_system.h"
+#include "text/grouped_number.h"
+#include "text/program_texts.h"
+
+/// A copying operation in words, for the eyes of the user who is about to start it.
+namespace app {
+
+struct Fact {
+  std::string heading;
+  std::string text;  ///< lines end in CR LF
+};
+
+/// The volume that holds the target.
+struct TargetVolume {
+  std::string drive;                         ///< empty: it cannot be told
+  std::optional<platform::DiskSpace> space;  ///< empty: it cannot be told
+};
+
+struct FactsToTell {
+  const engine::RunRequest& request;
+  const TargetVolume& volume;
+  const PreviewFindings& findings;
+  const text::ProgramTexts& texts;
+  const text::NumberMarks& marks;
+};
+
+std::string OperationName(Operation operation);
+/// What a copying operation does and does not do, in one or two sentences.
+std::string OperationExplained(Operation operation);
+
+/// From where, to where, what, how much: as far as it is known, in the order in which it is shown.
+std::vector<Fact> FactsOf(const FactsToTell& tell);
+
+/// What in the setup is worth a second look; empty when nothing is. `files` is asked where the two folders
+/// really lie.
+std::vector<std::string> DoubtsOf(const FactsToTell& tell);
+
+}  // namespace app

@@ -1,0 +1,121 @@
+#include "app/operation_preview.h"
+
+#include <algorithm>
+#include <set>
+
+#include "platform/path.h"
+
+namespace app {
+namespace {
+
+using platform::Entry;
+using platform::EntryKind;
+
+bool IsLeftOut(const std::string& path, EntryKind kind, const std::string& pattern) {
+  // A folder's files have its path with a separator behind it.
+  const bool folder = kind == EntryKind::kFolder;
+  return engine::PathMatchesSkipFilepaths(folder ? platform::FolderForm(path) : path, {pattern});
+}
+
+}  // namespace
+
+OperationPreview::OperationPreview(platform::FileSystem& files, const engine::RunRequest& request)
+    : files_(files),
+      setup_(request.setup),
+      rules_{request.operation,
+             {setup_.FileExtension, engine::SplitSkipFilepaths(setup_.SkipFilepaths), request.modified_since},
+             request.skip_picture_caches} {
+  FindNesting();
+  for (const std::string& pattern : rules_.filters.skip_patterns) findings_.hits.push_back({pattern, {}});
+  for (auto name = setup_.IncludedFolders.rbegin(); name != setup_.IncludedFolders.rend(); ++name) {
+    pending_.push_back({platform::JoinPath(setup_.SourceFolder, *name),
+                        platform::JoinPath(setup_.TargetFolder, *name), Level::kIncluded});
+  }
+  pending_.push_back({setup_.SourceFolder, setup_.TargetFolder, Level::kSource});
+}
+
+void OperationPreview::FindNesting() {
+  const auto source = files_.RealPath(setup_.SourceFolder);
+  const auto target = files_.RealPath(setup_.TargetFolder);
+  if (!source || !target) return;
+  findings_.target_in_source = platform::IsInside(*target, *source);
+  findings_.source_in_target = platform::IsInside(*source, *target);
+  if (!findings_.target_in_source) return;
+  target_in_source_ =
+      platform::JoinPath(setup_.SourceFolder, std::string_view(*target).substr(source->size()));
+}
+
+bool OperationPreview::Step() {
+  if (pending_.empty()) return false;
+  const Pending folder = std::move(pending_.back());
+  pending_.pop_back();
+  if (folder.source != target_in_source_) LookInto(folder);
+  findings_.complete = pending_.empty();
+  return true;
+}
+
+void OperationPreview::LookInto(const Pending& folder) {
+  if (folder.level == Level::kIncluded && !IsThere(folder.source)) return;
+  auto pair = engine::FolderPair::Open(files_, folder.source, folder.target);
+  if (folder.level == Level::kSource) findings_.first_level_known = true;
+  if (!pair) {
+    ++findings_.folders_not_read;
+    return;
+  }
+  if (folder.level == Level::kSource) {
+    HoldPatternsAgainst(pair->source());
+    if (setup_.ExcludeFilesInSourceFolder) return;
+  }
+  // Without a listing of the target everything counts as new there, as it does when there is no such folder
+  // yet.
+  static_cast<void>(pair->OpenTarget());
+  CountFiles(*pair);
+  if (folder.level != Level::kSource && setup_.IncludeSubfolders) PushSubfolders(folder, pair->source());
+}
+
+/// Links to folders are not followed by a run either, but they are there.
+bool OperationPreview::IsThere(const std::string& path) {
+  const auto entry = files_.Look(path);
+  const bool there = entry && (entry->kind == EntryKind::kFolder || entry->kind == EntryKind::kFolderLink);
+  if (!there) findings_.folders_gone.emplace_back(platform::NameOf(path));
+  return entry && entry->kind == EntryKind::kFolder;
+}
+
+void OperationPreview::HoldPatternsAgainst(const platform::Folder& source) {
+  const std::set<std::string> included(setup_.IncludedFolders.begin(), setup_.IncludedFolders.end());
+  for (const Entry& entry : source.entries()) {
+    const bool taken = entry.kind == EntryKind::kFolder
+                           ? included.count(entry.name) != 0
+                           : entry.kind == EntryKind::kFile && !setup_.ExcludeFilesInSourceFolder;
+    if (!taken) continue;
+    ++findings_.first_level_names;
+    const std::string path = platform::JoinPath(source.path(), entry.name);
+    for (PreviewFindings::Hits& hits : findings_.hits) {
+      if (IsLeftOut(path, entry.kind, hits.pattern)) hits.names.push_back(entry.name);
+    }
+  }
+}
+
+void OperationPreview::CountFiles(engine::FolderPair& pair) {
+  for (const Entry& entry : pair.source().entries()) {
+    if (entry.kind != EntryKind::kFile) continue;
+    const Entry* const target = pair.TargetOf(entry);
+    const engine::Selection selection = engine::SelectFile(rules_, {pair.source().path(), entry, target});
+    if (selection.finding != engine::Finding::kFilteredOut) ++findings_.files_met;
+    if (!selection.selected) continue;
+    ++findings_.files_due;
+    const std::int64_t size = std::max<std::int64_t>(entry.size, 0);
+    findings_.bytes_due += size;
+    findings_.room_needed += size - (target != nullptr ? std::max<std::int64_t>(target->size, 0) : 0);
+  }
+}
+
+void OperationPreview::PushSubfolders(const Pending& folder, const platform::Folder& source) {
+  for (const Entry& entry : source.entries()) {
+    if (entry.kind != EntryKind::kFolder) continue;
+    pending_.push_back({platform::JoinPath(folder.source, entry.name),
+                        platform::JoinPath(folder.target, entry.name), Level::kBelow});
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/folder_pair.h"
+#include "engine/operation_run.h"
+#include "engine/selection.h"
+#include "platform/file_system.h"
+
+namespace app {
+
+/// What is known so far of a run that has not begun.
+struct PreviewFindings {
+  /// What one skip pattern leaves out among the source's own files and the included folders.
+  struct Hits {
+    std::string pattern;
+    std::vector<std::string> names;
+  };
+
+  bool target_in_source = false;  ///< the target lies somewhere below the source
+  bool source_in_target = false;
+  bool first_level_known = false;         ///< `hits` and `first_level_names` are final
+  std::vector<Hits> hits;                 ///< one for each pattern, in their order
+  std::int64_t first_level_names = 0;     ///< that the patterns were held against
+  std::vector<std::string> folders_gone;  ///< included folders that are no longer there
+  std::int64_t files_met = 0;             ///< that pass the filters
+  std::int64_t files_due = 0;             ///< that would be copied
+  std::int64_t bytes_due = 0;             ///< their sizes
+  std::int64_t room_needed = 0;           ///< the same, less the sizes of the copies that they replace
+  std::int64_t folders_not_read = 0;
+  bool complete = false;  ///< nothing will change any more
+};
+
+/// Looks at what a run would do, a folder at a time and by the rules of the run itself, and changes nothing
+/// on any disk.
+class OperationPreview {
+ public:
+  OperationPreview(platform::FileSystem& files, const engine::RunRequest& request);
+
+  /// Looks into the next folder and its target folder. False when there was none.
+  bool Step();
+  const PreviewFindings& findings() const { return findings_; }
+
+ private:
+  enum class Level { kSource, kIncluded, kBelow };
+  struct Pending {
+    std::string source;
+    std::string target;
+    Level level = Level::kBelow;
+  };
+
+  void FindNesting();
+  void LookInto(const Pending& folder);
+  bool IsThere(const std::string& path);
+  void HoldPatternsAgainst(const platform::Folder& source);
+  void CountFiles(engine::FolderPair& pair);
+  void PushSubfolders(const Pending& folder, const platform::Folder& source);
+
+  platform::FileSystem& files_;
+  Setup setup_;
+  engine::SelectionRules rules_;
+  std::string
+      target_in_source_;  ///< the target as a path that begins with the source; such a folder is not walked
+  std::vector<Pending> pending_;  ///< the next one at the end
+  PreviewFindings findings_;
+};
+
+}  // namespace app
