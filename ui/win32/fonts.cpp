@@ -23,6 +23,9 @@ HFONT Make(const Font& font, UINT dpi) {
     name.resize(std::min<std::size_t>(name.size(), LF_FACESIZE - 1));
     std::fill(std::begin(logical.lfFaceName), std::end(logical.lfFaceName), L'\0');
     std::copy(name.begin(), name.end(), logical.lfFaceName);
+    // What the font of messages says of itself here would outweigh the name.
+    logical.lfCharSet = DEFAULT_CHARSET;
+    logical.lfPitchAndFamily = DEFAULT_PITCH | FF_DONTCARE;
   }
   logical.lfHeight = -MulDiv(font.points, static_cast<int>(dpi), kPointsPerInch);
   logical.lfWidth = 0;

@@ -6,6 +6,7 @@ namespace ui::win32 {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
+constexpr wchar_t kObjectProperty[] = L"Quorvane.Window";
 constexpr WORD kProgramIcon = 1;  // as in the program's resources
 
 bool IsNotice(UINT message) {
@@ -48,11 +49,13 @@ NativeWindow::NativeWindow(const WindowKind& kind, HWND parent, int id) {
   handle_ =
       CreateWindowExW(kind.extended_style, kind.window_class, L"", kind.style, CW_USEDEFAULT, 0, 0, 0, parent,
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+  SetPropW(handle_, kObjectProperty, this);
   SetWindowSubclass(handle_, &Procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
 NativeWindow::~NativeWindow() {
   if (handle_ == nullptr) return;  // gone with the window around it
+  RemovePropW(handle_, kObjectProperty);
   RemoveWindowSubclass(handle_, &Procedure, kSubclass);
   DestroyWindow(handle_);
 }
@@ -85,14 +88,17 @@ LRESULT NativeWindow::Handle(const Message& message) {
     }
   }
   const LRESULT result = Default(message);
-  if (message.id == WM_NCDESTROY) handle_ = nullptr;
+  if (message.id == WM_NCDESTROY) {
+    RemovePropW(handle_, kObjectProperty);
+    handle_ = nullptr;
+  }
   return result;
 }
 
 Answer NativeWindow::HandleNotice(const Message& message) {
-  DWORD_PTR sender = 0;
-  if (!GetWindowSubclass(SenderOf(message), &Procedure, kSubclass, &sender)) return std::nullopt;
-  const auto& handlers = reinterpret_cast<NativeWindow*>(sender)->notice_handlers_;
+  const auto* sender = static_cast<const NativeWindow*>(GetPropW(SenderOf(message), kObjectProperty));
+  if (sender == nullptr) return std::nullopt;
+  const auto& handlers = sender->notice_handlers_;
   const auto found = handlers.find({message.id, CodeOf(message)});
   return found == handlers.end() ? std::nullopt : found->second(message);
 }
