@@ -88,6 +88,7 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   if (!opened) return FailFolder(folder.source, opened.error());
   FolderPair& pair = *opened;
   if (!OpenTarget(folder, pair)) return;
+  ExpectNextTarget(folder, pair);
 
   const std::vector<Selection> selections = SelectFiles(pair);
   FolderCounts counts;
@@ -123,6 +124,20 @@ bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   if (kind == platform::ErrorKind::kNotFound || kind == platform::ErrorKind::kNotAFolder) return true;
   FailFolder(folder.target, opened.error());
   return false;
+}
+
+/// Lets the target folder be listed that is wanted next: that of the first subfolder, or else of the folder
+/// that waits longest.
+void FolderWalk::ExpectNextTarget(const Pending& folder, const FolderPair& pair) {
+  if (folder.target.empty()) return;
+  const std::vector<Entry>& entries = pair.source().entries();
+  const auto subfolder = std::find_if(entries.begin(), entries.end(),
+                                      [](const Entry& entry) { return entry.kind == EntryKind::kFolder; });
+  if (folder.with_subfolders && subfolder != entries.end()) {
+    if (pair.has_target()) tools_.files.ExpectFolder(platform::JoinPath(folder.target, subfolder->name));
+  } else if (!pending_.empty() && pending_.back().target_may_exist) {
+    tools_.files.ExpectFolder(pending_.back().target);
+  }
 }
 
 void FolderWalk::RemoveLeftovers(FolderPair& pair) {
@@ -203,10 +218,9 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
 }
 
 void FolderWalk::PauseIfWished(const FolderCounts& counts) {
-  if (plan_.pause_after_first_copy && counts.counts.copied > 0) {
-    plan_.pause_after_first_copy = false;
-    listener_.Pause();
-  }
+  if (paused_ || counts.counts.copied == 0 || !listener_.PauseWished()) return;
+  paused_ = true;
+  listener_.Pause();
 }
 
 void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair) {

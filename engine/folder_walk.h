@@ -21,7 +21,6 @@ struct WalkPlan {
   std::vector<std::string> included_folders;
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
-  bool pause_after_first_copy = false;
   SelectionRules rules;
 };
 
@@ -55,6 +54,7 @@ class FolderWalk {
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
+  void ExpectNextTarget(const Pending& folder, const FolderPair& pair);
   void RemoveLeftovers(FolderPair& pair);
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
@@ -80,6 +80,7 @@ class FolderWalk {
   std::string target_real_;
   std::vector<Pending> pending_;  ///< the next one at the end
   bool cancelled_ = false;
+  bool paused_ = false;
 };
 
 }  // namespace engine

@@ -83,6 +83,10 @@ class FileSystem {
   /// kAccessDenied.
   virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) = 0;
 
+  /// A hint that OpenFolder(path) is called soon: the folder may be listed in the background meanwhile. Only
+  /// the last hint counts. May do nothing.
+  virtual void ExpectFolder(const std::string& path) { static_cast<void>(path); }
+
   /// What stands at `path`, links followed as in a listing. kNotFound when nothing does.
   virtual Result<Entry> Look(const std::string& path) = 0;
 

@@ -29,10 +29,12 @@ bool Exists(const ReachedPath& place) {
 }  // namespace
 
 Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path) {
-  auto folder = PosixFolder::Open(path);
+  auto folder = listing_ahead_.Take(path);
   if (!folder) return folder.error();
   return std::unique_ptr<Folder>(std::move(*folder));
 }
+
+void PosixFileSystem::ExpectFolder(const std::string& path) { listing_ahead_.Begin(path); }
 
 Result<Entry> PosixFileSystem::Look(const std::string& path) {
   const auto place = Reach(path);

@@ -4,6 +4,7 @@
 
 #include "platform/file_system.h"
 #include "platform/posix/file_copier.h"
+#include "platform/posix/listing_ahead.h"
 
 namespace platform::posix {
 
@@ -11,6 +12,7 @@ namespace platform::posix {
 class PosixFileSystem : public FileSystem {
  public:
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+  void ExpectFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
@@ -30,6 +32,7 @@ class PosixFileSystem : public FileSystem {
 
  private:
   FileCopier copier_;
+  ListingAhead listing_ahead_;
 };
 
 }  // namespace platform::posix

@@ -22,7 +22,8 @@ QWidget* WidgetOf(const Control& control) {
   return peer != nullptr ? peer->widget() : nullptr;
 }
 
-WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+WidgetPeer::WidgetPeer(Control& control, QWidget* widget, Background background)
+    : control_(control), widget_(widget), background_(background) {
   widget_->setObjectName(ToQString(control.name()));
   Watch(widget_);
 }
@@ -86,7 +87,8 @@ void WidgetPeer::MirrorAccessKey() {
 
 void WidgetPeer::MirrorColours() {
   const bool own = control_.colours().has_value() && !IsHighContrast();
-  widget_->setPalette(own ? ControlPalette(*control_.colours()) : QPalette());
+  const auto palette_for = background_ == Background::kItself ? ControlPalette : WindowPalette;
+  widget_->setPalette(own ? palette_for(*control_.colours()) : QPalette());
   widget_->setAutoFillBackground(own);
 }
 

@@ -1,0 +1,100 @@
+#include "platform/windows/long_path.h"
+
+#include <vector>
+
+#include "platform/path.h"
+#include "platform/windows/wide_text.h"
+
+namespace platform::windows {
+namespace {
+
+constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
+constexpr std::wstring_view kLongServerPrefix = L"\\\\?\\UNC\\";
+
+bool IsSlash(char c) { return IsSeparator(c, PathStyle::kWindows); }
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool HasDrive(std::string_view path) {
+  return path.size() >= 2 && IsLetter(path[0]) && path[1] == ':' && (path.size() == 2 || IsSlash(path[2]));
+}
+
+bool HasServer(std::string_view path) {
+  return path.size() > 2 && IsSlash(path[0]) && IsSlash(path[1]) && !IsSlash(path[2]);
+}
+
+/// "\\?\..." and "\\.\...".
+bool IsSystemForm(std::string_view path) {
+  return HasServer(path) && path.size() >= 4 && (path[2] == '?' || path[2] == '.') && IsSlash(path[3]);
+}
+
+/// The names in a path from `path` on; the first `fixed` of them are a root that ".." does not leave.
+std::vector<std::string_view> NamesIn(std::string_view path, std::size_t fixed) {
+  std::vector<std::string_view> names;
+  for (std::size_t begin = 0; begin < path.size();) {
+    std::size_t end = begin;
+    while (end < path.size() && !IsSlash(path[end])) ++end;
+    const std::string_view name = path.substr(begin, end - begin);
+    if (name == "..") {
+      if (names.size() > fixed) names.pop_back();
+    } else if (!name.empty() && name != ".") {
+      names.push_back(name);
+    }
+    begin = end + 1;
+  }
+  return names;
+}
+
+std::wstring Join(std::wstring_view root, const std::vector<std::string_view>& names) {
+  std::wstring result(root);
+  for (const std::string_view name : names) {
+    if (result.back() != L'\\') result += L'\\';
+    result += Widen(name);
+  }
+  return result;
+}
+
+}  // namespace
+
+std::wstring LongPath(std::string_view path) {
+  if (IsSystemForm(path)) return Widen(path);
+  if (HasDrive(path)) {
+    const std::wstring root = std::wstring(kLongPrefix) + Widen(path.substr(0, 2)) + L'\\';
+    return Join(root, NamesIn(path.substr(2), 0));
+  }
+  if (HasServer(path)) return Join(kLongServerPrefix, NamesIn(path, 2));
+  return Widen(path);
+}
+
+std::wstring LongFolder(std::string_view path) {
+  std::wstring result = LongPath(path);
+  if (!result.empty() && result.back() != L'\\') result += L'\\';
+  return result;
+}
+
+std::string PlainPath(std::wstring_view long_path) {
+  if (long_path.starts_with(kLongServerPrefix)) {
+    return "\\\\" + Narrow(long_path.substr(kLongServerPrefix.size()));
+  }
+  const bool has_drive = long_path.size() > 5 && long_path[5] == L':';
+  if (long_path.starts_with(kLongPrefix) && has_drive) return Narrow(long_path.substr(kLongPrefix.size()));
+  return Narrow(long_path);
+}
+
+std::string DriveOfPath(std::string_view path) {
+  if (IsSystemForm(path)) {
+    const std::string plain = PlainPath(Widen(path));
+    return IsSystemForm(plain) ? std::string() : DriveOfPath(plain);
+  }
+  if (HasDrive(path)) {
+    const char letter = path[0] >= 'a' ? static_cast<char>(path[0] - 'a' + 'A') : path[0];
+    return {letter, ':'};
+  }
+  if (!HasServer(path)) return {};
+  std::string result = "\\";
+  const auto names = NamesIn(path, 2);
+  for (std::size_t i = 0; i < names.size() && i < 2; ++i) result.append("\\").append(names[i]);
+  return result;
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,74 @@
+#include "platform/windows/temporary_file.h"
+
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "platform/windows/rename.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/wide_text.h"
+
+namespace platform::windows {
+
+Result<TemporaryFile> TemporaryFile::Create(const std::wstring& folder) {
+  TemporaryFile result = Reserve(folder);
+  result.file_ = FileHandle(::CreateFileW(result.path_.c_str(), GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE,
+                                          FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, CREATE_NEW,
+                                          FILE_ATTRIBUTE_ARCHIVE, nullptr));
+  if (result.file_) return result;
+  const DWORD code = ::GetLastError();
+  result.path_.clear();
+  return SystemError(code);
+}
+
+TemporaryFile TemporaryFile::Reserve(const std::wstring& folder) {
+  return TemporaryFile(folder + Widen(MakeTemporaryName()));
+}
+
+TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
+    : path_(std::exchange(other.path_, {})), file_(std::move(other.file_)) {}
+
+TemporaryFile::~TemporaryFile() {
+  file_.Close();
+  if (path_.empty()) return;
+  if (::DeleteFileW(path_.c_str()) || ::GetLastError() != ERROR_ACCESS_DENIED) return;
+  // The system's own copy may have carried the read-only bit over already.
+  ::SetFileAttributesW(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
+  ::DeleteFileW(path_.c_str());
+}
+
+Status TemporaryFile::Open() {
+  file_ = FileHandle(::CreateFileW(path_.c_str(), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES | DELETE,
+                                   FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file_) return LastError();
+  return Done{};
+}
+
+Status TemporaryFile::Write(const char* data, std::size_t size) {
+  while (size > 0) {
+    constexpr std::size_t kMostAtOnce = 1 << 30;
+    DWORD written = 0;
+    const DWORD wanted = static_cast<DWORD>(size < kMostAtOnce ? size : kMostAtOnce);
+    if (!::WriteFile(file_.get(), data, wanted, &written, nullptr)) return LastError();
+    if (written == 0) return SystemError(ERROR_DISK_FULL);
+    data += written;
+    size -= written;
+  }
+  return Done{};
+}
+
+Status TemporaryFile::CheckLength(std::int64_t length) const {
+  LARGE_INTEGER size{};
+  if (!::GetFileSizeEx(file_.get(), &size)) return LastError();
+  if (size.QuadPart != length) return SystemError(ERROR_HANDLE_EOF);
+  return Done{};
+}
+
+Status TemporaryFile::ReplaceOnto(const std::wstring& final_path) {
+  const Status renamed = RenameOver(file_, path_, final_path);
+  if (renamed) path_.clear();
+  return renamed;
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/result.h"
+#include "platform/windows/handle.h"
+
+namespace platform::windows {
+
+/// A file on its way to its final name: created under a temporary one in the same folder, and removed again
+/// unless ReplaceOnto() succeeds. One handle serves from creation to the final step.
+class TemporaryFile {
+ public:
+  /// `folder` is in the long form and ends in a separator.
+  static Result<TemporaryFile> Create(const std::wstring& folder);
+
+  /// Only takes a name; the file is made by somebody else and then opened by Open().
+  static TemporaryFile Reserve(const std::wstring& folder);
+
+  TemporaryFile(TemporaryFile&& other) noexcept;
+  TemporaryFile& operator=(TemporaryFile&&) = delete;
+  ~TemporaryFile();
+
+  const std::wstring& path() const { return path_; }
+  const FileHandle& file() const { return file_; }
+
+  /// Opens a reserved file for all but its content.
+  Status Open();
+
+  Status Write(const char* data, std::size_t size);
+
+  /// kShort unless the file is so long.
+  Status CheckLength(std::int64_t length) const;
+
+  /// Gives the file its final name in one atomic step, replacing a file that bears it.
+  Status ReplaceOnto(const std::wstring& final_path);
+
+ private:
+  explicit TemporaryFile(std::wstring path) : path_(std::move(path)) {}
+
+  std::wstring path_;  ///< empty once there is nothing left to remove
+  FileHandle file_;
+};
+
+}  // namespace platform::windows

@@ -1,0 +1,186 @@
+#include "platform/windows/windows_file_system.h"
+
+#include <utility>
+
+#include "platform/path.h"
+#include "platform/windows/file_content.h"
+#include "platform/windows/file_copier.h"
+#include "platform/windows/listing.h"
+#include "platform/windows/long_path.h"
+#include "platform/windows/name_key.h"
+#include "platform/windows/open_file.h"
+#include "platform/windows/recent_copies.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/temporary_file.h"
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_folder.h"
+
+namespace platform::windows {
+namespace {
+
+/// The search would take these for patterns.
+bool HasWildcard(const std::string& path) { return NameOf(path).find_first_of("*?") != std::string::npos; }
+
+Status StatusOf(BOOL success) {
+  if (!success) return LastError();
+  return Done{};
+}
+
+std::wstring FolderOf(const std::string& path) { return LongFolder(ParentOf(path)); }
+
+/// A name that is a link to a folder, which the system removes like a folder.
+bool IsFolderLink(const std::wstring& path) {
+  WIN32_FIND_DATAW found;
+  const SearchHandle search(::FindFirstFileW(path.c_str(), &found));
+  return search && (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         IsReparseTagNameSurrogate(found.dwReserved0);
+}
+
+Result<DiskSpace> SpaceOfFolder(const std::string& path) {
+  ULARGE_INTEGER free{};
+  ULARGE_INTEGER total{};
+  if (!::GetDiskFreeSpaceExW(LongFolder(path).c_str(), &free, &total, nullptr)) return LastError();
+  return DiskSpace{free.QuadPart, total.QuadPart};
+}
+
+}  // namespace
+
+struct WindowsFileSystem::State {
+  FileCopier copier;
+  RecentCopies recent;
+};
+
+WindowsFileSystem::WindowsFileSystem() : state_(std::make_unique<State>()) {}
+WindowsFileSystem::~WindowsFileSystem() = default;
+
+Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path) {
+  std::wstring long_path = LongFolder(path);
+  auto entries = ListFolder(long_path);
+  if (!entries) return entries.error();
+  return std::unique_ptr<Folder>(
+      std::make_unique<WindowsFolder>(path, std::move(long_path), std::move(*entries)));
+}
+
+Result<Entry> WindowsFileSystem::Look(const std::string& path) {
+  const std::wstring long_path = LongPath(path);
+  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastError();
+  if (HasWildcard(path)) return SystemError(ERROR_INVALID_NAME);
+  WIN32_FIND_DATAW found;
+  const SearchHandle search(
+      ::FindFirstFileExW(long_path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0));
+  if (search) return EntryOf(found, long_path.substr(0, long_path.rfind(L'\\') + 1));
+  // The root of a volume is in no folder, so no search finds it.
+  Entry root;
+  root.name = NameOf(path);
+  root.kind = EntryKind::kFolder;
+  root.attributes = attributes & kKnownAttributes;
+  return root;
+}
+
+Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
+  const FileHandle file = OpenForAttributes(LongPath(path));
+  if (!file) return LastError();
+  std::wstring name(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = ::GetFinalPathNameByHandleW(file.get(), name.data(), static_cast<DWORD>(name.size()),
+                                                     FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
+    if (length == 0) return LastError();
+    const bool fits = length < name.size();
+    name.resize(length);
+    if (fits) return PlainPath(name);
+  }
+}
+
+Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
+                                                const CopyWatcher& watcher) {
+  const std::wstring name = Widen(file.name);
+  const std::wstring& target_folder = static_cast<const WindowsFolder&>(target).long_path();
+  auto outcome = state_->copier.Copy(static_cast<const WindowsFolder&>(source).long_path() + name, file.size,
+                                     target_folder, name, watcher);
+  if (outcome) state_->recent.Add(target_folder + name);
+  return outcome;
+}
+
+void WindowsFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
+
+Status WindowsFileSystem::CreateFolder(const std::string& path) {
+  return StatusOf(::CreateDirectoryW(LongPath(path).c_str(), nullptr));
+}
+
+Status WindowsFileSystem::RemoveFile(const std::string& path) {
+  const std::wstring long_path = LongPath(path);
+  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastError();
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+    if (IsFolderLink(long_path)) return StatusOf(::RemoveDirectoryW(long_path.c_str()));
+    return SystemError(kDirectoryNotSupported);
+  }
+  const bool locked = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (locked) ::SetFileAttributesW(long_path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (::DeleteFileW(long_path.c_str())) return Done{};
+  const DWORD code = ::GetLastError();
+  if (locked) ::SetFileAttributesW(long_path.c_str(), attributes);
+  return SystemError(code);
+}
+
+Result<Attributes> WindowsFileSystem::GetAttributes(const std::string& path) {
+  const std::wstring long_path = LongPath(path);
+  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastError();
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return Attributes{attributes & kKnownAttributes};
+  const FileHandle file = OpenForAttributes(long_path);
+  if (!file) return LastError();
+  const auto info = BasicInfo(file);
+  if (!info) return info.error();
+  return Attributes{info->FileAttributes & kKnownAttributes};
+}
+
+Status WindowsFileSystem::SetAttributes(const std::string& path, Attributes attributes) {
+  const FileHandle file = OpenForAttributes(LongPath(path), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES);
+  if (!file) return LastError();
+  auto info = BasicInfo(file);
+  if (!info) return info.error();
+  FILE_BASIC_INFO wanted{};  // times of 0 stay as they are
+  wanted.FileAttributes = (info->FileAttributes & ~DWORD{kKnownAttributes}) | (attributes & kKnownAttributes);
+  if (wanted.FileAttributes == 0) wanted.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+  return StatusOf(::SetFileInformationByHandle(file.get(), FileBasicInfo, &wanted, sizeof wanted));
+}
+
+Result<DiskSpace> WindowsFileSystem::Space(const std::string& path) {
+  auto space = SpaceOfFolder(path);
+  if (space) return space;
+  // Only a folder can be asked: for a file, or a path that is not there yet, it is the one above.
+  const std::string parent = ParentOf(path);
+  if (DriveOfPath(path).empty() || parent.empty() || parent == path) return space;
+  auto above = SpaceOfFolder(parent);
+  return above ? above : space;
+}
+
+std::string WindowsFileSystem::DriveOf(const std::string& path) { return DriveOfPath(path); }
+
+Result<std::string> WindowsFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
+  return ReadContent(LongPath(path), limit);
+}
+
+Status WindowsFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  return WriteContent(LongPath(path), content);
+}
+
+Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
+  auto file = TemporaryFile::Create(FolderOf(path));
+  if (!file) return file.error();
+  if (const Status written = file->Write(content.data(), content.size()); !written) return written;
+  if (!::FlushFileBuffers(file->file().get())) return LastError();
+  return file->ReplaceOnto(LongPath(path));
+}
+
+Status WindowsFileSystem::Flush(const std::string& path) {
+  if (!FlushVolume(path)) return state_->recent.Flush();
+  state_->recent.Forget();
+  return Done{};
+}
+
+std::string WindowsFileSystem::NameKey(const std::string& name) const { return NameKeyOf(name); }
+
+}  // namespace platform::windows

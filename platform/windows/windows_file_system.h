@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace platform::windows {
+
+/// The file system of Windows.
+///
+/// What Flush() can promise depends on the user's rights. Whoever may open the volume (administrators) has
+/// all of it written out. For everybody else Windows flushes single files only. Then the copies of the last
+/// 15 seconds are written out one by one, the newest first and for about a second, and the disk is told to
+/// empty its own cache. The others are left to the system, whose lazy writer hands an eighth of the changed
+/// pages to the disk each second. That is no promise, but to flush every file of a run would take longer than
+/// to copy it.
+class WindowsFileSystem : public FileSystem {
+ public:
+  WindowsFileSystem();
+  ~WindowsFileSystem() override;
+
+  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+  Result<Entry> Look(const std::string& path) override;
+  Result<std::string> RealPath(const std::string& path) override;
+  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
+                               const CopyWatcher& watcher) override;
+  /// Does nothing: the system reads ahead by itself.
+  void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
+  Status CreateFolder(const std::string& path) override;
+  Status RemoveFile(const std::string& path) override;
+  Result<Attributes> GetAttributes(const std::string& path) override;
+  Status SetAttributes(const std::string& path, Attributes attributes) override;
+  Result<DiskSpace> Space(const std::string& path) override;
+  std::string DriveOf(const std::string& path) override;
+  Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
+  Status WriteFile(const std::string& path, const std::string& content) override;
+  Status ReplaceFile(const std::string& path, const std::string& content) override;
+  Status Flush(const std::string& path) override;
+  /// In upper case, letter by letter, as NTFS compares names.
+  std::string NameKey(const std::string& name) const override;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace platform::windows

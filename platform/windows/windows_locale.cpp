@@ -1,0 +1,70 @@
+#include "platform/windows/windows_locale.h"
+
+#include "base/utf8.h"
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_api.h"
+
+namespace platform::windows {
+namespace {
+
+/// A format of the locale holds at most 80 characters (winnls.h: LOCALE_SSHORTDATE); names of months make it
+/// longer.
+constexpr int kBufferSize = 256;
+
+/// A text from a system call that gives back its length with the terminating zero, or 0.
+template <typename Call>
+std::string TextFrom(Call call) {
+  wchar_t buffer[kBufferSize];
+  const int length = call(buffer);
+  return length > 0 ? Narrow({buffer, static_cast<std::size_t>(length) - 1}) : std::string();
+}
+
+std::string LocaleText(LCTYPE type) {
+  return TextFrom([&](wchar_t* buffer) {
+    return ::GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, buffer, kBufferSize);
+  });
+}
+
+SYSTEMTIME ToSystemTime(const CalendarTime& time) {
+  SYSTEMTIME result{};
+  result.wYear = static_cast<WORD>(time.year);
+  result.wMonth = static_cast<WORD>(time.month);
+  result.wDay = static_cast<WORD>(time.day);
+  result.wHour = static_cast<WORD>(time.hour);
+  result.wMinute = static_cast<WORD>(time.minute);
+  result.wSecond = static_cast<WORD>(time.second);
+  return result;
+}
+
+}  // namespace
+
+std::string WindowsLocale::Language() {
+  const std::string name =
+      TextFrom([](wchar_t* buffer) { return ::GetUserDefaultLocaleName(buffer, kBufferSize); });
+  const std::string language = name.substr(0, name.find('-'));
+  return language.size() == 2 ? base::utf8::ToLower(language) : "en";
+}
+
+std::string WindowsLocale::ThousandsSeparator() { return LocaleText(LOCALE_STHOUSAND); }
+
+std::string WindowsLocale::DecimalSeparator() {
+  const std::string separator = LocaleText(LOCALE_SDECIMAL);
+  return separator.empty() ? "." : separator;
+}
+
+std::string WindowsLocale::ShortDate(const CalendarTime& time) {
+  const SYSTEMTIME day = ToSystemTime(time);
+  return TextFrom([&](wchar_t* buffer) {
+    return ::GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, &day, nullptr, buffer, kBufferSize,
+                             nullptr);
+  });
+}
+
+std::string WindowsLocale::TimeOfDay(const CalendarTime& time) {
+  const SYSTEMTIME clock = ToSystemTime(time);
+  return TextFrom([&](wchar_t* buffer) {
+    return ::GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &clock, nullptr, buffer, kBufferSize);
+  });
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,63 @@
+#include "platform/memory/memory_file_system.h"
+#include "platform/memory/memory_system.h"
+#include "tests/contract/platform/file_system_contract.h"
+#include "tests/contract/platform/system_contract.h"
+
+namespace platform::contract {
+namespace {
+
+using memory::Call;
+
+class MemoryScene : public Scene {
+ public:
+  explicit MemoryScene(bool ignore_case) {
+    files_.IgnoreCase(ignore_case);
+    files_.AddFolder(root());
+  }
+  FileSystem& files() override { return files_; }
+  std::string root() const override { return "/scene"; }
+  char separator() const override { return '/'; }
+  void SetModified(const std::string& path, FileTime modified) override {
+    files_.AddFile(path, files_.ContentOf(path), modified, files_.AttributesOf(path));
+  }
+  bool MakeLink(const std::string& path, const std::string& destination) override {
+    files_.AddLink(path, destination);
+    return true;
+  }
+  bool MakePipe(const std::string& path) override {
+    files_.AddPipe(path);
+    return true;
+  }
+  bool ForbidReading(const std::string& file) override {
+    files_.Fail(Call::kReadSource, file, {ErrorKind::kAccessDenied, 13, "Permission denied"});
+    return true;
+  }
+  bool ForbidChanges(const std::string& folder) override {
+    files_.SetReadOnly(folder);
+    return true;
+  }
+  /// The one volume holds all: room for the sources is made too.
+  bool MakeSmallDisk(const std::string&) override {
+    files_.SetSpace(5 * 1024 * 1024, 10 * 1024 * 1024);
+    return true;
+  }
+
+ private:
+  memory::MemoryFileSystem files_;
+};
+
+SceneMaker Make(bool ignore_case) {
+  return [ignore_case] { return std::make_unique<MemoryScene>(ignore_case); };
+}
+
+INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract, testing::Values(Make(false)));
+INSTANTIATE_TEST_SUITE_P(MemoryWithoutCase, FileSystemContract, testing::Values(Make(true)));
+INSTANTIATE_TEST_SUITE_P(Memory, SettingsStoreContract,
+                         testing::Values([] { return std::make_shared<memory::MemorySettingsStore>(); }));
+INSTANTIATE_TEST_SUITE_P(Memory, ClockContract,
+                         testing::Values([] { return std::make_shared<memory::MemoryClock>(); }));
+INSTANTIATE_TEST_SUITE_P(Memory, LocaleContract,
+                         testing::Values([] { return std::make_shared<memory::MemoryLocale>(); }));
+
+}  // namespace
+}  // namespace platform::contract

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/file_system.h"
+#include "platform/windows/wide_text.h"
+
+/// A folder of the test's own, gone again with everything in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() : root_(std::filesystem::temp_directory_path() / platform::MakeTemporaryName()) {
+    std::filesystem::create_directory(root_);
+  }
+  ~TemporaryFolder() {
+    // In the long form: some tests make paths that have no other one.
+    std::error_code ignored;
+    std::filesystem::remove_all(L"\\\\?\\" + root_.wstring(), ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  std::string path() const { return platform::windows::Narrow(root_.wstring()); }
+  std::string operator/(const std::string& name) const { return path() + "\\" + name; }
+
+ private:
+  std::filesystem::path root_;
+};
