@@ -4,6 +4,7 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev googletest libgtest-dev libbenchmark-dev python3 fonts-liberation)
 screen_packages=(xvfb openbox xdotool wmctrl imagemagick x11-utils util-linux)
 tidy_packages=(clang-tidy)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64)
 
 missing_packages() {
   comm -23 <(printf '%s\n' "$@" | sort) \
