@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/line_break.h"
+#include "app/placing.h"
 #include "report/window_look.h"
 
 namespace app {
@@ -21,7 +22,6 @@ constexpr Twips kButtonHeight = 420;
 constexpr Twips kButtonWidth = 1'650;
 constexpr Twips kScrollBarWidth = 270;
 constexpr Twips kInset = 180;           ///< from the sides of a frame to what is in it
-constexpr Twips kFrameHeading = 330;    ///< from the top of a frame with a heading to what is in it
 constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's font
 constexpr Twips kFactGap = 120;         ///< between two facts
 constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
@@ -63,7 +63,7 @@ void frmConfirmOperation::ConnectHandlers() {
 
 bool frmConfirmOperation::Confirm(ui::Form& owner) {
   Form_Load();
-  PlaceAbove(owner);
+  SetBounds(CentredOver(owner, kOuterSize, context_.front_end.screen()));
   ShowModal(owner);
   tmrRead.Stop();
   return confirmed_;
@@ -76,7 +76,8 @@ void frmConfirmOperation::Form_Load() {
   picFacts.SetSpokenName("What will be done");
   picFacts.SetScrollBar(&vsbFacts);
   vsbFacts.SetSpokenName("Scroll what will be done");
-  fraDoubts.SetText("Worth a second look");
+  lblDoubtsHeading.SetText("Worth a second look");
+  fraDoubts.SetSpokenName("Worth a second look");
   chkDontShowAgain.SetText("Do not show this again while the program runs");
   chkDontShowAgain.SetAccessKey('D');
   cmdStart.SetText("Start backup");
@@ -89,9 +90,10 @@ void frmConfirmOperation::Form_Load() {
   report::SetControlsBackColor(*this, report::kWindowColours);
   lblOperation.SetFont(HeadingFont(13));
   picFacts.SetColours(report::kPaperColours);
-  fraDoubts.SetFont(HeadingFont(9));
-  fraDoubts.SetColours(report::kNoteColours);
-  lblDoubts.SetColours(report::kNoteColours);
+  lblDoubtsHeading.SetFont(HeadingFont(9));
+  for (ui::Control* note : std::initializer_list<ui::Control*>{&fraDoubts, &lblDoubtsHeading, &lblDoubts}) {
+    note->SetColours(report::kNoteColours);
+  }
   vsbFacts.SetColours(std::nullopt);
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
@@ -99,18 +101,12 @@ void frmConfirmOperation::Form_Load() {
   Refresh();
 }
 
-void frmConfirmOperation::PlaceAbove(const ui::Form& owner) {
-  const ui::Size screen = context_.front_end.screen();
-  const ui::Size size{std::min(kOuterSize.width, screen.width), std::min(kOuterSize.height, screen.height)};
-  const Twips left = owner.left() + (owner.width() - size.width) / 2;
-  const Twips top = owner.top() + (owner.height() - size.height) / 2;
-  SetBounds({std::clamp(left, 0, screen.width - size.width), std::clamp(top, 0, screen.height - size.height),
-             size.width, size.height});
-}
-
 void frmConfirmOperation::Form_Activate() {
   Form_Resize();
-  if (!preview_.findings().complete) tmrRead.Start(kBetweenSlices);
+  if (activated_) return;
+  activated_ = true;
+  cmdStart.SetFocus();
+  tmrRead.Start(kBetweenSlices);
 }
 
 void frmConfirmOperation::tmrRead_Timer() {
@@ -145,9 +141,10 @@ void frmConfirmOperation::Form_Resize() {
 
   const Twips facts = lblExplanation.bounds().bottom() + kGap;
   const Twips facts_end = PlaceDoubts(buttons - kGap, width) - kGap;
-  picFacts.SetBounds({kMargin, facts, width - kScrollBarWidth, std::max(facts_end - facts, 3 * kRow)});
+  picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
   PlaceFacts();
+  if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
 }
 
 /// The doubts stand right above the buttons. Returns their upper edge.
@@ -160,8 +157,9 @@ Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
   text = Broken(text, text_width, lblDoubts.font());
   const Twips text_height = CountLines(text) * kLineHeight;
   lblDoubts.SetText(text);
-  lblDoubts.SetBounds({kInset, kFrameHeading, text_width, text_height});
-  const Twips height = kFrameHeading + text_height + kInset;
+  lblDoubtsHeading.SetBounds({kInset, kInset, text_width, kLineHeight});
+  lblDoubts.SetBounds({kInset, kInset + kLineHeight + kGap / 2, text_width, text_height});
+  const Twips height = lblDoubts.bounds().bottom() + kInset;
   fraDoubts.SetBounds({kMargin, bottom - height, width, height});
   return fraDoubts.top();
 }
@@ -173,7 +171,7 @@ void frmConfirmOperation::MakeFactRows(std::size_t count) {
 void frmConfirmOperation::PlaceFacts() {
   MakeFactRows(facts_.size());
   const Twips text_left = kInset + kHeadingWidth;
-  const Twips text_width = picFacts.width() - text_left - kInset;
+  const Twips text_width = vsbFacts.left() - picFacts.left() - text_left - kInset;
   Twips top = kInset - vsbFacts.value() * kLineHeight;
   const Twips begin = top;
   for (std::size_t i = 0; i < facts_.size(); ++i) {

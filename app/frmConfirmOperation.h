@@ -47,6 +47,7 @@ class frmConfirmOperation : public ui::Form {
   std::vector<std::unique_ptr<FactRow>> fact_rows;
   ui::ScrollBar vsbFacts{this, "vsbFacts"};
   ui::Frame fraDoubts{this, "fraDoubts"};
+  ui::Label lblDoubtsHeading{&fraDoubts, "lblDoubtsHeading"};
   ui::Label lblDoubts{&fraDoubts, "lblDoubts"};
   ui::CheckBox chkDontShowAgain{this, "chkDontShowAgain"};
   ui::Button cmdStart{this, "cmdStart"};
@@ -55,7 +56,6 @@ class frmConfirmOperation : public ui::Form {
 
  private:
   void ConnectHandlers();
-  void PlaceAbove(const ui::Form& owner);
   /// Words what is known by now.
   void Refresh();
   void MakeFactRows(std::size_t count);
@@ -70,6 +70,7 @@ class frmConfirmOperation : public ui::Form {
   TargetVolume volume_;
   std::vector<Fact> facts_;
   std::vector<std::string> doubts_;
+  bool activated_ = false;
   bool confirmed_ = false;
 };
 

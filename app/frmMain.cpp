@@ -100,6 +100,8 @@ void frmMain::ConnectHandlers() {
     cmdSpecifyDirectory[i].on_mouse_up = [this, i] { cmdSpecifyDirectory_MouseUp(i); };
   }
   cmdCreateSubFolder.on_mouse_up = [this] { cmdCreateSubFolder_MouseUp(); };
+  cmdSelectSubfolders.on_mouse_up = [this] { cmdSelectSubfolders_MouseUp(); };
+  cmdHelp.on_mouse_up = [this] { cmdHelp_MouseUp(); };
   cmdSetup.on_mouse_up = [this] { cmdSetup_MouseUp(); };
   cmdLoadSetup.on_mouse_up = [this] { cmdLoadSetup_Click(); };
   cmdSaveSetup.on_mouse_up = [this] { cmdSaveSetup_Click(); };

@@ -8,6 +8,7 @@
 #include "app/context.h"
 #include "app/data/operation.h"
 #include "app/data/setup.h"
+#include "app/frmView.h"
 #include "app/operation_windows.h"
 #include "report/frmPopUp.h"
 #include "services/setup_file.h"
@@ -71,6 +72,7 @@ class frmMain : public ui::Form {
   void RefreshTargetEmptyLabel();
   void RefreshFreeSpaceLabel();
   void cmdClearFolder_Click(int index);
+  void cmdSelectSubfolders_MouseUp();
   void cmdRemoveSubfolder_Click();
 
   // --- Filters
@@ -84,6 +86,7 @@ class frmMain : public ui::Form {
   void cmdBackupAllFiles_MouseUp() { StartOperation(Operation::kBackupAllFiles); }
   void cmdBackupModifiedFiles_MouseUp() { StartOperation(Operation::kBackupModifiedFiles); }
   void cmdReportScreen_MouseUp();
+  void cmdHelp_MouseUp();
   /// Shows what is going on in place of the introduction; empty: the introduction again.
   void ShowNote(const std::string& note);
   void LockControls();
@@ -212,6 +215,7 @@ class frmMain : public ui::Form {
   Context& context_;
   OperationWindows operation_windows_;
   report::frmPopUp pop_up_;
+  std::unique_ptr<frmView> help_;
   report::frmPopUp hint_;
   const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
   Setup restore_snapshot_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/placing.h"
 #include "report/window_look.h"
 
 namespace app {
@@ -49,7 +50,7 @@ void frmSelectSubfolders::ConnectHandlers() {
 
 std::optional<std::vector<std::string>> frmSelectSubfolders::Choose(ui::Form& owner) {
   Form_Load();
-  PlaceAbove(owner);
+  SetBounds(CentredOver(owner, kOuterSize, context_.front_end.screen()));
   ShowModal(owner);
   tmrRead.Stop();
   if (!accepted_) return std::nullopt;
@@ -72,6 +73,7 @@ void frmSelectSubfolders::Form_Load() {
   SetCancelButton(&cmdCancel);
   report::SetControlsFontName(*this, report::kWindowFont);
   report::SetControlsBackColor(*this, report::kWindowColours);
+  lblTitle.SetFont({report::kWindowFont, 10, true});
   for (ui::Control* paper :
        {static_cast<ui::Control*>(&picSubfolders), static_cast<ui::Control*>(&lblNothingListed)}) {
     paper->SetColours(report::kPaperColours);
@@ -80,16 +82,8 @@ void frmSelectSubfolders::Form_Load() {
   ShowSelectionSummary();
 }
 
-void frmSelectSubfolders::PlaceAbove(const ui::Form& owner) {
-  const ui::Size screen = context_.front_end.screen();
-  const ui::Size size{std::min(kOuterSize.width, screen.width), std::min(kOuterSize.height, screen.height)};
-  const Twips left = owner.left() + (owner.width() - size.width) / 2;
-  const Twips top = owner.top() + (owner.height() - size.height) / 2;
-  SetBounds({std::clamp(left, 0, screen.width - size.width), std::clamp(top, 0, screen.height - size.height),
-             size.width, size.height});
-}
-
 void frmSelectSubfolders::Form_Activate() {
+  Form_Resize();
   if (!names_read_) tmrRead.Start(kBetweenSlices);
 }
 

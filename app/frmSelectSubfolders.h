@@ -64,7 +64,6 @@ class frmSelectSubfolders : public ui::Form {
 
  private:
   void ConnectHandlers();
-  void PlaceAbove(const ui::Form& owner);
 
   // Reading
   void ReadNames();

@@ -10,7 +10,7 @@ namespace {
 
 using ui::Twips;
 
-constexpr Twips kRowHeight = 330;
+constexpr Twips kRowHeight = 330;          ///< at least; the rows share what is left over
 constexpr Twips kInset = 120;              ///< from the sides of the list to its rows
 constexpr Twips kNameShare = 55;           ///< per cent of a row's width; the rest is for the content
 constexpr Twips kTickWidth = 330;          ///< of a check box without its text
@@ -47,8 +47,10 @@ void frmSelectSubfolders::PlaceRows() {
   MakeRows(RowsInView());
   const Twips width = picSubfolders.width() - 2 * kInset;
   const Twips name_width = width * kNameShare / 100;
+  const Twips height =
+      std::max((picSubfolders.height() - 2 * kInset) / static_cast<Twips>(RowsInView()), kRowHeight);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const Twips top = kInset + static_cast<Twips>(i) * kRowHeight;
+    const Twips top = kInset + static_cast<Twips>(i) * height;
     rows[i]->chkSubfolder.SetBounds({kInset, top, name_width, kRowHeight});
     rows[i]->lblContent.SetBounds(
         {kInset + name_width, top + kTextDrop, width - name_width, kRowHeight - kTextDrop});

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/placing.h"
 #include "base/utf8.h"
 #include "report/window_look.h"
 
@@ -53,7 +54,7 @@ void frmView::Form_Load() {
   txbFind.SetColours(report::kPaperColours);
 }
 
-bool frmView::ShowFile(const std::string& title, const std::string& path, const ui::Form& beside) {
+bool frmView::ShowFile(const std::string& title, const std::string& path, const ui::Form& over) {
   SetText(title);
   txbText.SetSpokenName(title);
   const auto content = context_.files.ReadFile(path, kLargestFile);
@@ -66,18 +67,10 @@ bool frmView::ShowFile(const std::string& title, const std::string& path, const 
   }
   searched_ = base::utf8::ToLower(txbText.text());
   lblFound.SetText({});
-  if (!visible()) PlaceBeside(beside);
+  if (!visible()) SetBounds(CentredOver(over, kOuterSize, context_.front_end.screen()));
   Show();
   Form_Resize();
   return content.ok();
-}
-
-/// Over the other window, a little lower and to the right of it, on the screen as a whole.
-void frmView::PlaceBeside(const ui::Form& other) {
-  const ui::Size screen = context_.front_end.screen();
-  const ui::Size size{std::min(kOuterSize.width, screen.width), std::min(kOuterSize.height, screen.height)};
-  SetBounds({std::clamp(other.left() + 2 * kMargin, 0, screen.width - size.width),
-             std::clamp(other.top() + 2 * kMargin, 0, screen.height - size.height), size.width, size.height});
 }
 
 void frmView::Form_Resize() {

@@ -17,7 +17,7 @@ class frmView : public ui::Form {
 
   /// Reads a UTF-8 text file and shows it, or why it cannot be read. Returns whether it could. A file of more
   /// than 4 MiB is not read.
-  bool ShowFile(const std::string& title, const std::string& path, const ui::Form& beside);
+  bool ShowFile(const std::string& title, const std::string& path, const ui::Form& over);
 
   void Form_Load();
   void Form_Resize();
@@ -34,7 +34,6 @@ class frmView : public ui::Form {
   ui::Button cmdClose{this, "cmdClose"};
 
  private:
-  void PlaceBeside(const ui::Form& other);
   /// Selects the first place from a character on, else from the beginning, that reads as the find box says.
   void FindFrom(std::size_t character);
 

@@ -130,15 +130,17 @@ void DoubtTheFolders(const PreviewFindings& findings, std::vector<std::string>& 
 
 void DoubtThePatterns(const FactsToTell& tell, std::vector<std::string>& doubts) {
   const std::string source = engine::NormaliseForMatch(platform::FolderForm(tell.request.setup.SourceFolder));
+  std::vector<std::string> short_ones;
   for (const PreviewFindings::Hits& hits : tell.findings.hits) {
     if (source.find(hits.pattern) != std::string::npos) {
       doubts.push_back("The path of the source folder itself holds " + Quoted(hits.pattern) +
                        ", so every file is left out.");
     } else if (base::utf8::Length(hits.pattern) <= kShortPattern) {
-      doubts.push_back(Quoted(hits.pattern) +
-                       " is so short that it may leave out more files than you have in mind.");
+      short_ones.push_back(Quoted(hits.pattern));
     }
   }
+  if (short_ones.empty()) return;
+  doubts.push_back("So short that more may be left out than you have in mind: " + NameList(short_ones));
 }
 
 void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts) {

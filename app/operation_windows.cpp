@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/frmConfirmOperation.h"
 #include "app/frmMain.h"
 #include "app/run_result.h"
 #include "services/date_pr2.h"
@@ -96,7 +97,13 @@ void OperationWindows::Refuse(const std::string& text, const std::string& title)
 
 void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note); }
 
-bool OperationWindows::ConfirmOperation(Operation) { return true; }
+bool OperationWindows::ConfirmOperation(Operation operation) {
+  if (main_.SkipConfirmation) return true;
+  frmConfirmOperation window(context_, RequestFor(operation));
+  const bool confirmed = window.Confirm(main_);
+  main_.SkipConfirmation = window.NotAgain();
+  return confirmed;
+}
 
 engine::Listener& OperationWindows::OpenReport(Operation operation, const engine::ReportHeading& heading) {
   const Setup setup = main_.CurrentSetup();
@@ -145,6 +152,8 @@ ui::Form& OperationWindows::Window() { return main_; }
 bool OperationWindows::SuppressDetailedReports() const {
   return main_.chkSuppressDetailedReports.value() == 1;
 }
+
+bool OperationWindows::PauseAfterFirstCopy() const { return main_.chkPauseAfterFirstCopy.value() == 1; }
 
 bool OperationWindows::StopRequested() const { return stop_requested_ || context_.front_end.quitting(); }
 

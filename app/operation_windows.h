@@ -56,6 +56,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   // report::MainWindow
   ui::Form& Window() override;
   bool SuppressDetailedReports() const override;
+  bool PauseAfterFirstCopy() const override;
   bool SnipFullReport() const override { return IsCopyOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;
@@ -72,7 +73,6 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   Operation operation_ = Operation::kCheckBackupState;
   bool running_ = false;
   bool stop_requested_ = false;
-  bool show_confirmation_ = true;
   int exit_code_ = 0;
   std::string time_stamp_;
 };

@@ -1,4 +1,5 @@
 #include "app/frmMain.h"
+#include "platform/path.h"
 #include "text/text_numbers.h"
 
 /// Starting an operation, and what the main window does meanwhile.
@@ -10,6 +11,12 @@ void frmMain::StartOperation(Operation operation) {
 }
 
 void frmMain::cmdReportScreen_MouseUp() { operation_windows_.ShowReport(); }
+
+void frmMain::cmdHelp_MouseUp() {
+  if (!help_) help_ = std::make_unique<frmView>(context_);
+  help_->ShowFile(Text(text::kHelpTitle), platform::JoinPath(context_.shell.ProgramFolder(), "qvr_help.txt"),
+                  *this);
+}
 
 void frmMain::ShowNote(const std::string& note) {
   lblIntro.SetText(note.empty() ? Text(text::kIntroduction) : note);

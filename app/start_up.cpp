@@ -132,6 +132,7 @@ void frmMain::Form_Unload() { EndProgram(); }
 
 void frmMain::EndProgram() {
   operation_windows_.EndWithProgram();
+  if (help_) help_->Hide();
   Hide();
   context_.front_end.Quit(operation_windows_.exit_code());
 }

@@ -2,6 +2,7 @@
 
 #include "app/folder_facts.h"
 #include "app/frmMain.h"
+#include "app/frmSelectSubfolders.h"
 #include "platform/path.h"
 
 /// What the main window shows of the source's subfolders.
@@ -57,6 +58,21 @@ void frmMain::ShowIncludedFolders() {
   chkIncludeSubfolders.SetText(included == 1 ? std::string("Include all subfolders of this subfolder")
                                              : "Include all subfolders of these " + std::to_string(included) +
                                                    " subfolders");
+}
+
+void frmMain::cmdSelectSubfolders_MouseUp() {
+  if (!platform::IsSpecified(txbDirectory[0].text())) {
+    context_.front_end.dialogs().Show(
+        *this, {"The source disk or folder must first be specified.", {}, ui::Icon::kInformation});
+    return;
+  }
+  frmSelectSubfolders window(context_, txbDirectory[0].text(), cboIncludedFolders.items());
+  const auto chosen = window.Choose(*this);
+  if (!chosen) return;
+  SetupEdited();
+  cboIncludedFolders.SetItems(*chosen);
+  cboIncludedFolders.SetListIndex(chosen->empty() ? -1 : 0);
+  RefreshSourceFolderDisplay();
 }
 
 void frmMain::cmdRemoveSubfolder_Click() {

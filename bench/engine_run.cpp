@@ -28,6 +28,7 @@ class SilentListener : public engine::Listener {
   bool StopRequested() override { return false; }
   bool AskWhetherToGoOn(const engine::Question&) override { return false; }
   void Tell(const std::string&) override {}
+  bool PauseWished() override { return false; }
   void Pause() override {}
 };
 

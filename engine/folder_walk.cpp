@@ -218,10 +218,9 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
 }
 
 void FolderWalk::PauseIfWished(const FolderCounts& counts) {
-  if (plan_.pause_after_first_copy && counts.counts.copied > 0) {
-    plan_.pause_after_first_copy = false;
-    listener_.Pause();
-  }
+  if (paused_ || counts.counts.copied == 0 || !listener_.PauseWished()) return;
+  paused_ = true;
+  listener_.Pause();
 }
 
 void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair) {

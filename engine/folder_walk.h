@@ -21,7 +21,6 @@ struct WalkPlan {
   std::vector<std::string> included_folders;
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
-  bool pause_after_first_copy = false;
   SelectionRules rules;
 };
 
@@ -81,6 +80,7 @@ class FolderWalk {
   std::string target_real_;
   std::vector<Pending> pending_;  ///< the next one at the end
   bool cancelled_ = false;
+  bool paused_ = false;
 };
 
 }  // namespace engine

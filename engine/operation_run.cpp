@@ -55,7 +55,6 @@ WalkPlan PlanOf(const RunRequest& request) {
   plan.included_folders = setup.IncludedFolders;
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
-  plan.pause_after_first_copy = IsCopyOperation(request.operation) && setup.PauseAfterFirstCopy;
   plan.rules = {request.operation,
                 {setup.FileExtension, SplitSkipFilepaths(setup.SkipFilepaths), request.modified_since},
                 request.skip_picture_caches};

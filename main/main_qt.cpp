@@ -1,5 +1,4 @@
 #include <cstdio>
-#include <optional>
 #include <string>
 
 #include "main/program.h"
@@ -18,19 +17,10 @@ namespace {
 
 constexpr int kExitRefused = 4;
 
-std::string CommandLine(int argc, char** argv) {
-  std::string line;
-  for (int i = 1; i < argc; ++i) {
-    if (i > 1) line += ' ';
-    line += argv[i];
-  }
-  return line;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string command_line = CommandLine(argc, argv);
+  const std::string command_line = program::CommandLine(argc, argv);
   const bool has_display = ui::qt::QtFrontEnd::HasDisplay();
   if (!has_display && command_line.empty()) {
     std::fputs(

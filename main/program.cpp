@@ -24,6 +24,15 @@ void PrintLine(const std::string& line) {
 
 }  // namespace
 
+std::string CommandLine(int argc, char** argv) {
+  std::string line;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) line += ' ';
+    line += argv[i];
+  }
+  return line;
+}
+
 int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself) {
   const text::ProgramTexts texts(TextFile(parts, "en"), TextFile(parts, parts.locale.Language()));
   app::Context context{parts.front_end, parts.files,

@@ -21,6 +21,9 @@ struct Parts {
   platform::Shell& shell;
 };
 
+/// What stands behind the program's name, its words parted by one blank.
+std::string CommandLine(int argc, char** argv);
+
 /// Runs the program from start-up until it ends, and returns its exit code. `command_line` is what stands
 /// behind the program's name; not empty, it asks for an unattended run. With `ends_by_itself` (no display)
 /// the program ends after that run instead of waiting for its window to be closed.

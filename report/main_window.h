@@ -37,6 +37,9 @@ class MainWindow {
   /// copy set it: the lines of the files just copied say least, and the notice stands where the user looks.
   virtual bool SnipFullReport() const = 0;
 
+  /// Whether the present run is to hold after the first folder in which a file was copied.
+  virtual bool PauseAfterFirstCopy() const = 0;
+
   /// Whether an operation is on its way, paused and cancelled ones included, until its summary is written.
   virtual bool OperationRunning() const = 0;
 

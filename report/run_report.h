@@ -56,6 +56,7 @@ class RunReport : public engine::Listener {
   bool StopRequested() override;
   bool AskWhetherToGoOn(const engine::Question& question) override;
   void Tell(const std::string& text) override;
+  bool PauseWished() override { return main_.PauseAfterFirstCopy(); }
   void Pause() override;
 
   // --- The summaries; one of them ends the report.

@@ -12,7 +12,7 @@ show_progress() {
         shown=$quarter
       fi
     else
-      [[ $line == FAILED* ]] && failed=yes
+      [[ $line == FAILED* || $line == ninja:\ error* ]] && failed=yes
       [[ -z $failed ]] || printf '%s\n' "$line"
     fi
   done

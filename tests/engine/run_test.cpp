@@ -165,7 +165,7 @@ TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
   scene.files.AddFile("/src/y/a", "2");
   scene.files.AddFile("/src/z/b", "3");
   scene.setup.IncludedFolders = {"x", "y", "z"};
-  scene.setup.PauseAfterFirstCopy = true;
+  scene.listener.pause_wished = true;
   scene.BackUp();
   EXPECT_EQ(scene.listener.paused_after, Paths({"/src/y/a"}));
 }

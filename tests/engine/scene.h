@@ -31,6 +31,7 @@ class RecordingListener : public Listener {
     return go_on;
   }
   void Tell(const std::string& text) override { told.push_back(text); }
+  bool PauseWished() override { return pause_wished; }
   void Pause() override { paused_after = copies; }
 
   bool HasLine(const std::string& part) const {
@@ -46,6 +47,7 @@ class RecordingListener : public Listener {
   std::function<void(const std::string&)> on_copy;
   int breaths = 0;
   bool stop = false;
+  bool pause_wished = false;
   bool go_on = true;
 };
 

@@ -18,6 +18,7 @@ struct FakeMain : MainWindow {
   std::size_t ReportCapacity() const override { return capacity; }
   bool SuppressDetailedReports() const override { return suppress; }
   bool SnipFullReport() const override { return snip; }
+  bool PauseAfterFirstCopy() const override { return false; }
   bool OperationRunning() const override { return running; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }

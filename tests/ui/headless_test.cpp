@@ -59,17 +59,6 @@ TEST_F(HeadlessTest, OnlyWhatWasPostedBeforeRuns) {
   EXPECT_EQ(order, "abc");
 }
 
-TEST_F(HeadlessTest, AnEventOfAWindowThatIsGoneIsForgotten) {
-  int activated = 0;
-  {
-    ui::Form brief(front_end_, "brief", ui::FormStyle::kDialog);
-    brief.on_activate = [&] { ++activated; };
-    brief.Show();
-  }
-  front_end_.RunPendingEvents();
-  EXPECT_EQ(activated, 0);
-}
-
 TEST_F(HeadlessTest, RemovingAnEntryKeepsTheSelectedOneSelected) {
   struct Case {
     int selected;

@@ -19,7 +19,7 @@ Widget& As(WidgetPeer& peer) {
 }  // namespace
 
 ButtonPeer::ButtonPeer(Button& button)
-    : WidgetPeer(button, new QPushButton(ClientAround(button))),
+    : WidgetPeer(button, new QPushButton(ClientAround(button)), Background::kItself),
       button_(button),
       widget_(As<QPushButton>(*this)) {
   // "released" would also come when the mouse is dragged off the button first.
@@ -67,6 +67,7 @@ bool LabelPeer::eventFilter(QObject* watched, QEvent* event) {
 
 CheckBoxPeer::CheckBoxPeer(CheckBox& box)
     : WidgetPeer(box, new QCheckBox(ClientAround(box))), box_(box), widget_(As<QCheckBox>(*this)) {
+  widget_.setBackgroundRole(QPalette::Window);  // not the one of a button
   connect(&widget_, &QCheckBox::clicked, this, [this](bool ticked) { box_.UserTicked(ticked ? 1 : 0); });
 }
 
@@ -74,7 +75,9 @@ void CheckBoxPeer::MirrorText() { widget_.setText(ToCaption(box_.text(), box_.ac
 void CheckBoxPeer::MirrorValue() { widget_.setChecked(box_.value() != 0); }
 
 DropDownListPeer::DropDownListPeer(DropDownList& list)
-    : WidgetPeer(list, new QComboBox(ClientAround(list))), list_(list), widget_(As<QComboBox>(*this)) {
+    : WidgetPeer(list, new QComboBox(ClientAround(list)), Background::kItself),
+      list_(list),
+      widget_(As<QComboBox>(*this)) {
   connect(&widget_, &QComboBox::activated, this, [this](int index) { list_.UserSelected(index); });
 }
 

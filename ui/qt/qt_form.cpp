@@ -83,6 +83,7 @@ class FormWindow : public QWidget {
   }
 
   void paintEvent(QPaintEvent*) override {
+    peer_->WasPainted();
     if (windowType() != Qt::ToolTip) return;
     QPainter painter(this);
     painter.setPen(Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.5));
@@ -106,9 +107,12 @@ FormPeer::FormPeer(Form& form)
 void FormPeer::MirrorText() { widget()->setWindowTitle(ToQString(form_.text())); }
 
 void FormPeer::MirrorBounds() {
-  asked_for_ = ToPixels(form_.bounds());
+  const QRect wanted = ToPixels(form_.bounds());
+  const bool moved = wanted.topLeft() != asked_for_.topLeft() || !widget()->testAttribute(Qt::WA_Moved);
+  asked_for_ = wanted;
+  place_again_ = moved && widget()->isVisible() && widget()->windowHandle()->frameMargins().isNull();
   const QSize size = asked_for_.marginsRemoved(SeenFrame(form_.style())).size().expandedTo({0, 0});
-  widget()->move(asked_for_.topLeft());
+  if (moved) widget()->move(wanted.topLeft());
   if (form_.style() == FormStyle::kMain) {
     widget()->setFixedSize(size);
   } else {
@@ -118,10 +122,18 @@ void FormPeer::MirrorBounds() {
   form_.InnerSizeIs(ToTwips(client_->size()));
 }
 
+/// A window that is moved while the desktop is about to give it a border ends up a border too far.
+void FormPeer::WasPainted() {
+  if (!place_again_ || widget()->windowHandle()->frameMargins().isNull()) return;
+  place_again_ = false;
+  widget()->move(asked_for_.topLeft());
+}
+
 void FormPeer::WasMovedOrSized() {
   if (!widget()->isVisible() || widget()->isMinimized()) return;
   const QMargins frame = widget()->windowHandle()->frameMargins();
   if (!frame.isNull()) SeenFrame(form_.style()) = frame;
+  if (place_again_) return form_.InnerSizeIs(ToTwips(client_->size()));
   if (widget()->frameGeometry() != asked_for_) {
     asked_for_ = widget()->frameGeometry();
     form_.UserMoved(ToTwips(asked_for_));
@@ -160,11 +172,6 @@ void FormPeer::ComeForward() {
   widget()->raise();
   const bool ours = QGuiApplication::applicationState() == Qt::ApplicationActive;
   if (ours && form_.style() != FormStyle::kPopUp) widget()->activateWindow();
-}
-
-void FormPeer::MirrorColours() {
-  const bool own = form_.colours().has_value() && !IsHighContrast();
-  widget()->setPalette(own ? WindowPalette(*form_.colours()) : QPalette());
 }
 
 void FormPeer::MirrorValue() { ShowTaskProgress(form_.task_progress()); }

@@ -17,6 +17,7 @@ class FormPeer : public WidgetPeer {
 
   // --- From the window.
   void WasMovedOrSized();
+  void WasPainted();
   void ChangedState();
   Form& form() { return form_; }
 
@@ -24,7 +25,6 @@ class FormPeer : public WidgetPeer {
   void MirrorText() override;
   void MirrorBounds() override;
   void MirrorVisible() override;
-  void MirrorColours() override;
   void MirrorValue() override;
   void MirrorState() override;
 
@@ -34,7 +34,8 @@ class FormPeer : public WidgetPeer {
 
   Form& form_;
   QWidget* client_;
-  QRect asked_for_;  ///< the outer bounds that the program wants, in pixels
+  bool place_again_ = false;  ///< once the border is there
+  QRect asked_for_;           ///< the outer bounds that the program wants, in pixels
 };
 
 }  // namespace ui::qt

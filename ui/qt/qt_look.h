@@ -19,10 +19,10 @@ QColor Mix(const QColor& from, const QColor& to, double share);
 /// so it is taken from the text on a window: black and white and nothing between.
 bool IsHighContrast();
 
-/// The colours of a window and of what stands in it: text boxes, lists and buttons are lighter than the
-/// window, with the same text colour, whatever the desktop's theme is.
+/// The colours of a window, a frame or a label and of what stands in it: text boxes, lists and buttons are
+/// lighter than the window, with the same text colour, whatever the desktop's theme is.
 QPalette WindowPalette(const Colours& colours);
-/// The colours of one control that has its own.
+/// The colours of one button, text box or list that has its own.
 QPalette ControlPalette(const Colours& colours);
 
 }  // namespace ui::qt

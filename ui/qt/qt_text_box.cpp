@@ -34,7 +34,7 @@ class MouseEdit : public Edit {
 }  // namespace
 
 OneLinePeer::OneLinePeer(TextBox& box)
-    : WidgetPeer(box, new MouseEdit<QLineEdit>(ClientAround(box), box)),
+    : WidgetPeer(box, new MouseEdit<QLineEdit>(ClientAround(box), box), Background::kItself),
       box_(box),
       widget_(*static_cast<QLineEdit*>(widget())) {
   widget_.setMaxLength(std::numeric_limits<int>::max());
@@ -77,7 +77,7 @@ Selection OneLinePeer::UserSelection() const {
 }
 
 ManyLinesPeer::ManyLinesPeer(TextBox& box)
-    : WidgetPeer(box, new MouseEdit<QPlainTextEdit>(ClientAround(box), box)),
+    : WidgetPeer(box, new MouseEdit<QPlainTextEdit>(ClientAround(box), box), Background::kItself),
       box_(box),
       widget_(*static_cast<QPlainTextEdit*>(widget())) {
   Watch(widget_.viewport());

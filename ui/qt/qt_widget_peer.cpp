@@ -1,6 +1,8 @@
 #include "ui/qt/qt_widget_peer.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QWheelEvent>
 
@@ -10,6 +12,33 @@
 #include "ui/qt/qt_text.h"
 
 namespace ui::qt {
+namespace {
+
+/// The key as a window is offered it; empty for one that it is not.
+std::optional<KeyPress> PressOf(const QKeyEvent& event) {
+  if ((event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return KeyPress{Key::kUp};
+    case Qt::Key_Down:
+      return KeyPress{Key::kDown};
+    case Qt::Key_PageUp:
+      return KeyPress{Key::kPageUp};
+    case Qt::Key_PageDown:
+      return KeyPress{Key::kPageDown};
+    case Qt::Key_Home:
+      return KeyPress{Key::kHome};
+    case Qt::Key_End:
+      return KeyPress{Key::kEnd};
+    default:
+      break;
+  }
+  const QString text = event.text();
+  if (text.isEmpty() || !text[0].isPrint() || text[0].isSpace()) return std::nullopt;
+  return KeyPress{Key::kCharacter, FromQString(text)};
+}
+
+}  // namespace
 
 QWidget* ClientAround(const Control& control) {
   if (control.parent() == nullptr) return nullptr;
@@ -22,7 +51,8 @@ QWidget* WidgetOf(const Control& control) {
   return peer != nullptr ? peer->widget() : nullptr;
 }
 
-WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+WidgetPeer::WidgetPeer(Control& control, QWidget* widget, Background background)
+    : control_(control), widget_(widget), background_(background) {
   widget_->setObjectName(ToQString(control.name()));
   Watch(widget_);
 }
@@ -86,7 +116,8 @@ void WidgetPeer::MirrorAccessKey() {
 
 void WidgetPeer::MirrorColours() {
   const bool own = control_.colours().has_value() && !IsHighContrast();
-  widget_->setPalette(own ? ControlPalette(*control_.colours()) : QPalette());
+  const auto palette_for = background_ == Background::kItself ? ControlPalette : WindowPalette;
+  widget_->setPalette(own ? palette_for(*control_.colours()) : QPalette());
   widget_->setAutoFillBackground(own);
 }
 
@@ -105,6 +136,14 @@ bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::Leave:
       control_.UserMovedPointerAway();
+      break;
+    case QEvent::KeyPress:
+      // A key that the widget leaves alone comes to the window as well: it is offered once, by the focused
+      // one.
+      if (watched == QApplication::focusWidget()) {
+        const auto press = PressOf(*static_cast<QKeyEvent*>(event));
+        if (press && control_.form().UserPressedKey(*press)) return true;
+      }
       break;
     case QEvent::Shortcut:
       return control_.form().UserPressedAccessKey(control_.access_key());

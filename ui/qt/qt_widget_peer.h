@@ -11,8 +11,12 @@ namespace ui::qt {
 /// What all peers with a widget share: geometry, help, colours, font, focus and pointer.
 class WidgetPeer : public QObject, public Peer {
  public:
+  /// What the background of a control's own colours is: that of the control, or only what lies around the
+  /// boxes in it.
+  enum class Background { kAround, kItself };
+
   /// Owns the widget.
-  WidgetPeer(Control& control, QWidget* widget);
+  WidgetPeer(Control& control, QWidget* widget, Background background = Background::kAround);
   ~WidgetPeer() override;
 
   void Mirror(Property property) override;
@@ -33,7 +37,6 @@ class WidgetPeer : public QObject, public Peer {
   virtual void MirrorBounds();
   virtual void MirrorVisible();
   virtual void MirrorHelp();
-  virtual void MirrorColours();
   virtual void MirrorSelection() {}
   virtual void MirrorState() {}
 
@@ -41,9 +44,11 @@ class WidgetPeer : public QObject, public Peer {
 
  private:
   void MirrorAccessKey();
+  void MirrorColours();
 
   Control& control_;
   QPointer<QWidget> widget_;
+  Background background_;
   int shortcut_ = 0;
 };
 

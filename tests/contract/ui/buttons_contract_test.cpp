@@ -113,12 +113,6 @@ TEST_F(FrontEndContract, EnterAndEscapeReachTheDefaultAndTheCancelButton) {
   EXPECT_EQ(pressed, "default cancel cancel ");
 }
 
-TEST_F(FrontEndContract, ALabelActsOnAClick) {
-  window_.label.on_mouse_up = Count();
-  driver_->Click(window_.label);
-  EXPECT_EQ(count_, 1);
-}
-
 TEST_F(FrontEndContract, AControlMadeInAShownWindowWorks) {
   ui::Button late(&window_, "late");
   late.SetBounds({5'100, 150, 1'500, 600});

@@ -116,15 +116,12 @@ TEST_F(FrontEndContract, APopUpTakesNeitherFocusNorActivation) {
   EXPECT_FALSE(pop_up.visible());
 }
 
-TEST_F(FrontEndContract, OnlyYesIsYes) {
+TEST_F(FrontEndContract, OnlyAnAnswerIsAnAnswer) {
   const ui::MessageBox box{"Go on?\r\nReally?", "", ui::Icon::kQuestion};
   driver_->AnswerYes();
   EXPECT_TRUE(front_end_.dialogs().AskYesNo(window_, box));
   driver_->AnswerByLeaving();
   EXPECT_FALSE(front_end_.dialogs().AskYesNo(window_, box));
-}
-
-TEST_F(FrontEndContract, ATextIsAskedForOrRefused) {
   driver_->AnswerText("Bilder \xC3\xA4");
   EXPECT_EQ(front_end_.dialogs().AskText(window_, {"Name?", "Name", 300, 300}), "Bilder \xC3\xA4");
   driver_->AnswerByLeaving();

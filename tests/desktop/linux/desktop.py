@@ -82,7 +82,8 @@ class Program:
     def __init__(self, home, words, screen=None):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        environment.update(XDG_CONFIG_HOME=home, LC_ALL="C.UTF-8", **(screen.environment if screen else {}))
+        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8",
+                           **(screen.environment if screen else {}))
         self.lines = []
         self.arrived = queue.Queue()
         self.errors = tempfile.TemporaryFile(mode="w+", encoding="utf-8")
@@ -132,7 +133,7 @@ class Place:
         self.root = tempfile.mkdtemp(prefix="quorvane-desktop-")
         self.home, self.source, self.target = (os.path.join(self.root, name) for name in ("home", "source", "target"))
         for folder in (self.home, self.source, self.target):
-            os.mkdir(folder)
+            os.mkdir(folder, 0o700)
 
     def save_setup(self, folders=(), target=None, skip="", extension="", since=0):
         """Writes the setup of the last run: everything below the `folders` of the source is included."""

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <objbase.h>
+
+#include "ui/win32/handle.h"
+#include "ui/win32/win32.h"
+
+namespace ui::win32 {
+
+inline void ReleaseComObject(IUnknown* object) { object->Release(); }
+
+/// Owns one reference to a COM object; null where the system does not offer it.
+template <typename Interface>
+class ComPointer {
+ public:
+  ComPointer(const CLSID& kind, const IID& interface_id) {
+    void* made = nullptr;
+    if (SUCCEEDED(CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, interface_id, &made))) {
+      object_ = Handle<IUnknown*, &ReleaseComObject>(static_cast<Interface*>(made));
+    }
+  }
+
+  Interface* get() const { return static_cast<Interface*>(object_.get()); }
+  Interface* operator->() const { return get(); }
+  explicit operator bool() const { return static_cast<bool>(object_); }
+
+ private:
+  Handle<IUnknown*, &ReleaseComObject> object_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,99 @@
+#include "ui/win32/drop_down_list_peer.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "ui/win32/paint.h"
+#include "ui/win32/scale.h"
+#include "ui/win32/wide_text.h"
+
+namespace ui::win32 {
+namespace {
+
+constexpr WindowKind kList{WC_COMBOBOXW,
+                           WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_CLIPSIBLINGS | CBS_DROPDOWNLIST};
+constexpr int kEntriesInView = 12;
+constexpr WPARAM kClosedPart = static_cast<WPARAM>(-1);
+
+/// Posted to itself: the user has chosen. A handler may wait for the user, with the list closed by then.
+constexpr UINT kChosen = WM_APP;
+
+}  // namespace
+
+DropDownListPeer::DropDownListPeer(DropDownList& list, Toolkit& toolkit)
+    : WindowPeer(list, toolkit, kList), list_(list) {
+  HandleChoice();
+  // Over a closed list the wheel would change the choice unnoticed.
+  window().On(WM_MOUSEWHEEL, [this](const Message& message) -> Answer {
+    if (IsDropped() || GetFocus() == handle()) return std::nullopt;
+    return SendMessageW(GetParent(handle()), message.id, message.wparam, message.lparam);
+  });
+  window().On(WM_CTLCOLORLISTBOX, [this](const Message& message) -> Answer {
+    const std::optional<Colours> colours = ColoursToDraw();
+    if (!colours) return std::nullopt;
+    return reinterpret_cast<LRESULT>(UseColours(reinterpret_cast<HDC>(message.wparam), *colours));
+  });
+}
+
+/// In an open list the keys only move the mark; the choice follows when the list closes.
+void DropDownListPeer::HandleChoice() {
+  window().OnNotice(WM_COMMAND, CBN_SELENDOK, [this](const Message&) -> Answer {
+    PostMessageW(handle(), kChosen, 0, 0);
+    return 0;
+  });
+  window().OnNotice(WM_COMMAND, CBN_SELENDCANCEL, [this](const Message&) -> Answer {
+    MirrorValue();
+    return 0;
+  });
+  window().OnNotice(WM_COMMAND, CBN_SELCHANGE, [this](const Message&) -> Answer {
+    if (!IsDropped()) PostMessageW(handle(), kChosen, TRUE, 0);
+    return 0;
+  });
+  window().On(kChosen, [this](const Message& message) -> Answer {
+    const bool told_before = message.wparam != 0 && Selected() == list_.list_index();
+    if (!told_before) list_.UserSelected(Selected());
+    return 0;
+  });
+}
+
+/// Leaves the entries that stay, so that a list can be filled one by one.
+void DropDownListPeer::MirrorItems() {
+  const auto& items = list_.items();
+  const auto [old_end, new_end] = std::mismatch(shown_.begin(), shown_.end(), items.begin(), items.end());
+  const auto kept = static_cast<WPARAM>(old_end - shown_.begin());
+  for (std::size_t last = shown_.size(); last > kept; --last) window().Send(CB_DELETESTRING, last - 1);
+  for (auto item = new_end; item != items.end(); ++item) {
+    window().Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(*item).c_str()));
+  }
+  shown_ = items;
+}
+
+void DropDownListPeer::MirrorValue() {
+  if (Selected() != list_.list_index()) {
+    window().Send(CB_SETCURSEL, static_cast<WPARAM>(static_cast<INT_PTR>(list_.list_index())));
+  }
+}
+
+/// The height of the window itself is that of the list when it is open; the closed part follows from the
+/// height of its text.
+void DropDownListPeer::MirrorBounds() {
+  const RECT place = ToPixels(list_.bounds(), dpi());
+  const auto entry = static_cast<int>(window().Send(CB_GETITEMHEIGHT, 0));
+  SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place) + kEntriesInView * entry,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT closed{};
+  GetWindowRect(handle(), &closed);
+  const int border = Height(closed) - static_cast<int>(window().Send(CB_GETITEMHEIGHT, kClosedPart));
+  const int text = std::max(Height(place) - border, 1);
+  window().Send(CB_SETITEMHEIGHT, kClosedPart, text);
+}
+
+void DropDownListPeer::MirrorFont() {
+  WindowPeer::MirrorFont();
+  MirrorBounds();
+}
+
+std::optional<Colours> DropDownListPeer::ColoursToDraw() const { return OwnColours(list_); }
+
+}  // namespace ui::win32

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ui/controls.h"
+#include "ui/win32/window_peer.h"
+
+namespace ui::win32 {
+
+class DropDownListPeer : public WindowPeer {
+ public:
+  DropDownListPeer(DropDownList& list, Toolkit& toolkit);
+
+ protected:
+  void MirrorText() override {}
+  void MirrorItems() override;
+  void MirrorValue() override;
+  void MirrorBounds() override;
+  void MirrorFont() override;
+  std::optional<Colours> ColoursToDraw() const override;
+
+ private:
+  void HandleChoice();
+  int Selected() const { return static_cast<int>(window().Send(CB_GETCURSEL)); }
+  bool IsDropped() const { return window().Send(CB_GETDROPPEDSTATE) != 0; }
+
+  DropDownList& list_;
+  std::vector<std::string> shown_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,45 @@
+#include "ui/win32/folder_dialog.h"
+
+#include <objbase.h>
+#include <shlobj.h>
+
+#include <array>
+
+#include "ui/win32/handle.h"
+#include "ui/win32/wide_text.h"
+
+namespace ui::win32 {
+namespace {
+
+int CALLBACK WhenOpened(HWND dialog, UINT message, LPARAM, LPARAM start) {
+  if (message == BFFM_INITIALIZED) SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, start);
+  return 0;
+}
+
+bool IsFolder(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+}  // namespace
+
+std::optional<std::string> AskForFolder(HWND owner, const std::string& title, const std::string& start,
+                                        bool new_style) {
+  const std::wstring wide_title = ToWide(title);
+  const std::wstring wide_start = ToWide(start);
+  BROWSEINFOW browse{};
+  browse.hwndOwner = owner;
+  browse.lpszTitle = wide_title.c_str();
+  browse.ulFlags = BIF_RETURNONLYFSDIRS;
+  if (new_style) browse.ulFlags |= BIF_NEWDIALOGSTYLE;
+  if (IsFolder(wide_start)) {
+    browse.lpfn = &WhenOpened;
+    browse.lParam = reinterpret_cast<LPARAM>(wide_start.c_str());
+  }
+  const Handle<PIDLIST_ABSOLUTE, &CoTaskMemFree> chosen(SHBrowseForFolderW(&browse));
+  std::array<wchar_t, MAX_PATH> path{};
+  if (!chosen || !SHGetPathFromIDListW(chosen.get(), path.data())) return std::nullopt;
+  return FromWide(path.data());
+}
+
+}  // namespace ui::win32

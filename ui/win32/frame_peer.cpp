@@ -1,0 +1,96 @@
+#include "ui/win32/frame_peer.h"
+
+#include "ui/win32/paint.h"
+#include "ui/win32/scale.h"
+#include "ui/win32/wide_text.h"
+
+namespace ui::win32 {
+namespace {
+
+constexpr WindowKind kFrame{nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT};
+constexpr Twips kRound = 120;
+constexpr Twips kIndent = 135;
+
+WindowKind Kind() { return {PlainWindowClass(), kFrame.style, kFrame.extended_style}; }
+
+/// Between the two colours, nearer to the background.
+COLORREF BorderColour(const Colours& colours) {
+  const auto mix = [](int text, int background) {
+    return static_cast<BYTE>((2 * text + 3 * background) / 5);
+  };
+  return RGB(mix(colours.text.red, colours.background.red), mix(colours.text.green, colours.background.green),
+             mix(colours.text.blue, colours.background.blue));
+}
+
+void DrawBorder(HDC context, const RECT& border, COLORREF colour, int round) {
+  const Handle<HPEN, &DeleteObject> pen(CreatePen(PS_SOLID, 1, colour));
+  const HGDIOBJ pen_before = SelectObject(context, pen.get());
+  const HGDIOBJ brush_before = SelectObject(context, GetStockObject(NULL_BRUSH));
+  RoundRect(context, border.left, border.top, border.right, border.bottom, round, round);
+  SelectObject(context, brush_before);
+  SelectObject(context, pen_before);
+}
+
+}  // namespace
+
+FramePeer::FramePeer(Frame& frame, Toolkit& toolkit) : WindowPeer(frame, toolkit, Kind()), frame_(frame) {
+  toolkit.accessibility.SetIsGroup(handle());
+  window().On(WM_ERASEBKGND, [this](const Message& message) -> Answer {
+    RECT inside{};
+    GetClientRect(handle(), &inside);
+    FillBackground(reinterpret_cast<HDC>(message.wparam), inside, frame_);
+    return 1;
+  });
+  window().On(WM_PAINT, [this](const Message&) -> Answer {
+    Paint();
+    return 0;
+  });
+  window().On(WM_MOUSEWHEEL, [this](const Message& message) -> Answer {
+    frame_.UserTurnedWheel(static_cast<double>(GET_WHEEL_DELTA_WPARAM(message.wparam)) / WHEEL_DELTA);
+    return 0;
+  });
+}
+
+void FramePeer::MirrorText() {
+  WindowPeer::MirrorText();
+  InvalidateRect(handle(), nullptr, TRUE);
+}
+
+/// One that is shown later lies over what it covers.
+void FramePeer::MirrorVisible() {
+  if (frame_.visible() && IsWindowVisible(GetAncestor(handle(), GA_ROOT))) {
+    SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  WindowPeer::MirrorVisible();
+}
+
+void FramePeer::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(handle(), &paint);
+  const HGDIOBJ font_before = SelectObject(context, font());
+  Draw(context);
+  SelectObject(context, font_before);
+  EndPaint(handle(), &paint);
+}
+
+void FramePeer::Draw(HDC context) {
+  const std::optional<Colours> colours = ColoursToDraw();
+  const std::wstring heading = ToCaption(frame_.text(), frame_.access_key());
+  RECT text{};
+  if (!heading.empty()) DrawTextW(context, heading.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
+  OffsetRect(&text, ToPixels(kIndent, dpi()), 0);
+  RECT border{};
+  GetClientRect(handle(), &border);
+  border.top += Height(text) / 2;
+  DrawBorder(context, border, colours ? BorderColour(*colours) : GetSysColor(COLOR_BTNTEXT),
+             ToPixels(kRound, dpi()));
+  if (heading.empty()) return;
+  InflateRect(&text, ToPixels(kIndent, dpi()) / 3, 0);
+  FillBackground(context, text, frame_);
+  if (!colours) SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+  if (!IsWindowEnabled(handle())) SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+  SetBkMode(context, TRANSPARENT);
+  DrawTextW(context, heading.c_str(), -1, &text, DT_SINGLELINE | DT_CENTER);
+}
+
+}  // namespace ui::win32

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ui/control.h"
+#include "ui/win32/window_peer.h"
+
+namespace ui::win32 {
+
+/// A thin border with the heading in it. The system's own group box is a button, which holds no controls
+/// and draws no background of its own.
+class FramePeer : public WindowPeer {
+ public:
+  FramePeer(Frame& frame, Toolkit& toolkit);
+
+ protected:
+  void MirrorText() override;
+  void MirrorVisible() override;
+  void MirrorFont() override { MirrorColours(); }
+
+ private:
+  void Paint();
+  void Draw(HDC context);
+
+  Frame& frame_;
+};
+
+}  // namespace ui::win32

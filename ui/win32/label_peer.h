@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/win32/window_peer.h"
+
+namespace ui::win32 {
+
+class LabelPeer : public WindowPeer {
+ public:
+  LabelPeer(Label& label, Toolkit& toolkit);
+
+ protected:
+  void MirrorText() override;
+  void MirrorBounds() override;
+
+ private:
+  Label& label_;
+};
+
+}  // namespace ui::win32

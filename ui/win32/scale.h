@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ui/geometry.h"
+#include "ui/win32/win32.h"
+
+/// Twips and the pixels of a screen with so many dots per inch.
+namespace ui::win32 {
+
+int ToPixels(Twips length, UINT dpi);
+/// Edges are rounded, not sizes, so that neighbours stay neighbours.
+RECT ToPixels(const Rect& bounds, UINT dpi);
+Twips ToTwips(int pixels, UINT dpi);
+Rect ToTwips(const RECT& pixels, UINT dpi);
+
+inline int Width(const RECT& rect) { return rect.right - rect.left; }
+inline int Height(const RECT& rect) { return rect.bottom - rect.top; }
+
+}  // namespace ui::win32

@@ -1,0 +1,25 @@
+#include "ui/win32/task_bar.h"
+
+#include <shobjidl.h>
+
+namespace ui::win32 {
+
+TaskBar::TaskBar() : list_(CLSID_TaskbarList, IID_ITaskbarList3) {}
+TaskBar::~TaskBar() = default;
+
+void TaskBar::ShowProgress(HWND window, std::optional<double> fraction) const {
+  if (!list_) return;
+  if (!fraction) {
+    list_->SetProgressState(window, TBPF_NOPROGRESS);
+    return;
+  }
+  constexpr ULONGLONG kWhole = 1000;
+  list_->SetProgressValue(window, static_cast<ULONGLONG>(*fraction * kWhole), kWhole);
+}
+
+UINT TaskBar::ButtonMadeMessage() {
+  static const UINT message = RegisterWindowMessageW(L"TaskbarButtonCreated");
+  return message;
+}
+
+}  // namespace ui::win32

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+
+#include "ui/text_box.h"
+#include "ui/win32/window_peer.h"
+
+namespace ui::win32 {
+
+class TextBoxPeer : public WindowPeer {
+ public:
+  TextBoxPeer(TextBox& box, Toolkit& toolkit);
+
+  void Append(std::string_view text) override;
+  Selection UserSelection() const override;
+
+ protected:
+  void MirrorText() override;
+  void MirrorEnabled() override;
+  void MirrorSelection() override;
+  std::optional<Colours> ColoursToDraw() const override;
+
+ private:
+  void HandleEditing();
+  void HandleKeys();
+  std::wstring Shown() const;
+  /// Brings the caret into view, and the beginnings of the lines.
+  void ScrollToCaret();
+
+  TextBox& box_;
+  bool by_program_ = false;
+};
+
+}  // namespace ui::win32

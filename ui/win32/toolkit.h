@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vector>
+
+#include "ui/win32/accessibility.h"
+#include "ui/win32/fonts.h"
+#include "ui/win32/task_bar.h"
+
+namespace ui::win32 {
+
+class FormPeer;
+
+/// What the peers of one front end share.
+struct Toolkit {
+  Fonts fonts;
+  Accessibility accessibility;
+  TaskBar task_bar;
+  std::vector<FormPeer*> forms;  ///< all that live
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Texts on their way to and from the system's UTF-16.
+namespace ui::win32 {
+
+/// Character by character: what is no UTF-8, and a zero, shows as U+FFFD. A surrogate that stands alone, as a
+/// file name may have it, passes through both ways.
+std::wstring ToWide(std::string_view text);
+std::string FromWide(std::wstring_view text);
+
+/// A caption with its access key marked: the first such letter gets an "&", every "&" of the text itself a
+/// second.
+std::wstring ToCaption(std::string_view text, char access_key);
+
+/// How many UTF-16 units ToWide() makes of the first characters of a text, and the other way round.
+std::size_t UnitsOf(std::string_view text, std::size_t characters);
+std::size_t CharactersOf(std::string_view text, std::size_t units);
+
+}  // namespace ui::win32

@@ -1,0 +1,70 @@
+#include "ui/win32/win32_clipboard.h"
+
+#include <cstring>
+
+#include "ui/win32/handle.h"
+#include "ui/win32/wide_text.h"
+
+namespace ui::win32 {
+namespace {
+
+constexpr int kTries = 10;
+constexpr DWORD kPause = 10;  // milliseconds
+
+/// Holds the clipboard while it lives.
+class OpenedClipboard {
+ public:
+  explicit OpenedClipboard(HWND owner) {
+    for (int i = 0; i < kTries && !open_; ++i) {
+      if (i > 0) Sleep(kPause);
+      open_ = OpenClipboard(owner) != 0;
+    }
+  }
+  ~OpenedClipboard() {
+    if (open_) CloseClipboard();
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+
+  explicit operator bool() const { return open_; }
+
+ private:
+  bool open_ = false;
+};
+
+Handle<HGLOBAL, &GlobalFree> ToMemory(const std::wstring& text) {
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+  Handle<HGLOBAL, &GlobalFree> memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+  if (!memory) return memory;
+  std::memcpy(GlobalLock(memory.get()), text.c_str(), bytes);
+  GlobalUnlock(memory.get());
+  return memory;
+}
+
+}  // namespace
+
+Win32Clipboard::Win32Clipboard() : owner_({PlainWindowClass()}, HWND_MESSAGE, 0) {}
+
+void Win32Clipboard::Clear() {
+  if (const OpenedClipboard opened(owner_.handle()); opened) EmptyClipboard();
+}
+
+void Win32Clipboard::SetText(const std::string& text) {
+  const OpenedClipboard opened(owner_.handle());
+  if (!opened) return;
+  EmptyClipboard();
+  auto memory = ToMemory(ToWide(text));
+  if (memory && SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr)
+    memory.Release();  // now the system's
+}
+
+std::string Win32Clipboard::Text() {
+  const OpenedClipboard opened(owner_.handle());
+  const HGLOBAL memory = opened ? GetClipboardData(CF_UNICODETEXT) : nullptr;
+  if (memory == nullptr) return {};
+  const std::string text = FromWide(static_cast<const wchar_t*>(GlobalLock(memory)));
+  GlobalUnlock(memory);
+  return text;
+}
+
+}  // namespace ui::win32

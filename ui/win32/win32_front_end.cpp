@@ -1,0 +1,150 @@
+#include "ui/win32/win32_front_end.h"
+
+#include "ui/win32/win32.h"
+
+#include <commctrl.h>
+#include <ole2.h>
+
+#include "ui/form.h"
+#include "ui/text_box.h"
+#include "ui/win32/button_peer.h"
+#include "ui/win32/check_box_peer.h"
+#include "ui/win32/drop_down_list_peer.h"
+#include "ui/win32/form_peer.h"
+#include "ui/win32/frame_peer.h"
+#include "ui/win32/keys.h"
+#include "ui/win32/label_peer.h"
+#include "ui/win32/progress_bar_peer.h"
+#include "ui/win32/scale.h"
+#include "ui/win32/scroll_bar_peer.h"
+#include "ui/win32/text_box_peer.h"
+#include "ui/win32/timer_peer.h"
+#include "ui/win32/wide_text.h"
+#include "ui/win32/win32_clipboard.h"
+#include "ui/win32/win32_dialogs.h"
+
+namespace ui::win32 {
+namespace {
+
+/// Events that come this many milliseconds after the call are left for the next one: a window that always
+/// has something to draw would hold the caller for good.
+constexpr DWORD kLongestRun = 50;
+
+}  // namespace
+
+Win32FrontEnd::Win32FrontEnd() {
+  OleInitialize(nullptr);
+  const INITCOMMONCONTROLSEX kinds{sizeof kinds, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&kinds);
+  toolkit_ = std::make_unique<Toolkit>();
+  dialogs_ = std::make_unique<Win32Dialogs>(*this, *toolkit_);
+  clipboard_ = std::make_unique<Win32Clipboard>();
+}
+
+Win32FrontEnd::~Win32FrontEnd() {
+  clipboard_.reset();
+  dialogs_.reset();
+  toolkit_.reset();
+  MSG quit{};
+  PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+  OleUninitialize();
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(Form& form) {
+  return std::make_unique<FormPeer>(form, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(Frame& frame) {
+  return std::make_unique<FramePeer>(frame, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(Button& button) {
+  return std::make_unique<ButtonPeer>(button, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(Label& label) {
+  return std::make_unique<LabelPeer>(label, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(CheckBox& box) {
+  return std::make_unique<CheckBoxPeer>(box, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(DropDownList& list) {
+  return std::make_unique<DropDownListPeer>(list, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(ProgressBar& bar) {
+  return std::make_unique<ProgressBarPeer>(bar, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(ScrollBar& bar) {
+  return std::make_unique<ScrollBarPeer>(bar, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(TextBox& box) {
+  return std::make_unique<TextBoxPeer>(box, *toolkit_);
+}
+
+std::unique_ptr<Peer> Win32FrontEnd::CreatePeer(Timer& timer) { return std::make_unique<TimerPeer>(timer); }
+
+/// WM_QUIT needs nothing here: every loop asks quitting().
+void Win32FrontEnd::Handle(MSG& message) {
+  if (message.message == WM_QUIT || HandleKey(message, *toolkit_)) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+void Win32FrontEnd::HandleNext() {
+  MSG message{};
+  GetMessageW(&message, nullptr, 0, 0);
+  Handle(message);
+}
+
+void Win32FrontEnd::RunPendingEvents() {
+  const DWORD begin = GetTickCount();
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    Handle(message);
+    if (static_cast<int>(message.time - begin) > static_cast<int>(kLongestRun)) return;
+  }
+}
+
+void Win32FrontEnd::WaitForEvents(int milliseconds) {
+  if (milliseconds > 0) {
+    MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(milliseconds), QS_ALLINPUT,
+                                MWMO_INPUTAVAILABLE);
+  }
+  RunPendingEvents();
+}
+
+int Win32FrontEnd::Run() {
+  while (!quitting()) HandleNext();
+  return exit_code_.value_or(0);
+}
+
+void Win32FrontEnd::Quit(int exit_code) {
+  exit_code_ = exit_code;
+  PostQuitMessage(exit_code);
+}
+
+void Win32FrontEnd::RunModal(Form& form) {
+  while (form.visible() && !quitting()) HandleNext();
+}
+
+Size Win32FrontEnd::screen() const {
+  RECT area{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  const UINT dpi = GetDpiForSystem();
+  return {ToTwips(Width(area), dpi), ToTwips(Height(area), dpi)};
+}
+
+Twips Win32FrontEnd::TextWidth(const std::string& text, const Font& font) const {
+  const UINT dpi = GetDpiForSystem();
+  return ToTwips(MeasureText(ToWide(text), toolkit_->fonts.Get(font, dpi)).cx, dpi);
+}
+
+Dialogs& Win32FrontEnd::dialogs() { return *dialogs_; }
+Clipboard& Win32FrontEnd::clipboard() { return *clipboard_; }
+
+}  // namespace ui::win32
