@@ -107,7 +107,7 @@ void frmMain::ArrangeSetupFrames() {
   const auto arrange = [](ui::Frame& frame, std::span<ui::Button* const> buttons) {
     int row = 0;
     for (ui::Button* button : buttons) button->SetBounds({kInset, RowTop(row++), kButton, kRow});
-    frame.SetBounds({kMargin + 2640, 0, kButton + 2 * kInset, FrameHeight(row)});
+    frame.SetBounds({kMargin, 0, kButton + 2 * kInset, FrameHeight(row)});
     frame.SetVisible(false);
   };
   arrange(fraSetup, setup);

@@ -68,7 +68,9 @@ Result<CopyOutcome> PosixFileSystem::CopyFile(const Folder& source, const Entry&
                       watcher);
 }
 
-void PosixFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
+void PosixFileSystem::ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) {
+  copier_.Expect(static_cast<const PosixFolder&>(source), files);
+}
 
 Status PosixFileSystem::CreateFolder(const std::string& path) {
   const auto place = Reach(path);

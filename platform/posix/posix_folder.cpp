@@ -32,7 +32,8 @@ Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) 
   return folder;
 }
 
-PosixFolder::PosixFolder(std::string path, FileDescriptor handle) : handle_(std::move(handle)) {
+PosixFolder::PosixFolder(std::string path, FileDescriptor handle)
+    : handle_(std::make_shared<const FileDescriptor>(std::move(handle))) {
   path_ = std::move(path);
 }
 

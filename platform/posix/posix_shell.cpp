@@ -39,7 +39,7 @@ std::string HomeFolder() {
 }  // namespace
 
 std::string PosixShell::ApplicationDataFolder() {
-  // A relative path is to be ignored (XDG Base Directory Specification).
+  // A relative path is to be ignored (so the rules for XDG base directories).
   if (const char* folder = std::getenv("XDG_CONFIG_HOME"); folder != nullptr && *folder == '/') return folder;
   const std::string home = HomeFolder();
   return home.empty() ? home : JoinPath(home, ".config", PathStyle::kPosix);

@@ -26,8 +26,6 @@ Status StatusOf(BOOL success) {
   return Done{};
 }
 
-std::wstring FolderOf(const std::string& path) { return LongFolder(ParentOf(path)); }
-
 /// A name that is a link to a folder, which the system removes like a folder.
 bool IsFolderLink(const std::wstring& path) {
   WIN32_FIND_DATAW found;
@@ -167,12 +165,22 @@ Status WindowsFileSystem::WriteFile(const std::string& path, const std::string& 
   return WriteContent(LongPath(path), content);
 }
 
+std::wstring WindowsFileSystem::BehindLink(const std::string& path) {
+  const std::wstring long_path = LongPath(path);
+  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+    return long_path;
+  const auto real = RealPath(path);
+  return real ? LongPath(*real) : long_path;
+}
+
 Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
-  auto file = TemporaryFile::Create(FolderOf(path));
+  const std::wstring long_path = BehindLink(path);
+  auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
   if (!::FlushFileBuffers(file->file().get())) return LastError();
-  return file->ReplaceOnto(LongPath(path));
+  return file->ReplaceOnto(long_path);
 }
 
 Status WindowsFileSystem::Flush(const std::string& path) {

@@ -43,6 +43,10 @@ class WindowsFileSystem : public FileSystem {
 
  private:
   struct State;
+
+  /// The long form of a path or, where a link stands there, of what it leads to.
+  std::wstring BehindLink(const std::string& path);
+
   std::unique_ptr<State> state_;
 };
 
