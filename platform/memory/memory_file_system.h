@@ -130,7 +130,7 @@ class MemoryFileSystem : public FileSystem {
   std::set<std::string> read_only_places_;
   std::set<std::string> kept_read_only_;
   std::function<void(Call, const std::string&)> before_;
-  std::int64_t block_size_ = 256 * 1024;
+  std::int64_t block_size_ = std::int64_t{256} * 1024;
   bool ignore_case_ = false;
 };
 

@@ -26,7 +26,7 @@ Result<FileDescriptor> OpenOnVolume(const std::string& path, int flags) {
 Result<dev_t> DeviceOf(const std::string& path) {
   const auto reached = Reach(path);
   if (!reached) return reached.error();
-  struct stat facts;
+  struct stat facts = {};
   if (fstatat(reached->at(), reached->rest, &facts, 0) != 0) return LastError();
   return facts.st_dev;
 }
@@ -34,7 +34,7 @@ Result<dev_t> DeviceOf(const std::string& path) {
 }  // namespace
 
 Result<DiskSpace> SpaceAt(const std::string& path) {
-  struct statvfs facts;
+  struct statvfs facts = {};
   if (path.size() >= PATH_MAX || statvfs(path.c_str(), &facts) != 0) {
     const auto place = OpenOnVolume(path, O_PATH);
     if (!place) return place.error();
