@@ -20,23 +20,31 @@ export LC_ALL=C.UTF-8 WINEDEBUG=-all
 # to the user's menus.
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="
 
+boot_prefix() {
+  wine wineboot -i
+  # Wine would draw it in letters of various widths.
+  wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Courier New' /d 'Liberation Mono' /f
+} </dev/null >/dev/null 2>&1
+
 # The background services inherit the output of whoever starts them, and ctest waits until that is closed: so they
 # are started here, with none. The server answers 2 when it runs already.
 start_services() {
   exec 9>"$WINEPREFIX.lock"
   flock 9
-  if wineserver -p120 9>&-; then wine wineboot -i </dev/null >/dev/null 2>&1 9>&-; fi
+  if wineserver -p120 9>&-; then boot_prefix 9>&-; fi
   exec 9>&-
 }
 
 run() { wine "$@" </dev/null; }
 
-# A crash under Wine has been seen to exit with 0: only GoogleTest's own closing line tells that all tests ran.
+# A crash under Wine has been seen to exit with 0: only GoogleTest's own closing line tells that all tests ran. The
+# output goes through a file, because programs that a test starts may keep a pipe open for long after its end.
 run_test() {
   local log code
   log=$(mktemp)
-  run "$@" 2>&1 | tr -d '\r' | tee "$log"
-  code=${PIPESTATUS[0]}
+  run "$@" >"$log" 2>&1
+  code=$?
+  tr -d '\r' <"$log"
   if [ "$code" -eq 0 ] && ! grep -q '^\[  PASSED  \] [1-9]' "$log"; then
     echo "$1 ended without the line that its tests passed"
     code=1

@@ -11,13 +11,14 @@ constexpr WORD kProgramIcon = 1;  // as in the program's resources
 
 bool IsNotice(UINT message) {
   return message == WM_COMMAND || message == WM_NOTIFY || message == WM_VSCROLL || message == WM_HSCROLL ||
-         (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
+         message == WM_DRAWITEM || (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
 }
 
 const NMHDR& Header(const Message& message) { return *reinterpret_cast<const NMHDR*>(message.lparam); }
 
 HWND SenderOf(const Message& message) {
   if (message.id == WM_NOTIFY) return Header(message).hwndFrom;
+  if (message.id == WM_DRAWITEM) return reinterpret_cast<const DRAWITEMSTRUCT*>(message.lparam)->hwndItem;
   return reinterpret_cast<HWND>(message.lparam);
 }
 

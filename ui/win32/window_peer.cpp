@@ -170,7 +170,7 @@ void WindowPeer::MirrorSpokenName() {
 }
 
 void WindowPeer::MirrorColours() {
-  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void WindowPeer::MirrorFont() { window_.Send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE); }
