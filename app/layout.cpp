@@ -49,13 +49,13 @@ void frmMain::ArrangeMainWindow() {
   chkExcludeFilesInSourceFolder.SetBounds({kInset, RowTop(2), 2940, kRow});
   chkIncludeSubfolders.SetBounds({kField + 360, RowTop(2), kRightEdge - kField - 360, kRow});
 
-  fraTarget.SetBounds({kMargin, fraSource.bounds().bottom() + kGap, kLeftColumn, FrameHeight(2)});
+  fraTarget.SetBounds({kMargin, fraSource.bounds().bottom() + kGap, kLeftColumn, FrameHeight(3)});
   cmdSpecifyDirectory[1].SetBounds({kInset, RowTop(0), kButton, kRow});
   txbDirectory[1].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[1].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdCreateSubFolder.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblFreeSpace.SetBounds(Level({kField, RowTop(1), 4140, kRow}));
-  lblTargetFolderIsEmpty.SetBounds(Level({kRightEdge - 2340, RowTop(1), 2340, kRow}));
+  lblFreeSpace.SetBounds(Level({kField, RowTop(1), kRightEdge - kField, kRow}));
+  lblTargetFolderIsEmpty.SetBounds(Level({kField, RowTop(2), kRightEdge - kField, kRow}));
 
   const Twips filter = kInset + 3000;
   fraFiles.SetBounds({kMargin, fraTarget.bounds().bottom() + kGap, kLeftColumn, FrameHeight(3)});
