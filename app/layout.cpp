@@ -32,6 +32,9 @@ Twips FrameHeight(int rows) { return kFirstRow + rows * kStep + 60; }
 /// A label stands a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) { return {row.left, row.top + 75, row.width, row.height - 75}; }
 
+/// The same for a text that may need a second line: it may go on to the next row.
+Rect LevelOfTwoLines(Rect row) { return {row.left, row.top + 45, row.width, kStep - 45}; }
+
 }  // namespace
 
 void frmMain::ArrangeMainWindow() {
@@ -42,9 +45,9 @@ void frmMain::ArrangeMainWindow() {
   txbDirectory[0].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[0].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdSelectSubfolders.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblNumSubfolders.SetBounds(Level({kField, RowTop(1), 3000, kRow}));
+  lblNumSubfolders.SetBounds(LevelOfTwoLines({kField, RowTop(1), 3240, kRow}));
   cboIncludedFolders.SetBounds(
-      {kField + 3060, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3060, kRow});
+      {kField + 3300, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3300, kRow});
   cmdRemoveSubfolder.SetBounds({kRightEdge - kSmallButton, RowTop(1), kSmallButton, kRow});
   chkExcludeFilesInSourceFolder.SetBounds({kInset, RowTop(2), 2940, kRow});
   chkIncludeSubfolders.SetBounds({kField + 360, RowTop(2), kRightEdge - kField - 360, kRow});
