@@ -45,6 +45,24 @@ TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
                 if (call == Call::kCopyFile) p.window->StopOperation();
               });
             }},
+           {"cancelled", 3,
+            [](Program& p) {
+              p.files.Before([&p](Call call, const std::string&) {
+                if (call == Call::kCopyFile) Click(p.window->cmdQuit);
+              });
+            }},
+           {"failed", 2,
+            [](Program& p) {
+              p.files.Before([&p, tried = false](Call call, const std::string&) mutable {
+                tried |= call == Call::kRemoveFile;  // of the probe in the target
+                if (tried && call == Call::kSpace) p.files.SetSpace(0, 1000);
+              });
+            }},
+           {"failed", 2,
+            [](Program& p) {
+              p.files.AddFile("/dst/a", "old", {}, platform::kReadOnly);
+              p.files.KeepReadOnly("/dst/a");
+            }},
            {"refused", 4, [](Program& p) { p.files.Remove("/dst"); }}}) {
     Program program;
     program.SaveLastRun(program.SourceAndTarget());
@@ -54,7 +72,7 @@ TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
     EXPECT_TRUE(program.printed.back().starts_with(std::string("RESULT status=") + c.status))
         << program.printed.back();
     EXPECT_TRUE(program.front_end.dialogs().asked.empty()) << c.status;
-    window.UserClosed();
+    if (!program.front_end.quitting()) window.UserClosed();
     EXPECT_EQ(program.front_end.Run(), c.exit_code) << c.status;
   }
 }
