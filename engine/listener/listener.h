@@ -46,8 +46,8 @@ class Listener {
   /// A message that is to be acknowledged; in an unattended run it only stands in the report.
   virtual void Tell(const std::string& text) = 0;
 
-  /// Whether the run is to hold after the first folder in which a file was copied. Asked at the end of such folders
-  /// until it has held once, since the user may change his mind meanwhile.
+  /// Whether the run is to hold after the first folder in which a file was copied. Asked at the end of such
+  /// folders until it has held once, since the user may change his mind meanwhile.
   virtual bool PauseWished() = 0;
 
   /// Holds the run until the user lets it go on or cancels it; returns at once in an unattended run.

@@ -79,8 +79,8 @@ std::string FindSystemCommand(const std::string& name) {
   return {};
 }
 
-Status StartProgram(const std::string& path, const std::vector<std::string>& arguments,
-                    const FileDescriptor& input) {
+Result<pid_t> StartProgram(const std::string& path, const std::vector<std::string>& arguments,
+                           const FileDescriptor& input) {
   std::vector<char*> pointers;
   for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
   pointers.push_back(nullptr);
@@ -89,7 +89,7 @@ Status StartProgram(const std::string& path, const std::vector<std::string>& arg
   const int error = posix_spawn(&child, path.c_str(), streams.get(), nullptr, pointers.data(), environ);
   if (error != 0) return ErrorOf(error);
   WaitInBackground(child);
-  return Done{};
+  return child;
 }
 
 }  // namespace platform::posix

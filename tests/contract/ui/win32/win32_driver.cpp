@@ -26,6 +26,9 @@ constexpr UINT_PTR kLookForDialog = 1;
 constexpr LPARAM kAltIsDown = 1 << 29;
 constexpr WPARAM kCtrlA = 1;
 
+/// Under Wine a window manager minimises a window again when it hears of the first time after a restore.
+constexpr int kWindowManager = 200;  // milliseconds
+
 /// The window that gets the mouse at a point of a window; null when that is disabled.
 HWND WindowAt(HWND window, POINT screen) {
   if (!IsWindowEnabled(window)) return nullptr;
@@ -126,7 +129,7 @@ class Win32Driver : public Driver {
 
   void Minimise(ui::Form& form) override {
     PostMessageW(HandleOf(form), WM_SYSCOMMAND, SC_MINIMIZE, 0);
-    Settle();
+    PassTime(kWindowManager);
   }
 
   void Resize(ui::Form& form, ui::Size outer) override {
