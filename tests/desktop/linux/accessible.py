@@ -159,6 +159,13 @@ class Program(desktop.Program):
     def wait_for_label(self, title, text):
         self.find(title, text, LABEL)
 
+    def ended_within(self, seconds):
+        try:
+            self.process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            return False
+        return True
+
     def described(self):
         """Everything that shows, a line each."""
         return [f"{title}: {item.get_role_name()} {item.get_name()!r}" for title, window in self.windows()
