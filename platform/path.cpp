@@ -30,7 +30,9 @@ char Separator(PathStyle style) { return style == PathStyle::kWindows ? '\\' : '
 
 bool IsSeparator(char c, PathStyle style) { return c == '/' || (c == '\\' && style == PathStyle::kWindows); }
 
-std::string_view BehindRoot(std::string_view path, PathStyle style) { return path.substr(RootLength(path, style)); }
+std::string_view BehindRoot(std::string_view path, PathStyle style) {
+  return path.substr(RootLength(path, style));
+}
 
 std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style) {
   while (!name.empty() && !folder.empty() && IsSeparator(name.front(), style)) name.remove_prefix(1);

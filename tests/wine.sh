@@ -5,6 +5,8 @@
 #   tests/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
 #   tests/wine.sh PREFIX --all FOLDER                   every test_*.exe below the folder, with the sum of their tests
 #
+# Tests that open windows need a screen: run the script by tests/on_screen.sh for them. A test program that has not
+# ended after two minutes fails.
 # PREFIX is a folder; it is made when missing (about 700 MB, 3 seconds).
 set -u
 
@@ -20,23 +22,31 @@ export LC_ALL=C.UTF-8 WINEDEBUG=-all
 # to the user's menus.
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="
 
+boot_prefix() {
+  wine wineboot -i
+  # Wine would draw it in letters of various widths.
+  wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Courier New' /d 'Liberation Mono' /f
+} </dev/null >/dev/null 2>&1
+
 # The background services inherit the output of whoever starts them, and ctest waits until that is closed: so they
 # are started here, with none. The server answers 2 when it runs already.
 start_services() {
   exec 9>"$WINEPREFIX.lock"
   flock 9
-  if wineserver -p120 9>&-; then wine wineboot -i </dev/null >/dev/null 2>&1 9>&-; fi
+  if wineserver -p120 9>&-; then boot_prefix 9>&-; fi
   exec 9>&-
 }
 
 run() { wine "$@" </dev/null; }
 
-# A crash under Wine has been seen to exit with 0: only GoogleTest's own closing line tells that all tests ran.
+# A crash under Wine has been seen to exit with 0: only GoogleTest's own closing line tells that all tests ran. The
+# output goes through a file, because programs that a test starts may keep a pipe open for long after its end.
 run_test() {
   local log code
   log=$(mktemp)
-  run "$@" 2>&1 | tr -d '\r' | tee "$log"
-  code=${PIPESTATUS[0]}
+  timeout 120 wine "$@" </dev/null >"$log" 2>&1
+  code=$?
+  tr -d '\r' <"$log"
   if [ "$code" -eq 0 ] && ! grep -q '^\[  PASSED  \] [1-9]' "$log"; then
     echo "$1 ended without the line that its tests passed"
     code=1
@@ -46,12 +56,13 @@ run_test() {
 }
 
 run_all() {
-  local program log total=0 failed=0 count
+  local program log total=0 failed=0 count skipped
   log=$(mktemp)
   while read -r program; do
     if run_test "$program" --gtest_brief=1 >"$log"; then
       count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) .*/\1/p' "$log")
-      echo "$(basename "$program" .exe): $count tests passed"
+      skipped=$(sed -n 's/^\[  SKIPPED \] \([0-9]*\) test.*/, \1 skipped/p' "$log")
+      echo "$(basename "$program" .exe): $count tests passed$skipped"
       total=$((total + count))
     else
       cat "$log"

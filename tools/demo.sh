@@ -3,7 +3,10 @@
 
 source tools/screen.sh
 
-demo_folder=
+demo_folder=   # files, copies, setup and pictures of the demo
+demo_root=      # the same folder as the program knows it
+demo_sign=/     # what parts the folders of a path there
+demo_config=    # where the program keeps its setup
 demo_runner=()
 
 quoted_if_needed() { if [[ $1 == *,* ]]; then printf '"%s"' "$1"; else printf '%s' "$1"; fi; }
@@ -12,12 +15,13 @@ quoted_if_needed() { if [[ $1 == *,* ]]; then printf '"%s"' "$1"; else printf '%
 save_setup() {
   local folders
   mapfile -t folders < <(cd "$demo_folder/source" && find . -mindepth 1 -maxdepth 1 -type d -printf '%f\n' | sort)
-  mkdir -p "$demo_folder/config/Quorvane" "$demo_folder/target"
+  mkdir -p "$demo_config/Quorvane" "$demo_folder/target"
   {
-    printf '%s\r\n' "$(quoted_if_needed "$demo_folder/source")" "$(quoted_if_needed "$demo_folder/target")"
+    printf '%s\r\n' "$(quoted_if_needed "$demo_root${demo_sign}source")" \
+      "$(quoted_if_needed "$demo_root${demo_sign}target")"
     printf ' %d \r\n' 0 0 0 1 0 0  # with all subfolders, modified at any time, everything else off
     printf '%s\r\n' 'Browser cache/' " ${#folders[@]} " "${folders[@]}" ''
-  } >"$demo_folder/config/Quorvane/qvr.usr"
+  } >"$demo_config/Quorvane/qvr.usr"
 }
 
 make_or_change_files() {
@@ -47,10 +51,11 @@ give_up_reading_everything() {
 run_program() {
   local line=
   exec {report}< <(exec "${demo_runner[@]}" -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 \
-    XDG_CONFIG_HOME="$demo_folder/config" "$1" demo 2>"$demo_folder/errors.txt")
+    XDG_CONFIG_HOME="$demo_config" "$@" demo 2>"$demo_folder/errors.txt")
   demo_program=$!
   : >"$demo_folder/report.txt"
   while IFS= read -r -t 120 -u "$report" line; do
+    line=${line%$'\r'}
     printf '%s\n' "$line" | tee -a "$demo_folder/report.txt"
     [[ $line == RESULT\ * ]] && return
   done
@@ -79,7 +84,12 @@ end_demo() {
 say_where_things_are() {
   local folder=${demo_folder#"$PWD/"}
   echo
-  echo "Exit code $demo_exit_code: the one file without read permission could not be copied, and the report names it."
+  case $demo_exit_code in
+    0) echo "Exit code 0: everything was copied, here also the file without read permission." ;;
+    1) echo "Exit code 1: everything was copied, and the report has a warning." ;;
+    2) echo "Exit code 2: the one file without read permission could not be copied, and the report names it." ;;
+    *) echo "Exit code $demo_exit_code" ;;
+  esac
   echo "Files     $folder/source"
   echo "Copies    $folder/target"
   echo "Report    $folder/report.txt"
@@ -87,17 +97,30 @@ say_where_things_are() {
   echo "Run the demo again to see that only what has changed is copied; remove $folder to begin anew."
 }
 
-# demo PROGRAM FOLDER, both as full paths.
+# demo FOLDER COMMAND...: the program is started by the command; full paths.
 demo() {
-  demo_folder=$2
+  demo_folder=$1
+  demo_root=${demo_root:-$demo_folder}
+  demo_config=${demo_config:-$demo_folder/config}
   make_or_change_files
   save_setup
   give_up_reading_everything
   trap end_demo EXIT
   start_screen "$demo_folder"
   echo
-  run_program "$1"
+  run_program "${@:2}"
   take_pictures
   close_program
   say_where_things_are
+}
+
+# demo_windows FOLDER PREFIX PROGRAM: the same under Wine, where the demo's folder is drive Q:.
+demo_windows() {
+  echo "Preparing Wine ..."
+  tests/wine.sh "$2" cmd /c exit
+  ln -sfn "$1" "$2/dosdevices/q:"
+  demo_root=Q:
+  demo_sign=\\
+  demo_config=$(find "$2/drive_c/users" -maxdepth 3 -path '*/AppData/Roaming' -not -path '*/Public/*' | head -n 1)
+  demo "$1" tests/wine.sh "$2" "$3"
 }

@@ -2,14 +2,14 @@
 # What Quorvane needs beyond a bare Debian or Ubuntu, and how to get it. Read by ./run and ./test.
 
 build_packages=(g++ cmake ninja-build qt6-base-dev googletest libgtest-dev libbenchmark-dev python3 fonts-liberation)
-screen_packages=(xvfb openbox xdotool wmctrl imagemagick x11-utils util-linux)
+screen_packages=(xvfb openbox xdotool wmctrl imagemagick x11-utils util-linux
+  at-spi2-core gir1.2-atspi-2.0 python3-gi dbus)
 tidy_packages=(clang-tidy)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64)
 
 missing_packages() {
-  local package
-  for package in "$@"; do
-    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] || echo "$package"
-  done
+  comm -23 <(printf '%s\n' "$@" | sort) \
+    <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p' | sort)
 }
 
 as_root() {
@@ -40,7 +40,8 @@ need_packages() {
   fi
   echo "Installing ${missing[*]} ..."
   mkdir -p build
-  if ! { apt update && apt install --no-install-recommends -y "${missing[@]}"; } >build/packages.log 2>&1; then
+  # A package list that cannot be fetched need not be one of those that count.
+  if ! { apt update || true; apt install --no-install-recommends -y "${missing[@]}"; } >build/packages.log 2>&1; then
     tail -n 20 build/packages.log >&2
     echo "The packages could not be installed; all of the output is in build/packages.log." >&2
     return 1

@@ -35,12 +35,23 @@ stop_screen() {
 
 window_id() { xdotool search --onlyvisible --name "^$1\$" | tail -n 1; }
 
+# A program paints its moved window anew in its own time: the picture is good once it stays the same.
+steady_picture() {
+  local before= now=none
+  for _ in {1..20}; do
+    before=$now
+    sleep 0.7
+    import -frame -window "$1" "$2"
+    now=$(convert "$2" rgb:- | cksum)
+    [[ $now != "$before" ]] || return 0
+  done
+}
+
 # picture_of TITLE X Y FILE: moves the window there and takes its picture with its frame.
 picture_of() {
   local window
   wait_for 20 window_id "$1"
   window=$(window_id "$1")
-  xdotool windowmove --sync "$window" "$2" "$3" windowactivate --sync "$window"
-  sleep 0.5  # the program paints its window anew
-  import -frame -window "$window" "$4"
+  xdotool windowmove --sync "$window" "$2" "$3" windowactivate --sync "$window" 2>/dev/null || true
+  steady_picture "$window" "$4"
 }

@@ -10,7 +10,7 @@ namespace platform::posix {
 namespace {
 
 // Small enough for a watcher to be asked many times a second, large enough for the calls not to count.
-constexpr std::size_t kSystemBlock = 4 * 1024 * 1024;
+constexpr std::size_t kSystemBlock = std::size_t{4} * 1024 * 1024;
 
 /// Errors by which copy_file_range() says that it cannot between these two files (copy_file_range(2)).
 bool IsRefusal(int number) {
@@ -47,19 +47,26 @@ Status DataMover::MoveByBlocks(std::int64_t expected) {
     if (length < 0) return LastError();
     if (length == 0) return Done{};
     const auto count = static_cast<std::size_t>(length);
-    if (Status written = WriteBlock(count); !written) return written;
+    if (Status written = Write(block_.first(count)); !written) return written;
     moved_ += length;
     if (count < block_.size() && moved_ == expected) return Done{};
   }
 }
 
-Status DataMover::WriteBlock(std::size_t length) {
-  for (std::size_t at = 0; at < length;) {
-    const ssize_t written = write(target_, block_.data() + at, length - at);
+Status DataMover::MoveFromMemory(std::span<const char> content) {
+  if (!MayGoOn()) return ErrorOf(ECANCELED);
+  if (Status written = Write(content); !written) return written;
+  moved_ += static_cast<std::int64_t>(content.size());
+  return Done{};
+}
+
+Status DataMover::Write(std::span<const char> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(target_, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return LastError();
     if (written == 0) return ErrorOf(ENOSPC);
-    at += static_cast<std::size_t>(written);
+    bytes = bytes.subspan(static_cast<std::size_t>(written));
   }
   return Done{};
 }

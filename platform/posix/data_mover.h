@@ -18,13 +18,16 @@ class DataMover {
   /// before each block of those.
   Status MoveToEnd(std::int64_t expected);
 
+  /// Writes what is in memory already as the next bytes, after asking the watcher.
+  Status MoveFromMemory(std::span<const char> content);
+
   /// The bytes moved so far, by all calls together.
   std::int64_t moved() const { return moved_; }
 
  private:
   Status MoveBySystem(std::int64_t expected);
   Status MoveByBlocks(std::int64_t expected);
-  Status WriteBlock(std::size_t length);
+  Status Write(std::span<const char> bytes);
   bool MayGoOn() const { return !watcher_ || watcher_(moved_); }
 
   int source_;

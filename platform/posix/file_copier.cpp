@@ -1,20 +1,19 @@
 #include "platform/posix/file_copier.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 
 #include "platform/posix/data_mover.h"
 #include "platform/posix/dos_attributes.h"
-#include "platform/posix/file_facts.h"
 #include "platform/posix/posix_error.h"
+#include "platform/posix/source_file.h"
 #include "platform/posix/target_file.h"
 
 namespace platform::posix {
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
 constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
 mode_t FileModeMask() {
@@ -23,21 +22,19 @@ mode_t FileModeMask() {
   return mask;
 }
 
-Error NotAFileError(const struct stat& facts) {
-  if (S_ISDIR(facts.st_mode)) return ErrorOf(EISDIR);
-  return {ErrorKind::kOther, EINVAL, "It is not a regular file."};
-}
-
 Error ShortError() { return {ErrorKind::kShort, EIO, "The file ended before its length was read."}; }
 
-/// Moves all data and leaves in `facts` what the source is at the end. A file whose length is not the
+/// Moves all data and leaves in source.facts what the source is at the end. A file whose length is not the
 /// expected one is looked at anew: it may have been written to meanwhile.
-Status MoveData(DataMover& mover, int source, struct stat& facts) {
+Status MoveData(DataMover& mover, SourceFile& source) {
+  struct stat& facts = source.facts;
+  if (source.content)
+    return mover.MoveFromMemory({source.content.get(), static_cast<std::size_t>(facts.st_size)});
   for (;;) {
     const std::int64_t before = mover.moved();
     if (Status moved = mover.MoveToEnd(facts.st_size); !moved) return moved;
     if (mover.moved() == facts.st_size) return Done{};
-    if (fstat(source, &facts) != 0) return LastError();
+    if (fstat(source.handle.get(), &facts) != 0) return LastError();
     if (mover.moved() >= facts.st_size) return Done{};
     if (mover.moved() == before) return ShortError();
   }
@@ -55,30 +52,23 @@ FileCopier::FileCopier() : block_(new char[kBlockSize]), mask_(FileModeMask()) {
 
 Result<CopyOutcome> FileCopier::Copy(const PosixFolder& source, const Entry& file, PosixFolder& target,
                                      const CopyWatcher& watcher) {
-  // Not blocking, should a pipe have taken the file's place.
-  const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-  const FileDescriptor input(openat(source.handle(), file.name.c_str(), flags));
-  if (!input) return LastError();
-  struct stat facts;
-  if (fstat(input.get(), &facts) != 0) return LastError();
-  if (!S_ISREG(facts.st_mode)) return NotAFileError(facts);
+  auto ready = read_ahead_.Take(source, file.name);
+  auto input = ready ? std::move(*ready) : OpenSource(source.handle(), file.name);
+  if (!input) return input.error();
 
-  CopyOutcome outcome;
-  outcome.source_attributes =
-      AttributesOf(facts) | BitsOfDosAttribute(ReadDosAttribute(input.get()).value_or(""));
-  const mode_t mode = (facts.st_mode & kPermissions) | S_IWUSR;
+  const mode_t mode = (input->facts.st_mode & kPermissions) | S_IWUSR;
   TargetFile output;
   if (const Status created = output.Create(target, mode); !created) return created.error();
 
-  DataMover mover(input.get(), output.handle(), {block_.get(), kBlockSize}, watcher);
-  if (const Status moved = MoveData(mover, input.get(), facts); !moved) return moved.error();
-  outcome.bytes = mover.moved();
+  DataMover mover(input->handle.get(), output.handle(), {block_.get(), kBlockSize}, watcher);
+  if (const Status moved = MoveData(mover, *input); !moved) return moved.error();
 
-  const bool is_system = (outcome.source_attributes & kSystem) != 0;
+  CopyOutcome outcome{mover.moved(), input->attributes, 0};
+  const bool is_system = (input->attributes & kSystem) != 0;
   if (is_system && MarkNewFile(output.handle(), kSystem)) outcome.target_attributes = kSystem;
   // A volume without permissions refuses this, and the copy is whole all the same.
   if ((mode & mask_) != 0) static_cast<void>(fchmod(output.handle(), mode) == 0);
-  if (const Status carried = CarryTime(output.handle(), facts); !carried) return carried.error();
+  if (const Status carried = CarryTime(output.handle(), input->facts); !carried) return carried.error();
   if (const Status published = output.Publish(file.name); !published) return published.error();
   return outcome;
 }

@@ -68,7 +68,9 @@ Result<CopyOutcome> PosixFileSystem::CopyFile(const Folder& source, const Entry&
                       watcher);
 }
 
-void PosixFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
+void PosixFileSystem::ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) {
+  copier_.Expect(static_cast<const PosixFolder&>(source), files);
+}
 
 Status PosixFileSystem::CreateFolder(const std::string& path) {
   const auto place = Reach(path);
@@ -91,6 +93,8 @@ Status PosixFileSystem::SetAttributes(const std::string& path, Attributes attrib
 }
 
 Result<DiskSpace> PosixFileSystem::Space(const std::string& path) { return SpaceAt(path); }
+
+std::int64_t PosixFileSystem::LargestFile(const std::string& path) { return LargestFileAt(path); }
 
 std::string PosixFileSystem::DriveOf(const std::string& path) {
   const auto real = RealPath(path);

@@ -14,7 +14,10 @@ class PosixFolder : public Folder {
   /// Opens and lists the folder at `path`.
   static Result<std::unique_ptr<PosixFolder>> Open(const std::string& path);
 
-  int handle() const { return handle_.get(); }
+  int handle() const { return handle_->get(); }
+
+  /// For a reader that must not use the handle any more, nor keep it open, once the folder is closed.
+  const std::shared_ptr<const FileDescriptor>& shared_handle() const { return handle_; }
 
   /// Whether files without a name are worth trying here; ForgoUnnamedFiles() when the volume refused one.
   /// They take the place of temporary names as long as every file is new, that is where the listing was
@@ -27,7 +30,7 @@ class PosixFolder : public Folder {
   Status List();
   void Take(const char* block, std::size_t length);
 
-  FileDescriptor handle_;
+  std::shared_ptr<const FileDescriptor> handle_;
   bool uses_unnamed_files_ = false;
 };
 

@@ -29,9 +29,9 @@ class PipeGuard : public AwakeGuard {
 std::string HomeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
   // A service may be run without HOME.
-  struct passwd entry;
+  struct passwd entry = {};
   struct passwd* found = nullptr;
-  std::array<char, 16 * 1024> texts;
+  std::array<char, std::size_t{16}* 1024> texts = {};
   getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
   return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
 }
@@ -39,7 +39,7 @@ std::string HomeFolder() {
 }  // namespace
 
 std::string PosixShell::ApplicationDataFolder() {
-  // A relative path is to be ignored (XDG Base Directory Specification).
+  // A relative path is to be ignored (XDG base directories).
   if (const char* folder = std::getenv("XDG_CONFIG_HOME"); folder != nullptr && *folder == '/') return folder;
   const std::string home = HomeFolder();
   return home.empty() ? home : JoinPath(home, ".config", PathStyle::kPosix);
@@ -51,11 +51,14 @@ std::string PosixShell::ProgramFolder() {
 }
 
 Status PosixShell::RunSystemCommand(const std::string& command, const std::string& parameters) {
+  std::vector<std::string> arguments = SplitWords(parameters);
+  if (command == "shutdown") return shutdown_.Run(arguments);
   const std::string path = FindSystemCommand(command);
   if (path.empty()) return ErrorOf(ENOENT);
-  std::vector<std::string> arguments = SplitWords(parameters);
   arguments.insert(arguments.begin(), command);
-  return StartProgram(path, arguments, {});
+  const auto started = StartProgram(path, std::move(arguments), {});
+  if (!started) return started.error();
+  return Done{};
 }
 
 std::unique_ptr<AwakeGuard> PosixShell::KeepAwake() {

@@ -55,7 +55,7 @@ SettingsStore::ReadResult RegistryStore::Read(const std::string& key, const std:
   const std::wstring wide_name = Widen(name);
   DWORD bytes = 0;
   result.code = ::RegQueryValueExW(opened.get(), wide_name.c_str(), nullptr, nullptr, nullptr, &bytes);
-  if (result.code != ERROR_SUCCESS || bytes == 0) return result;
+  if (result.code != ERROR_SUCCESS) return result;
   std::wstring text((bytes + 1) / sizeof(wchar_t), L'\0');
   result.code = ::RegQueryValueExW(opened.get(), wide_name.c_str(), nullptr, nullptr,
                                    reinterpret_cast<BYTE*>(text.data()), &bytes);

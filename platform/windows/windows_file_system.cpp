@@ -12,6 +12,7 @@
 #include "platform/windows/recent_copies.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/temporary_file.h"
+#include "platform/windows/volume.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/windows_folder.h"
 
@@ -25,8 +26,6 @@ Status StatusOf(BOOL success) {
   if (!success) return LastError();
   return Done{};
 }
-
-std::wstring FolderOf(const std::string& path) { return LongFolder(ParentOf(path)); }
 
 /// A name that is a link to a folder, which the system removes like a folder.
 bool IsFolderLink(const std::wstring& path) {
@@ -157,6 +156,10 @@ Result<DiskSpace> WindowsFileSystem::Space(const std::string& path) {
   return above ? above : space;
 }
 
+std::int64_t WindowsFileSystem::LargestFile(const std::string& path) {
+  return IsOnFat(LongFolder(path)) ? kLargestOnFat : 0;
+}
+
 std::string WindowsFileSystem::DriveOf(const std::string& path) { return DriveOfPath(path); }
 
 Result<std::string> WindowsFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
@@ -167,12 +170,22 @@ Status WindowsFileSystem::WriteFile(const std::string& path, const std::string& 
   return WriteContent(LongPath(path), content);
 }
 
+std::wstring WindowsFileSystem::BehindLink(const std::string& path) {
+  const std::wstring long_path = LongPath(path);
+  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+    return long_path;
+  const auto real = RealPath(path);
+  return real ? LongPath(*real) : long_path;
+}
+
 Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
-  auto file = TemporaryFile::Create(FolderOf(path));
+  const std::wstring long_path = BehindLink(path);
+  auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
   if (!::FlushFileBuffers(file->file().get())) return LastError();
-  return file->ReplaceOnto(LongPath(path));
+  return file->ReplaceOnto(long_path);
 }
 
 Status WindowsFileSystem::Flush(const std::string& path) {

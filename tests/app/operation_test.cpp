@@ -101,6 +101,40 @@ TEST(UnattendedRun, ShutsDownOnlyWhenTheWordIsInTheCommandLine) {
   }
 }
 
+TEST(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
+  for (const bool at_once : {false, true}) {
+    Program program;
+    program.SaveLastRun(program.SourceAndTarget());
+    program.files.AddFile("/src/a", "1");
+    if (at_once) program.front_end.Post([&] { Click(program.window->cmdQuit); });
+    program.files.Before([&](Call call, const std::string&) {
+      if (call == Call::kCopyFile) Click(program.window->cmdQuit);
+    });
+    program.Start("shutdown");
+    EXPECT_EQ(program.printed.empty(), at_once);
+    EXPECT_EQ(program.front_end.Run(), at_once ? 0 : 3);
+    EXPECT_TRUE(program.shell.commands.empty());
+    EXPECT_FALSE(program.window->visible() || program.window->ReportWindow().visible());
+  }
+}
+
+TEST(UnattendedRun, EscapeCallsTheShutdownOffAndNoOperationBeginsMeanwhile) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  program.files.AddFile("/src/a", "1");
+  bool offered = true;
+  program.front_end.when_idle = [&] {
+    if (!program.window->PopUpWindow().visible()) return;
+    offered = program.window->cmdBackupAllFiles.reachable();
+    program.window->UserPressedEscape();
+  };
+  frmMain& window = program.Start("shutdown");
+  EXPECT_FALSE(offered);
+  EXPECT_EQ(program.shell.commands.back().second, "/a");
+  EXPECT_EQ(program.LastMessage(), "Shutdown cancelled");
+  EXPECT_EQ(window.focused(), &window.cmdBackupModifiedFiles);
+}
+
 TEST(Operation, LocksTheMainWindowAndGivesItBack) {
   Program program;
   program.SaveLastRun(program.SourceAndTarget());
@@ -109,8 +143,9 @@ TEST(Operation, LocksTheMainWindowAndGivesItBack) {
   bool locked = false;
   program.files.Before([&](Call call, const std::string&) {
     if (call != Call::kCopyFile) return;
-    locked = !window.cmdBackupAllFiles.reachable() && !window.cmdSpecifyDirectory[0].reachable() &&
-             window.cmdQuit.reachable() && window.chkPauseAfterFirstCopy.reachable();
+    locked = !window.fraMenu.enabled() && !window.cmdBackupAllFiles.reachable() &&
+             !window.cmdSpecifyDirectory[0].reachable() && window.cmdQuit.reachable() &&
+             window.chkPauseAfterFirstCopy.reachable();
   });
   window.SkipConfirmation = true;
   Click(window.cmdBackupModifiedFiles);

@@ -1,6 +1,8 @@
 #include "ui/qt/qt_widget_peer.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QWheelEvent>
 
@@ -10,6 +12,33 @@
 #include "ui/qt/qt_text.h"
 
 namespace ui::qt {
+namespace {
+
+/// The key as a window is offered it; empty for one that it is not.
+std::optional<KeyPress> PressOf(const QKeyEvent& event) {
+  if ((event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return KeyPress{Key::kUp};
+    case Qt::Key_Down:
+      return KeyPress{Key::kDown};
+    case Qt::Key_PageUp:
+      return KeyPress{Key::kPageUp};
+    case Qt::Key_PageDown:
+      return KeyPress{Key::kPageDown};
+    case Qt::Key_Home:
+      return KeyPress{Key::kHome};
+    case Qt::Key_End:
+      return KeyPress{Key::kEnd};
+    default:
+      break;
+  }
+  const QString text = event.text();
+  if (text.isEmpty() || !text[0].isPrint() || text[0].isSpace()) return std::nullopt;
+  return KeyPress{Key::kCharacter, FromQString(text)};
+}
+
+}  // namespace
 
 QWidget* ClientAround(const Control& control) {
   if (control.parent() == nullptr) return nullptr;
@@ -38,6 +67,7 @@ void WidgetPeer::Watch(QWidget* part) {
 void WidgetPeer::Mirror(Property property) {
   switch (property) {
     case Property::kText:
+      MirrorSpokenName();  // where no other is set it is the text
       return MirrorText();
     case Property::kVisible:
       return MirrorVisible();
@@ -68,12 +98,14 @@ void WidgetPeer::MirrorVisible() { widget_->setVisible(control_.visible()); }
 
 void WidgetPeer::MirrorHelp() {
   widget_->setToolTip(ToPlainTip(control_.tool_tip()));
-  widget_->setAccessibleName(ToQLines(control_.spoken_name()));
+  MirrorSpokenName();
   widget_->setAccessibleDescription(
       ToQLines(control_.description().empty() ? control_.tool_tip() : control_.description()));
   MirrorAccessKey();
   MirrorText();
 }
+
+void WidgetPeer::MirrorSpokenName() { widget_->setAccessibleName(ToQLines(control_.spoken_name())); }
 
 /// Qt itself listens to the letters that are marked in a caption; the others are asked for here.
 void WidgetPeer::MirrorAccessKey() {
@@ -107,6 +139,14 @@ bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::Leave:
       control_.UserMovedPointerAway();
+      break;
+    case QEvent::KeyPress:
+      // A key that the widget leaves alone comes to the window as well: it is offered once, by the focused
+      // one.
+      if (watched == QApplication::focusWidget()) {
+        const auto press = PressOf(*static_cast<QKeyEvent*>(event));
+        if (press && control_.form().UserPressedKey(*press)) return true;
+      }
       break;
     case QEvent::Shortcut:
       return control_.form().UserPressedAccessKey(control_.access_key());

@@ -24,7 +24,7 @@ void SetText(IAccPropServices& services, HWND window, const MSAAPROPID& property
 
 }  // namespace
 
-Accessibility::Accessibility() : services_(CLSID_AccPropServices) {}
+Accessibility::Accessibility() : services_(CLSID_AccPropServices, IID_IAccPropServices) {}
 Accessibility::~Accessibility() = default;
 
 void Accessibility::SetName(HWND window, const std::string& name) const {

@@ -13,9 +13,9 @@ inline void ReleaseComObject(IUnknown* object) { object->Release(); }
 template <typename Interface>
 class ComPointer {
  public:
-  explicit ComPointer(const CLSID& kind) {
+  ComPointer(const CLSID& kind, const IID& interface_id) {
     void* made = nullptr;
-    if (SUCCEEDED(CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), &made))) {
+    if (SUCCEEDED(CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, interface_id, &made))) {
       object_ = Handle<IUnknown*, &ReleaseComObject>(static_cast<Interface*>(made));
     }
   }

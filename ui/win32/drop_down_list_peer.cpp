@@ -11,9 +11,10 @@
 namespace ui::win32 {
 namespace {
 
-constexpr WindowKind kList{WC_COMBOBOXW,
-                           WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_CLIPSIBLINGS | CBS_DROPDOWNLIST};
+constexpr WindowKind kList{WC_COMBOBOXW, WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_CLIPSIBLINGS |
+                                             CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS};
 constexpr int kEntriesInView = 12;
+constexpr Twips kIndent = 60;
 constexpr WPARAM kClosedPart = static_cast<WPARAM>(-1);
 
 /// Posted to itself: the user has chosen. A handler may wait for the user, with the list closed by then.
@@ -24,6 +25,11 @@ constexpr UINT kChosen = WM_APP;
 DropDownListPeer::DropDownListPeer(DropDownList& list, Toolkit& toolkit)
     : WindowPeer(list, toolkit, kList), list_(list) {
   HandleChoice();
+  // The system would leave the text at the top of the closed part.
+  window().OnNotice(WM_DRAWITEM, 0, [this](const Message& message) -> Answer {
+    Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(message.lparam));
+    return TRUE;
+  });
   // Over a closed list the wheel would change the choice unnoticed.
   window().On(WM_MOUSEWHEEL, [this](const Message& message) -> Answer {
     if (IsDropped() || GetFocus() == handle()) return std::nullopt;
@@ -91,7 +97,26 @@ void DropDownListPeer::MirrorBounds() {
 
 void DropDownListPeer::MirrorFont() {
   WindowPeer::MirrorFont();
+  window().Send(CB_SETITEMHEIGHT, 0, MeasureText(L"M", font()).cy + ToPixels(kIndent, dpi()));
   MirrorBounds();
+}
+
+void DropDownListPeer::Draw(const DRAWITEMSTRUCT& entry) const {
+  const bool marked = (entry.itemState & ODS_SELECTED) != 0;
+  const bool enabled = IsWindowEnabled(handle()) != 0;
+  const std::optional<Colours> own = enabled ? ColoursToDraw() : std::nullopt;
+  HBRUSH behind = own ? UseColours(entry.hDC, *own)
+                      : UseColours(entry.hDC, GetSysColor(enabled ? COLOR_WINDOW : COLOR_BTNFACE),
+                                   GetSysColor(enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+  if (marked) behind = UseColours(entry.hDC, GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_HIGHLIGHTTEXT));
+  FillRect(entry.hDC, &entry.rcItem, behind);
+  if (entry.itemID < shown_.size()) {
+    RECT place = entry.rcItem;
+    place.left += ToPixels(kIndent, dpi());
+    DrawTextW(entry.hDC, ToWide(shown_[entry.itemID]).c_str(), -1, &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  }
+  if ((entry.itemState & ODS_FOCUS) != 0) DrawFocusRect(entry.hDC, &entry.rcItem);
 }
 
 std::optional<Colours> DropDownListPeer::ColoursToDraw() const { return OwnColours(list_); }

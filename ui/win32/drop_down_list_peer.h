@@ -22,6 +22,7 @@ class DropDownListPeer : public WindowPeer {
 
  private:
   void HandleChoice();
+  void Draw(const DRAWITEMSTRUCT& entry) const;
   int Selected() const { return static_cast<int>(window().Send(CB_GETCURSEL)); }
   bool IsDropped() const { return window().Send(CB_GETDROPPEDSTATE) != 0; }
 

@@ -3,13 +3,13 @@
 #include <objbase.h>
 #include <shlobj.h>
 
-#include <array>
-
 #include "ui/win32/handle.h"
 #include "ui/win32/wide_text.h"
 
 namespace ui::win32 {
 namespace {
+
+constexpr std::size_t kLongestPath = 32'768;  // with the zero
 
 int CALLBACK WhenOpened(HWND dialog, UINT message, LPARAM, LPARAM start) {
   if (message == BFFM_INITIALIZED) SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, start);
@@ -37,9 +37,10 @@ std::optional<std::string> AskForFolder(HWND owner, const std::string& title, co
     browse.lParam = reinterpret_cast<LPARAM>(wide_start.c_str());
   }
   const Handle<PIDLIST_ABSOLUTE, &CoTaskMemFree> chosen(SHBrowseForFolderW(&browse));
-  std::array<wchar_t, MAX_PATH> path{};
-  if (!chosen || !SHGetPathFromIDListW(chosen.get(), path.data())) return std::nullopt;
-  return FromWide(path.data());
+  std::wstring path(kLongestPath, L'\0');
+  const auto size = static_cast<DWORD>(path.size());
+  if (!chosen || !SHGetPathFromIDListEx(chosen.get(), path.data(), size, GPFIDL_DEFAULT)) return std::nullopt;
+  return FromWide(path.c_str());
 }
 
 }  // namespace ui::win32

@@ -16,6 +16,9 @@ LOGFONTW MessageFont(UINT dpi) {
   return metrics.lfMessageFont;
 }
 
+/// A system without the font then takes another one whose characters are all equally wide.
+bool IsFixedPitch(const Font& font) { return font.name.starts_with("Courier"); }
+
 HFONT Make(const Font& font, UINT dpi) {
   LOGFONTW logical = MessageFont(dpi);
   if (!font.name.empty()) {
@@ -23,6 +26,10 @@ HFONT Make(const Font& font, UINT dpi) {
     name.resize(std::min<std::size_t>(name.size(), LF_FACESIZE - 1));
     std::fill(std::begin(logical.lfFaceName), std::end(logical.lfFaceName), L'\0');
     std::copy(name.begin(), name.end(), logical.lfFaceName);
+    // What the font of messages says of itself here would outweigh the name.
+    logical.lfCharSet = DEFAULT_CHARSET;
+    logical.lfPitchAndFamily =
+        static_cast<BYTE>(IsFixedPitch(font) ? FIXED_PITCH | FF_MODERN : DEFAULT_PITCH | FF_DONTCARE);
   }
   logical.lfHeight = -MulDiv(font.points, static_cast<int>(dpi), kPointsPerInch);
   logical.lfWidth = 0;

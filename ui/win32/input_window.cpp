@@ -11,7 +11,7 @@ constexpr Twips kMargin = 180;
 constexpr Twips kLine = 330;
 constexpr Twips kButtonWidth = 1300;
 constexpr Twips kButtonHeight = 390;
-constexpr Size kOuter{6600, 2700};
+constexpr Size kOuter{6600, 2550};
 
 }  // namespace
 
@@ -49,6 +49,7 @@ void InputWindow::Lay() {
 }
 
 std::optional<std::string> InputWindow::Ask(Form& owner) {
+  AttachPeer(front_end());  // now the size inside the border is known
   Lay();
   answer_.SetFocus();
   ShowModal(owner);

@@ -38,6 +38,7 @@ bool PressByAccessKey(const MSG& message, Form& form) {
 
 bool HandleKey(MSG& message, const Toolkit& toolkit) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  if (message.message == WM_CHAR) return false;  // a letter alone is no access key in a window
   FormPeer* const peer = FormAround(message.hwnd, toolkit);
   if (peer == nullptr) return false;
   return MoveByTab(message, peer->form()) || PressByAccessKey(message, peer->form()) ||

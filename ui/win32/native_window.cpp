@@ -6,17 +6,19 @@ namespace ui::win32 {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
+constexpr wchar_t kObjectProperty[] = L"Quorvane.Window";
 constexpr WORD kProgramIcon = 1;  // as in the program's resources
 
 bool IsNotice(UINT message) {
   return message == WM_COMMAND || message == WM_NOTIFY || message == WM_VSCROLL || message == WM_HSCROLL ||
-         (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
+         message == WM_DRAWITEM || (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);
 }
 
 const NMHDR& Header(const Message& message) { return *reinterpret_cast<const NMHDR*>(message.lparam); }
 
 HWND SenderOf(const Message& message) {
   if (message.id == WM_NOTIFY) return Header(message).hwndFrom;
+  if (message.id == WM_DRAWITEM) return reinterpret_cast<const DRAWITEMSTRUCT*>(message.lparam)->hwndItem;
   return reinterpret_cast<HWND>(message.lparam);
 }
 
@@ -48,11 +50,13 @@ NativeWindow::NativeWindow(const WindowKind& kind, HWND parent, int id) {
   handle_ =
       CreateWindowExW(kind.extended_style, kind.window_class, L"", kind.style, CW_USEDEFAULT, 0, 0, 0, parent,
                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+  SetPropW(handle_, kObjectProperty, this);
   SetWindowSubclass(handle_, &Procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
 }
 
 NativeWindow::~NativeWindow() {
   if (handle_ == nullptr) return;  // gone with the window around it
+  RemovePropW(handle_, kObjectProperty);
   RemoveWindowSubclass(handle_, &Procedure, kSubclass);
   DestroyWindow(handle_);
 }
@@ -85,14 +89,17 @@ LRESULT NativeWindow::Handle(const Message& message) {
     }
   }
   const LRESULT result = Default(message);
-  if (message.id == WM_NCDESTROY) handle_ = nullptr;
+  if (message.id == WM_NCDESTROY) {
+    RemovePropW(handle_, kObjectProperty);
+    handle_ = nullptr;
+  }
   return result;
 }
 
 Answer NativeWindow::HandleNotice(const Message& message) {
-  DWORD_PTR sender = 0;
-  if (!GetWindowSubclass(SenderOf(message), &Procedure, kSubclass, &sender)) return std::nullopt;
-  const auto& handlers = reinterpret_cast<NativeWindow*>(sender)->notice_handlers_;
+  const auto* sender = static_cast<const NativeWindow*>(GetPropW(SenderOf(message), kObjectProperty));
+  if (sender == nullptr) return std::nullopt;
+  const auto& handlers = sender->notice_handlers_;
   const auto found = handlers.find({message.id, CodeOf(message)});
   return found == handlers.end() ? std::nullopt : found->second(message);
 }

@@ -4,7 +4,7 @@
 
 namespace ui::win32 {
 
-TaskBar::TaskBar() : list_(CLSID_TaskbarList) {}
+TaskBar::TaskBar() : list_(CLSID_TaskbarList, IID_ITaskbarList3) {}
 TaskBar::~TaskBar() = default;
 
 void TaskBar::ShowProgress(HWND window, std::optional<double> fraction) const {

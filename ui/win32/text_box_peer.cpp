@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "ui/win32/line_placement.h"
 #include "ui/win32/paint.h"
 #include "ui/win32/wide_text.h"
 
@@ -31,6 +32,9 @@ TextBoxPeer::TextBoxPeer(TextBox& box, Toolkit& toolkit)
   window().Send(EM_SETLIMITTEXT, 0);  // else text beyond 30,000 characters would be lost
   HandleEditing();
   HandleKeys();
+  if (box.lines() == TextBox::Lines::kOne) {
+    PlaceLineInTheMiddle(window(), [this] { return static_cast<int>(MeasureText(L"M", font()).cy); });
+  }
 }
 
 void TextBoxPeer::HandleEditing() {
@@ -94,6 +98,13 @@ void TextBoxPeer::ScrollToCaret() {
 void TextBoxPeer::MirrorEnabled() {
   WindowPeer::MirrorEnabled();
   window().Send(EM_SETREADONLY, box_.read_only() ? TRUE : FALSE);
+  MirrorColours();
+}
+
+void TextBoxPeer::MirrorFont() {
+  WindowPeer::MirrorFont();
+  SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void TextBoxPeer::MirrorSelection() {

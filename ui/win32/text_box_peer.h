@@ -17,6 +17,7 @@ class TextBoxPeer : public WindowPeer {
  protected:
   void MirrorText() override;
   void MirrorEnabled() override;
+  void MirrorFont() override;
   void MirrorSelection() override;
   std::optional<Colours> ColoursToDraw() const override;
 

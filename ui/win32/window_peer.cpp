@@ -107,7 +107,8 @@ void WindowPeer::HandleColours() {
 void WindowPeer::Mirror(Property property) {
   switch (property) {
     case Property::kText:
-      return MirrorText();
+      MirrorText();
+      return MirrorSpokenName();
     case Property::kVisible:
       return MirrorVisible();
     case Property::kEnabled:
@@ -154,14 +155,22 @@ void WindowPeer::MirrorBounds() {
 
 void WindowPeer::MirrorHelp() {
   if (control_.parent() != nullptr) FormPeerOf(control_).tool_tips().Set(handle(), control_.tool_tip());
-  toolkit_.accessibility.SetName(handle(), control_.spoken_name());
   toolkit_.accessibility.SetDescription(
       handle(), control_.description().empty() ? control_.tool_tip() : control_.description());
   MirrorText();
+  MirrorSpokenName();
+}
+
+/// A control that is called what it shows tells that itself.
+void WindowPeer::MirrorSpokenName() {
+  std::string name = control_.spoken_name() == control_.text() ? "" : control_.spoken_name();
+  if (name == told_name_) return;
+  toolkit_.accessibility.SetName(handle(), name);
+  told_name_ = std::move(name);
 }
 
 void WindowPeer::MirrorColours() {
-  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void WindowPeer::MirrorFont() { window_.Send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE); }

@@ -50,6 +50,7 @@ class WindowPeer : public Peer {
   bool Contains(const Message& mouse) const;
 
  private:
+  void MirrorSpokenName();
   void HandleFocus();
   void HandlePointer();
   void HandleColours();
@@ -58,6 +59,7 @@ class WindowPeer : public Peer {
   Control& control_;
   Toolkit& toolkit_;
   NativeWindow window_;
+  std::string told_name_;
   std::optional<POINT> pointer_;  ///< where it was last seen over the control, on the screen
 };
 

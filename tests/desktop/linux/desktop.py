@@ -10,7 +10,6 @@ import threading
 import time
 
 PROGRAM = os.environ.get("QV_PROGRAM", "")
-KNOWN_LEAKS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "known_leaks.txt")
 
 
 def wait_until(condition, what, seconds=30):
@@ -83,9 +82,8 @@ class Program:
     def __init__(self, home, words, screen=None):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8",
-                           LSAN_OPTIONS=f"suppressions={KNOWN_LEAKS}:print_suppressions=0",
-                           **(screen.environment if screen else {}))
+        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
+        environment.update(screen.environment if screen else {})
         self.lines = []
         self.arrived = queue.Queue()
         self.errors = tempfile.TemporaryFile(mode="w+", encoding="utf-8")

@@ -1,15 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 
-#include "platform/path.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/windows_clock.h"
-#include "platform/windows/windows_locale.h"
 #include "platform/windows/windows_shell.h"
-#include "temporary_folder.h"
+#include "tests/platform/windows/temporary_folder.h"
 
 using platform::ErrorKind;
 using platform::windows::Widen;
@@ -50,13 +47,6 @@ TEST(WindowsShell, RunsASystemCommandByItsBareNameOnly) {
   }
 }
 
-TEST(WindowsClock, TellsTheSystemsTime) {
-  platform::windows::WindowsClock clock;
-  const auto now = std::chrono::system_clock::now().time_since_epoch();
-  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now).count();
-  EXPECT_NEAR(static_cast<double>(clock.Now().seconds), static_cast<double>(seconds), 2.0);
-}
-
 TEST(WindowsClock, LocalTimesFollowTheSystemsZone) {
   platform::windows::WindowsClock clock;
   // Winter and summer, before 1970, and a last day of a leap year.
@@ -73,15 +63,6 @@ TEST(WindowsClock, LocalTimesFollowTheSystemsZone) {
     EXPECT_EQ(local.day, expected.wDay);
     EXPECT_EQ(local.hour, expected.wHour);
   }
-}
-
-TEST(WindowsLocale, FormatsByTheUsersSettings) {
-  platform::windows::WindowsLocale locale;
-  EXPECT_EQ(locale.Language().size(), 2U);
-  EXPECT_FALSE(locale.DecimalSeparator().empty());
-  const platform::CalendarTime time{2026, 11, 21, 14, 5, 9, 325};
-  EXPECT_NE(locale.ShortDate(time).find("26"), std::string::npos);
-  EXPECT_NE(locale.TimeOfDay(time).find("05"), std::string::npos);
 }
 
 TEST(SystemError, KindsFollowTheSystemsNumbers) {

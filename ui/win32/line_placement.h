@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+
+#include "ui/win32/native_window.h"
+
+namespace ui::win32 {
+
+/// Puts the line of a text box of one line into the middle of its height; the system leaves it at the top.
+/// `line_height` gives its height in pixels. After a change of that height or of the colours the caller
+/// redraws the frame. Keeps both arguments.
+void PlaceLineInTheMiddle(NativeWindow& edit, std::function<int()> line_height);
+
+}  // namespace ui::win32
