@@ -54,9 +54,9 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       plan_(std::move(plan)),
       pulse_(tools.clock, listener),
       copy_pass_(tools, listener, pulse_, totals_, plan_.target) {
-  if (plan_.target.empty()) return;
+  if (plan_.left_out.empty()) return;
   const auto source = tools.files.RealPath(plan_.source);
-  const auto target = tools.files.RealPath(plan_.target);
+  const auto target = tools.files.RealPath(plan_.left_out);
   if (source && target)
     real_ = {*source, tools.files.NameKey(*source), *target, tools.files.NameKey(*target)};
 }
@@ -292,6 +292,7 @@ bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
     listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
+  if (folder.target.empty()) return true;
   if (key_below(real_.target, plan_.target, folder.target) == real_.source_key ||
       (target_is_link && LeadsIntoSource(folder.target))) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));

@@ -17,7 +17,8 @@ namespace engine {
 /// What a walk covers. Paths are the setup's.
 struct WalkPlan {
   std::string source;
-  std::string target;  ///< empty: there is none (the list operation)
+  std::string target;    ///< empty: there is none (the list operation)
+  std::string left_out;  ///< the setup's target, which takes no part in the source; may be empty
   std::vector<std::string> included_folders;
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
@@ -79,8 +80,8 @@ class FolderWalk {
   Totals totals_;
   Pulse pulse_;
   CopyPass copy_pass_;
-  /// Source and target with their links resolved, and the keys of these paths; all empty when there is no
-  /// target, or when one of the two could not be resolved.
+  /// The source and what is left out with their links resolved, and the keys of these paths; all empty when
+  /// nothing is left out, or when one of the two could not be resolved.
   struct {
     std::string source, source_key, target, target_key;
   } real_;

@@ -119,6 +119,7 @@ bool RunReport::AskWhetherToGoOn(const engine::Question& question) {
     WriteLine(OneLine(question.text));
     return false;
   }
+  if (StopRequested()) return true;  // the run ends without an answer
   return window_.front_end().dialogs().AskYesNo(window_,
                                                 {question.text, question.title, ui::Icon::kExclamation});
 }
@@ -128,6 +129,7 @@ void RunReport::Tell(const std::string& text) {
     WriteLine(OneLine(text));
     return;
   }
+  if (StopRequested()) return;
   window_.front_end().dialogs().Show(window_, {text, "", ui::Icon::kExclamation});
 }
 

@@ -94,6 +94,7 @@ TEST(FolderWalk, TheTargetInsideTheSourceIsLeftOut) {
   EXPECT_EQ(scene.files.NamesIn("/src/in/backup"), Paths({"in"}));
   EXPECT_EQ(scene.files.NamesIn("/src/in/backup/in"), Paths({"a"}));
   EXPECT_TRUE(scene.listener.HasLine("Target inside: /src/in/backup"));
+  EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders).totals.counts.met, 1);
 }
 
 TEST(FolderWalk, ASourceInsideTheTargetIsNeverOverwritten) {

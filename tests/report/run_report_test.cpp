@@ -125,7 +125,11 @@ TEST(RunReport, AsksAndTellsByDialogsAndWritesWhenNobodyIsThere) {
       asked += box.kind + (box.icon == ui::Icon::kExclamation ? "!" : "?") + box.title + box.text + "|";
     }
     EXPECT_EQ(asked, unattended ? "" : "yes-no!Titlea\r\nb|message!c\r\nd|");
-    EXPECT_EQ(scene.lines, unattended ? "a b|c d|" : "");
+    scene.main.stop = true;
+    scene.run.AskWhetherToGoOn({"late", ""});
+    scene.run.Tell("late");
+    EXPECT_EQ(scene.front_end.dialogs().asked.size(), unattended ? 0U : 2U);
+    EXPECT_EQ(scene.lines, unattended ? "a b|c d|late|late|" : "");
   }
 }
 
