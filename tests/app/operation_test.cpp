@@ -11,11 +11,14 @@ using namespace ui::headless;
 
 TEST(UnattendedRun, BacksUpSaysSoOnStandardOutputAndKeepsTheSetup) {
   Program program;
-  program.SaveLastRun(program.SourceAndTarget());
+  auto setup = program.SourceAndTarget();
+  setup.ModifiedSince = -1;  // no period chosen
+  program.SaveLastRun(setup);
   program.files.AddFile("/src/a.txt", "hello", {1000, 0});
   frmMain& window = program.Start("nightly");
   EXPECT_EQ(program.files.ContentOf("/dst/a.txt"), "hello");
-  ASSERT_FALSE(program.printed.empty());
+  ASSERT_GE(program.printed.size(), 6U);
+  EXPECT_EQ(program.printed.end()[-6], "For files new or modified at any time:");
   EXPECT_EQ(program.printed.back(), "RESULT status=ok new=1 modified=0 copied=1 failed=0 bytes=5 seconds=0");
   EXPECT_TRUE(program.front_end.dialogs().asked.empty());
   EXPECT_TRUE(program.shell.commands.empty());
