@@ -3,6 +3,7 @@
 import os
 import subprocess
 import tempfile
+import time
 
 import desktop
 import gi
@@ -122,7 +123,7 @@ class Program(desktop.Program):
 
     def focus(self, title, name, role):
         item = self.find(title, name, role)
-        if title:
+        if self.screen.titles().count(title) == 1:
             self.screen.run("wmctrl", "-F", "-a", title)
         Atspi.Component.grab_focus(item)
         desktop.wait_until(lambda: has(item, Atspi.StateType.FOCUSED), f"the focus of {name!r}")
@@ -139,11 +140,17 @@ class Program(desktop.Program):
         return has(self.find(title, name, CHECK), Atspi.StateType.CHECKED)
 
     def type(self, title, name, text):
-        """Types into a box in place of what it holds."""
+        """Types into a box in place of what it holds; again when a key got lost, as on a busy screen it may."""
         box = self.focus(title, name, TEXT)
-        self.screen.key("ctrl+a")
-        self.screen.type(text)
-        desktop.wait_until(lambda: text_of(box) == text, f"{text!r} to be typed")
+
+        def typed():
+            self.screen.key("ctrl+a")
+            self.screen.type(text)
+            end = time.monotonic() + 4
+            while text_of(box) != text and time.monotonic() < end:
+                time.sleep(0.05)
+            return text_of(box) == text
+        desktop.wait_until(typed, f"{text!r} to be typed", 60)
 
     def text(self, title, name, role=TEXT):
         return text_of(self.find(title, name, role))
@@ -179,9 +186,9 @@ class Program(desktop.Program):
                 return [title]
         return []
 
-    def type_into_message(self, part, text):
-        [title] = desktop.wait_until(lambda: self.message_holding(part), f"the question {part!r}")
-        self.type(title, None, text)
+    def type_into_message(self, question, text):
+        [title] = desktop.wait_until(lambda: self.message_holding(question), f"the question {question!r}")
+        self.type(title, question, text)
 
     def find_label_beginning(self, title, beginning):
         def labels():
