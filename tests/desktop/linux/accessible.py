@@ -1,6 +1,7 @@
 """Uses the program's windows as a screen reader does: finds controls by name and role, reads them and presses them."""
 
 import os
+import signal
 import subprocess
 import tempfile
 import time
@@ -43,9 +44,21 @@ class Screen(desktop.Screen):
     def picture(self, path):
         self.run("import", "-window", "root", path)
 
+    def left_running(self):
+        """The bus of the screen readers outlives the one that started it; its address lies in our folder."""
+        for number in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{number}/cmdline", "rb") as words:
+                    if self.folder.name.encode() + b"/" in words.read():
+                        yield int(number)
+            except OSError:
+                pass  # it has ended
+
     def end(self):
         desktop.end_process(self.bus)
         self.bus.stdout.close()
+        for number in self.left_running():
+            os.kill(number, signal.SIGTERM)
         super().end()
         self.folder.cleanup()
 
