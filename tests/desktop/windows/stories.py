@@ -88,7 +88,7 @@ class WindowsStory(unittest.TestCase):
     def check_copies(self, expected):
         self.assertEqual({path: data for path, (data, _) in self.place.copies().items()}, expected)
         for path, (_, modified) in self.place.copies().items():
-            self.assertEqual(modified // 100, int(LAST_YEAR * 1e7), f"{path}: Windows keeps 100 ns")
+            self.assertEqual(modified // 100, int(LAST_YEAR * 1e9) // 100, f"{path}: Windows keeps 100 ns")
 
 
 class Stories(WindowsStory):
