@@ -33,7 +33,6 @@ bool frmMain::IsInRecycleBin(const std::string& path) const {
 void frmMain::cmdSpecifyDirectory_MouseUp(std::size_t index) {
   if (IgnoreMouseUp) return;
   ChooseFolder(index);
-  SetInitialFocus();
 }
 
 void frmMain::ChooseFolder(std::size_t index) {
@@ -44,6 +43,7 @@ void frmMain::ChooseFolder(std::size_t index) {
   if (path.empty() || !MayBeChosen(index, path)) return;
   TakeFolder(index, path);
   OfferOtherFolder(index);
+  SetInitialFocus();
 }
 
 bool frmMain::MayBeChosen(std::size_t index, const std::string& path) {

@@ -15,25 +15,22 @@ void frmMain::RefreshTargetFolderDisplay() {
   RefreshEnabledStates();
   lblTargetFolderIsEmpty.SetVisible(specified);
   lblFreeSpace.SetVisible(specified);
-  if (specified) {
-    RefreshFreeSpaceLabel();
-    RefreshTargetEmptyLabel();
-  } else {
-    lblFreeSpace.SetText({});
-  }
+  RefreshFreeSpaceLabel();
+  RefreshTargetEmptyLabel();
 }
 
 void frmMain::RefreshFreeSpaceLabel() {
   const std::string& target = txbDirectory[1].text();
   double free_bytes = 0;
   double total_bytes = 0;
-  if (!platform::IsSpecified(target) ||
-      DiskProc::GetDiskSpace(context_.files, target, free_bytes, total_bytes) != 0) {
-    lblFreeSpace.SetText({});
-    return;
+  std::string text;
+  if (platform::IsSpecified(target) &&
+      DiskProc::GetDiskSpace(context_.files, target, free_bytes, total_bytes) == 0) {
+    text = "Free space on " + context_.files.DriveOf(target) + " " +
+           StrProc::FormatByteCountWithMb(free_bytes, false, context_.marks);
   }
-  lblFreeSpace.SetText("Free space on " + context_.files.DriveOf(target) + " " +
-                       StrProc::FormatByteCountWithMb(free_bytes, false, context_.marks));
+  lblFreeSpace.SetText(text);
+  lblFreeSpace.SetToolTip(text);  // a long mount point may not fit
 }
 
 void frmMain::RefreshTargetEmptyLabel() {
@@ -49,21 +46,12 @@ void frmMain::RefreshTargetEmptyLabel() {
 }
 
 void frmMain::cmdClearFolder_Click(int index) {
+  if (index != 2) return TakeFolder(static_cast<std::size_t>(index), {});
   SetupEdited();
-  if (index == 2) {
-    txbExcludedFilepaths.SetText({});
-    txbExcludedFilepaths.SetToolTip({});
-    return;
-  }
-  const auto which = static_cast<std::size_t>(index);
-  txbDirectory[which].SetText({});
-  txbDirectory[which].SetToolTip({});
-  if (index == 0) {
-    cboIncludedFolders.Clear();
-    RefreshSourceFolderDisplay();
-  } else {
-    RefreshTargetFolderDisplay();
-  }
+  txbExcludedFilepaths.SetText({});
+  txbExcludedFilepaths.SetToolTip({});
+  txbExcludedFilepaths.SetFocus();  // the button goes, and with it its focus
+  cmdClearFolder[2].SetVisible(false);
 }
 
 }  // namespace app

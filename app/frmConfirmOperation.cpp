@@ -98,6 +98,7 @@ void frmConfirmOperation::Form_Load() {
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
   if (const auto space = context_.files.Space(request_.setup.TargetFolder)) volume_.space = *space;
+  volume_.largest_file = context_.files.LargestFile(request_.setup.TargetFolder);
   Refresh();
 }
 

@@ -96,6 +96,7 @@ void frmMain::SetSpokenNamesAndKeys() {
 
 void frmMain::ConnectHandlers() {
   on_close = [this] { Form_Unload(); };
+  on_escape = [this] { pop_up_.lblMessage_MouseUp(); };
   for (std::size_t i = 0; i < 2; ++i) {
     cmdSpecifyDirectory[i].on_mouse_up = [this, i] { cmdSpecifyDirectory_MouseUp(i); };
   }

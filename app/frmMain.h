@@ -33,7 +33,10 @@ class frmMain : public ui::Form {
   void cmdQuit_MouseUp();
   void Clock_Timer();
   void Clock2_Timer();
+  /// Gives the focus to what the user needs next: a folder that is not specified yet, else the backup.
   void SetInitialFocus();
+  /// Gives a button the focus if it is visible and enabled. Returns whether it did.
+  static bool SetFocusIfPossible(ui::Button& button) { return button.SetFocus(); }
 
   // --- The Setup
   /// What the controls say now.
@@ -93,6 +96,7 @@ class frmMain : public ui::Form {
   void UnlockControls();
   report::frmReport& ReportWindow() { return operation_windows_.ReportWindow(); }
   report::frmPopUp& PopUpWindow() { return pop_up_; }
+  report::frmPopUp& HintWindow() { return hint_; }
   /// Asks a running operation to stop, as "Cancel operation" does.
   void StopOperation() { operation_windows_.RequestStop(); }
 
@@ -208,7 +212,7 @@ class frmMain : public ui::Form {
   ui::FileDialog SetupFileDialog(int title) const;
 
   void ShowSummaryOfSubfolders(int error, int subfolders);
-  void ShowIncludedFolders();
+  void ShowIncludedFolders(bool source_has_subfolders);
   /// Shows or disables what only makes sense with something else: Clear buttons, commands.
   void RefreshEnabledStates();
 

@@ -48,6 +48,11 @@ void frmMain::ConnectHints() {
     button->SetDescription(Text(number));
     button->on_mouse_move = [this, button = button] { Button_MouseMove(*button); };
     button->on_mouse_leave = [this] { Button_MouseLeave(); };
+    // A press may open something over the button, which then never hears that the pointer has left it.
+    button->on_mouse_up = [this, press = button->on_mouse_up] {
+      Button_MouseLeave();
+      press();
+    };
   }
   HintDelay.on_timer = [this] { ShowHint(); };
 }
@@ -76,9 +81,11 @@ void frmMain::ShowHint() {
   const bool fits_below = button.bottom() + kDistance + kHeight < inner().height;
   const ui::Twips hint_top = fits_below ? button.bottom() + kDistance : button.top - kDistance - kHeight;
   const ui::Twips hint_left = std::max(ui::Twips{0}, std::min(button.left, inner().width - wide));
+  const ui::Twips border = (width() - inner().width) / 2;
+  const ui::Twips title = height() - inner().height - border;
   hint_.PopUpInForm(*this, text, static_cast<std::int16_t>(wide), static_cast<std::int16_t>(kHeight), kShown,
-                    static_cast<std::int16_t>(hint_top + height() - inner().height),
-                    static_cast<std::int16_t>(hint_left + (width() - inner().width) / 2));
+                    static_cast<std::int16_t>(hint_top + title),
+                    static_cast<std::int16_t>(hint_left + border));
 }
 
 ui::Rect frmMain::PlaceInWindow(const ui::Control& control) const {

@@ -32,6 +32,9 @@ Twips FrameHeight(int rows) { return kFirstRow + rows * kStep + 60; }
 /// A label stands a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) { return {row.left, row.top + 75, row.width, row.height - 75}; }
 
+/// The same for a text that may need a second line: it may go on to the next row.
+Rect LevelOfTwoLines(Rect row) { return {row.left, row.top + 45, row.width, kStep - 45}; }
+
 }  // namespace
 
 void frmMain::ArrangeMainWindow() {
@@ -42,20 +45,20 @@ void frmMain::ArrangeMainWindow() {
   txbDirectory[0].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[0].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdSelectSubfolders.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblNumSubfolders.SetBounds(Level({kField, RowTop(1), 3000, kRow}));
+  lblNumSubfolders.SetBounds(LevelOfTwoLines({kField, RowTop(1), 3240, kRow}));
   cboIncludedFolders.SetBounds(
-      {kField + 3060, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3060, kRow});
+      {kField + 3300, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3300, kRow});
   cmdRemoveSubfolder.SetBounds({kRightEdge - kSmallButton, RowTop(1), kSmallButton, kRow});
   chkExcludeFilesInSourceFolder.SetBounds({kInset, RowTop(2), 2940, kRow});
   chkIncludeSubfolders.SetBounds({kField + 360, RowTop(2), kRightEdge - kField - 360, kRow});
 
-  fraTarget.SetBounds({kMargin, fraSource.bounds().bottom() + kGap, kLeftColumn, FrameHeight(2)});
+  fraTarget.SetBounds({kMargin, fraSource.bounds().bottom() + kGap, kLeftColumn, FrameHeight(3)});
   cmdSpecifyDirectory[1].SetBounds({kInset, RowTop(0), kButton, kRow});
   txbDirectory[1].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[1].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdCreateSubFolder.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblFreeSpace.SetBounds(Level({kField, RowTop(1), 4140, kRow}));
-  lblTargetFolderIsEmpty.SetBounds(Level({kRightEdge - 2340, RowTop(1), 2340, kRow}));
+  lblFreeSpace.SetBounds(Level({kField, RowTop(1), kRightEdge - kField, kRow}));
+  lblTargetFolderIsEmpty.SetBounds(Level({kField, RowTop(2), kRightEdge - kField, kRow}));
 
   const Twips filter = kInset + 3000;
   fraFiles.SetBounds({kMargin, fraTarget.bounds().bottom() + kGap, kLeftColumn, FrameHeight(3)});

@@ -154,6 +154,11 @@ void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts
   }
   if (findings.complete && findings.files_met == 0)
     doubts.push_back("There is no file that passes the filters.");
+  const std::int64_t largest = tell.volume.largest_file;
+  if (largest > 0 && findings.largest_due_bytes > largest) {
+    doubts.push_back("The format of the target disk holds no file of more than " + Size(largest, tell) +
+                     ", so this one cannot be copied: " + base::utf8::Printable(findings.largest_due));
+  }
   const auto& space = tell.volume.space;
   if (space && findings.room_needed > 0 && static_cast<std::uint64_t>(findings.room_needed) >= space->free) {
     doubts.push_back("The copies need " + Size(findings.room_needed, tell) + ", but only " +

@@ -106,6 +106,10 @@ void OperationPreview::CountFiles(engine::FolderPair& pair) {
     ++findings_.files_due;
     const std::int64_t size = std::max<std::int64_t>(entry.size, 0);
     findings_.bytes_due += size;
+    if (size > findings_.largest_due_bytes) {
+      findings_.largest_due_bytes = size;
+      findings_.largest_due = entry.name;
+    }
     findings_.room_needed += size - (target != nullptr ? std::max<std::int64_t>(target->size, 0) : 0);
   }
 }

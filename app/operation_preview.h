@@ -29,6 +29,8 @@ struct PreviewFindings {
   std::int64_t files_due = 0;             ///< that would be copied
   std::int64_t bytes_due = 0;             ///< their sizes
   std::int64_t room_needed = 0;           ///< the same, less the sizes of the copies that they replace
+  std::string largest_due;                ///< the largest of them: its name
+  std::int64_t largest_due_bytes = 0;
   std::int64_t folders_not_read = 0;
   bool complete = false;  ///< nothing will change any more
 };

@@ -1,5 +1,6 @@
 #include "app/operation_windows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/frmConfirmOperation.h"
@@ -33,7 +34,7 @@ void OperationWindows::Run(Operation operation) {
   running_ = true;
   const auto awake = context_.shell.KeepAwake();
   const auto begin = context_.clock.Monotonic();
-  const bool unattended = main_.RunningFromCommandLine;
+  const bool unattended = Unattended();
   std::string reason;
   const engine::RunOutcome outcome =
       engine::RunOperation(*this, EngineTools(), RequestFor(operation), unattended ? &reason : nullptr);
@@ -53,9 +54,8 @@ engine::Tools OperationWindows::EngineTools() const {
           [&files](const std::string& path, double& free_bytes, double& total_bytes) {
             return DiskProc::GetDiskSpace(files, path, free_bytes, total_bytes);
           },
-          [&files](const std::string& folder) {
-            std::string reason;
-            return DiskProc::IsWriteProtected(files, folder, reason);
+          [&files](const std::string& folder, std::string& error_text) {
+            return DiskProc::IsWriteProtected(files, folder, error_text);
           }};
 }
 
@@ -79,6 +79,8 @@ void OperationWindows::ReportUnattended(const engine::RunOutcome& outcome, const
     CloseReport(context_.texts.GetProgramText(text::kClose));
   }
   context_.print(ResultLine(outcome, seconds));
+  // A program that was ended during the run did not know its exit code then.
+  if (context_.front_end.quitting()) context_.front_end.Quit(exit_code_);
 }
 
 void OperationWindows::EndWithProgram() {
@@ -110,9 +112,9 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   report::RunFacts facts;
   facts.operation = operation;
   facts.suppress_detailed_report = setup.SuppressDetailedReports;
-  facts.unattended = main_.RunningFromCommandLine;
+  facts.unattended = Unattended();
   facts.source_folder = setup.SourceFolder;
-  facts.modified_since = DatePr2::ModifiedSinceText(setup.ModifiedSince, context_.texts);
+  facts.modified_since = DatePr2::ModifiedSinceText(std::max(setup.ModifiedSince, 0), context_.texts);
   if (!IsListOperation(operation)) {
     facts.target_folder = setup.TargetFolder;
     facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
@@ -154,6 +156,8 @@ bool OperationWindows::SuppressDetailedReports() const {
 }
 
 bool OperationWindows::PauseAfterFirstCopy() const { return main_.chkPauseAfterFirstCopy.value() == 1; }
+
+bool OperationWindows::Unattended() const { return main_.RunningFromCommandLine; }
 
 bool OperationWindows::StopRequested() const { return stop_requested_ || context_.front_end.quitting(); }
 

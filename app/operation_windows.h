@@ -57,6 +57,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   ui::Form& Window() override;
   bool SuppressDetailedReports() const override;
   bool PauseAfterFirstCopy() const override;
+  bool Unattended() const override;
   bool SnipFullReport() const override { return IsCopyOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;

@@ -26,8 +26,9 @@ void frmMain::ShowNote(const std::string& note) {
 /// Everything but Quit is disabled during a run; the pause may still be chosen while its effect can be seen.
 void frmMain::LockControls() {
   ForEach([this](ui::Control& control) {
-    const bool is_frame = dynamic_cast<ui::Container*>(&control) != nullptr;
-    if (is_frame || &control == &cmdQuit || !control.enabled()) return;
+    const bool stays =
+        &control == &cmdQuit || (dynamic_cast<ui::Container*>(&control) != nullptr && &control != &fraMenu);
+    if (stays || !control.enabled()) return;
     control.SetEnabled(false);
     locked_.push_back(&control);
   });

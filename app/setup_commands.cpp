@@ -28,6 +28,7 @@ void frmMain::cmdSetup_MouseUp() {
   fraSetup.SetTop(fraMenu.top() + cmdSetup.top() + 120);
   fraSetup.SetVisible(true);
   fraSetup.SetEnabled(true);
+  SetCancelButton(&cmdKeepSetup);
   cmdSaveSetup.SetFocus();
 }
 
@@ -42,6 +43,7 @@ void frmMain::CloseSetupFrame() {
   txbSetupFile.SetVisible(!txbSetupFile.text().empty());
   fraMenu.SetEnabled(true);
   RefreshEnabledStates();
+  SetCancelButton(nullptr);
   cmdSetup.SetFocus();
 }
 
@@ -55,6 +57,7 @@ void frmMain::OpenSaveSetupFrame(bool load) {
   fraSaveSetup.SetLeft(fraSetup.left() + cmdSetup.width() + 100);
   fraSaveSetup.SetTop(fraMenu.top() + cmdSetup.top() + 120);
   fraSaveSetup.SetVisible(true);
+  SetCancelButton(load ? &cmdSaveSetupInBothWays : &cmdDontSaveSetup);  // "Not now"
   cmdSaveSetupForNextRun.SetFocus();
 }
 
@@ -85,6 +88,7 @@ void frmMain::cmdSaveSetupAsOperationFile_Click() {
 void frmMain::cmdSaveSetupInBothWays_Click() {
   if (!SetupLoadMode && SaveForNextRunOrTell(false)) return cmdSaveSetupAsOperationFile_Click();
   CloseSetupFrame();
+  cmdDontSaveSetup.SetVisible(true);
 }
 
 void frmMain::cmdDontSaveSetup_Click() { CloseSetupFrame(); }
@@ -144,6 +148,7 @@ void frmMain::LoadSetupFromFile() {
   if (!path || path->empty()) return;
 
   const services::LoadedSetup loaded = LoadOperationFile(*path);
+  SetupEdited();
   if (loaded.result == services::kInputPastEnd) {
     TellSetupFailure(Text(text::kSetupEndsEarly) + "\r\n" + *path + "\r\n\r\n" +
                      Text(text::kSetupPartlyLoaded));

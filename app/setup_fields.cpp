@@ -34,6 +34,7 @@ void frmMain::ShowSetup(const Setup& setup) {
   txbFileExtension.SetText(setup.FileExtension);
   txbExcludedFilepaths.SetText(setup.SkipFilepaths);
   txbExcludedFilepaths_LostFocus();
+  cmdClearFolder[2].SetVisible(!setup.SkipFilepaths.empty());
   cboModifiedSince.SetListIndex(setup.ModifiedSince);
   chkExcludeFilesInSourceFolder.SetValue(setup.ExcludeFilesInSourceFolder ? 1 : 0);
   chkPauseAfterFirstCopy.SetValue(setup.PauseAfterFirstCopy ? 1 : 0);

@@ -23,6 +23,7 @@ void frmMain::Form_Load() {
   report::SetControlsBackColor(*this, report::kWindowColours);
   Show();
   context_.front_end.RunPendingEvents();
+  if (context_.front_end.quitting()) return;
   FitWidth();
   ShowPreviousRun();
   lblWarningReFilesInUse.SetVisible(true);
@@ -74,11 +75,11 @@ void frmMain::ShowPreviousRun() {
 void frmMain::SetInitialFocus() {
   if (!visible() || !fraMenu.enabled()) return;
   if (!platform::IsSpecified(txbDirectory[0].text())) {
-    cmdSpecifyDirectory[0].SetFocus();
+    SetFocusIfPossible(cmdSpecifyDirectory[0]);
   } else if (!platform::IsSpecified(txbDirectory[1].text())) {
-    cmdSpecifyDirectory[1].SetFocus();
+    SetFocusIfPossible(cmdSpecifyDirectory[1]);
   } else {
-    cmdBackupModifiedFiles.SetFocus();
+    SetFocusIfPossible(cmdBackupModifiedFiles);
   }
 }
 
@@ -89,6 +90,8 @@ void frmMain::RunUnattended() {
   chkSaveSetupOnQuit.SetValue(1);
   cmdBackupModifiedFiles_MouseUp();
   RunningFromCommandLine = false;
+  // Ended by the user during the run: only now is it known what came of it.
+  if (context_.front_end.quitting()) return EndProgram();
   if (base::utf8::ToLower(context_.command_line).find("shutdown") != std::string::npos)
     ShutDownAfterOperation();
 }
@@ -101,7 +104,11 @@ void frmMain::ShutDownAfterOperation() {
     pop_up_.PopUpInForm(*this, message, of(pop_up_width), of(pop_up_height),
                         static_cast<std::uint16_t>(milliseconds), of(height() - pop_up_height - 300),
                         of((width() - pop_up_width) / 2));
+    // An operation begun now would hold up the answer to the click until it has ended.
+    fraMenu.SetEnabled(false);
     pop_up_.WaitUntilHidden();
+    fraMenu.SetEnabled(true);
+    SetInitialFocus();
   };
   constexpr int kPopUpTime = 60'000;
   services::ShutDownComputer({context_.shell, context_.front_end.dialogs(), *this, pop_up},
@@ -133,6 +140,8 @@ void frmMain::Form_Unload() { EndProgram(); }
 void frmMain::EndProgram() {
   operation_windows_.EndWithProgram();
   if (help_) help_->Hide();
+  pop_up_.Hide();
+  hint_.Hide();
   Hide();
   context_.front_end.Quit(operation_windows_.exit_code());
 }

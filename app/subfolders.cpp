@@ -30,8 +30,8 @@ void frmMain::RefreshSourceFolderDisplay() {
   } else {
     lblNumSubfolders.SetText({});
   }
-  cmdListSubFolders.SetEnabled(specified && content.subfolders > 0);
-  ShowIncludedFolders();
+  cmdListSubFolders.SetEnabled(content.subfolders > 0);
+  ShowIncludedFolders(content.subfolders > 0);
   RefreshEnabledStates();
   SetInitialFocus();
 }
@@ -46,7 +46,7 @@ void frmMain::ShowSummaryOfSubfolders(int error, int subfolders) {
   lblNumSubfolders.SetText(std::move(text));
 }
 
-void frmMain::ShowIncludedFolders() {
+void frmMain::ShowIncludedFolders(bool source_has_subfolders) {
   const int included = cboIncludedFolders.count();
   cboIncludedFolders.SetVisible(included > 0);
   cmdRemoveSubfolder.SetVisible(included > 0);
@@ -54,7 +54,7 @@ void frmMain::ShowIncludedFolders() {
       cboIncludedFolders.items().begin(), cboIncludedFolders.items().end(), [this](const auto& name) {
         return ContentOf(context_.files, platform::JoinPath(txbDirectory[0].text(), name)).subfolders > 0;
       });
-  chkIncludeSubfolders.SetVisible(AnyIncludedFolderHasSubfolders);
+  chkIncludeSubfolders.SetVisible(source_has_subfolders && AnyIncludedFolderHasSubfolders);
   chkIncludeSubfolders.SetText(included == 1 ? std::string("Include all subfolders of this subfolder")
                                              : "Include all subfolders of these " + std::to_string(included) +
                                                    " subfolders");
@@ -82,12 +82,13 @@ void frmMain::cmdRemoveSubfolder_Click() {
   cboIncludedFolders.RemoveItem(selected);
   cboIncludedFolders.SetListIndex(std::min(selected, cboIncludedFolders.count() - 1));
   RefreshSourceFolderDisplay();
+  SetFocusIfPossible(cmdRemoveSubfolder);  // for the next one
 }
 
 void frmMain::RefreshEnabledStates() {
   const bool has_source = platform::IsSpecified(txbDirectory[0].text());
   cmdSelectSubfolders.SetEnabled(has_source);
-  cmdCreateSubFolder.SetEnabled(platform::IsSpecified(txbDirectory[1].text()));
+  cmdCreateSubFolder.SetEnabled(!txbDirectory[1].text().empty());
 }
 
 }  // namespace app

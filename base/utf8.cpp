@@ -11,6 +11,8 @@ std::size_t ExpectedBytes(unsigned char first) {
   return 1;
 }
 
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; }
+
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 /// The code point of a character of two bytes (the only ones whose case is changed here besides ASCII).
@@ -84,13 +86,18 @@ std::size_t OffsetOf(std::string_view text, std::size_t character) {
 }
 
 std::string ToLower(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
+  // Every path that is held against a pattern comes here, and most are of ASCII from end to end.
+  std::string result(text);
+  std::size_t done = 0;
+  for (; done < text.size() && static_cast<unsigned char>(text[done]) < 0x80; ++done) {
+    result[done] = LowerAscii(text[done]);
+  }
+  result.resize(done);
+  text.remove_prefix(done);
   while (!text.empty()) {
     const std::string_view character = First(text);
     if (character.size() == 1) {
-      const char c = character[0];
-      result += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+      result += LowerAscii(character[0]);
     } else if (character.size() == 2) {
       AppendTwo(result, LowerOf(DecodeTwo(character)));
     } else {

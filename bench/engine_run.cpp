@@ -90,9 +90,8 @@ int main(int argc, char** argv) {
                             [&](const std::string& path, double& free, double& total) {
                               return DiskProc::GetDiskSpace(files, path, free, total);
                             },
-                            [&](const std::string& folder) {
-                              std::string reason;
-                              return DiskProc::IsWriteProtected(files, folder, reason);
+                            [&](const std::string& folder, std::string& error_text) {
+                              return DiskProc::IsWriteProtected(files, folder, error_text);
                             }};
   engine::RunRequest request;
   request.operation = OperationOf(argv[1]);

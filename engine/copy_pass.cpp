@@ -11,6 +11,11 @@
 namespace engine {
 namespace {
 
+/// Of the target's free space: how much beyond the file at hand is plenty, and for how long an answer then
+/// holds.
+constexpr double kPlenty = 256.0 * 1024 * 1024;
+constexpr std::chrono::milliseconds kSpaceHolds{100};
+
 constexpr const char* kDriveFullLine = "The target drive is full.";
 constexpr const char* kDriveFullMessage =
     "The target drive is full, so this backup operation\r\n"
@@ -32,6 +37,12 @@ std::string ReadOnlyQuestion(const Tools& tools, const std::string& path) {
          part(text::kStaysReadOnly) + "\r\n\r\n" + part(text::kGoOn) + " " + part(text::kWithNextFile);
 }
 
+bool IsLink(platform::FileSystem& files, const std::string& folder, const std::string& path) {
+  const auto real_folder = files.RealPath(folder);
+  const auto real = files.RealPath(path);
+  return real && real_folder && files.NameKey(platform::ParentOf(*real)) != files.NameKey(*real_folder);
+}
+
 }  // namespace
 
 CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
@@ -50,36 +61,51 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
   const auto outcome = CopyFileTo(folders, file);
   if (!outcome) {
     if (outcome.error().kind == platform::ErrorKind::kCancelled) return CopyResult::kCancelled;
+    free_bytes_.reset();
     Fail(file, outcome.error());
     return CopyResult::kFailed;
   }
-  CarryAttributes(platform::JoinPath(folders.target_path(), file.source.name), *outcome);
+  CarryAttributes(folders, file, *outcome);
+  if (free_bytes_) *free_bytes_ -= static_cast<double>(outcome->bytes);
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome->bytes);
   listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
   return CopyResult::kCopied;
 }
 
-bool CopyPass::HasSpaceFor(const Candidate& file) {
+/// On a disk elsewhere in the network the question takes longer than a small file. With plenty of room the
+/// answer holds for a moment; a disk that other programs fill meanwhile fails the copy instead.
+std::optional<double> CopyPass::FreeBytes(double wanted) {
+  const std::chrono::milliseconds now = tools_.clock.Monotonic();
+  const bool is_plenty = free_bytes_ && *free_bytes_ - wanted > kPlenty;
+  if (is_plenty && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
   double free_bytes = 0;
   double total_bytes = 0;
-  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) != 0) return true;
-  if (free_bytes <= 0) {
+  free_bytes_.reset();
+  free_bytes_asked_ = now;
+  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) == 0) free_bytes_ = free_bytes;
+  return free_bytes_;
+}
+
+bool CopyPass::HasSpaceFor(const Candidate& file) {
+  const std::int32_t source_size = FileSizeOf(file.source);
+  const std::optional<double> free_bytes = FreeBytes(source_size);
+  if (!free_bytes) return true;
+  if (*free_bytes <= 0) {
     listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()));
     listener_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
     listener_.Tell(kDriveFullMessage);
     Terminate();
     return false;
   }
-  const std::int32_t source_size = FileSizeOf(file.source);
-  if (static_cast<double>(source_size) < free_bytes) return true;
+  if (static_cast<double>(source_size) < *free_bytes) return true;
   listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()) + ". " + kNoSpaceForFile +
                       " (" + text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
   return false;
 }
 
 bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
-  if (folder_given_up_ == folders.target_path()) {
+  if (!folder_given_up_.empty() && platform::IsInside(folders.target_path(), folder_given_up_)) {
     Fail(file, why_given_up_);
     return false;
   }
@@ -95,6 +121,8 @@ bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
 bool CopyPass::CanBeReplaced(const FolderPair& folders, const Candidate& file) {
   if (!file.TargetFileExists() || !IsReadOnly(file.target->attributes)) return true;
   const std::string path = platform::JoinPath(folders.target_path(), file.target->name);
+  // The copy takes the place of a link; what the link leads to stays as it is.
+  if (IsLink(tools_.files, folders.target_path(), path)) return true;
   if (ClearReadOnly(tools_.files, path)) return true;
   Fail(file, {platform::ErrorKind::kAccessDenied, 0, {}});
   if (!listener_.AskWhetherToGoOn({ReadOnlyQuestion(tools_, path), {}})) Terminate();
@@ -108,13 +136,14 @@ platform::Result<platform::CopyOutcome> CopyPass::CopyFileTo(FolderPair& folders
   });
 }
 
-void CopyPass::CarryAttributes(const std::string& target_path, const platform::CopyOutcome& outcome) {
-  if (IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes)) {
-    SetSystemFile(tools_.files, target_path);
-  }
-  if ((outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0) {
-    ClearReadOnlyAndHidden(tools_.files, target_path);
-  }
+void CopyPass::CarryAttributes(const FolderPair& folders, const Candidate& file,
+                               const platform::CopyOutcome& outcome) {
+  const bool set = IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes);
+  const bool clear = (outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0;
+  if (!set && !clear) return;
+  const std::string path = platform::JoinPath(folders.target_path(), file.source.name);
+  if (set) SetSystemFile(tools_.files, path);
+  if (clear) ClearReadOnlyAndHidden(tools_.files, path);
 }
 
 void CopyPass::Fail(const Candidate& file, const platform::Error& error) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <string>
 
 #include "engine/folder_pair.h"
@@ -26,12 +28,14 @@ class CopyPass {
   bool OperationTerminated() const { return operation_terminated_; }
 
  private:
+  /// The target disk's, for a file that wants so many; nothing when they cannot be told.
+  std::optional<double> FreeBytes(double wanted);
   bool HasSpaceFor(const Candidate& file);
   bool HasTargetFolder(FolderPair& folders, const Candidate& file);
   bool CanBeReplaced(const FolderPair& folders, const Candidate& file);
-  void MakeWritable(const std::string& path);
   platform::Result<platform::CopyOutcome> CopyFileTo(FolderPair& folders, const Candidate& file);
-  void CarryAttributes(const std::string& target_path, const platform::CopyOutcome& outcome);
+  void CarryAttributes(const FolderPair& folders, const Candidate& file,
+                       const platform::CopyOutcome& outcome);
   void Fail(const Candidate& file, const platform::Error& error);
   void Terminate() { operation_terminated_ = true; }
 
@@ -40,8 +44,10 @@ class CopyPass {
   Pulse& pulse_;
   Totals& totals_;
   std::string target_root_;
-  std::string folder_given_up_;  ///< a target folder that cannot be created and was asked about
+  std::string folder_given_up_;  ///< a target folder that was asked about: nothing goes there or below
   platform::Error why_given_up_;
+  std::optional<double> free_bytes_;  ///< when last asked, less what was copied since
+  std::chrono::milliseconds free_bytes_asked_{0};
   bool operation_terminated_ = false;
 };
 

@@ -38,6 +38,7 @@ int SentenceOf(platform::ErrorKind kind) {
 }
 
 std::string CodeInParentheses(const platform::Error& error) {
+  if (error.code == 0 && error.text.empty()) return {};
   std::string code = " (" + std::to_string(error.code);
   if (!error.text.empty()) code += ": " + error.text;
   return code + ")";

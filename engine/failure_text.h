@@ -12,7 +12,8 @@ inline constexpr const char* kLineIndent = "      ";
 /// A line that names a file or folder: the indent, a numbered lead ("Not copied:"), the path.
 std::string NoticeLine(const Tools& tools, int lead_text, const std::string& path);
 
-/// The same, then why in plain words and what to do about it, and the system's code in parentheses.
+/// The same, then why in plain words and what to do about it, and the system's code in parentheses where
+/// there is one.
 std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
                         const platform::Error& error);
 

@@ -62,6 +62,15 @@ const Entry* FolderPair::TargetOf(const Entry& source_file) {
   return entry.kind == EntryKind::kFile ? &entry : nullptr;
 }
 
+std::set<std::string> FolderPair::TargetLinks() const {
+  std::set<std::string> keys;
+  if (!target_) return keys;
+  for (const Entry& entry : target_->entries()) {
+    if (entry.kind == EntryKind::kFolderLink) keys.insert(files_->NameKey(entry.name));
+  }
+  return keys;
+}
+
 std::vector<std::string> FolderPair::Leftovers() {
   std::vector<std::string> names;
   if (!target_) return names;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -32,6 +33,9 @@ class FolderPair {
   /// The file that the target listing has under the name of a source file; null for none. Fastest when it is
   /// asked in the order of the source listing.
   const platform::Entry* TargetOf(const platform::Entry& source_file);
+
+  /// The keys of the names under which the target listing has links to folders.
+  std::set<std::string> TargetLinks() const;
 
   /// Files of the target listing that an interrupted run left behind: a temporary name that the source does
   /// not have.

@@ -1,6 +1,7 @@
 #include "engine/folder_walk.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "engine/failure_text.h"
@@ -35,6 +36,16 @@ void Add(const FileCounts& folder, FileCounts& totals) {
   totals.due += folder.due;
 }
 
+/// A name that does not lead out of the folder, nor deeper into it than one level.
+bool IsPlainName(const std::string& name) {
+  return !name.empty() && name != "." && name != ".." && platform::NameOf(name) == name;
+}
+
+std::optional<EntryKind> KindAt(platform::FileSystem& files, const std::string& path) {
+  const auto entry = files.Look(path);
+  return entry ? std::optional(entry->kind) : std::nullopt;
+}
+
 }  // namespace
 
 FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
@@ -43,9 +54,11 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       plan_(std::move(plan)),
       pulse_(tools.clock, listener),
       copy_pass_(tools, listener, pulse_, totals_, plan_.target) {
-  if (auto real = tools.files.RealPath(plan_.source)) source_real_ = *real;
   if (plan_.target.empty()) return;
-  if (auto real = tools.files.RealPath(plan_.target)) target_real_ = *real;
+  const auto source = tools.files.RealPath(plan_.source);
+  const auto target = tools.files.RealPath(plan_.target);
+  if (source && target)
+    real_ = {*source, tools.files.NameKey(*source), *target, tools.files.NameKey(*target)};
 }
 
 const Totals& FolderWalk::Run() {
@@ -60,34 +73,55 @@ const Totals& FolderWalk::Run() {
 }
 
 void FolderWalk::PushRoots() {
-  const double roots = static_cast<double>(plan_.included_folders.size()) + 1;
-  for (std::size_t i = plan_.included_folders.size(); i > 0; --i) {
-    PushIncluded(plan_.included_folders[i - 1], static_cast<double>(i) / roots, 1 / roots);
+  pending_ = IncludedFolders();
+  const double share = 1 / (static_cast<double>(pending_.size()) + 1);
+  for (std::size_t i = 0; i < pending_.size(); ++i) {
+    pending_[i].share_begin = static_cast<double>(i + 1) * share;
+    pending_[i].share = share;
   }
+  std::reverse(pending_.begin(), pending_.end());
   if (!plan_.exclude_files_in_source_folder) {
-    pending_.push_back({plan_.source, plan_.target, false, true, 0, 1 / roots});
+    pending_.push_back({plan_.source, plan_.target, false, true, 0, share});
   }
 }
 
-void FolderWalk::PushIncluded(const std::string& name, double share_begin, double share) {
-  Pending folder{
-      platform::JoinPath(plan_.source, name), {}, plan_.include_subfolders, true, share_begin, share};
-  if (!plan_.target.empty()) folder.target = platform::JoinPath(plan_.target, name);
-  const auto entry = tools_.files.Look(folder.source);
-  if (entry && entry->kind == EntryKind::kFolderLink) {
-    Warn(NoticeLine(tools_, text::kLinkNotFollowed, folder.source));
-  } else if (!entry || entry->kind != EntryKind::kFolder) {
-    Warn(NoticeLine(tools_, text::kIncludedFolderGone, folder.source));
-  } else if (MayBeWalked(folder.source, folder.target)) {
-    pending_.push_back(std::move(folder));
+/// Those that are to be walked, in the order of the setup; a folder that is named twice comes once.
+std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
+  std::vector<Pending> folders;
+  std::set<std::string> seen;
+  for (const std::string& name : plan_.included_folders) {
+    if (!seen.insert(tools_.files.NameKey(name)).second) continue;
+    if (auto folder = IncludedFolder(name)) folders.push_back(std::move(*folder));
   }
+  return folders;
+}
+
+/// Nothing, and a line, when the name stands for no subfolder of the source that may be walked.
+std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string& name) {
+  const std::string source = platform::JoinPath(plan_.source, name);
+  const auto kind = IsPlainName(name) ? KindAt(tools_.files, source) : std::nullopt;
+  if (kind != EntryKind::kFolder) {
+    const bool is_link = kind == EntryKind::kFolderLink;
+    Warn(NoticeLine(tools_, is_link ? text::kLinkNotFollowed : text::kIncludedFolderGone, source));
+    return std::nullopt;
+  }
+  // The setup may spell the name in another way than the disk.
+  const auto real = tools_.files.RealPath(source);
+  Pending folder = Below({plan_.source, plan_.target}, real ? std::string(platform::NameOf(*real)) : name);
+  folder.with_subfolders = plan_.include_subfolders;
+  const bool target_is_link =
+      !folder.target.empty() && KindAt(tools_.files, folder.target) == EntryKind::kFolderLink;
+  if (!MayBeWalked(folder, target_is_link)) return std::nullopt;
+  return folder;
 }
 
 void FolderWalk::BackupFolder(const Pending& folder) {
+  pulse_.Beat(folder.share_begin);
   auto opened = FolderPair::Open(tools_.files, folder.source, folder.target);
   if (!opened) return FailFolder(folder.source, opened.error());
   FolderPair& pair = *opened;
   if (!OpenTarget(folder, pair)) return;
+  const bool target_was_there = pair.has_target();
   ExpectNextTarget(folder, pair);
 
   const std::vector<Selection> selections = SelectFiles(pair);
@@ -112,7 +146,7 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   listener_.FolderEnded(counts);
   if (Ended()) return;
   PauseIfWished(counts);
-  if (folder.with_subfolders) PushSubfolders(folder, pair);
+  if (folder.with_subfolders) PushSubfolders(folder, pair, target_was_there);
 }
 
 /// False when nothing can be said about the files because the target folder cannot be read.
@@ -195,7 +229,7 @@ void FolderWalk::ActOnFiles(const Pending& folder, FolderPair& pair, const std::
 bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection& selection,
                            FileCounts& counts) {
   if (selection.selected) {
-    const CopyResult result = copy_pass_.Copy(pair, {pair.source().path(), file, pair.TargetOf(file)});
+    const CopyResult result = copy_pass_.Copy(pair, {pair.source().path(), file, selection.target});
     if (result == CopyResult::kCancelled) {
       cancelled_ = true;
       return false;
@@ -203,8 +237,7 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
     ++(result == CopyResult::kCopied ? counts.copied : counts.failed);
   } else if (selection.skip_text != 0) {
     ++counts.filtered_out;
-    listener_.WriteLine(kLineIndent + tools_.texts.GetProgramText(selection.skip_text) + " " + file.name +
-                        ".");
+    listener_.WriteLine(NoticeLine(tools_, selection.skip_text, file.name) + ".");
   } else if (selection.finding == Finding::kFilteredOut) {
     ++counts.filtered_out;
   } else if (selection.finding == Finding::kUpToDate) {
@@ -213,7 +246,7 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
     ++counts.due;
   }
   Count(selection, counts);
-  if (selection.finding != Finding::kFilteredOut) totals_.bytes_met += FileSizeOf(file);
+  if (selection.finding != Finding::kFilteredOut) totals_.bytes_met += std::max<std::int64_t>(file.size, 0);
   return true;
 }
 
@@ -223,36 +256,56 @@ void FolderWalk::PauseIfWished(const FolderCounts& counts) {
   listener_.Pause();
 }
 
-void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair) {
+void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there) {
   const double unit = folder.share / UnitsOf(pair);
   double end = folder.share_begin + folder.share;
+  const std::set<std::string> links = pair.TargetLinks();
   const std::vector<Entry>& entries = pair.source().entries();
   for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
     if (entry->kind != EntryKind::kFolder) continue;
-    Pending below{
-        platform::JoinPath(folder.source, entry->name), {}, true, pair.has_target(), end - unit, unit};
-    if (!folder.target.empty()) below.target = platform::JoinPath(folder.target, entry->name);
+    Pending below = Below(folder, entry->name);
+    below.with_subfolders = true;
+    below.target_may_exist = target_was_there;
+    below.share_begin = end - unit;
+    below.share = unit;
     end -= unit;
-    if (MayBeWalked(below.source, below.target)) pending_.push_back(std::move(below));
+    const bool target_is_link = !links.empty() && links.contains(tools_.files.NameKey(entry->name));
+    if (MayBeWalked(below, target_is_link)) pending_.push_back(std::move(below));
   }
 }
 
+FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& name) const {
+  Pending below{platform::JoinPath(folder.source, name), {}};
+  if (!folder.target.empty()) below.target = platform::JoinPath(folder.target, name);
+  return below;
+}
+
 /// The target inside the source is left out; so is a folder whose copies would land in the source, which
-/// happens when the source lies inside the target.
-bool FolderWalk::MayBeWalked(const std::string& source, const std::string& target) {
-  if (target_real_.empty() || source_real_.empty()) return true;
-  const auto below = [](const std::string& real_root, const std::string& root, const std::string& path) {
-    return platform::JoinPath(real_root, std::string_view(path).substr(root.size()));
+/// happens when the source lies inside the target, or when a link in the target leads back.
+bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
+  if (real_.source.empty()) return true;
+  const auto key_below = [this](const std::string& real_root, const std::string& root,
+                                const std::string& path) {
+    return tools_.files.NameKey(platform::JoinPath(real_root, std::string_view(path).substr(root.size())));
   };
-  if (below(source_real_, plan_.source, source) == target_real_) {
-    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, source));
+  if (key_below(real_.source, plan_.source, folder.source) == real_.target_key) {
+    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
-  if (below(target_real_, plan_.target, target) == source_real_) {
-    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, source));
+  if (key_below(real_.target, plan_.target, folder.target) == real_.source_key ||
+      (target_is_link && LeadsIntoSource(folder.target))) {
+    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }
   return true;
+}
+
+/// Also when it leads above the source: the copies could come upon the source further down.
+bool FolderWalk::LeadsIntoSource(const std::string& target) const {
+  const auto real = tools_.files.RealPath(target);
+  if (!real) return false;
+  const std::string key = tools_.files.NameKey(*real);
+  return platform::IsInside(key, real_.source_key) || platform::IsInside(real_.source_key, key);
 }
 
 void FolderWalk::Warn(const std::string& line) {

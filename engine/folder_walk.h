@@ -42,7 +42,7 @@ class FolderWalk {
  private:
   struct Pending {
     std::string source;
-    std::string target;
+    std::string target;  ///< empty: there is none
     bool with_subfolders = false;
     bool target_may_exist = true;
     double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
@@ -50,7 +50,8 @@ class FolderWalk {
   };
 
   void PushRoots();
-  void PushIncluded(const std::string& name, double share_begin, double share);
+  std::vector<Pending> IncludedFolders();
+  std::optional<Pending> IncludedFolder(const std::string& name);
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
@@ -63,8 +64,10 @@ class FolderWalk {
                   FolderCounts& counts);
   bool ActOnFile(FolderPair& pair, const platform::Entry& file, const Selection& selection,
                  FileCounts& counts);
-  void PushSubfolders(const Pending& folder, const FolderPair& pair);
-  bool MayBeWalked(const std::string& source, const std::string& target);
+  void PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there);
+  Pending Below(const Pending& folder, const std::string& name) const;
+  bool MayBeWalked(const Pending& folder, bool target_is_link);
+  bool LeadsIntoSource(const std::string& target) const;
   void PauseIfWished(const FolderCounts& counts);
   bool Ended() { return OperationTerminated() || cancelled_ || (cancelled_ = listener_.StopRequested()); }
   void Warn(const std::string& line);
@@ -76,8 +79,11 @@ class FolderWalk {
   Totals totals_;
   Pulse pulse_;
   CopyPass copy_pass_;
-  std::string source_real_;  ///< empty when it could not be resolved
-  std::string target_real_;
+  /// Source and target with their links resolved, and the keys of these paths; all empty when there is no
+  /// target, or when one of the two could not be resolved.
+  struct {
+    std::string source, source_key, target, target_key;
+  } real_;
   std::vector<Pending> pending_;  ///< the next one at the end
   bool cancelled_ = false;
   bool paused_ = false;

@@ -42,16 +42,12 @@ ReportHeading HeadingOf(const Tools& tools, const RunRequest& request) {
   return heading;
 }
 
-std::string WithoutTrailingSeparators(const std::string& folder) {
-  const bool ends_open = !folder.empty() && platform::IsSeparator(folder.back());
-  return ends_open && platform::ParentOf(folder) != folder ? platform::ParentOf(folder) : folder;
-}
-
 WalkPlan PlanOf(const RunRequest& request) {
   const app::Setup& setup = request.setup;
   WalkPlan plan;
-  plan.source = WithoutTrailingSeparators(setup.SourceFolder);
-  if (!IsListOperation(request.operation)) plan.target = WithoutTrailingSeparators(setup.TargetFolder);
+  plan.source = platform::WithoutTrailingSeparators(setup.SourceFolder);
+  if (!IsListOperation(request.operation))
+    plan.target = platform::WithoutTrailingSeparators(setup.TargetFolder);
   plan.included_folders = setup.IncludedFolders;
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 
 #include "engine/listener/listener.h"
@@ -13,9 +14,10 @@ class Pulse {
   Pulse(platform::Clock& clock, Listener& listener)
       : clock_(clock), listener_(listener), last_(clock.Monotonic()) {}
 
-  /// To be called between files and between blocks; `fraction` of the run is done.
+  /// To be called between folders, files and blocks; `fraction` of the run is done. What rounding takes away
+  /// or adds does not get through.
   void Beat(double fraction) {
-    fraction_ = fraction;
+    fraction_ = std::clamp(fraction, fraction_, 1.0);
     Beat();
   }
 

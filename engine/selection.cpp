@@ -9,16 +9,17 @@
 namespace engine {
 namespace {
 
-Selection Selected(Finding finding) { return {finding, true, 0}; }
+Finding FindingOf(const SelectionRules& rules, const Candidate& file) {
+  if (!PassesFilters(rules.filters, file.folder, file.source)) return Finding::kFilteredOut;
+  if (rules.skip_picture_caches && IsPictureCache(file.source.name)) return Finding::kFilteredOut;
+  if (IsListOperation(rules.operation)) return Finding::kListed;
+  if (rules.operation == app::Operation::kBackupAllFiles) return Finding::kUnconditional;
+  if (!file.TargetFileExists()) return Finding::kNew;
+  return FileTimesDiffer(file.source, *file.target) ? Finding::kModified : Finding::kUpToDate;
+}
 
-Selection LeftOut(Finding finding) { return {finding, false, 0}; }
-
-Selection ByOperation(const SelectionRules& rules, const Candidate& file) {
-  if (IsListOperation(rules.operation)) return LeftOut(Finding::kListed);
-  if (rules.operation == app::Operation::kBackupAllFiles) return Selected(Finding::kUnconditional);
-  if (!file.TargetFileExists()) return Selected(Finding::kNew);
-  return FileTimesDiffer(file.source, *file.target) ? Selected(Finding::kModified)
-                                                    : LeftOut(Finding::kUpToDate);
+bool IsDue(Finding finding) {
+  return finding == Finding::kUnconditional || finding == Finding::kNew || finding == Finding::kModified;
 }
 
 bool IsEmptyOr(const std::string& extension, std::string_view name) {
@@ -47,12 +48,8 @@ bool IsPictureCache(std::string_view path) {
 }
 
 Selection SelectFile(const SelectionRules& rules, const Candidate& file) {
-  if (!PassesFilters(rules.filters, file.folder, file.source)) return LeftOut(Finding::kFilteredOut);
-  if (rules.skip_picture_caches && IsPictureCache(file.source.name)) return LeftOut(Finding::kFilteredOut);
-
-  Selection result = ByOperation(rules, file);
-  if (rules.operation == app::Operation::kCheckBackupState) result.selected = false;
-  if (!result.selected) return result;
+  Selection result{FindingOf(rules, file), false, 0, file.target};
+  if (!IsCopyOperation(rules.operation) || !IsDue(result.finding)) return result;
   result.skip_text = LargeSystemFileText(rules.filters.extension, file);
   result.selected = result.skip_text == 0;
   return result;

@@ -42,6 +42,7 @@ struct Selection {
   Finding finding = Finding::kFilteredOut;
   bool selected = false;  ///< to be copied
   int skip_text = 0;      ///< number of the text that says why a large file is left out; 0: none
+  const platform::Entry* target = nullptr;  ///< the candidate's
 };
 
 /// Whether the lower-cased path without the blanks around it ends in "thumbs.db".

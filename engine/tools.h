@@ -17,8 +17,8 @@ struct Tools {
   text::NumberMarks marks;
   /// Free and total bytes of the disk that holds a path; 0 when they could be told, -1 when not.
   std::function<std::int16_t(const std::string& path, double& free_bytes, double& total_bytes)> GetDiskSpace;
-  /// Whether a folder cannot be written to.
-  std::function<bool(const std::string& folder)> IsWriteProtected;
+  /// Whether a folder cannot be written to; the system's reason goes to `error_text`.
+  std::function<bool(const std::string& folder, std::string& error_text)> IsWriteProtected;
 };
 
 }  // namespace engine

@@ -102,10 +102,14 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
   if (IsSameFolder(tools, setup.SourceFolder, setup.TargetFolder)) {
     return Numbered(tools, kTargetIsSource, text::kSameFolder, text::kTitleSameFolder);
   }
-  if (tools.IsWriteProtected(setup.TargetFolder)) {
-    return Numbered(tools, kTargetWriteProtected, text::kTargetWriteProtected, text::kTitleNothingToDo);
-  }
-  return std::nullopt;
+  std::string reason;
+  if (!tools.IsWriteProtected(setup.TargetFolder, reason)) return std::nullopt;
+  Refusal refusal =
+      Numbered(tools, kTargetWriteProtected, text::kTargetWriteProtected, text::kTitleNothingToDo);
+  refusal.unattended = refusal.text;
+  // A full disk cannot be written either.
+  if (!reason.empty()) refusal.text += "\r\n(" + reason + ")";
+  return refusal;
 }
 
 }  // namespace engine

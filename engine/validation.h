@@ -15,8 +15,8 @@ struct Refusal {
   std::string unattended = {};  ///< the text for an unattended run, where it is another one
 };
 
-/// Whether the source side of a setup gives the operation something to do; nothing when it does. `show_note`
-/// is told what is going on while it takes time.
+/// Whether the source side of a setup gives the operation something to do; nothing when it does. `host`
+/// shows what is going on while it takes time.
 std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, RunHost& host);
 
 /// Whether the target can receive copies; nothing when it can.

@@ -30,6 +30,9 @@ enum class EntryKind {
   kOther,       ///< a pipe, socket or device
 };
 
+/// The most bytes that a file may have on FAT.
+inline constexpr std::int64_t kLargestOnFat = 0xFFFFFFFF;
+
 /// The size of a file whose data about itself could not be read.
 inline constexpr std::int64_t kUnknownSize = -1;
 
@@ -123,6 +126,10 @@ class FileSystem {
 
   /// The space on the volume that holds `path`; `path` itself may be missing while its parent exists.
   virtual Result<DiskSpace> Space(const std::string& path) = 0;
+
+  /// The most bytes that one file may have on the volume that holds `path`, which may be missing like that of
+  /// Space(); 0 when no limit is known.
+  virtual std::int64_t LargestFile(const std::string& path) = 0;
 
   /// The root of the volume that holds `path`, as the user names it: "E:" on Windows, the mount point on
   /// Linux. Empty when it cannot be told.

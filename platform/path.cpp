@@ -61,6 +61,12 @@ std::string FolderForm(std::string_view path, PathStyle style) {
   return result;
 }
 
+std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style) {
+  const std::size_t root = RootLength(folder, style);
+  while (folder.size() > root && IsSeparator(folder.back(), style)) folder.remove_suffix(1);
+  return std::string(folder);
+}
+
 bool IsSpecified(std::string_view folder, PathStyle style) {
   return style == PathStyle::kWindows ? folder.size() >= 3 : !folder.empty();
 }

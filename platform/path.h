@@ -36,6 +36,9 @@ std::string ParentOf(std::string_view path, PathStyle style = NativePathStyle())
 /// The path with one separator at its end.
 std::string FolderForm(std::string_view path, PathStyle style = NativePathStyle());
 
+/// The folder without separators at its end; a root ("C:\", "/") keeps its one.
+std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style = NativePathStyle());
+
 /// Whether a folder text counts as chosen: three characters or more on Windows ("E:\"), not empty on Linux.
 bool IsSpecified(std::string_view folder, PathStyle style = NativePathStyle());
 

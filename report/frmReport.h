@@ -33,8 +33,9 @@ class frmReport : public ui::Form {
   /// Appends a text to the report, with a line end behind it when `NewLine`, and lets pending events run: the
   /// operation may have been paused, continued and cancelled in this call. A minimised window comes back. A
   /// report that is full (MainWindow::ReportCapacity) is shown for WaitSeconds more, then emptied; the text
-  /// of the call that finds it full is not shown, and only the line sink gets it. With an empty text and no
-  /// line end it only lets pending events run.
+  /// of the call that finds it full is not shown, and only the line sink gets it. Without anybody to read it
+  /// (MainWindow::Unattended, or the program ends) a full report is emptied at once. With an empty text and
+  /// no line end it only lets pending events run.
   void Output(const std::string& Text, bool NewLine);
 
   /// How the last line of the report stands.
@@ -109,6 +110,7 @@ class frmReport : public ui::Form {
   void ResizeToWorkingSize();
   bool SizedByUser() const;
   void EmptyFullTextbox();
+  void ShowFullTextbox();
   void SnipEnd();
 
   void SetCopyCaption(const std::string& caption);

@@ -61,6 +61,16 @@ void frmReport::SnipEnd() {
 }
 
 void frmReport::EmptyFullTextbox() {
+  if (!main_.Unattended() && !front_end().quitting()) ShowFullTextbox();
+  txbText.SetText("");
+  line_.Emptied();
+  TextboxFull = false;
+  Repaint();
+  front_end().RunPendingEvents();
+  if (!visible() && !front_end().quitting()) Show();
+}
+
+void frmReport::ShowFullTextbox() {
   if (main_.SnipFullReport()) SnipEnd();
   txbText.Append("\r\n\r\nThe textbox is full.\r\nAfter" + StrProc::Str(WaitSeconds) +
                  " seconds the textbox will be emptied and the report will continue.");
@@ -71,12 +81,6 @@ void frmReport::EmptyFullTextbox() {
   clock_.Sleep(std::chrono::seconds(WaitSeconds));
   WaitSeconds = NextWait(WaitSeconds);
   cmdPauseContinue.SetVisible(pause_was_visible);
-  txbText.SetText("");
-  line_.Emptied();
-  TextboxFull = false;
-  Repaint();
-  front_end().RunPendingEvents();
-  if (!visible()) Show();
 }
 
 }  // namespace report

@@ -40,6 +40,9 @@ class MainWindow {
   /// Whether the present run is to hold after the first folder in which a file was copied.
   virtual bool PauseAfterFirstCopy() const = 0;
 
+  /// Whether the present run goes on without anybody: a full report is then not shown for a while first.
+  virtual bool Unattended() const = 0;
+
   /// Whether an operation is on its way, paused and cancelled ones included, until its summary is written.
   virtual bool OperationRunning() const = 0;
 

@@ -1,5 +1,7 @@
 #include "report/report_texts.h"
 
+#include "base/utf8.h"
+#include "platform/path.h"
 #include "report/frmReport.h"
 #include "report/str_proc.h"
 
@@ -129,7 +131,9 @@ std::vector<Phrase> DeletionResult(std::int64_t files_in_folder, std::int64_t de
 void DisplayNumFilesInFolder(frmReport& window, bool source_side, const std::string& path,
                              const std::string& root, std::int64_t files_in_folder) {
   const char* const placeholder = source_side ? "{source folder}" : "{target folder}";
-  window.Output(HeadLine(files_in_folder, WithPlaceholder(path, root, placeholder)), false);
+  // The setup may have the root with a separator at its end, the path of a folder has none.
+  const std::string shown = WithPlaceholder(path, platform::WithoutTrailingSeparators(root), placeholder);
+  window.Output(HeadLine(files_in_folder, base::utf8::Printable(shown)), false);
 }
 
 void DisplayFilesCopied(frmReport& window, app::Operation operation, const FolderResult& folder) {

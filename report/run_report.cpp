@@ -3,21 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/utf8.h"
 #include "report/str_proc.h"
 #include "ui/front_end.h"
 
 namespace report {
 namespace {
 
+using base::utf8::Printable;
+
 constexpr std::chrono::milliseconds kLabelsEvery{100};
 constexpr std::chrono::milliseconds kFreeSpaceEvery{1'000};
-
-/// A name may hold line ends and other control characters; in the report it stays on its line.
-std::string WithoutControls(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
-  return text;
-}
 
 /// The lines of a message as one.
 std::string OneLine(std::string text) {
@@ -40,9 +36,9 @@ RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock
     : window_(window), main_(main), clock_(clock), marks_(marks), facts_(std::move(facts)) {}
 
 void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
-  window_.BeginReport(title, facts_.source_folder, facts_.target_folder);
+  window_.BeginReport(title, Printable(facts_.source_folder), Printable(facts_.target_folder));
   ShowFreeSpace();
-  for (const std::string& line : heading) window_.Output(WithoutControls(line), true);
+  for (const std::string& line : heading) window_.Output(Printable(line), true);
 }
 
 bool RunReport::ShowsEveryFolder(std::int64_t files_in_folder) const {
@@ -63,7 +59,7 @@ void RunReport::WriteHeadLine() {
   if (head_line_written_ || facts_.suppress_detailed_report) return;
   head_line_written_ = true;
   if (window_.line().state() == ReportLine::State::kOpen) window_.CloseLine();
-  DisplayNumFilesInFolder(window_, true, WithoutControls(folder_), facts_.source_folder, files_in_folder_);
+  DisplayNumFilesInFolder(window_, true, folder_, facts_.source_folder, files_in_folder_);
 }
 
 void RunReport::FolderEnded(const engine::FolderCounts& folder) {
@@ -91,7 +87,7 @@ void RunReport::WriteLine(const std::string& text) {
                                 facts_.operation == app::Operation::kBackupModifiedFiles;
   if (in_folder_ && shows_when_wrong) WriteHeadLine();
   window_.CloseLine();
-  window_.Output(WithoutControls(text), true);
+  window_.Output(Printable(text), true);
 }
 
 void RunReport::CopyBegun(const std::string& source_path) {
@@ -150,7 +146,7 @@ void RunReport::ShowWhenDue() {
 }
 
 void RunReport::ShowLatest() {
-  if (file_) window_.ShowFileBeingCopied(WithoutControls(*file_));
+  if (file_) window_.ShowFileBeingCopied(Printable(*file_));
   if (copied_) {
     const std::string size =
         StrProc::FormatByteCountWithMb(static_cast<double>(copied_->bytes), false, marks_);

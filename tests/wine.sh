@@ -5,6 +5,8 @@
 #   tests/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
 #   tests/wine.sh PREFIX --all FOLDER                   every test_*.exe below the folder, with the sum of their tests
 #
+# Tests that open windows need a screen: run the script by tests/on_screen.sh for them. A test program that has not
+# ended after two minutes fails.
 # PREFIX is a folder; it is made when missing (about 700 MB, 3 seconds).
 set -u
 
@@ -42,7 +44,7 @@ run() { wine "$@" </dev/null; }
 run_test() {
   local log code
   log=$(mktemp)
-  run "$@" >"$log" 2>&1
+  timeout 120 wine "$@" </dev/null >"$log" 2>&1
   code=$?
   tr -d '\r' <"$log"
   if [ "$code" -eq 0 ] && ! grep -q '^\[  PASSED  \] [1-9]' "$log"; then
@@ -54,12 +56,13 @@ run_test() {
 }
 
 run_all() {
-  local program log total=0 failed=0 count
+  local program log total=0 failed=0 count skipped
   log=$(mktemp)
   while read -r program; do
     if run_test "$program" --gtest_brief=1 >"$log"; then
       count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) .*/\1/p' "$log")
-      echo "$(basename "$program" .exe): $count tests passed"
+      skipped=$(sed -n 's/^\[  SKIPPED \] \([0-9]*\) test.*/, \1 skipped/p' "$log")
+      echo "$(basename "$program" .exe): $count tests passed$skipped"
       total=$((total + count))
     else
       cat "$log"

@@ -95,8 +95,12 @@ bool Form::UserPressedEnter() {
 }
 
 bool Form::UserPressedEscape() {
-  if (cancel_button_ == nullptr || !cancel_button_->reachable()) return false;
-  cancel_button_->UserPressed();
+  if (cancel_button_ != nullptr && cancel_button_->reachable()) {
+    cancel_button_->UserPressed();
+    return true;
+  }
+  if (!on_escape || !reachable()) return false;
+  Run(on_escape);
   return true;
 }
 

@@ -76,6 +76,7 @@ class Form : public Container {
 
   /// The user asks to close the window. When empty, the window is hidden.
   Handler on_close;
+  Handler on_escape;    ///< Escape, while no cancel button can be reached
   Handler on_resize;    ///< the inner size has changed, by user or program
   Handler on_activate;  ///< the window has come to the front
   /// A key pressed without Alt and Ctrl, or repeated, while a button, a check box or no control has the
@@ -90,7 +91,7 @@ class Form : public Container {
   void UserActivated();
   /// A key that no control took itself. They return whether it did something.
   bool UserPressedEnter();   ///< the focused button, else the default button
-  bool UserPressedEscape();  ///< the cancel button
+  bool UserPressedEscape();  ///< the cancel button, else on_escape
   bool UserPressedAccessKey(char letter);
   /// Asked before the focused control gets the key. Returns whether the key is used up.
   bool UserPressedKey(const KeyPress& press);

@@ -31,7 +31,7 @@ struct Totals {
   std::int64_t folders = 0;            ///< visited
   std::int64_t non_empty_folders = 0;  ///< of these, with files directly in them
   std::int64_t unread_folders = 0;     ///< could not be listed; each has a line in the report
-  std::int64_t bytes_met = 0;          ///< by FileSizeOf()
+  std::int64_t bytes_met = 0;          ///< of the files that pass the filters; 0 for an unreadable size
   std::int64_t bytes_copied = 0;       ///< by FileSizeOf()
   std::int64_t warnings = 0;           ///< lines about things that are not in the backup and no failed files
 };

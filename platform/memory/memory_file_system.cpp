@@ -203,6 +203,8 @@ Result<DiskSpace> MemoryFileSystem::Space(const std::string& path) {
   return space_.value_or(kUnlimited);
 }
 
+std::int64_t MemoryFileSystem::LargestFile(const std::string&) { return largest_file_; }
+
 std::string MemoryFileSystem::DriveOf(const std::string&) { return "/"; }
 
 Result<std::string> MemoryFileSystem::ReadFile(const std::string& path, std::int64_t limit) {

@@ -74,6 +74,8 @@ class MemoryFileSystem : public FileSystem {
   /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
   /// Unlimited until set.
   void SetSpace(std::uint64_t free, std::uint64_t total);
+  /// What LargestFile() answers; copies do not heed it.
+  void SetLargestFile(std::int64_t bytes) { largest_file_ = bytes; }
   /// Everything below `path` can be read but not changed (kReadOnlyMedium).
   void SetReadOnly(const std::string& path);
   /// A read-only file stays read-only whatever SetAttributes() is told (kAccessDenied).
@@ -97,6 +99,7 @@ class MemoryFileSystem : public FileSystem {
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;
   Result<DiskSpace> Space(const std::string& path) override;
+  std::int64_t LargestFile(const std::string& path) override;
   std::string DriveOf(const std::string& path) override;
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
@@ -127,10 +130,11 @@ class MemoryFileSystem : public FileSystem {
   std::vector<Touch> touched_;
   std::vector<Fault> faults_;
   std::optional<DiskSpace> space_;
+  std::int64_t largest_file_ = 0;
   std::set<std::string> read_only_places_;
   std::set<std::string> kept_read_only_;
   std::function<void(Call, const std::string&)> before_;
-  std::int64_t block_size_ = 256 * 1024;
+  std::int64_t block_size_ = std::int64_t{256} * 1024;
   bool ignore_case_ = false;
 };
 

@@ -33,7 +33,7 @@ class CountingGuard : public AwakeGuard {
 }  // namespace
 
 CalendarTime MemoryClock::ToLocal(FileTime time) {
-  time.seconds += offset_minutes * 60;
+  time.seconds += std::int64_t{offset_minutes} * 60;
   return ToUtc(time);
 }
 

@@ -23,7 +23,7 @@ Status ChangeMode(const std::string& path, mode_t mode) {
 Result<Attributes> ReadAttributes(const std::string& path) {
   const auto file = OpenPath(path, O_PATH);
   if (!file) return file.error();
-  struct stat facts;
+  struct stat facts = {};
   if (fstat(file->get(), &facts) != 0) return LastError();
   const auto value = ReadDosAttribute(PathOfDescriptor(file->get()));
   return AttributesOf(facts) | BitsOfDosAttribute(value.value_or(""));
@@ -32,7 +32,7 @@ Result<Attributes> ReadAttributes(const std::string& path) {
 Status ChangeAttributes(const std::string& path, Attributes attributes) {
   const auto file = OpenPath(path, O_PATH);
   if (!file) return file.error();
-  struct stat facts;
+  struct stat facts = {};
   if (fstat(file->get(), &facts) != 0) return LastError();
   const std::string place = PathOfDescriptor(file->get());
   mode_t mode = facts.st_mode & kModeBits;

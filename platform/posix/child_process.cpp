@@ -3,14 +3,13 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <thread>
 
 #include "platform/posix/posix_error.h"
-
-extern char** environ;
 
 namespace platform::posix {
 namespace {
@@ -37,7 +36,7 @@ class Streams {
   const posix_spawn_file_actions_t* get() const { return &actions_; }
 
  private:
-  posix_spawn_file_actions_t actions_;
+  posix_spawn_file_actions_t actions_ = {};
 };
 
 /// Takes note of the child's end, whenever that is, so that it does not stay behind as a zombie.
@@ -79,10 +78,11 @@ std::string FindSystemCommand(const std::string& name) {
   return {};
 }
 
-Result<pid_t> StartProgram(const std::string& path, const std::vector<std::string>& arguments,
+Result<pid_t> StartProgram(const std::string& path, std::vector<std::string> arguments,
                            const FileDescriptor& input) {
   std::vector<char*> pointers;
-  for (const std::string& argument : arguments) pointers.push_back(const_cast<char*>(argument.c_str()));
+  pointers.reserve(arguments.size() + 1);
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   const Streams streams(input);
   pid_t child = 0;

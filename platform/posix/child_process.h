@@ -20,7 +20,7 @@ std::string FindSystemCommand(const std::string& name);
 
 /// Starts the program at `path` with arguments[0] as the name it is told to have. Reads from `input` (none:
 /// nothing to read) and writes nowhere. Its end is waited for in the background. Gives its process number.
-Result<pid_t> StartProgram(const std::string& path, const std::vector<std::string>& arguments,
+Result<pid_t> StartProgram(const std::string& path, std::vector<std::string> arguments,
                            const FileDescriptor& input);
 
 }  // namespace platform::posix

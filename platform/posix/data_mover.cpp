@@ -10,7 +10,7 @@ namespace platform::posix {
 namespace {
 
 // Small enough for a watcher to be asked many times a second, large enough for the calls not to count.
-constexpr std::size_t kSystemBlock = 4 * 1024 * 1024;
+constexpr std::size_t kSystemBlock = std::size_t{4} * 1024 * 1024;
 
 /// Errors by which copy_file_range() says that it cannot between these two files (copy_file_range(2)).
 bool IsRefusal(int number) {

@@ -37,7 +37,7 @@ Attributes NumberOf(std::string_view value) {
 }
 
 std::string TextOf(Attributes number) {
-  std::array<char, 8> digits;
+  std::array<char, 8> digits = {};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
   return "0x" + std::string(digits.data(), end);
 }
@@ -59,7 +59,7 @@ std::string WithDosBits(std::string value, Attributes attributes) {
 }
 
 std::optional<std::string> ReadDosAttribute(int file) {
-  std::array<char, kLongestValue> buffer;
+  std::array<char, kLongestValue> buffer = {};
   return ValueIn(buffer, fgetxattr(file, kName, buffer.data(), buffer.size()));
 }
 
@@ -69,7 +69,7 @@ bool MarkNewFile(int file, Attributes attributes) {
 }
 
 std::optional<std::string> ReadDosAttribute(const std::string& path) {
-  std::array<char, kLongestValue> buffer;
+  std::array<char, kLongestValue> buffer = {};
   return ValueIn(buffer, getxattr(path.c_str(), kName, buffer.data(), buffer.size()));
 }
 

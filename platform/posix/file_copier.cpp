@@ -13,7 +13,7 @@
 namespace platform::posix {
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
 constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
 mode_t FileModeMask() {

@@ -23,7 +23,7 @@ void TakeOver(const struct stat& facts, Entry& entry) {
 bool LeadsNowhere(int number) { return number == ENOENT || number == ENOTDIR || number == ELOOP; }
 
 void DescribeLink(int folder, const char* name, Entry& entry) {
-  struct stat facts;
+  struct stat facts = {};
   if (fstatat(folder, name, &facts, 0) == 0) {
     TakeOver(facts, entry);
     if (entry.kind == EntryKind::kFolder) entry.kind = EntryKind::kFolderLink;
@@ -48,7 +48,7 @@ void Describe(int folder, const char* name, unsigned char type, Entry& entry) {
   } else if (type == DT_LNK) {
     DescribeLink(folder, name, entry);
   } else if (type == DT_REG || type == DT_UNKNOWN) {
-    struct stat facts;
+    struct stat facts = {};
     if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return;
     // A link only where the volume does not tell types, or where one took the file's place meanwhile.
     S_ISLNK(facts.st_mode) ? DescribeLink(folder, name, entry) : TakeOver(facts, entry);

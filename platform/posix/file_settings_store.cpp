@@ -11,7 +11,7 @@
 namespace platform::posix {
 namespace {
 
-constexpr std::int64_t kLargestFile = 1024 * 1024;
+constexpr std::int64_t kLargestFile = std::int64_t{1024} * 1024;
 constexpr std::size_t kLongestMessage = 100;
 constexpr std::string_view kEscaped = "\\\n\r[=";
 constexpr std::string_view kLetters = "\\nr[=";
@@ -146,9 +146,9 @@ SettingsStore::ReadResult FileSettingsStore::Read(const std::string& key, const 
 }
 
 std::string FileSettingsStore::Message(int code) {
-  const std::string common = CommonStoreMessage(code);
+  std::string common = CommonStoreMessage(code);
   if (!common.empty()) return common;
-  const std::string text = std::generic_category().message(code);
+  std::string text = std::generic_category().message(code);
   if (code < 0 || text.starts_with("Unknown error") || text.size() > kLongestMessage) return {};
   return text;
 }

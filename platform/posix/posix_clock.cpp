@@ -17,7 +17,7 @@ FileTime PosixClock::Now() {
 
 CalendarTime PosixClock::ToLocal(FileTime time) {
   const time_t seconds = time.seconds;
-  struct tm local;
+  struct tm local = {};
   if (localtime_r(&seconds, &local) == nullptr) return ToUtc(time);
   CalendarTime result;
   result.year = local.tm_year + 1900;

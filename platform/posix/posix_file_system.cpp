@@ -94,6 +94,8 @@ Status PosixFileSystem::SetAttributes(const std::string& path, Attributes attrib
 
 Result<DiskSpace> PosixFileSystem::Space(const std::string& path) { return SpaceAt(path); }
 
+std::int64_t PosixFileSystem::LargestFile(const std::string& path) { return LargestFileAt(path); }
+
 std::string PosixFileSystem::DriveOf(const std::string& path) {
   const auto real = RealPath(path);
   if (real) return MountPointOf(*real);

@@ -3,7 +3,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 
-#include <array>
 #include <string_view>
 
 #include "platform/posix/file_facts.h"
@@ -14,7 +13,7 @@ namespace platform::posix {
 namespace {
 
 // One call brings about a thousand names.
-constexpr std::size_t kBlockSize = 32 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{32} * 1024;
 
 // A record with a name of some 12 letters; only used to reserve room.
 constexpr std::size_t kUsualRecord = 32;
@@ -38,12 +37,12 @@ PosixFolder::PosixFolder(std::string path, FileDescriptor handle)
 }
 
 Status PosixFolder::List() {
-  alignas(dirent64) std::array<char, kBlockSize> block;
+  const std::unique_ptr<char[]> block(new char[kBlockSize]);
   for (;;) {
-    const ssize_t length = getdents64(handle(), block.data(), block.size());
+    const ssize_t length = getdents64(handle(), block.get(), kBlockSize);
     if (length < 0) return LastError();
     if (length == 0) return Done{};
-    Take(block.data(), static_cast<std::size_t>(length));
+    Take(block.get(), static_cast<std::size_t>(length));
   }
 }
 

@@ -67,7 +67,7 @@ std::string Formatted(const char* format, const CalendarTime& time, locale_t loc
   parts.tm_sec = time.second;
   parts.tm_yday = time.day_of_year - 1;
   parts.tm_wday = Weekday(time);
-  std::array<char, 200> text;
+  std::array<char, 200> text = {};
   return {text.data(), strftime_l(text.data(), text.size(), format, &parts, locale)};
 }
 

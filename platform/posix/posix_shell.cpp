@@ -29,9 +29,9 @@ class PipeGuard : public AwakeGuard {
 std::string HomeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
   // A service may be run without HOME.
-  struct passwd entry;
+  struct passwd entry = {};
   struct passwd* found = nullptr;
-  std::array<char, 16 * 1024> texts;
+  std::array<char, std::size_t{16}* 1024> texts = {};
   getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
   return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
 }
@@ -56,7 +56,7 @@ Status PosixShell::RunSystemCommand(const std::string& command, const std::strin
   const std::string path = FindSystemCommand(command);
   if (path.empty()) return ErrorOf(ENOENT);
   arguments.insert(arguments.begin(), command);
-  const auto started = StartProgram(path, arguments, {});
+  const auto started = StartProgram(path, std::move(arguments), {});
   if (!started) return started.error();
   return Done{};
 }

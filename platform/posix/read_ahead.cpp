@@ -14,10 +14,10 @@ using Clock = std::chrono::steady_clock;
 // Below this number handing files to another thread and back costs more than it saves.
 constexpr std::size_t kFewest = 3;
 
-constexpr std::size_t kLargestFile = 256 * 1024;
+constexpr std::size_t kLargestFile = std::size_t{256} * 1024;
 
 // How far the reader runs ahead, in bytes and in files; below half of it the reader is woken again.
-constexpr std::size_t kWindowBytes = 4 * 1024 * 1024;
+constexpr std::size_t kWindowBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::size_t kWindowFiles = 64;
 
 // A file may be changed after it was read; what was read longer ago is read anew.

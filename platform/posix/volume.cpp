@@ -1,7 +1,9 @@
 #include "platform/posix/volume.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -26,7 +28,7 @@ Result<FileDescriptor> OpenOnVolume(const std::string& path, int flags) {
 Result<dev_t> DeviceOf(const std::string& path) {
   const auto reached = Reach(path);
   if (!reached) return reached.error();
-  struct stat facts;
+  struct stat facts = {};
   if (fstatat(reached->at(), reached->rest, &facts, 0) != 0) return LastError();
   return facts.st_dev;
 }
@@ -34,7 +36,7 @@ Result<dev_t> DeviceOf(const std::string& path) {
 }  // namespace
 
 Result<DiskSpace> SpaceAt(const std::string& path) {
-  struct statvfs facts;
+  struct statvfs facts = {};
   if (path.size() >= PATH_MAX || statvfs(path.c_str(), &facts) != 0) {
     const auto place = OpenOnVolume(path, O_PATH);
     if (!place) return place.error();
@@ -42,6 +44,13 @@ Result<DiskSpace> SpaceAt(const std::string& path) {
   }
   return DiskSpace{std::uint64_t{facts.f_bavail} * facts.f_frsize,
                    std::uint64_t{facts.f_blocks} * facts.f_frsize};
+}
+
+std::int64_t LargestFileAt(const std::string& path) {
+  const auto place = OpenOnVolume(path, O_PATH);
+  struct statfs facts;
+  const bool is_fat = place && fstatfs(place->get(), &facts) == 0 && facts.f_type == MSDOS_SUPER_MAGIC;
+  return is_fat ? kLargestOnFat : 0;
 }
 
 std::string MountPointOf(const std::string& path) {

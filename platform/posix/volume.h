@@ -9,6 +9,9 @@ namespace platform::posix {
 
 Result<DiskSpace> SpaceAt(const std::string& path);
 
+/// The most bytes that one file may have there; 0 when no limit is known.
+std::int64_t LargestFileAt(const std::string& path);
+
 /// The mount point; empty when it cannot be told. `path` is without links.
 std::string MountPointOf(const std::string& path);
 

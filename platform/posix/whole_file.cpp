@@ -38,7 +38,7 @@ Result<std::string> ReadWhole(const std::string& path, std::int64_t limit) {
   const auto file = OpenPath(path, O_RDONLY | O_NONBLOCK);
   if (!file) return file.error();
   std::string content;
-  std::array<char, 16 * 1024> block;
+  std::array<char, std::size_t{16}* 1024> block = {};
   for (;;) {
     const ssize_t length = read(file->get(), block.data(), block.size());
     if (length < 0 && errno == EINTR) continue;
@@ -62,7 +62,7 @@ Status ReplaceWhole(const std::string& path, const std::string& content) {
   if (!folder) return folder.error();
   const std::string name(NameOf(path, PathStyle::kPosix));
 
-  struct stat old;
+  struct stat old = {};
   const bool replaces = fstatat(folder->get(), name.c_str(), &old, 0) == 0;
   TargetFile file;
   if (Status created = file.CreateNamed(folder->get(), kNewFile); !created) return created;

@@ -6,6 +6,7 @@
 #include "platform/windows/open_file.h"
 #include "platform/windows/system_copy.h"
 #include "platform/windows/system_error.h"
+#include "platform/windows/volume.h"
 
 namespace platform::windows {
 namespace {
@@ -15,8 +16,6 @@ constexpr std::size_t kBlockSize = 1 << 20;
 
 /// From here on the system's copy is the faster one, or at least not slower.
 constexpr std::int64_t kBigFile = 16 << 20;
-
-constexpr std::int64_t kLargestOnFat = 0xFFFFFFFF;
 
 /// Modification time and attributes of the source: read-only and hidden are dropped, the rest stays as the
 /// copy has it.
@@ -37,15 +36,8 @@ Result<Attributes> CarryOver(const FILE_BASIC_INFO& source, const TemporaryFile&
 
 /// FAT says "disk full" to a file that is too large for it.
 Error Explain(Error error, const std::wstring& folder, std::int64_t size) {
-  if (error.kind != ErrorKind::kDiskFull || size <= kLargestOnFat) return error;
-  wchar_t root[MAX_PATH + 1];
-  wchar_t format[MAX_PATH + 1];
-  if (::GetVolumePathNameW(folder.c_str(), root, ARRAYSIZE(root)) &&
-      ::GetVolumeInformationW(root, nullptr, 0, nullptr, nullptr, nullptr, format, ARRAYSIZE(format)) &&
-      std::wstring_view(format).starts_with(L"FAT")) {
-    return SystemError(ERROR_FILE_TOO_LARGE);
-  }
-  return error;
+  const bool too_large = error.kind == ErrorKind::kDiskFull && size > kLargestOnFat && IsOnFat(folder);
+  return too_large ? SystemError(ERROR_FILE_TOO_LARGE) : error;
 }
 
 }  // namespace

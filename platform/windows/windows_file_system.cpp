@@ -12,6 +12,7 @@
 #include "platform/windows/recent_copies.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/temporary_file.h"
+#include "platform/windows/volume.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/windows_folder.h"
 
@@ -153,6 +154,10 @@ Result<DiskSpace> WindowsFileSystem::Space(const std::string& path) {
   if (DriveOfPath(path).empty() || parent.empty() || parent == path) return space;
   auto above = SpaceOfFolder(parent);
   return above ? above : space;
+}
+
+std::int64_t WindowsFileSystem::LargestFile(const std::string& path) {
+  return IsOnFat(LongFolder(path)) ? kLargestOnFat : 0;
 }
 
 std::string WindowsFileSystem::DriveOf(const std::string& path) { return DriveOfPath(path); }

@@ -33,6 +33,7 @@ class WindowsFileSystem : public FileSystem {
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;
   Result<DiskSpace> Space(const std::string& path) override;
+  std::int64_t LargestFile(const std::string& path) override;
   std::string DriveOf(const std::string& path) override;
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;

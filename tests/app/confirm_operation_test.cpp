@@ -152,6 +152,16 @@ TEST_F(ConfirmOperation, DoubtsTheSpaceForWhatTheTargetDoesNotHoldYet) {
   EXPECT_EQ(Doubts(), "");
 }
 
+TEST_F(ConfirmOperation, DoubtsAFileThatTheFormatOfTheTargetCannotHold) {
+  files.AddFile("/src/file", "x");
+  files.AddHugeFile("/src/film", 5'000'000'000);
+  EXPECT_EQ(Doubts(), "");
+  files.SetLargestFile(platform::kLargestOnFat);
+  const std::string doubts = Doubts();
+  EXPECT_NE(doubts.find("4.00 Gb"), std::string::npos) << doubts;
+  EXPECT_TRUE(doubts.ends_with("film")) << doubts;
+}
+
 TEST_F(ConfirmOperation, DoesNotCountTheTargetThatLiesInTheSource) {
   files.AddFile("/src/backup/a/file", "123");
   request.setup.TargetFolder = "/src/backup/a";

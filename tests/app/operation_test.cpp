@@ -11,11 +11,14 @@ using namespace ui::headless;
 
 TEST(UnattendedRun, BacksUpSaysSoOnStandardOutputAndKeepsTheSetup) {
   Program program;
-  program.SaveLastRun(program.SourceAndTarget());
+  auto setup = program.SourceAndTarget();
+  setup.ModifiedSince = -1;  // no period chosen
+  program.SaveLastRun(setup);
   program.files.AddFile("/src/a.txt", "hello", {1000, 0});
   frmMain& window = program.Start("nightly");
   EXPECT_EQ(program.files.ContentOf("/dst/a.txt"), "hello");
-  ASSERT_FALSE(program.printed.empty());
+  ASSERT_GE(program.printed.size(), 6U);
+  EXPECT_EQ(program.printed.end()[-6], "For files new or modified at any time:");
   EXPECT_EQ(program.printed.back(), "RESULT status=ok new=1 modified=0 copied=1 failed=0 bytes=5 seconds=0");
   EXPECT_TRUE(program.front_end.dialogs().asked.empty());
   EXPECT_TRUE(program.shell.commands.empty());
@@ -45,6 +48,24 @@ TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
                 if (call == Call::kCopyFile) p.window->StopOperation();
               });
             }},
+           {"cancelled", 3,
+            [](Program& p) {
+              p.files.Before([&p](Call call, const std::string&) {
+                if (call == Call::kCopyFile) Click(p.window->cmdQuit);
+              });
+            }},
+           {"failed", 2,
+            [](Program& p) {
+              p.files.Before([&p, tried = false](Call call, const std::string&) mutable {
+                tried |= call == Call::kRemoveFile;  // of the probe in the target
+                if (tried && call == Call::kSpace) p.files.SetSpace(0, 1000);
+              });
+            }},
+           {"failed", 2,
+            [](Program& p) {
+              p.files.AddFile("/dst/a", "old", {}, platform::kReadOnly);
+              p.files.KeepReadOnly("/dst/a");
+            }},
            {"refused", 4, [](Program& p) { p.files.Remove("/dst"); }}}) {
     Program program;
     program.SaveLastRun(program.SourceAndTarget());
@@ -54,7 +75,7 @@ TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
     EXPECT_TRUE(program.printed.back().starts_with(std::string("RESULT status=") + c.status))
         << program.printed.back();
     EXPECT_TRUE(program.front_end.dialogs().asked.empty()) << c.status;
-    window.UserClosed();
+    if (!program.front_end.quitting()) window.UserClosed();
     EXPECT_EQ(program.front_end.Run(), c.exit_code) << c.status;
   }
 }
@@ -80,6 +101,40 @@ TEST(UnattendedRun, ShutsDownOnlyWhenTheWordIsInTheCommandLine) {
   }
 }
 
+TEST(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
+  for (const bool at_once : {false, true}) {
+    Program program;
+    program.SaveLastRun(program.SourceAndTarget());
+    program.files.AddFile("/src/a", "1");
+    if (at_once) program.front_end.Post([&] { Click(program.window->cmdQuit); });
+    program.files.Before([&](Call call, const std::string&) {
+      if (call == Call::kCopyFile) Click(program.window->cmdQuit);
+    });
+    program.Start("shutdown");
+    EXPECT_EQ(program.printed.empty(), at_once);
+    EXPECT_EQ(program.front_end.Run(), at_once ? 0 : 3);
+    EXPECT_TRUE(program.shell.commands.empty());
+    EXPECT_FALSE(program.window->visible() || program.window->ReportWindow().visible());
+  }
+}
+
+TEST(UnattendedRun, EscapeCallsTheShutdownOffAndNoOperationBeginsMeanwhile) {
+  Program program;
+  program.SaveLastRun(program.SourceAndTarget());
+  program.files.AddFile("/src/a", "1");
+  bool offered = true;
+  program.front_end.when_idle = [&] {
+    if (!program.window->PopUpWindow().visible()) return;
+    offered = program.window->cmdBackupAllFiles.reachable();
+    program.window->UserPressedEscape();
+  };
+  frmMain& window = program.Start("shutdown");
+  EXPECT_FALSE(offered);
+  EXPECT_EQ(program.shell.commands.back().second, "/a");
+  EXPECT_EQ(program.LastMessage(), "Shutdown cancelled");
+  EXPECT_EQ(window.focused(), &window.cmdBackupModifiedFiles);
+}
+
 TEST(Operation, LocksTheMainWindowAndGivesItBack) {
   Program program;
   program.SaveLastRun(program.SourceAndTarget());
@@ -88,8 +143,9 @@ TEST(Operation, LocksTheMainWindowAndGivesItBack) {
   bool locked = false;
   program.files.Before([&](Call call, const std::string&) {
     if (call != Call::kCopyFile) return;
-    locked = !window.cmdBackupAllFiles.reachable() && !window.cmdSpecifyDirectory[0].reachable() &&
-             window.cmdQuit.reachable() && window.chkPauseAfterFirstCopy.reachable();
+    locked = !window.fraMenu.enabled() && !window.cmdBackupAllFiles.reachable() &&
+             !window.cmdSpecifyDirectory[0].reachable() && window.cmdQuit.reachable() &&
+             window.chkPauseAfterFirstCopy.reachable();
   });
   window.SkipConfirmation = true;
   Click(window.cmdBackupModifiedFiles);

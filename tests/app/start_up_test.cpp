@@ -16,6 +16,7 @@ TEST(StartUp, WithoutALastRunShowsEveryDefaultAndWaitsForASource) {
   EXPECT_EQ(window.cboModifiedSince.list_index(), 0);
   EXPECT_FALSE(window.chkIncludeSubfolders.visible());
   EXPECT_FALSE(window.chkExcludeFilesInSourceFolder.visible());
+  for (const ui::Button& button : window.cmdClearFolder) EXPECT_FALSE(button.visible()) << button.name();
   for (const ui::Button* button :
        {&window.cmdReportScreen, &window.cmdSelectSubfolders, &window.cmdListSubFolders}) {
     EXPECT_FALSE(button->enabled()) << button->name();
@@ -69,6 +70,7 @@ TEST(Clock, ShowsClearOnlyWhileThereAreSkipPatternsAndForgetsASaveAfterTenTicks)
   program.front_end.RunPendingEvents();
   EXPECT_TRUE(window.cmdClearFolder[2].visible());
   Click(window.cmdClearFolder[2]);
+  EXPECT_EQ(window.focused(), &window.txbExcludedFilepaths);
   window.MarkSetupSaved();
   for (int tick = 1; tick <= 11; ++tick) {
     EXPECT_TRUE(window.SetupJustSaved) << tick;
@@ -108,20 +110,6 @@ TEST(Quit, TellsOfAFailedSaveAndStillEndsAndTheTitleBarSavesNothing) {
   other.UserClosed();
   EXPECT_FALSE(closed.files.Exists(other.LastRunSetupPath));
   EXPECT_TRUE(closed.front_end.quitting());
-}
-
-TEST(Quit, DoesNothingUntilTheClickOfTheFileDialogIsOver) {
-  Program program;
-  frmMain& window = program.Start();
-  Click(window.cmdSetup);
-  Click(window.cmdLoadSetup);
-  Click(window.cmdSaveSetupAsOperationFile);
-  Click(window.cmdQuit);
-  EXPECT_FALSE(program.front_end.quitting());
-  program.front_end.PassTime(1000);
-  program.front_end.RunPendingEvents();
-  Click(window.cmdQuit);
-  EXPECT_TRUE(program.front_end.quitting());
 }
 
 struct ExtensionCase {

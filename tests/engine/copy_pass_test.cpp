@@ -46,6 +46,17 @@ TEST(CopyPass, SkipsAFileThatExactlyFillsTheDiskAndGoesOnWithASmallerOne) {
   EXPECT_TRUE(Balances(outcome.totals.counts));
 }
 
+TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
+  for (const std::uint64_t free : {1'000'000'000U, 1'000'000U}) {
+    Scene scene;
+    for (char name = 'a'; name <= 'j'; ++name) scene.files.AddFile(std::string("/src/") + name, "1");
+    scene.files.SetSpace(free, 2'000'000'000);
+    scene.listener.on_copy = [&](const std::string&) { scene.clock.Advance(std::chrono::milliseconds{21}); };
+    scene.BackUp();
+    EXPECT_EQ(scene.files.CountOf(Call::kSpace), free > 1'000'000 ? 2U : 10U);
+  }
+}
+
 TEST(CopyPass, CopiesWhenTheFreeSpaceCannotBeTold) {
   Scene scene;
   scene.files.AddFile("/src/a", "1");
@@ -58,6 +69,7 @@ TEST(CopyPass, AsksOnceAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
     Scene scene;
     scene.files.AddFile("/src/sub/a", "1");
     scene.files.AddFile("/src/sub/b", "2");
+    scene.files.AddFile("/src/sub/below/d", "4");
     scene.files.AddFile("/src/tail/c", "3");
     scene.setup.IncludedFolders = {"sub", "tail"};
     scene.files.Fail(Call::kCreateFolder, "/dst/sub", kNoAccess);
@@ -66,7 +78,7 @@ TEST(CopyPass, AsksOnceAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
     EXPECT_EQ(scene.listener.questions.size(), 1U);
     EXPECT_EQ(outcome.terminated, !go_on);
     EXPECT_EQ(scene.files.Exists("/dst/tail/c"), go_on);
-    EXPECT_EQ(outcome.totals.counts.failed, go_on ? 2 : 1);
+    EXPECT_EQ(outcome.totals.counts.failed, go_on ? 3 : 1);
     EXPECT_TRUE(Balances(outcome.totals.counts));
   }
 }
@@ -82,6 +94,17 @@ TEST(CopyPass, MakesAReadOnlyCopyWritableOrAsks) {
     EXPECT_EQ(scene.files.ContentOf("/dst/a"), stays ? "old!" : "new");
     EXPECT_EQ(outcome.totals.counts.failed, stays ? 1 : 0);
   }
+}
+
+TEST(CopyPass, ReplacesALinkAndLeavesWhatItLeadsToAlone) {
+  Scene scene;
+  scene.files.AddFile("/src/a", "new");
+  scene.files.AddFile("/src/sub/kept", "kept!", {}, platform::kReadOnly);
+  scene.files.AddLink("/dst/a", "/src/sub/kept");
+  scene.BackUp();
+  EXPECT_EQ(scene.files.ContentOf("/dst/a"), "new");
+  EXPECT_EQ(scene.files.ContentOf("/src/sub/kept"), "kept!");
+  EXPECT_EQ(scene.files.AttributesOf("/src/sub/kept"), platform::kReadOnly);
 }
 
 TEST(CopyPass, TheCopyKeepsSystemAndIsNeitherHiddenNorReadOnly) {

@@ -107,6 +107,59 @@ TEST(FolderWalk, ASourceInsideTheTargetIsNeverOverwritten) {
   EXPECT_TRUE(scene.listener.HasLine("Would overwrite: /dst/src/src"));
 }
 
+TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {
+  struct Case {
+    const char* link;
+    const char* destination;
+    bool left_out;
+  };
+  for (const Case& c : std::vector<Case>{{"/dst/in", "/src/out", true},
+                                         {"/dst/in", "/", true},
+                                         {"/dst/in/below", "/src/out", true},
+                                         {"/dst/in/below", "/other", false}}) {
+    Scene scene;
+    scene.files.AddFile("/src/in/below/a", "copied");
+    scene.files.AddFile("/src/out/a", "original");
+    scene.files.AddFolder("/other");
+    scene.files.AddLink(c.link, c.destination);
+    scene.setup.IncludedFolders = {"in"};
+    const RunOutcome outcome = scene.BackUpAll();
+    EXPECT_EQ(scene.files.ContentOf("/src/out/a"), "original") << c.link;
+    EXPECT_EQ(scene.files.Exists("/other/a"), !c.left_out) << c.link;
+    EXPECT_EQ(outcome.totals.warnings, c.left_out ? 1 : 0) << c.link;
+  }
+}
+
+TEST(FolderWalk, SourceAndTargetAreToldApartAsTheDiskComparesNames) {
+  Scene scene;
+  scene.files.IgnoreCase(true);
+  scene.files.AddFile("/src/Backup/a", "1");
+  scene.setup.TargetFolder = "/SRC/backup";
+  scene.setup.IncludedFolders = {"BACKUP"};
+  scene.BackUpAll();
+  EXPECT_TRUE(scene.listener.HasLine("Target inside: /src/Backup"));
+
+  Scene inside_out;
+  inside_out.files.IgnoreCase(true);
+  inside_out.files.AddFile("/dst/Src/a", "original");
+  inside_out.files.AddFile("/dst/Src/SRC/a", "other");
+  inside_out.setup.SourceFolder = "/dst/Src";
+  inside_out.setup.IncludedFolders = {"SRC"};
+  inside_out.BackUpAll();
+  EXPECT_EQ(inside_out.files.ContentOf("/dst/Src/a"), "original");
+}
+
+TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
+  Scene scene;
+  scene.files.AddFile("/outside", "1");
+  scene.files.AddFile("/src/in/deep/a", "2");
+  scene.setup.IncludedFolders = {"..", "in", "", "in/deep", ".", "in", "../src"};
+  const RunOutcome outcome = scene.BackUp();
+  EXPECT_EQ(scene.listener.begun, Paths({"/src", "/src/in", "/src/in/deep"}));
+  EXPECT_EQ(outcome.totals.warnings, 5);
+  EXPECT_EQ(scene.files.NamesIn("/"), Paths({"dst", "outside", "src"}));
+}
+
 TEST(FolderWalk, AnUnreadableFolderLeavesALineAndTheOthersGoOn) {
   Scene scene;
   scene.files.AddFile("/src/in/bad/x", "1");
@@ -147,15 +200,32 @@ TEST(FolderWalk, LeftoversOfAnInterruptedRunGoButOnlyFromTheTarget) {
   EXPECT_EQ(scene.files.ContentOf("/dst/" + of_the_user), "mine");
 }
 
-TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOne) {
+TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFiles) {
   Scene scene;
-  for (const char* path : {"/src/a", "/src/x/b", "/src/x/y/c", "/src/z/d"}) scene.files.AddFile(path, "1");
-  scene.setup.IncludedFolders = {"x", "z"};
-  scene.listener.on_copy = [&](const std::string&) { scene.clock.Advance(std::chrono::milliseconds{150}); };
+  for (int i = 0; i < 6; ++i) {
+    scene.files.AddFile("/src/x/" + std::to_string(i) + "/file", "1");
+    scene.files.AddFolder("/src/y/" + std::to_string(i));
+  }
+  scene.setup.IncludedFolders = {"x", "y"};
+  scene.files.Before([&](Call, const std::string&) { scene.clock.Advance(std::chrono::milliseconds{100}); });
   scene.BackUp();
   EXPECT_TRUE(std::is_sorted(scene.listener.progress.begin(), scene.listener.progress.end()));
-  EXPECT_GE(scene.listener.progress.size(), 4U);
+  EXPECT_GE(scene.listener.breaths, 15);
   EXPECT_EQ(scene.listener.progress.back(), 1.0);
+}
+
+TEST(FolderWalk, LooksForNoTargetBelowATargetThatIsNotThereYet) {
+  Scene scene;
+  scene.files.AddFile("/src/in/a", "1");
+  scene.files.AddFile("/src/in/below/deep/b", "2");
+  scene.setup.IncludedFolders = {"in"};
+  scene.BackUp();
+  const auto& touched = scene.files.touched();
+  EXPECT_EQ(std::count_if(touched.begin(), touched.end(),
+                          [](const auto& touch) {
+                            return touch.call == Call::kOpenFolder && touch.path.starts_with("/dst/in/below");
+                          }),
+            1);
 }
 
 TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
@@ -182,16 +252,18 @@ TEST(Operations, FindNewAndModifiedFilesAlikeAndOnlyCopyWhenTheyCopy) {
     Scene scene;
     scene.files.AddFile("/src/same.txt", "1", {50, 0});
     scene.files.AddFile("/dst/same.txt", "1", {50, 0});
-    scene.files.AddFile("/src/new.txt", "22");
+    scene.files.AddHugeFile("/src/new.txt", 6'000'000'001);
     scene.files.AddFile("/src/changed.txt", "333");
     scene.files.AddFile("/dst/changed.txt", "1");
     scene.files.AddFile("/src/other.doc", "4");
     scene.setup.FileExtension = "txt";
-    const FileCounts counts = scene.Run(c.operation).totals.counts;
+    const Totals totals = scene.Run(c.operation).totals;
+    const FileCounts& counts = totals.counts;
     EXPECT_EQ(counts.copied, c.copied);
     EXPECT_EQ(counts.due, c.due);
     EXPECT_EQ(counts.up_to_date, c.up_to_date);
     EXPECT_EQ(counts.filtered_out, 1);
+    EXPECT_EQ(totals.bytes_met, 6'000'000'005);
     EXPECT_TRUE(Balances(counts));
     EXPECT_EQ(scene.files.CountOf(Call::kCopyFile), static_cast<std::size_t>(c.copied));
   }
@@ -235,7 +307,7 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
            {"target is the source", [](Scene& s) { s.setup.TargetFolder = "/src/"; }, backup, kTargetIsSource,
             ""},
            {"write-protected", [](Scene& s) { s.write_protected = true; }, backup, kTargetWriteProtected,
-            ""}}) {
+            "Protected."}}) {
     Scene scene;
     scene.files.AddFile("/src/a", "1");
     c.arrange(scene);
@@ -248,6 +320,14 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
     scene.Run(c.operation);
     EXPECT_EQ(scene.host.steps.back(), "refuse") << c.what;
   }
+}
+
+TEST(RunOperation, AWriteProtectedTargetIsRefusedWithTheSystemsReason) {
+  Scene scene;
+  scene.files.AddFile("/src/a", "1");
+  scene.write_protected = true;
+  scene.BackUp();
+  EXPECT_EQ(scene.host.refusal, "|Protected.\r\n(Read-only file system)");
 }
 
 TEST(RunOperation, NothingToDoIsSaidInThreeLines) {

@@ -104,7 +104,7 @@ class Scene {
   text::ProgramTexts texts{
       "164 Swap file:\n390 System file:\n500 Not copied:\n520 Not read:\n521 Link:\n522 Dead:\n523 Special:\n"
       "524 Target inside:\n529 Would overwrite:\n525 Gone:\n45 source folder\n58 Close\n502 No "
-      "permission.\n"};
+      "permission.\n406 Protected.\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,
@@ -117,7 +117,10 @@ class Scene {
                 total_bytes = static_cast<double>(space->total);
                 return std::int16_t{0};
               },
-              [this](const std::string&) { return write_protected; }};
+              [this](const std::string&, std::string& error_text) {
+                error_text = "Read-only file system";
+                return write_protected;
+              }};
   app::Setup setup;
   std::optional<platform::FileTime> modified_since;
   bool skip_picture_caches = false;

@@ -74,6 +74,7 @@ TEST(Path, TellsRootsAndChosenFolders) {
   };
   for (const auto& c : cases) {
     EXPECT_EQ(FolderForm(c.path, c.style), c.folder_form);
+    EXPECT_EQ(FolderForm(WithoutTrailingSeparators(c.path, c.style), c.style), c.folder_form);
     EXPECT_EQ(IsSpecified(c.path, c.style), c.specified) << c.path;
     EXPECT_EQ(IsDiskRoot(c.path, c.style), c.root) << c.path;
   }

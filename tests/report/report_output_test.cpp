@@ -56,6 +56,22 @@ TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsAndEmptied) {
   EXPECT_EQ(scene.clock.sleeps(), (std::vector<std::chrono::milliseconds>{15s, 10s, 5s, 5s}));
 }
 
+TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
+  for (const bool ends : {false, true}) {
+    ReportScene scene;
+    scene.main.unattended = !ends;
+    scene.FillTo(61'441);
+    if (ends) {
+      scene.window.Hide();
+      scene.front_end.Quit(0);
+    }
+    scene.window.Output("dropped", true);
+    EXPECT_EQ(scene.window.txbText.text(), "");
+    EXPECT_EQ(scene.window.visible(), !ends);
+    EXPECT_TRUE(scene.clock.sleeps().empty());
+  }
+}
+
 TEST(Output, TheFullBoxShowsItsNoticeWithoutThePauseButton) {
   for (const bool snip : {false, true}) {
     ReportScene scene;

@@ -19,6 +19,7 @@ struct FakeMain : MainWindow {
   bool SuppressDetailedReports() const override { return suppress; }
   bool SnipFullReport() const override { return snip; }
   bool PauseAfterFirstCopy() const override { return false; }
+  bool Unattended() const override { return unattended; }
   bool OperationRunning() const override { return running; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
@@ -27,7 +28,7 @@ struct FakeMain : MainWindow {
 
   ui::Form window;
   std::size_t capacity = 61'440;
-  bool suppress = false, snip = false, running = true, stop = false;
+  bool suppress = false, snip = false, running = true, stop = false, unattended = false;
   int enabled = 0;
   RunningCounts counts;
 };

@@ -76,10 +76,22 @@ TEST(RunReport, OnlyAHeadLineGoesOnBehindThePhraseThatIsLeftOpen) {
 
 TEST(RunReport, TheHeadLineComesWithTheFirstFileThatIsCopied) {
   RunScene scene(kModified);
-  scene.run.FolderBegun({"/data/two\nlines", 3, {}});
+  scene.run.FolderBegun({"/data/a", 3, {}});
   EXPECT_EQ(scene.window.txbText.text(), "");
-  scene.run.CopyBegun("/data/two\nlines/f");
-  EXPECT_EQ(scene.window.txbText.text(), "    3 files in {source folder}/two?lines");
+  scene.run.CopyBegun("/data/a/f");
+  EXPECT_EQ(scene.window.txbText.text(), "    3 files in {source folder}/a");
+}
+
+TEST(RunReport, NamesOfAnyBytesStayOnTheirLine) {
+  RunScene scene(kAll);
+  RunReport run(scene.window, scene.main, scene.clock, {}, {kAll, false, false, "/d\n/", "/t\r", "", "", {}});
+  run.Begin("Title", {"(/d\n)"});
+  run.FolderBegun({"/d\n/\xFF", 1, {}});
+  run.WriteLine("Wrong: \x7F'\"");
+  run.CopyBegun("/d\n/\xFF/\t");
+  EXPECT_EQ(scene.lines, "(/d\\n)|    1 file  in {source folder}/\xEF\xBF\xBD|Wrong: \\x7f'\"|");
+  EXPECT_EQ(scene.window.lblSourceDirpath.text() + scene.window.lblTargetDirpath.text(), "/d\\n//t\\x0d");
+  EXPECT_EQ(scene.window.lblFileName.text(), "/d\\n/\xEF\xBF\xBD/\\t");
 }
 
 TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {

@@ -68,11 +68,16 @@ bool LabelPeer::eventFilter(QObject* watched, QEvent* event) {
 CheckBoxPeer::CheckBoxPeer(CheckBox& box)
     : WidgetPeer(box, new QCheckBox(ClientAround(box))), box_(box), widget_(As<QCheckBox>(*this)) {
   widget_.setBackgroundRole(QPalette::Window);  // not the one of a button
-  connect(&widget_, &QCheckBox::clicked, this, [this](bool ticked) { box_.UserTicked(ticked ? 1 : 0); });
+  // Not "clicked": a screen reader ticks the box without a click.
+  connect(&widget_, &QCheckBox::toggled, this, [this](bool ticked) { box_.UserTicked(ticked ? 1 : 0); });
 }
 
 void CheckBoxPeer::MirrorText() { widget_.setText(ToCaption(box_.text(), box_.access_key())); }
-void CheckBoxPeer::MirrorValue() { widget_.setChecked(box_.value() != 0); }
+
+void CheckBoxPeer::MirrorValue() {
+  const QSignalBlocker by_program(widget_);
+  widget_.setChecked(box_.value() != 0);
+}
 
 DropDownListPeer::DropDownListPeer(DropDownList& list)
     : WidgetPeer(list, new QComboBox(ClientAround(list)), Background::kItself),

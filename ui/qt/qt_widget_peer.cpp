@@ -67,6 +67,7 @@ void WidgetPeer::Watch(QWidget* part) {
 void WidgetPeer::Mirror(Property property) {
   switch (property) {
     case Property::kText:
+      MirrorSpokenName();  // where no other is set it is the text
       return MirrorText();
     case Property::kVisible:
       return MirrorVisible();
@@ -97,12 +98,14 @@ void WidgetPeer::MirrorVisible() { widget_->setVisible(control_.visible()); }
 
 void WidgetPeer::MirrorHelp() {
   widget_->setToolTip(ToPlainTip(control_.tool_tip()));
-  widget_->setAccessibleName(ToQLines(control_.spoken_name()));
+  MirrorSpokenName();
   widget_->setAccessibleDescription(
       ToQLines(control_.description().empty() ? control_.tool_tip() : control_.description()));
   MirrorAccessKey();
   MirrorText();
 }
+
+void WidgetPeer::MirrorSpokenName() { widget_->setAccessibleName(ToQLines(control_.spoken_name())); }
 
 /// Qt itself listens to the letters that are marked in a caption; the others are asked for here.
 void WidgetPeer::MirrorAccessKey() {

@@ -43,6 +43,7 @@ class WidgetPeer : public QObject, public Peer {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void MirrorSpokenName();
   void MirrorAccessKey();
   void MirrorColours();
 

@@ -5,13 +5,14 @@
 namespace platform::contract {
 namespace {
 
-constexpr std::size_t kBig = 9 * 1024 * 1024 + 3;
+constexpr std::size_t kBig = std::size_t{9} * 1024 * 1024 + 3;
+constexpr std::size_t kTooBig = std::size_t{4} * 1024 * 1024;
 constexpr FileTime kNewTime{1'600'000'000, 700};
 
 using Names = std::vector<std::string>;
 
 TEST_P(FileSystemContract, CopyHasTheDataAndTheTimeWhateverTheSize) {
-  const std::size_t block = 256 * 1024;
+  const std::size_t block = std::size_t{256} * 1024;
   for (const std::size_t size : {std::size_t{0}, std::size_t{1}, block - 1, block, block + 1, kBig}) {
     const std::string content = Noise(size);
     AddFile("from/file", content);
@@ -160,11 +161,11 @@ TEST_P(FileSystemContract, AFolderThatMayNotBeChangedStaysAsItIs) {
 
 TEST_P(FileSystemContract, AFullDiskKeepsTheOldCopyAndTakesWhatStillFits) {
   if (!scene_->MakeSmallDisk(At("to"))) GTEST_SKIP() << "a small disk cannot be had here";
-  AddFile("from/file", Noise(4 * 1024 * 1024), kNewTime);
+  AddFile("from/file", Noise(kTooBig), kNewTime);
   AddFile("from/small", "fits");
   AddFile("to/file", "old");
   EXPECT_EQ(Copy("file").error().kind, ErrorKind::kDiskFull);
-  EXPECT_EQ(files().ReplaceFile(At("to/file"), Noise(4 * 1024 * 1024)).error().kind, ErrorKind::kDiskFull);
+  EXPECT_EQ(files().ReplaceFile(At("to/file"), Noise(kTooBig)).error().kind, ErrorKind::kDiskFull);
   EXPECT_EQ(ContentOf("to/file"), "old");
   EXPECT_TRUE(Copy("small").ok());
   EXPECT_EQ(NamesIn("to"), (Names{"file", "small"}));

@@ -82,8 +82,8 @@ class Program:
     def __init__(self, home, words, screen=None):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8",
-                           **(screen.environment if screen else {}))
+        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
+        environment.update(screen.environment if screen else {})
         self.lines = []
         self.arrived = queue.Queue()
         self.errors = tempfile.TemporaryFile(mode="w+", encoding="utf-8")

@@ -17,6 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t kMegabyte = 1'000'000;
+
 class PosixFiles : public testing::Test {
  protected:
   PosixFiles() {
@@ -88,7 +90,7 @@ TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
     const auto from = strict.OpenFolder(from_);
     const auto to = strict.OpenFolder(to_);
     ASSERT_TRUE(strict.CopyFile(**from, (*from)->entries().at(0), **to, {}).ok());
-    struct stat facts;
+    struct stat facts = {};
     ASSERT_EQ(stat((to_ + "/file").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 07777, mode | 0200);
     fs::remove(from_ + "/file");
@@ -153,7 +155,7 @@ void CopyUntilKilled(PosixFileSystem& files, const std::string& from, const std:
 }
 
 TEST_F(PosixFiles, AKilledCopyLeavesTheOldFileAndAtMostATemporaryOne) {
-  const std::string content(9'000'000, 'n');
+  const std::string content(9 * kMegabyte, 'n');
   Write(from_ + "/file", content);
   for (const bool replaces : {true, false}) {
     if (replaces) Write(to_ + "/file", "old");

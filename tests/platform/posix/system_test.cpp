@@ -102,7 +102,7 @@ TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
 }
 
 TEST(DosAttributes, AreReadInEveryFormThatIsAbout) {
-  const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 20);
+  const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
   const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x02\0\0\0", 16);
   const std::string not_valid("\0\0\5\0\5\0\0\0\x10\0\0\0\x02\0\0\0", 16);
   const std::pair<std::string, Attributes> cases[] = {{"0x2", kHidden},
