@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "app/frmConfirmOperation.h"
 #include "app/frmMain.h"
@@ -125,7 +126,9 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
   run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
                                                     std::move(facts));
-  run_report_->Begin(heading.caption, heading.lines);
+  std::vector<std::string> lines = heading.lines;
+  if (main_.RunningFromCommandLine) lines.insert(lines.begin(), time_stamp_);
+  run_report_->Begin(heading.caption, lines);
   return *run_report_;
 }
 

@@ -11,7 +11,8 @@
 namespace engine {
 namespace {
 
-/// Of the target's free space: how much is plenty, and for how long an answer then holds.
+/// Of the target's free space: how much beyond the file at hand is plenty, and for how long an answer then
+/// holds.
 constexpr double kPlenty = 256.0 * 1024 * 1024;
 constexpr std::chrono::milliseconds kSpaceHolds{100};
 
@@ -74,9 +75,10 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
 
 /// On a disk elsewhere in the network the question takes longer than a small file. With plenty of room the
 /// answer holds for a moment; a disk that other programs fill meanwhile fails the copy instead.
-std::optional<double> CopyPass::FreeBytes() {
+std::optional<double> CopyPass::FreeBytes(double wanted) {
   const std::chrono::milliseconds now = tools_.clock.Monotonic();
-  if (free_bytes_ && *free_bytes_ > kPlenty && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
+  const bool is_plenty = free_bytes_ && *free_bytes_ - wanted > kPlenty;
+  if (is_plenty && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
   double free_bytes = 0;
   double total_bytes = 0;
   free_bytes_.reset();
@@ -86,7 +88,8 @@ std::optional<double> CopyPass::FreeBytes() {
 }
 
 bool CopyPass::HasSpaceFor(const Candidate& file) {
-  const std::optional<double> free_bytes = FreeBytes();
+  const std::int32_t source_size = FileSizeOf(file.source);
+  const std::optional<double> free_bytes = FreeBytes(source_size);
   if (!free_bytes) return true;
   if (*free_bytes <= 0) {
     listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()));
@@ -95,7 +98,6 @@ bool CopyPass::HasSpaceFor(const Candidate& file) {
     Terminate();
     return false;
   }
-  const std::int32_t source_size = FileSizeOf(file.source);
   if (static_cast<double>(source_size) < *free_bytes) return true;
   listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()) + ". " + kNoSpaceForFile +
                       " (" + text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");

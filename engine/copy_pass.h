@@ -28,8 +28,8 @@ class CopyPass {
   bool OperationTerminated() const { return operation_terminated_; }
 
  private:
-  /// The target disk's; nothing when they cannot be told.
-  std::optional<double> FreeBytes();
+  /// The target disk's, for a file that wants so many; nothing when they cannot be told.
+  std::optional<double> FreeBytes(double wanted);
   bool HasSpaceFor(const Candidate& file);
   bool HasTargetFolder(FolderPair& folders, const Candidate& file);
   bool CanBeReplaced(const FolderPair& folders, const Candidate& file);

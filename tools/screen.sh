@@ -14,7 +14,8 @@ wait_for() {
 start_screen() {
   local number=$1/screen-number
   : >"$number"
-  Xvfb -displayfd 9 -screen 0 1920x1080x24 -nolisten tcp 9>"$number" >"$1/xvfb.log" 2>&1 &
+  # Without -noreset the server throws everybody out when its only client leaves, such as a first look of wmctrl.
+  Xvfb -displayfd 9 -screen 0 1920x1080x24 -nolisten tcp -noreset 9>"$number" >"$1/xvfb.log" 2>&1 &
   screen_processes=($!)
   wait_for 20 test -s "$number" || { cat "$1/xvfb.log" >&2; return 1; }
   DISPLAY=:$(<"$number")

@@ -1,5 +1,6 @@
 #include "ui/qt/qt_dialogs.h"
 
+#include <QDir>
 #include <QFile>
 #include <QInputDialog>
 #include <QLabel>
@@ -30,10 +31,14 @@ QMessageBox::Icon ToQIcon(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+QString TitleOf(const std::string& title) {
+  return title.empty() ? QString::fromUtf8(kProgramName) : ToQString(title);
+}
+
 void Fill(QMessageBox& widget, const MessageBox& box, QMessageBox::StandardButtons buttons) {
   widget.setTextFormat(Qt::PlainText);
   widget.setText(ToQLines(box.text));
-  widget.setWindowTitle(box.title.empty() ? QString::fromUtf8(kProgramName) : ToQString(box.title));
+  widget.setWindowTitle(TitleOf(box.title));
   widget.setIcon(ToQIcon(box.icon));
   widget.setStandardButtons(buttons);
 }
@@ -81,7 +86,7 @@ std::optional<std::string> QtDialogs::BrowseForFolder(Form& owner, const std::st
   widget.setFileMode(QFileDialog::Directory);
   widget.setOption(QFileDialog::ShowDirsOnly);
   const QString folder = QFile::decodeName(start.c_str());
-  if (QFileInfo(folder).isDir()) widget.setDirectory(folder);
+  widget.setDirectory(QFileInfo(folder).isDir() ? folder : QDir::homePath());
   return PickPath(widget);
 }
 
@@ -92,6 +97,7 @@ std::optional<std::string> QtDialogs::PickFile(Form& owner, const FileDialog& di
   widget.setFileMode(QFileDialog::AnyFile);
   widget.setOption(QFileDialog::DontConfirmOverwrite);
   widget.setNameFilter(ToQFilter(dialog));
+  widget.setDirectory(QDir::homePath());  // the current directory is the root
   return PickPath(widget);
 }
 
@@ -105,7 +111,7 @@ std::optional<std::string> QtDialogs::SaveFile(Form& owner, const FileDialog& di
 
 std::optional<std::string> QtDialogs::AskText(Form& owner, const InputBox& box) {
   QInputDialog widget(ParentFor(owner));
-  widget.setWindowTitle(ToQString(box.title));
+  widget.setWindowTitle(TitleOf(box.title));
   widget.setLabelText(ToQLines(box.prompt));
   if (auto* label = widget.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
   widget.move(ToPixels(box.left), ToPixels(box.top));

@@ -1,8 +1,10 @@
 """Uses the program's windows as a screen reader does: finds controls by name and role, reads them and presses them."""
 
 import os
+import signal
 import subprocess
 import tempfile
+import time
 
 import desktop
 import gi
@@ -42,9 +44,21 @@ class Screen(desktop.Screen):
     def picture(self, path):
         self.run("import", "-window", "root", path)
 
+    def left_running(self):
+        """The bus of the screen readers outlives the one that started it; its address lies in our folder."""
+        for number in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{number}/cmdline", "rb") as words:
+                    if self.folder.name.encode() + b"/" in words.read():
+                        yield int(number)
+            except OSError:
+                pass  # it has ended
+
     def end(self):
         desktop.end_process(self.bus)
         self.bus.stdout.close()
+        for number in self.left_running():
+            os.kill(number, signal.SIGTERM)
         super().end()
         self.folder.cleanup()
 
@@ -122,7 +136,7 @@ class Program(desktop.Program):
 
     def focus(self, title, name, role):
         item = self.find(title, name, role)
-        if title:
+        if self.screen.titles().count(title) == 1:
             self.screen.run("wmctrl", "-F", "-a", title)
         Atspi.Component.grab_focus(item)
         desktop.wait_until(lambda: has(item, Atspi.StateType.FOCUSED), f"the focus of {name!r}")
@@ -139,11 +153,17 @@ class Program(desktop.Program):
         return has(self.find(title, name, CHECK), Atspi.StateType.CHECKED)
 
     def type(self, title, name, text):
-        """Types into a box in place of what it holds."""
+        """Types into a box in place of what it holds; again when a key got lost, as on a busy screen it may."""
         box = self.focus(title, name, TEXT)
-        self.screen.key("ctrl+a")
-        self.screen.type(text)
-        desktop.wait_until(lambda: text_of(box) == text, f"{text!r} to be typed")
+
+        def typed():
+            self.screen.key("ctrl+a")
+            self.screen.type(text)
+            end = time.monotonic() + 4
+            while text_of(box) != text and time.monotonic() < end:
+                time.sleep(0.05)
+            return text_of(box) == text
+        desktop.wait_until(typed, f"{text!r} to be typed", 60)
 
     def text(self, title, name, role=TEXT):
         return text_of(self.find(title, name, role))
@@ -179,9 +199,9 @@ class Program(desktop.Program):
                 return [title]
         return []
 
-    def type_into_message(self, part, text):
-        [title] = desktop.wait_until(lambda: self.message_holding(part), f"the question {part!r}")
-        self.type(title, None, text)
+    def type_into_message(self, question, text):
+        [title] = desktop.wait_until(lambda: self.message_holding(question), f"the question {question!r}")
+        self.type(title, question, text)
 
     def find_label_beginning(self, title, beginning):
         def labels():

@@ -34,8 +34,9 @@ class Screen:
 
     def __init__(self):
         reader, writer = os.pipe()
+        # Without -noreset the server throws everybody out when its only client leaves, such as a first look of wmctrl.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1600x1100x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1600x1100x24", "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as numbers:
@@ -45,7 +46,11 @@ class Screen:
         self.environment = {"DISPLAY": ":" + number}
         self.manager = subprocess.Popen(["openbox"], env={**os.environ, **self.environment},
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_until(lambda: self.run("wmctrl", "-m").returncode == 0, "the window manager")
+        try:
+            wait_until(lambda: self.run("wmctrl", "-m").returncode == 0, "the window manager")
+        except AssertionError:
+            self.end()
+            raise
 
     def run(self, *command):
         return subprocess.run(command, env={**os.environ, **self.environment}, stdin=subprocess.DEVNULL,

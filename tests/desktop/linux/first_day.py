@@ -55,7 +55,9 @@ class FirstDay(unittest.TestCase):
         # For a second after a file dialog the main window takes no presses.
         desktop.wait_until(lambda: self.press_until_it_ends("Quit"), "the end of the program", 60)
         self.assertEqual(self.program.exit_code(), 0)
-        self.assertEqual(self.program.error_text(), "")
+        # Qt's own talk about the table of a file dialog that is read while it is filled.
+        errors = [line for line in self.program.error_text().splitlines() if not line.startswith("QAccessibleTable")]
+        self.assertEqual(errors, [])
 
     def press_until_it_ends(self, button):
         item = self.program.look_for(MAIN, button, accessible.BUTTON)
