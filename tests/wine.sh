@@ -33,7 +33,7 @@ boot_prefix() {
 start_services() {
   exec 9>"$WINEPREFIX.lock"
   flock 9
-  if wineserver -p120 9>&-; then boot_prefix 9>&-; fi
+  if wineserver -p120 </dev/null >/dev/null 2>&1 9>&-; then boot_prefix 9>&-; fi
   exec 9>&-
 }
 
