@@ -107,14 +107,22 @@ void frmMain::ArrangeSetupFrames() {
   ui::Button* const setup[] = {&cmdLoadSetup, &cmdSaveSetup, &cmdClearSetup, &cmdRestoreSetup, &cmdKeepSetup};
   ui::Button* const save[] = {&cmdSaveSetupForNextRun, &cmdSaveSetupAsOperationFile, &cmdSaveSetupInBothWays,
                               &cmdDontSaveSetup};
-  const auto arrange = [](ui::Frame& frame, std::span<ui::Button* const> buttons) {
+  const auto arrange = [](ui::Frame& frame, Twips width, std::span<ui::Button* const> buttons,
+                          std::span<ui::Label> hints) {
     int row = 0;
-    for (ui::Button* button : buttons) button->SetBounds({kInset, RowTop(row++), kButton, kRow});
-    frame.SetBounds({kMargin, 0, kButton + 2 * kInset, FrameHeight(row)});
+    for (ui::Button* button : buttons) {
+      ui::Label& hint = hints[static_cast<std::size_t>(row)];
+      hint.SetText(button->description());
+      hint.SetBounds(LevelOfTwoLines({kField, RowTop(row), width - kInset - kField, kRow}));
+      button->SetBounds({kInset, RowTop(row++), kButton, kRow});
+    }
+    frame.SetBounds({kMargin, 0, width, FrameHeight(row)});
     frame.SetVisible(false);
   };
-  arrange(fraSetup, setup);
-  arrange(fraSaveSetup, save);
+  const Twips shift = cmdSetup.width() + 100;
+  arrange(fraSetup, kLeftColumn, setup, lblSetupHint);
+  arrange(fraSaveSetup, kLeftColumn - shift, save, lblSaveSetupHint);
+  fraSaveSetup.SetLeft(fraSetup.left() + shift);
   fraSetup.SetText("Setup");
   fraSaveSetup.SetText("Setup");
 }
