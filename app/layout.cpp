@@ -75,7 +75,7 @@ void frmMain::ArrangeMainWindow() {
   chkSuppressDetailedReports.SetBounds({kInset + 4560, RowTop(0), kRightEdge - kInset - 4560, kRow});
 
   lblWarningReFilesInUse.SetBounds({kMargin, fraOptions.bounds().bottom() + kGap, kLeftColumn, 450});
-  const Twips bottom_row = lblWarningReFilesInUse.bounds().bottom() + kGap;
+  const Twips bottom_row = lblWarningReFilesInUse.bounds().bottom() + 2 * kGap;
   chkSaveSetupOnQuit.SetBounds({kMargin, bottom_row, 3240, kRow});
   lblPreviousRun.SetBounds(Level({kMargin + 3360, bottom_row, 3960, kRow}));
   cmdQuit.SetBounds({kMargin + kLeftColumn - 1080, bottom_row, 1080, kRow});
