@@ -167,6 +167,10 @@ bool OperationWindows::StopRequested() const { return stop_requested_ || context
 
 void OperationWindows::EnableOperationControls() { main_.UnlockControls(); }
 
+void OperationWindows::ShowLatest() {
+  if (run_report_) run_report_->ShowLatest();
+}
+
 report::RunningCounts OperationWindows::Counts() const {
   return run_report_ ? run_report_->counts() : report::RunningCounts();
 }

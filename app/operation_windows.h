@@ -64,6 +64,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool StopRequested() const override;
   void EnableOperationControls() override;
   report::RunningCounts Counts() const override;
+  void ShowLatest() override;
 
   engine::Tools EngineTools() const;
   engine::RunRequest RequestFor(Operation operation) const;
