@@ -193,6 +193,7 @@ class frmMain : public ui::Form {
   void InitialiseMainWindow();
   void ArrangeMainWindow();
   void ArrangeSetupFrames();
+  void SetTextBeside(const ui::Control& control, ui::Label& label, std::string text);
   void FitWidth();
   void PlaceOnScreen();
   void ShowPreviousRun();
@@ -218,7 +219,7 @@ class frmMain : public ui::Form {
   void ShowSetupFile(const std::string& path);
   ui::FileDialog SetupFileDialog(int title) const;
 
-  void ShowSummaryOfSubfolders(int error, int subfolders);
+  std::string SummaryOfSubfolders(int error, int subfolders) const;
   void ShowIncludedFolders(bool source_has_subfolders);
   /// Shows or disables what only makes sense with something else: Clear buttons, commands.
   void RefreshEnabledStates();

@@ -32,9 +32,6 @@ Twips FrameHeight(int rows) { return kFirstRow + rows * kStep + 60; }
 /// A label stands a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) { return {row.left, row.top + 75, row.width, row.height - 75}; }
 
-/// The same for a text that may need a second line: it may go on to the next row.
-Rect LevelOfTwoLines(Rect row) { return {row.left, row.top + 45, row.width, kStep - 45}; }
-
 }  // namespace
 
 void frmMain::ArrangeMainWindow() {
@@ -45,7 +42,7 @@ void frmMain::ArrangeMainWindow() {
   txbDirectory[0].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[0].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdSelectSubfolders.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblNumSubfolders.SetBounds(LevelOfTwoLines({kField, RowTop(1), 3240, kRow}));
+  lblNumSubfolders.SetBounds(Level({kField, RowTop(1), 3240, kRow}));
   cboIncludedFolders.SetBounds(
       {kField + 3300, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3300, kRow});
   cmdRemoveSubfolder.SetBounds({kRightEdge - kSmallButton, RowTop(1), kSmallButton, kRow});
@@ -107,14 +104,14 @@ void frmMain::ArrangeSetupFrames() {
   ui::Button* const setup[] = {&cmdLoadSetup, &cmdSaveSetup, &cmdClearSetup, &cmdRestoreSetup, &cmdKeepSetup};
   ui::Button* const save[] = {&cmdSaveSetupForNextRun, &cmdSaveSetupAsOperationFile, &cmdSaveSetupInBothWays,
                               &cmdDontSaveSetup};
-  const auto arrange = [](ui::Frame& frame, Twips width, std::span<ui::Button* const> buttons,
-                          std::span<ui::Label> hints) {
+  const auto arrange = [this](ui::Frame& frame, Twips width, std::span<ui::Button* const> buttons,
+                              std::span<ui::Label> hints) {
     int row = 0;
     for (ui::Button* button : buttons) {
       ui::Label& hint = hints[static_cast<std::size_t>(row)];
-      hint.SetText(button->description());
-      hint.SetBounds(LevelOfTwoLines({kField, RowTop(row), width - kInset - kField, kRow}));
+      hint.SetBounds({kField, 0, width - kInset - kField, kRow});
       button->SetBounds({kInset, RowTop(row++), kButton, kRow});
+      SetTextBeside(*button, hint, button->description());
     }
     frame.SetBounds({kMargin, 0, width, FrameHeight(row)});
     frame.SetVisible(false);
@@ -125,6 +122,14 @@ void frmMain::ArrangeSetupFrames() {
   fraSaveSetup.SetLeft(fraSetup.left() + shift);
   fraSetup.SetText("Setup");
   fraSaveSetup.SetText("Setup");
+}
+
+/// A text of one line is level with the control's, one of two lines goes on into the space below the row.
+void frmMain::SetTextBeside(const ui::Control& control, ui::Label& label, std::string text) {
+  const bool one_line = context_.front_end.TextWidth(text, label.font()) < label.width();
+  const Rect row{label.left(), control.top(), label.width(), kRow};
+  label.SetText(std::move(text));
+  label.SetBounds(one_line ? Level(row) : Rect{row.left, row.top + 45, row.width, kStep - 45});
 }
 
 /// Gives the window the inner width that its columns need, whatever borders the system has put around it.

@@ -65,7 +65,7 @@ void frmMain::OpenSaveSetupFrame(bool load) {
   for (const Command& command : load ? loading : saving) {
     command.button.SetText(command.caption);
     command.button.SetDescription(Text(command.hint));
-    (label++)->SetText(Text(command.hint));
+    SetTextBeside(command.button, *label++, Text(command.hint));
   }
   cmdDontSaveSetup.SetVisible(!load);
   lblSaveSetupHint[3].SetVisible(!load);
