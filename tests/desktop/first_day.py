@@ -37,11 +37,9 @@ class FirstDay(Story):
         self.program.press(self.program.find_label(part).title, button)
         desktop.wait_until(lambda: not self.program.look_for_label(part), f"the message {part!r} to go")
 
-    def choose_folder(self, which, path, question=None):
+    def choose_folder(self, which, path):
         self.program.press(MAIN, f"{which} disk or folder")
         self.answer_folder_dialog(f"Select the {which.lower()} disk or folder", self.place.seen(path))
-        if question:
-            self.answer_box_of(question, "No")
         self.program.wait_for_text(MAIN, f"{which} folder", self.place.seen(path))
 
     def create_target_subfolder(self, name):
@@ -74,7 +72,7 @@ class FirstDay(Story):
     def set_everything_up(self):
         self.assertEqual(self.program.text(MAIN, "Source folder"), "")
         self.choose_folder("Source", self.place.source)
-        self.choose_folder("Target", self.place.target, "Do you wish to specify a new source disk or folder")
+        self.choose_folder("Target", self.place.target)
         self.create_target_subfolder("Copies")
         self.select_subfolders()
         self.program.type(MAIN, EXTENSION, "txt")
