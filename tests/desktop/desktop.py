@@ -19,7 +19,7 @@ def wait_until(condition, what, seconds=30):
         found = condition()
         if found:
             return found
-        time.sleep(0.02)
+        time.sleep(0.05)
     raise AssertionError(f"waited {seconds} s in vain for {what}")
 
 
