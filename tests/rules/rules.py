@@ -30,18 +30,11 @@ SYSTEM_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__MINGW32__|__linux__|__unix_
 
 NOT_THE_PROGRAM = ["tests", "bench", "build", "demo", "docs", "packaging", "tools", "cmake"]
 
-STANDARD_HEADERS = set("""
-algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts condition_variable
-coroutine deque exception execution filesystem forward_list fstream functional future initializer_list iomanip ios
-iosfwd iostream istream iterator latch limits list locale map memory memory_resource mutex new numbers numeric optional
-ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack
-stdexcept stop_token streambuf string string_view strstream system_error thread tuple type_traits typeindex typeinfo
-unordered_map unordered_set utility valarray variant vector version cassert cctype cerrno cfenv cfloat cinttypes climits
-clocale cmath csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype
-""".split())
+# The standard library's headers have no ".h" in their names, no folder and no capital; those of systems and toolkits do.
+STANDARD_HEADER = re.compile(r"[a-z_]+")
 
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
-INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
 def source_files(root):
@@ -54,50 +47,28 @@ def source_files(root):
                 yield os.path.relpath(os.path.join(folder, file), root).replace(os.sep, "/")
 
 
-def lines_without_comments(root, path):
-    """(number, line) of what the compiler reads; texts stay only in #include lines."""
+def code_without_comments(root, path):
     with open(os.path.join(root, path), encoding="utf-8") as file:
-        text = file.read()
-    bare = COMMENT_OR_TEXT.sub(lambda found: "\n" * found.group().count("\n"), text).split("\n")
-    for number, (line, code) in enumerate(zip(text.split("\n"), bare), 1):
-        yield number, line if re.match(r"\s*#\s*include\b", code) else code
+        return COMMENT_OR_TEXT.sub(lambda found: found.group() if found.group()[0] == '"' else " ", file.read())
 
 
-def includes(root, path):
-    for number, line in lines_without_comments(root, path):
-        found = INCLUDE.match(line)
-        if found:
-            yield number, found.group(1) == '"', found.group(2)
-
-
-def may_include(folder, header):
-    target = os.path.dirname(header)
-    return target in (folder, "base") or target in MAY_INCLUDE[folder] or header in MAY_INCLUDE[folder]
-
-
-def dependency_faults(root):
-    """Includes against the table, and files in folders that the table does not know."""
+def faults(root):
+    """Includes against the table, folders that it does not know, and systems named outside their own folders."""
     for path in source_files(root):
         folder = os.path.dirname(path)
         if folder not in MAY_INCLUDE:
             yield f"{path}: the folder {folder or '.'} has no row in the table of dependencies"
             continue
-        for number, quoted, header in includes(root, path):
-            if not os.path.exists(os.path.join(root, header)):
-                if quoted:
-                    yield f'{path}:{number}: "{header}" is no file, seen from the root of the sources'
-            elif not may_include(folder, header):
-                yield f"{path}:{number}: {folder} may not include {header}"
-
-
-def system_faults(root):
-    """Headers other than the standard library's, and names of systems, outside the folders made for them."""
-    for path in source_files(root):
-        if os.path.dirname(path) in SYSTEM_FOLDERS:
-            continue
-        for number, quoted, header in includes(root, path):
-            if not quoted and header not in STANDARD_HEADERS and not os.path.exists(os.path.join(root, header)):
-                yield f"{path}:{number}: <{header}> belongs in {', '.join(SYSTEM_FOLDERS)}"
-        for number, line in lines_without_comments(root, path):
-            for macro in SYSTEM_MACRO.findall(line):
-                yield f"{path}:{number}: {macro} belongs in {', '.join(SYSTEM_FOLDERS)}"
+        code = code_without_comments(root, path)
+        open_to_it = [folder, "base", *MAY_INCLUDE[folder]]
+        foreign = [] if folder in SYSTEM_FOLDERS else SYSTEM_MACRO.findall(code)
+        for mark, header in INCLUDE.findall(code):
+            if os.path.exists(os.path.join(root, header)):
+                if header not in open_to_it and os.path.dirname(header) not in open_to_it:
+                    yield f"{path}: {folder} may not include {header}"
+            elif mark == '"':
+                yield f'{path}: "{header}" is no file, seen from the root of the sources'
+            elif folder not in SYSTEM_FOLDERS and not STANDARD_HEADER.fullmatch(header):
+                foreign.append(f"<{header}>")
+        for name in foreign:
+            yield f"{path}: {name} belongs in {', '.join(SYSTEM_FOLDERS)}"
