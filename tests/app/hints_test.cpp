@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <cctype>
 
 #include "tests/app/program.h"
 
 namespace app::test {
-namespace {
 
-class Hints : public testing::Test, protected Program {
- protected:
+struct Hints : testing::Test, Program {
   Hints() { Start(); }
 
   std::string After(int milliseconds) {
@@ -53,5 +49,4 @@ TEST_F(Hints, EveryButtonHasOneThatNeverCoversItAndAnAccessKeyOfItsOwnIfAny) {
   });
 }
 
-}  // namespace
 }  // namespace app::test
