@@ -18,8 +18,7 @@ struct Folders : testing::Test, Program {
     Click(window->cmdSpecifyDirectory[index]);
     return dialogs.asked.back().kind == "folder" ? "" : Said();
   }
-  std::string Source() { return window->txbDirectory[0].text(); }
-  std::string Target() { return window->txbDirectory[1].text(); }
+  std::string Folder(std::size_t index) { return window->txbDirectory[index].text(); }
   std::string Summary() { return window->lblNumSubfolders.text(); }
 };
 
@@ -33,10 +32,10 @@ TEST_F(Folders, RecycleBinsOnTheFirstLevelAndWriteProtectedTargetsAreRefused) {
   EXPECT_EQ(Choose(1, "/locked"), "The target folder is on a write-protected disk.");
   EXPECT_EQ(window->CurrentSetup(), setup);
   EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[1]);
-  Choose(0, "/a/$RECYCLE.BIN");
-  EXPECT_EQ(Source(), "/a/$RECYCLE.BIN");
-  Choose(0, "/locked");
-  EXPECT_EQ(Source(), "/locked");
+  for (const char* path : {"/a/$RECYCLE.BIN", "/locked"}) {
+    Choose(0, path);
+    EXPECT_EQ(Folder(0), path);
+  }
 }
 
 TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
@@ -47,7 +46,7 @@ TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
   Click(window->cmdSpecifyDirectory[0]);
   ASSERT_EQ(dialogs.asked.size(), 3U) << "two choices, one question";
   EXPECT_EQ(dialogs.asked[1].text, "Do you wish to specify a new target disk or folder");
-  EXPECT_EQ(Source() + window->txbDirectory[1].tool_tip(), "/src/a/src/b");
+  EXPECT_EQ(Folder(0) + window->txbDirectory[1].tool_tip(), "/src/a/src/b");
   Click(window->cmdClearFolder[0]);
   EXPECT_EQ(Choose(1, "/src"), "") << "the other one is empty";
 }
@@ -56,8 +55,7 @@ TEST_F(Folders, OnlyAnotherSourceStartsWithoutIncludedSubfolders) {
   Choose(0, "/src");
   EXPECT_EQ(window->CurrentSetup(), setup);
   Choose(0, "/dst");
-  EXPECT_TRUE(window->CurrentSetup().IncludedFolders.empty());
-  EXPECT_FALSE(window->CurrentSetup().IncludeSubfolders || window->chkIncludeSubfolders.visible());
+  EXPECT_TRUE(window->CurrentSetup().IncludedFolders.empty() && !window->CurrentSetup().IncludeSubfolders);
 }
 
 TEST_F(Folders, ClearingTakesEverythingAboutTheFolderAway) {
@@ -67,25 +65,21 @@ TEST_F(Folders, ClearingTakesEverythingAboutTheFolderAway) {
   EXPECT_FALSE(window->cmdClearFolder[1].visible() || window->cmdCreateSubFolder.enabled());
   Click(window->cmdClearFolder[0]);
   EXPECT_EQ(window->CurrentSetup(), app::Setup{});
-  EXPECT_FALSE(window->cmdClearFolder[0].visible() || window->chkExcludeFilesInSourceFolder.visible());
+  EXPECT_FALSE(window->cmdClearFolder[0].visible() || window->chkIncludeSubfolders.visible());
 }
 
-TEST_F(Folders, TheSummaryOfSubfoldersTellsTheCause) {
-  using platform::ErrorKind;
-  const std::pair<ErrorKind, const char*> causes[] = {{ErrorKind::kAccessDenied, "Permission denied"},
-                                                      {ErrorKind::kNotFound, "Path not found"},
-                                                      {ErrorKind::kOther, "Error"}};
-  for (const auto& [kind, summary] : causes) {
-    files.Heal();
-    files.Fail(platform::memory::Call::kOpenFolder, "/src", {kind, 5, ""});
-    window->RefreshSourceFolderDisplay();
-    EXPECT_EQ(Summary(), summary);
-    EXPECT_FALSE(window->cmdListSubFolders.enabled() || window->chkIncludeSubfolders.visible());
-  }
+TEST_F(Folders, TheSummaryOfSubfoldersCountsThemOrTellsWhyItCannot) {
   Choose(0, "/src/b");
   EXPECT_EQ(Summary(), "There is one subfolder, none selected");
   Choose(0, "/src/a");
   EXPECT_EQ(Summary(), "There are no subfolders");
+  files.Fail(platform::memory::Call::kOpenFolder, "", {platform::ErrorKind::kAccessDenied, 5, ""}, 1);
+  Choose(0, "/src");
+  EXPECT_EQ(Summary(), "Permission denied");
+  EXPECT_FALSE(window->cmdListSubFolders.enabled());
+  files.Remove("/src");
+  window->RefreshSourceFolderDisplay();
+  EXPECT_EQ(Summary(), "Path not found");
 }
 
 TEST_F(Folders, SubfoldersAreRemovedOneAfterTheOther) {
@@ -101,34 +95,24 @@ TEST_F(Folders, SubfoldersAreRemovedOneAfterTheOther) {
 }
 
 TEST_F(Folders, ASubfolderOfTheTargetIsCreatedAndOfferedAsTheTarget) {
-  const std::string offer = "Do you want to use the new folder /dst/";
-  const struct {
-    std::optional<std::string> answer;
-    bool yes;
-    std::string message;
-  } cases[] = {{std::nullopt, false, "What is the new subfolder of /dst to be called?"},
-               {"/x/", false, offer + "x as the target folder?"},
-               {"x", true, "This folder exists already: /dst/x"},
-               {"no/x", true, "The folder could not be created on drive / under the path\r\n/dst/no/x"},
-               {"y", true, offer + "y as the target folder?"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(Target(), "/dst");
-    dialogs.texts = {c.answer};
-    dialogs.yes_no = {c.yes};
-    Click(window->cmdCreateSubFolder);
-    EXPECT_EQ(Said(), c.message);
-  }
-  EXPECT_EQ(Target(), "/dst/y");
-  EXPECT_TRUE(files.Exists("/dst/x") && files.Exists("/dst/y"));
-}
-
-TEST_F(Folders, ATargetThatHasVanishedIsMadeAgainWhenWished) {
-  files.Remove("/dst");
-  for (const bool yes : {false, true}) {
+  const auto create = [&](const char* name, bool yes) {
+    dialogs.texts = {name};
     dialogs.yes_no = {yes};
     Click(window->cmdCreateSubFolder);
-    EXPECT_EQ(files.Exists("/dst"), yes);
-  }
+    return Said();
+  };
+  EXPECT_EQ(create("", false), "What is the new subfolder of /dst to be called?");
+  EXPECT_EQ(create("/x/", false), "Do you want to use the new folder /dst/x as the target folder?");
+  EXPECT_EQ(create("x", true), "This folder exists already: /dst/x");
+  EXPECT_EQ(create("no/x", true), "The folder could not be created on drive / under the path\r\n/dst/no/x");
+  EXPECT_EQ(Folder(1), "/dst");
+  create("y", true);
+  EXPECT_EQ(Folder(1), "/dst/y");
+  files.Remove("/dst/y");
+  create("no", false);
+  EXPECT_FALSE(files.Exists("/dst/y"));
+  create("yes", true);
+  EXPECT_TRUE(files.Exists("/dst/x") && files.Exists("/dst/y")) << "a target that has vanished is made again";
 }
 
 }  // namespace app::test

@@ -43,10 +43,6 @@ class Program {
     services::SaveSetupToFile(files, kLastRun, setup);
     return Start(command_line);
   }
-  Setup SavedLastRun() {
-    ui::Form owner(front_end, "owner", ui::FormStyle::kMain);
-    return services::LoadOperationFile({files, dialogs, owner, texts, false}, kLastRun).setup;
-  }
 
   /// Does something whenever a copy begins.
   void WhenACopyBegins(std::function<void()> act) {

@@ -37,13 +37,7 @@ struct SelectSubfolders : testing::Test, Program {
   std::optional<frmSelectSubfolders> select;
 };
 
-TEST(SubfolderContent, CountsNoFurtherThanToFourDigits) {
-  EXPECT_EQ(ContentText({"", false, Subfolder::State::kRead, 9'999, 1}), "9999 files and 1 subfolder");
-  EXPECT_EQ(ContentText({"", false, Subfolder::State::kRead, 10'000, 10'000}),
-            "over 9999 files and over 9999 subfolders");
-}
-
-TEST_F(SelectSubfolders, ListsFoldersByNameButNoLinksNorTheRecycleBin) {
+TEST_F(SelectSubfolders, ListsFoldersAndWhatTheyHoldButNoLinksNorTheRecycleBin) {
   tree::Add(files,
             {"/src/b/one=12345", "/src/A/", "/src/c/", "/src/$Recycle.Bin/", "/src/file", "/src/link>/dst"});
   files.Fail(Call::kOpenFolder, "/src/c", {platform::ErrorKind::kAccessDenied, 13, "no"});
@@ -54,6 +48,8 @@ TEST_F(SelectSubfolders, ListsFoldersByNameButNoLinksNorTheRecycleBin) {
     EXPECT_FALSE(select->rows[3]->chkSubfolder.visible());
     EXPECT_EQ(select->text(), "Select subfolders");
   });
+  EXPECT_EQ(ContentText({"", false, Subfolder::State::kRead, 9'999, 10'000}),
+            "9999 files and over 9999 subfolders");
 }
 
 TEST_F(SelectSubfolders, SumsUpWhatIsSelected) {

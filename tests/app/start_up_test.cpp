@@ -55,16 +55,20 @@ TEST_F(Clock, ShowsClearOnlyWhileThereAreSkipPatternsAndForgetsASaveAfterTenTick
   EXPECT_FALSE(window->SetupJustSaved || window->cmdClearFolder[2].visible());
 }
 
-TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwice) {
-  for (const auto& [ticked, just_saved] : {std::pair(false, false), {true, false}, {true, true}}) {
+TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwiceAndNotByTheTitleBar) {
+  const auto saves = [](bool ticked, bool just_saved, bool by_title_bar) {
     Program program;
-    program.Start();
-    Tick(program.window->chkSaveSetupOnQuit, ticked);
-    if (just_saved) program.window->MarkSetupSaved();
-    EXPECT_TRUE(Click(program.window->cmdQuit));
-    EXPECT_EQ(program.files.Exists(Program::kLastRun), ticked && !just_saved);
+    frmMain& main = program.Start();
+    Tick(main.chkSaveSetupOnQuit, ticked);
+    if (just_saved) main.MarkSetupSaved();
+    by_title_bar ? main.UserClosed() : void(Click(main.cmdQuit));
     EXPECT_TRUE(program.front_end.quitting());
-  }
+    return program.files.Exists(kLastRun);
+  };
+  EXPECT_FALSE(saves(false, false, false));
+  EXPECT_TRUE(saves(true, false, false));
+  EXPECT_FALSE(saves(true, true, false));
+  EXPECT_FALSE(saves(true, false, true));
 }
 
 TEST_F(Quit, TellsOfAFailedSaveAndStillEnds) {
@@ -73,14 +77,6 @@ TEST_F(Quit, TellsOfAFailedSaveAndStillEnds) {
   files.Fail(platform::memory::Call::kReplaceFile, "", {});
   Click(window->cmdQuit);
   EXPECT_EQ(Said(), Text(text::kSetupNotSaved));
-  EXPECT_TRUE(front_end.quitting());
-}
-
-TEST_F(Quit, ByTheTitleBarSavesNothing) {
-  Start();
-  Tick(window->chkSaveSetupOnQuit, true);
-  window->UserClosed();
-  EXPECT_FALSE(files.Exists(kLastRun));
   EXPECT_TRUE(front_end.quitting());
 }
 

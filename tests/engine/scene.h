@@ -33,20 +33,16 @@ class Scene : public RunHost, public Listener {
     outcome = RunOperation(*this, tools, {setup, operation, {}, false}, status_text);
     const FileCounts& sums = outcome.totals.counts;
     EXPECT_EQ(sums.met, sums.copied + sums.up_to_date + sums.filtered_out + sums.failed + sums.due);
-    const std::pair<const char*, std::int64_t> counts[] = {{"new", sums.new_files},
-                                                           {"modified", sums.modified_files},
-                                                           {"copied", sums.copied},
-                                                           {"up to date", sums.up_to_date},
-                                                           {"filtered", sums.filtered_out},
-                                                           {"failed", sums.failed},
-                                                           {"due", sums.due},
-                                                           {"unread", outcome.totals.unread_folders},
-                                                           {"warnings", outcome.totals.warnings},
-                                                           {"cancelled", outcome.cancelled},
-                                                           {"terminated", outcome.terminated}};
+    const char* const names[] = {"new", "modified", "copied",   "up to date", "filtered",  "failed",
+                                 "due", "unread",   "warnings", "cancelled",  "terminated"};
+    const std::int64_t counts[] = {
+        sums.new_files,          sums.modified_files, sums.copied,       sums.up_to_date,
+        sums.filtered_out,       sums.failed,         sums.due,          outcome.totals.unread_folders,
+        outcome.totals.warnings, outcome.cancelled,   outcome.terminated};
     std::string words;
-    for (const auto& [word, count] : counts) {
-      if (count != 0) words += (words.empty() ? "" : ", ") + std::string(word) + " " + std::to_string(count);
+    for (std::size_t i = 0; i < std::size(counts); ++i) {
+      if (counts[i] != 0)
+        words += (words.empty() ? "" : ", ") + std::string(names[i]) + " " + std::to_string(counts[i]);
     }
     return words;
   }
@@ -64,8 +60,7 @@ class Scene : public RunHost, public Listener {
 
   void PrepareFor(app::Operation) override { steps += "prepare|"; }
   void Refuse(const std::string& text, const std::string& title) override {
-    steps += "refuse|";
-    refusal = title + ": " + text;
+    steps += "refuse " + title + ": " + text + "|";
   }
   void ShowNote(const std::string&) override {}
   bool ConfirmOperation(app::Operation) override {
@@ -116,12 +111,10 @@ class Scene : public RunHost, public Listener {
               clock,
               texts,
               {},
-              [this](const std::string& path, double& free_bytes, double& total_bytes) {
+              [this](const std::string& path, double& free_bytes, double&) {
                 const auto space = files.Space(path);
-                if (!space) return std::int16_t{-1};
-                free_bytes = static_cast<double>(space->free);
-                total_bytes = static_cast<double>(space->total);
-                return std::int16_t{0};
+                if (space) free_bytes = static_cast<double>(space->free);
+                return space ? std::int16_t{0} : std::int16_t{-1};
               },
               [this](const std::string&, std::string& error_text) {
                 error_text = "Read-only file system";
@@ -130,7 +123,7 @@ class Scene : public RunHost, public Listener {
   app::Setup setup;
   RunOutcome outcome;
 
-  std::string steps, refusal, lines, visited, copied, told, paused_after;
+  std::string steps, lines, visited, copied, told, paused_after;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
   bool confirm = true, go_on = true, stop = false, pause_wished = false;

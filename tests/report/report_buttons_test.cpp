@@ -6,10 +6,9 @@ struct ReportButtons : testing::Test, ReportScene {
   /// The captions of the visible buttons, in the order Pause, Cancel, Copy.
   std::string Shown() const {
     std::string shown;
-    for (const auto* button :
-         {&window.cmdPauseContinue, &window.cmdCancelClose, &window.cmdCopyToClipboard}) {
-      if (button->visible()) shown += "[" + button->text() + "]";
-    }
+    const ui::Button* const buttons[] = {&window.cmdPauseContinue, &window.cmdCancelClose,
+                                         &window.cmdCopyToClipboard};
+    for (const ui::Button* button : buttons) shown += button->visible() ? "[" + button->text() + "]" : "";
     return shown;
   }
 
@@ -37,7 +36,6 @@ TEST_F(ReportButtons, CancelEndsThePauseAndAsksTheOperationToStop) {
   window.Output("line", true);
   EXPECT_TRUE(stop);
   EXPECT_EQ(Shown(), "[Close][Copy to clipboard]");
-  EXPECT_EQ(window.cmdCancelClose.bounds().right(), window.txbText.bounds().right());
 }
 
 TEST_F(ReportButtons, APauseEndsWhenTheProgramEnds) {

@@ -31,22 +31,21 @@ class SummerClock : public platform::memory::MemoryClock {
 };
 
 TEST(ModifiedSince, CountsBackInTheLocalCalendar) {
-  const struct {
-    std::int64_t now;  ///< 2024-03-31 12:00:00 local, 2024-02-29 00:30 local, 2024-05-01 00:30 local
-    int index;
-    std::int64_t expected;
-  } cases[] = {
-      {1'711'879'200, 1, 1'711'278'000},  // a week: 2024-03-24 12:00 local, winter time
-      {1'711'879'200, 2, 1'709'204'400},  // a month: 2024-02-29 12:00
-      {1'709'163'000, 8, 1'677'540'600},  // 12 months before a leap day: 2023-02-28 00:30
-      {1'714'516'200, 2, 1'711'924'200},  // a month: 2024-04-01 00:30 local, still March in UTC
-      {1'714'516'200, 3, 1'709'249'400},  // two months: 2024-03-01 00:30 local, winter time
+  SummerClock clock;
+  const auto limit = [&](std::int64_t now, int index) {
+    clock.Set({now, 7});
+    return ModifiedSinceLimit(index, clock).value_or(platform::FileTime{});
   };
-  for (const auto& c : cases) {
-    SummerClock clock;
-    clock.Set({c.now, 7});
-    EXPECT_EQ(ModifiedSinceLimit(c.index, clock), (platform::FileTime{c.expected, 7})) << c.index;
-  }
+  const std::int64_t now = 1'711'879'200;       // 2024-03-31 12:00 local
+  const std::int64_t leap_day = 1'709'163'000;  // 2024-02-29 00:30 local
+  const std::int64_t in_may = 1'714'516'200;    // 2024-05-01 00:30 local
+  EXPECT_EQ(limit(now, 1), (platform::FileTime{1'711'278'000, 7})) << "a week: 2024-03-24 12:00, winter time";
+  EXPECT_EQ(limit(now, 2), (platform::FileTime{1'709'204'400, 7})) << "a month: 2024-02-29 12:00";
+  EXPECT_EQ(limit(leap_day, 8), (platform::FileTime{1'677'540'600, 7})) << "12 months: 2023-02-28 00:30";
+  EXPECT_EQ(limit(in_may, 2), (platform::FileTime{1'711'924'200, 7}))
+      << "a month: 2024-04-01 00:30, still March in UTC";
+  EXPECT_EQ(limit(in_may, 3), (platform::FileTime{1'709'249'400, 7}))
+      << "2 months: 2024-03-01 00:30, winter time";
 }
 
 }  // namespace DatePr2

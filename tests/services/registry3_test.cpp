@@ -16,28 +16,26 @@ struct Registry : testing::Test {
 };
 
 TEST_F(Registry, WordsTheOutcomeOfReading) {
-  const std::string done = "The operation completed successfully.";
-  const struct {
-    std::string key, name;
-    int code;
-    std::string stored, message, status;
-  } cases[] = {{"", "n", 0, "", "", "1 Key not found or is empty."},
-               {"other", "", 0, "", "", "1 Key not found or is empty."},
-               {"k", "", 0, "", "", "2 Name not specified."},
-               {"k", "n", 2, "", "Datei nicht gefunden.", "3 Name not found."},
-               {"k", "n", 0, "", done, "3 Name not found."},
-               {"k", "n", 0, "v", "The system cannot find the file specified.", "3 Name not found."},
-               {"k", "n", 0, "v", done, "0 OK"},
-               {"k", "n", 0, "v", "Vorgang erfolgreich.", "0 OK probably"},
-               {"k", "n", 5, "", "Access is denied.", "4 \r\nAccess is denied."}};
-  for (const auto& c : cases) {
-    store.Write("k", "n", c.stored);
-    store.FailWith(0, 0, c.code);
+  const auto read = [&](const std::string& key, const std::string& name, const std::string& stored = "",
+                        const std::string& message = "", int code = 0) {
+    store.Write("k", "n", stored);
+    store.FailWith(0, 0, code);
+    hive.text = [&](int) { return message; };
     std::string value = "old";
-    hive.text = [&](int) { return c.message; };
-    EXPECT_EQ(RegistryReadString(hive, c.key, c.name, value), c.status);
-    EXPECT_EQ(value, c.stored);
-  }
+    const std::string status = RegistryReadString(hive, key, name, value);
+    EXPECT_EQ(value, stored) << status;
+    return status;
+  };
+  const std::string done = "The operation completed successfully.";
+  EXPECT_EQ(read("", "n"), "1 Key not found or is empty.");
+  EXPECT_EQ(read("other", ""), "1 Key not found or is empty.");
+  EXPECT_EQ(read("k", ""), "2 Name not specified.");
+  EXPECT_EQ(read("k", "n", "", done), "3 Name not found.");
+  EXPECT_EQ(read("k", "n", "", "Datei nicht gefunden.", 2), "3 Name not found.");
+  EXPECT_EQ(read("k", "n", "v", "The system cannot find the file specified."), "3 Name not found.");
+  EXPECT_EQ(read("k", "n", "v", done), "0 OK");
+  EXPECT_EQ(read("k", "n", "v", "Vorgang erfolgreich."), "0 OK probably");
+  EXPECT_EQ(read("k", "n", "", "Access is denied.", 5), "4 \r\nAccess is denied.");
 }
 
 TEST_F(Registry, ExchangesThePreviousRunForNow) {

@@ -45,8 +45,8 @@ TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
 TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSoOnceTheWindowIsReady) {
   setup.SourceFolder = "/s/file";
   for (const bool ready : {false, true}) {
-    const auto loaded = Load(ready);
-    EXPECT_TRUE(loaded.setup.SourceFolder.empty() && loaded.setup.IncludedFolders.empty());
+    const app::Setup loaded = Load(ready).setup;
+    EXPECT_TRUE(loaded.SourceFolder.empty() && loaded.IncludedFolders.empty());
     EXPECT_EQ(Said(), ready ? "Source folder /s/file does not exist." : "");
   }
 }

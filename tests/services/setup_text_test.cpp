@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace services {
-namespace {
 
 constexpr int kPeriods = 10;
 
@@ -56,16 +55,17 @@ TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
 }
 
 TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
+  const std::string zeros = "0\n0\n0\n0\n";
+  const std::string skip = zeros + "0\n0\nskip\n";
   const std::pair<int, std::vector<std::string>> cases[] = {
-      {380, {"2", "-1", "0\n0\n0\n0\n10", "0\n0\n0\n0\n-2"}},
-      {6, {"32768", "-99999999999999999999", "0\n0\n0\n0\n0\n0\nskip\n40000"}},
+      {380, {"2", "-1", zeros + "10", zeros + "-2"}},
+      {6, {"32768", "-99999999999999999999", skip + "40000"}},
       {13, {"1x", "-", "1.5", "\n"}},
-      {62, {"0\n0\n0\n0\n-1", "0\n0\n0\n0\n9", "0\n0\n0\n0\n0\n0\nskip\n32767\na\nb"}},
-      {0, {"0\n0\n0\n0\n0\n0\nskip\n-3\nextension"}}};
+      {62, {zeros + "-1", zeros + "9", skip + "32767\na\nb"}},
+      {0, {skip + "-3\nextension"}}};
   for (const auto& [error, texts] : cases) {
-    for (const std::string& lines : texts) {
+    for (const std::string& lines : texts)
       EXPECT_EQ(ParseSetup("/s\n/t\n" + lines, kPeriods).error, error) << lines;
-    }
   }
 }
 
@@ -76,5 +76,4 @@ TEST(SetupText, CannotHoldANameOfTwoLines) {
   EXPECT_FALSE(CanBeWritten(setup));
 }
 
-}  // namespace
 }  // namespace services
