@@ -40,7 +40,8 @@ TEST_F(Folders, RecycleBinsOnTheFirstLevelAndWriteProtectedTargetsAreRefused) {
 
 TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
   EXPECT_EQ(Choose(0, std::nullopt), "");
-  EXPECT_EQ(Choose(1, "/dst"), "Do you wish to specify a new source disk or folder");
+  EXPECT_EQ(Choose(1, "/dst"), "") << "as it was";
+  EXPECT_EQ(Choose(1, "/src/c"), "Do you wish to specify a new source disk or folder");
   dialogs.yes_no = {true};
   dialogs.texts = {"/src/a", "/src/b"};
   Click(window->cmdSpecifyDirectory[0]);
@@ -49,6 +50,7 @@ TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
   EXPECT_EQ(Folder(0) + window->txbDirectory[1].tool_tip(), "/src/a/src/b");
   Click(window->cmdClearFolder[0]);
   EXPECT_EQ(Choose(1, "/src"), "") << "the other one is empty";
+  EXPECT_EQ(Choose(0, "/src/a"), "") << "there was none before";
 }
 
 TEST_F(Folders, OnlyAnotherSourceStartsWithoutIncludedSubfolders) {
