@@ -44,10 +44,10 @@ TEST_F(ReportButtons, APauseEndsWhenTheProgramEnds) {
   EXPECT_TRUE(front_end.quitting());
 }
 
-TEST_F(ReportButtons, TheTitleBarPausesARunningOperation) {
+TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndLeavesAPausedOneAlone) {
   front_end.Post([&] { window.UserClosed(); });
   front_end.Post([&] {
-    window.UserClosed();
+    window.Form_Unload();
     EXPECT_TRUE(window.Paused && window.visible());
     Click(window.cmdPauseContinue);
   });
