@@ -63,7 +63,7 @@ TEST_F(SelectSubfolders, SumsUpWhatIsSelected) {
     EXPECT_EQ(Summary(),
               "2 selected (of 3).\r\nA total of 2 files and 1 subfolder directly in them, 1.57 Kb.");
     Tick(2);
-    EXPECT_TRUE(Summary().starts_with("All 3 subfolders selected.\r\nA total of ")) << Summary();
+    EXPECT_EQ(Summary().substr(0, 27), "All 3 subfolders selected.\r");
     EXPECT_EQ(select->cmdSelectDeselectAllSubfolders.text(), "Deselect all");
   });
 }

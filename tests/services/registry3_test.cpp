@@ -6,45 +6,44 @@
 
 namespace Registry3 {
 
-struct Registry : testing::Test {
+struct PreviousRun : testing::Test {
+  /// The stored text, if it could be read and is no shorter than a date; stores that of now.
   std::string Exchange() { return ExchangePreviousRun(hive, clock, locale, "k", "n"); }
 
   platform::memory::MemorySettingsStore store;
   platform::memory::MemoryClock clock;
   platform::memory::MemoryLocale locale;
-  Hive hive{store, [this](int code) { return store.Message(code); }};
+  std::string message = "The operation completed successfully.";
+  Hive hive{store, [this](int) { return message; }};
 };
 
-TEST_F(Registry, WordsTheOutcomeOfReading) {
-  const auto read = [&](const std::string& key, const std::string& name, const std::string& stored = "",
-                        const std::string& message = "", int code = 0) {
-    store.Write("k", "n", stored);
-    store.FailWith(0, 0, code);
-    hive.text = [&](int) { return message; };
-    std::string value = "old";
-    const std::string status = RegistryReadString(hive, key, name, value);
-    EXPECT_EQ(value, stored) << status;
-    return status;
-  };
-  const std::string done = "The operation completed successfully.";
-  EXPECT_EQ(read("", "n"), "1 Key not found or is empty.");
-  EXPECT_EQ(read("other", ""), "1 Key not found or is empty.");
-  EXPECT_EQ(read("k", ""), "2 Name not specified.");
-  EXPECT_EQ(read("k", "n", "", done), "3 Name not found.");
-  EXPECT_EQ(read("k", "n", "", "Datei nicht gefunden.", 2), "3 Name not found.");
-  EXPECT_EQ(read("k", "n", "v", "The system cannot find the file specified."), "3 Name not found.");
-  EXPECT_EQ(read("k", "n", "v", done), "0 OK");
-  EXPECT_EQ(read("k", "n", "v", "Vorgang erfolgreich."), "0 OK probably");
-  EXPECT_EQ(read("k", "n", "", "Access is denied.", 5), "4 \r\nAccess is denied.");
-}
-
-TEST_F(Registry, ExchangesThePreviousRunForNow) {
+TEST_F(PreviousRun, IsExchangedForNow) {
   EXPECT_EQ(Exchange(), "");
   EXPECT_EQ(Exchange(), "2023-11-14 at 22:13:20");
   store.Write("k", "n", "äöü456789");
   EXPECT_EQ(Exchange(), "") << "nine characters";
   store.Write("k", "n", "1234567890");
   EXPECT_EQ(Exchange(), "1234567890");
+  message = "Vorgang erfolgreich.";
+  EXPECT_EQ(Exchange(), "2023-11-14 at 22:13:20") << "a system that speaks another language";
+}
+
+TEST_F(PreviousRun, IsToldInWordsWhereItCannotBeRead) {
+  const auto read = [&](const char* key, const char* name, int code) {
+    store.FailWith(0, 0, code);
+    std::string value = "old";
+    const std::string status = RegistryReadString(hive, key, name, value);
+    EXPECT_EQ(value, "") << status;
+    return status;
+  };
+  EXPECT_EQ(read("", "n", 0), "1 Key not found or is empty.");
+  EXPECT_EQ(read("k", "n", 0), "1 Key not found or is empty.");
+  store.Write("k", "n", "");
+  EXPECT_EQ(read("k", "", 0), "2 Name not specified.");
+  EXPECT_EQ(read("k", "n", 0), "3 Name not found.");
+  EXPECT_EQ(read("k", "n", 2), "3 Name not found.");
+  message = "Access is denied.";
+  EXPECT_EQ(read("k", "n", 5), "4 \r\nAccess is denied.");
 }
 
 }  // namespace Registry3
