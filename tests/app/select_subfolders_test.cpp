@@ -37,35 +37,28 @@ struct SelectSubfolders : testing::Test, Program {
   std::optional<frmSelectSubfolders> select;
 };
 
-TEST_F(SelectSubfolders, ListsFoldersAndWhatTheyHoldButNoLinksNorTheRecycleBin) {
-  tree::Add(files,
-            {"/src/b/one=12345", "/src/A/", "/src/c/", "/src/$Recycle.Bin/", "/src/file", "/src/link>/dst"});
+TEST_F(SelectSubfolders, TellsWhatEachFolderHoldsAndSumsUpTheSelectedOnes) {
+  tree::Add(files, {"/src/b/one=12345", "/src/A/below/", "/src/A/two=" + std::string(1'600, 'x'), "/src/c/",
+                    "/src/$Recycle.Bin/", "/src/file", "/src/link>/dst"});
   files.Fail(Call::kOpenFolder, "/src/c", {platform::ErrorKind::kAccessDenied, 13, "no"});
   Choose([&] {
-    EXPECT_EQ(NameAt(0) + ": " + ContentAt(0), "A: no files and no subfolders");
-    EXPECT_EQ(NameAt(1) + ": " + ContentAt(1), "b: 1 file and no subfolders");
-    EXPECT_EQ(NameAt(2) + ": " + ContentAt(2), "c: permission denied");
-    EXPECT_FALSE(select->rows[3]->chkSubfolder.visible());
-    EXPECT_EQ(select->text(), "Select subfolders");
-  });
-  EXPECT_EQ(ContentText({"", false, Subfolder::State::kRead, 9'999, 10'000}),
-            "9999 files and over 9999 subfolders");
-}
-
-TEST_F(SelectSubfolders, SumsUpWhatIsSelected) {
-  tree::Add(files, {"/src/a/one=12345", "/src/a/below/", "/src/b/two=" + std::string(1'600, 'x'), "/src/c/"});
-  Choose([&] {
-    EXPECT_EQ(Summary(), "No subfolders selected.");
+    EXPECT_EQ(select->text() + Summary(), "Select subfoldersNo subfolders selected.");
+    EXPECT_EQ(NameAt(0) + ": " + ContentAt(0), "A: 1 file and 1 subfolder");
     Tick(0);
     EXPECT_EQ(Summary(),
-              "One subfolder selected.\r\nA total of 1 file and 1 subfolder directly in it, 5 bytes.");
+              "One subfolder selected.\r\nA total of 1 file and 1 subfolder directly in it, 1.56 Kb.");
+    EXPECT_EQ(NameAt(1) + ": " + ContentAt(1), "b: 1 file and no subfolders");
     Tick(1);
     EXPECT_EQ(Summary(),
               "2 selected (of 3).\r\nA total of 2 files and 1 subfolder directly in them, 1.57 Kb.");
+    EXPECT_EQ(NameAt(2) + ": " + ContentAt(2), "c: permission denied");
     Tick(2);
-    EXPECT_EQ(Summary().substr(0, 27), "All 3 subfolders selected.\r");
+    EXPECT_TRUE(Summary().starts_with("All 3 subfolders selected.\r\n"));
     EXPECT_EQ(select->cmdSelectDeselectAllSubfolders.text(), "Deselect all");
+    EXPECT_FALSE(select->rows[3]->chkSubfolder.visible());
   });
+  EXPECT_EQ(ContentText({"", false, Subfolder::State::kRead, 9'999, 10'000}),
+            "9999 files and over 9999 subfolders");
 }
 
 TEST_F(SelectSubfolders, ShowsThousandsInTheRowsThatAreInView) {

@@ -24,16 +24,13 @@ TEST_F(StartUp, WithoutALastRunShowsEveryDefaultAndWaitsForASource) {
   EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
 }
 
-TEST_F(StartUp, TheFocusGoesWhereTheNextStepIs) {
+TEST_F(StartUp, TheFocusGoesWhereTheNextStepIsAndFoldersThatHaveGoneAreClearedWithoutAWord) {
   StartWithSetup();
   EXPECT_EQ(window->focused(), &window->cmdBackupModifiedFiles);
-  setup.TargetFolder.clear();
+  setup.TargetFolder = "/gone";
   StartWithSetup();
   EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[1]);
-}
-
-TEST_F(StartUp, FoldersThatHaveGoneAreClearedWithoutAWord) {
-  setup.SourceFolder = setup.TargetFolder = "/gone";
+  setup.SourceFolder = "/gone";
   EXPECT_EQ(StartWithSetup().CurrentSetup(), app::Setup{});
   EXPECT_EQ(Said(), "");
 }
@@ -61,7 +58,7 @@ TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwiceAndNotByTheTitleBar) {
     frmMain& main = program.Start();
     Tick(main.chkSaveSetupOnQuit, ticked);
     if (just_saved) main.MarkSetupSaved();
-    by_title_bar ? main.UserClosed() : void(Click(main.cmdQuit));
+    by_title_bar ? main.UserClosed() : static_cast<void>(Click(main.cmdQuit));
     EXPECT_TRUE(program.front_end.quitting());
     return program.files.Exists(kLastRun);
   };

@@ -10,22 +10,14 @@ ROOT = os.environ.get("QV_SOURCE_ROOT", os.path.join(os.path.dirname(os.path.abs
 
 # Folder -> what it may include from besides itself and "base", which is open to all. An entry is a folder or a file.
 MAY_INCLUDE = {
-    "base": [],
-    "app/data": [],
-    "text": [],
-    "platform": [],
-    "ui": [],
+    "base": [], "app/data": [], "text": [], "platform": [], "ui": [],
     "engine/listener": ["app/data"],
     "engine": ["engine/listener", "platform", "text", "app/data"],
     "report": ["engine/listener", "ui", "platform", "text", "app/data"],
     "services": ["ui/dialogs.h", "platform", "text", "app/data"],
     "app": ["report", "services", "engine", "engine/listener", "ui", "platform", "text", "app/data"],
-    "ui/qt": ["ui"],
-    "ui/win32": ["ui"],
-    "ui/headless": ["ui"],
-    "platform/posix": ["platform"],
-    "platform/windows": ["platform"],
-    "platform/memory": ["platform"],
+    "ui/qt": ["ui"], "ui/win32": ["ui"], "ui/headless": ["ui"],
+    "platform/posix": ["platform"], "platform/windows": ["platform"], "platform/memory": ["platform"],
 }
 MAY_INCLUDE["main"] = list(MAY_INCLUDE)
 

@@ -6,17 +6,15 @@ namespace services {
 
 constexpr int kPeriods = 10;
 
-const app::Setup kFull{"/home/käthe",
-                       "/mnt/backup",
-                       {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
-                       true,
-                       "j?g",
-                       "tmp, /cache/",
-                       2,
-                       true,
-                       false,
-                       false,
-                       true};
+const app::Setup kFull{.SourceFolder = "/home/käthe",
+                       .TargetFolder = "/mnt/backup",
+                       .IncludedFolders = {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
+                       .IncludeSubfolders = true,
+                       .FileExtension = "j?g",
+                       .SkipFilepaths = "tmp, /cache/",
+                       .ModifiedSince = 2,
+                       .ExcludeFilesInSourceFolder = true,
+                       .SaveSetupOnQuit = true};
 
 TEST(SetupText, StandsInTheLayoutToTheByte) {
   EXPECT_EQ(SetupText({}), "\r\n\r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n\r\n 0 \r\n\r\n");
