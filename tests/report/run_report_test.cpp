@@ -5,7 +5,7 @@
 namespace report {
 
 using app::Operation;
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 
 constexpr Operation kList = Operation::kListIncludedSubfolders;
 constexpr Operation kCheck = Operation::kCheckBackupState;
