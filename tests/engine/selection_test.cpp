@@ -91,17 +91,12 @@ TEST(Selection, LeavesOutLargeSystemAndSwapFilesOnly) {
   EXPECT_EQ(left_out("/c", "x.sys", "", platform::kUnknownSize), text::kLargeSystemFileSkipped);
   EXPECT_EQ(left_out("/c/Windows", "a.swp", "", large), text::kLargeSwapFileSkipped);
   EXPECT_EQ(left_out("/c/home", "a.swp", "", large), 0);
+  EXPECT_EQ(left_out("/c", "Thumbs.db", "", 1), 0) << "unless picture caches are to be skipped";
+  EXPECT_FALSE(
+      SelectFile({Operation::kBackupAllFiles, {}, true}, {"/c", File(1, {}, "THUMBS.DB ")}).selected);
   const Entry up_to_date = File(large, kNoon, "x.sys");
   EXPECT_EQ(
       SelectFile({Operation::kBackupModifiedFiles, {}, false}, {"/c", up_to_date, &up_to_date}).skip_text, 0);
-}
-
-TEST(Selection, PictureCachesAreLeftOutOnlyWhileTheSwitchIsOn) {
-  for (const auto& [name, is_one] : {std::pair("THUMBS.DB ", true), {"thumbs.db.bak", false}}) {
-    const Entry file = File(1, {}, name);
-    EXPECT_TRUE(SelectFile({Operation::kBackupAllFiles, {}, false}, {"/a", file}).selected) << name;
-    EXPECT_NE(SelectFile({Operation::kBackupAllFiles, {}, true}, {"/a", file}).selected, is_one) << name;
-  }
 }
 
 TEST(Selection, TheLimitLooksAtTheFilesOwnTimeAlsoForNewFiles) {
