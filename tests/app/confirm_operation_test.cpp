@@ -148,13 +148,9 @@ TEST_F(ConfirmOperation, ScrollsToFactsThatDoNotFit) {
 }
 
 TEST(LineBreak, KeepsEveryLineWithinTheWidth) {
-  const auto broken = [](const char* text) {
-    return BreakLines(text, 10, [](const std::string& line) { return static_cast<ui::Twips>(line.size()); });
-  };
-  EXPECT_EQ(broken("1234567890 one two three"), "1234567890\r\none two\r\nthree");
-  EXPECT_EQ(broken("a\r\n\r\nb"), "a\r\n\r\nb");
-  EXPECT_EQ(broken("/home/someone/files"), "/home/\r\nsomeone/\r\nfiles");
-  EXPECT_EQ(broken("withoutanyplacetobreak"), "withoutany\r\nplacetobre\r\nak");
+  const auto measure = [](const std::string& line) { return static_cast<ui::Twips>(line.size()); };
+  EXPECT_EQ(BreakLines("1234567890 one two three\r\n\r\n/home/someone/files withoutanyplace", 10, measure),
+            "1234567890\r\none two\r\nthree\r\n\r\n/home/\r\nsomeone/\r\nfiles\r\nwithoutany\r\nplace");
 }
 
 }  // namespace app::test
