@@ -80,7 +80,6 @@ TEST_F(ReportButtons, AReportIsHiddenOnlyWhereNothingIsHalfDoneAndShownAgainAtTh
   }
   EXPECT_FALSE(window.txbText.visible());
   window.cmdPauseContinue_Click();
-  EXPECT_FALSE(window.chkSuppressDisplayOfReport.visible());
   Click(window.cmdCancelClose);
   window.cmdPauseContinue_Click();
   EXPECT_EQ(Shown(), "[Close]");

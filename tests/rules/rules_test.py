@@ -98,8 +98,6 @@ def write(root, path, text):
 
 
 class Rules(unittest.TestCase):
-    maxDiff = None
-
     def test_the_source_tree_holds_to_them(self):
         self.assertGreater(len(list(source_files(ROOT))), 50)
         self.assertEqual(list(faults(ROOT)), [])
