@@ -6,7 +6,6 @@ namespace app::test {
 using namespace ui::headless;
 
 struct StartUp : testing::Test, Program {};
-using Clock = StartUp;
 using Quit = StartUp;
 
 TEST_F(StartUp, WithoutALastRunShowsEveryDefaultAndWaitsForASource) {
@@ -33,7 +32,7 @@ TEST_F(StartUp, TheFocusGoesWhereTheNextStepIsAndFoldersThatHaveGoneAreClearedWi
   EXPECT_EQ(Said(), "");
 }
 
-TEST_F(Clock, ShowsClearOnlyWhileThereAreSkipPatternsAndForgetsASaveAfterTenTicks) {
+TEST_F(StartUp, TheClockShowsClearOnlyWhileThereAreSkipPatternsAndForgetsASaveAfterTenTicks) {
   Start();
   Type(window->txbExcludedFilepaths, "temp");
   front_end.PassTime(1'000);

@@ -1,5 +1,3 @@
-#include <vector>
-
 #include "tests/report/report_scene.h"
 
 namespace report {

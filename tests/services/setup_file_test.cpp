@@ -16,11 +16,8 @@ struct SetupFile : testing::Test {
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  LoadedSetup Load() {
+  LoadedSetup Load(const std::string& path = "/x.qvr") {
     EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
-    return LoadFrom("/x.qvr");
-  }
-  LoadedSetup LoadFrom(const std::string& path) {
     return LoadOperationFile({files, dialogs, form, texts, true}, path);
   }
 
@@ -61,8 +58,8 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
   files.AddHugeFile("/huge.qvr", 1'000'000'000);
   const std::pair<std::string, int> cases[] = {
       {"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75}, {"/huge.qvr", 75}};
-  for (const auto& [path, error] : cases) EXPECT_EQ(LoadFrom(path).result, error) << path;
-  EXPECT_TRUE(LoadFrom("/short.qvr").setup.SuppressDetailedReports);
+  for (const auto& [path, error] : cases) EXPECT_EQ(Load(path).result, error) << path;
+  EXPECT_TRUE(Load("/short.qvr").setup.SuppressDetailedReports);
 }
 
 }  // namespace services
