@@ -1,9 +1,7 @@
 #include "ui/win32/wide_text.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "base/utf8.h"
+#include "ui/caption.h"
 
 namespace ui::win32 {
 namespace {
@@ -47,10 +45,6 @@ void AppendUtf8(std::string& text, char32_t code) {
   }
 }
 
-bool SameLetter(char a, char b) {
-  return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-}
-
 }  // namespace
 
 std::wstring ToWide(std::string_view text) {
@@ -78,15 +72,7 @@ std::string FromWide(std::wstring_view text) {
 }
 
 std::wstring ToCaption(std::string_view text, char access_key) {
-  const auto key = access_key == 0 ? text.end() : std::find_if(text.begin(), text.end(), [=](char c) {
-    return SameLetter(c, access_key);
-  });
-  std::string caption;
-  for (auto c = text.begin(); c != text.end(); ++c) {
-    if (c == key || *c == '&') caption += '&';
-    caption += *c;
-  }
-  return ToWide(caption);
+  return ToWide(MarkAccessKey(text, access_key));
 }
 
 std::size_t UnitsOf(std::string_view text, std::size_t characters) {
