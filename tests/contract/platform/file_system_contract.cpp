@@ -3,57 +3,58 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace platform::contract {
+#include "platform/path.h"
 
-FileSystemContract::FileSystemContract() : scene_(GetParam()()) {
+namespace platform::contract {
+namespace {
+
+template <typename T>
+T Must(Result<T> result, const std::string& relative) {
+  if (!result) throw std::runtime_error(relative + ": " + result.error().text);
+  return std::move(*result);
+}
+
+}  // namespace
+
+SceneTest::SceneTest(std::unique_ptr<Scene> scene) : scene_(std::move(scene)) {
   AddFolder("from");
   AddFolder("to");
 }
 
-std::string FileSystemContract::At(const std::string& relative) const {
+std::string SceneTest::At(const std::string& relative) const {
   std::string path = scene_->root() + '/' + relative;
-  std::replace(path.begin(), path.end(), '/', scene_->separator());
+  std::replace(path.begin(), path.end(), '/', Separator());
   return path;
 }
 
-void FileSystemContract::AddFolder(const std::string& relative) {
-  ASSERT_TRUE(files().CreateFolder(At(relative)).ok()) << relative;
-}
+void SceneTest::AddFolder(const std::string& relative) { Must(files().CreateFolder(At(relative)), relative); }
 
-void FileSystemContract::AddFile(const std::string& relative, const std::string& content, FileTime modified) {
-  ASSERT_TRUE(files().WriteFile(At(relative), content).ok()) << relative;
+void SceneTest::AddFile(const std::string& relative, const std::string& content, FileTime modified) {
+  Must(files().WriteFile(At(relative), content), relative);
   scene_->SetModified(At(relative), modified);
 }
 
-std::string FileSystemContract::ContentOf(const std::string& relative) {
-  const auto content = files().ReadFile(At(relative), 1 << 30);
-  return content.ok() ? *content : "<" + content.error().text + ">";
+std::string SceneTest::ContentOf(const std::string& relative) {
+  return Must(files().ReadFile(At(relative), 1 << 30), relative);
 }
 
-Entry FileSystemContract::EntryAt(const std::string& relative) {
-  auto entry = files().Look(At(relative));
-  if (!entry.ok()) throw std::runtime_error(relative + ": " + entry.error().text);
-  return *entry;
+Entry SceneTest::EntryAt(const std::string& relative) { return Must(files().Look(At(relative)), relative); }
+
+std::unique_ptr<Folder> SceneTest::Open(const std::string& relative) {
+  return Must(files().OpenFolder(At(relative)), relative);
 }
 
-std::unique_ptr<Folder> FileSystemContract::Open(const std::string& relative) {
-  auto folder = files().OpenFolder(At(relative));
-  if (!folder.ok()) throw std::runtime_error(relative + ": " + folder.error().text);
-  return std::move(*folder);
-}
-
-std::vector<std::string> FileSystemContract::NamesIn(const std::string& relative) {
-  std::vector<std::string> names;
+std::vector<std::string> SceneTest::NamesIn(const std::string& relative) {
+  Names names;
   const auto folder = Open(relative);
   for (const Entry& entry : folder->entries()) names.push_back(entry.name);
   std::sort(names.begin(), names.end());
   return names;
 }
 
-Result<CopyOutcome> FileSystemContract::Copy(const std::string& name, const CopyWatcher& watcher) {
+Result<CopyOutcome> SceneTest::Copy(const std::string& name, const CopyWatcher& watcher) {
   const auto from = Open("from");
-  const auto to = Open("to");
-  return files().CopyFile(*from, Named(*from, name), *to, watcher);
+  return files().CopyFile(*from, Named(*from, name), *Open("to"), watcher);
 }
 
 const Entry& Named(const Folder& folder, const std::string& name) {

@@ -15,18 +15,14 @@ TEST_P(SettingsStoreContract, AKeyIsCreatedOnceAndItsValuesAreReplaced) {
   EXPECT_EQ(first.disposition, Disposition::kCreated);
   EXPECT_EQ(store_->Write("SOFTWARE\\program", "LAST RUN", "later").disposition, Disposition::kOpened);
   EXPECT_TRUE(store_->HasKey("software\\PROGRAM"));
-  const auto read = store_->Read("Software\\Program", "Last run");
-  EXPECT_EQ(read.code, kStoreSuccess);
-  EXPECT_TRUE(read.has_value);
-  EXPECT_EQ(read.value, "later");
+  EXPECT_EQ(store_->Read("Software\\Program", "Last run").value, "later");
 }
 
 TEST_P(SettingsStoreContract, AMissingValueHasTheNumberTwo) {
   EXPECT_EQ(store_->Read("Key", "name").code, kStoreNotFound);
   ASSERT_EQ(store_->Write("Key", "other", "x").set_code, kStoreSuccess);
-  const auto read = store_->Read("Key", "name");
-  EXPECT_EQ(read.code, kStoreNotFound);
-  EXPECT_FALSE(read.has_value);
+  EXPECT_EQ(store_->Read("Key", "name").code, kStoreNotFound);
+  EXPECT_FALSE(store_->Read("Key", "name").has_value);
 }
 
 TEST_P(SettingsStoreContract, AnyTextComesBackAsItWas) {
@@ -35,28 +31,29 @@ TEST_P(SettingsStoreContract, AnyTextComesBackAsItWas) {
     ASSERT_EQ(store_->Write("Key\\" + text, "name=" + text, text).set_code, kStoreSuccess);
     ASSERT_EQ(store_->Write("Key\\" + text, "second", "x").set_code, kStoreSuccess);
     const auto read = store_->Read("Key\\" + text, "name=" + text);
+    EXPECT_EQ(read.code, kStoreSuccess);
     EXPECT_TRUE(read.has_value) << text;
     EXPECT_EQ(read.value, text);
   }
 }
 
 TEST_P(SettingsStoreContract, MessagesAreShortAndUnknownNumbersHaveNone) {
-  for (const int code : {kStoreSuccess, kStoreNotFound, kStoreAccessDenied}) {
+  for (int code = 0; code < 2000; ++code) {
     const std::string text = store_->Message(code);
-    EXPECT_FALSE(text.empty());
-    EXPECT_LE(text.size(), 100u);
-    EXPECT_EQ(text.find_first_of("\r\n"), std::string::npos);
+    EXPECT_LE(text.size(), 100u) << code;
+    EXPECT_FALSE(text.ends_with('\n') || text.ends_with('\r') || text.ends_with(' ')) << code;
   }
+  for (const int code : {kStoreSuccess, kStoreNotFound, kStoreAccessDenied})
+    EXPECT_NE(store_->Message(code), "");
   EXPECT_EQ(store_->Message(987'654'321), "");
 }
 
-TEST_P(ClockContract, LocalTimeIsUtcAndWholeMinutesOfOffset) {
+TEST_P(ClockContract, LocalTimeIsUtcAndAFewWholeMinutes) {
   for (const std::int64_t seconds : {-1'000'000'000LL, 0LL, 951'782'400LL, 1'700'000'000LL}) {
-    const CalendarTime utc = ToUtc({seconds, 0});
     const CalendarTime local = clock_->ToLocal({seconds, 0});
-    EXPECT_EQ(local.second, utc.second);
-    EXPECT_LE(std::abs(local.year - utc.year), 1);
-    EXPECT_GE(local.day_of_year, 1);
+    std::int64_t minutes = -12 * 60;
+    while (minutes <= 14 * 60 && ToUtc({seconds + minutes * 60, 0}) != local) ++minutes;
+    EXPECT_LE(minutes, 14 * 60) << seconds;
   }
 }
 

@@ -1,12 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <initializer_list>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "platform/posix/child_process.h"
 #include "platform/posix/dos_attributes.h"
 #include "platform/posix/file_settings_store.h"
@@ -19,28 +12,8 @@
 namespace platform::posix {
 namespace {
 
-/// Environment variables for as long as it lives; null takes one away.
-class Environment {
- public:
-  Environment(std::initializer_list<std::pair<const char*, const char*>> values) {
-    for (const auto& [name, value] : values) {
-      const char* old = std::getenv(name);
-      old_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-      Set(name, value);
-    }
-  }
-  ~Environment() {
-    for (const auto& [name, value] : old_) Set(name, value ? value->c_str() : nullptr);
-  }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-
- private:
-  static void Set(const std::string& name, const char* value) {
-    value ? setenv(name.c_str(), value, 1) : unsetenv(name.c_str());
-  }
-  std::vector<std::pair<std::string, std::optional<std::string>>> old_;
-};
+/// Null takes the variable away. Every test sets all that it depends on, so nothing is put back.
+void SetEnvironment(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
 
 TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
   const struct {
@@ -56,15 +29,17 @@ TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
       {"POSIX", nullptr, "de_DE", nullptr, "en"},
   };
   for (const auto& c : cases) {
-    const Environment environment{
-        {"LC_ALL", c.all}, {"LC_MESSAGES", c.messages}, {"LANG", c.lang}, {"LANGUAGE", c.language}};
+    SetEnvironment("LC_ALL", c.all);
+    SetEnvironment("LC_MESSAGES", c.messages);
+    SetEnvironment("LANG", c.lang);
+    SetEnvironment("LANGUAGE", c.language);
     EXPECT_EQ(PosixLocale().Language(), c.expected) << (c.lang ? c.lang : "");
   }
 }
 
 TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
   for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
-    const Environment environment{{"LC_ALL", name}};
+    SetEnvironment("LC_ALL", name);
     PosixLocale locale;
     EXPECT_EQ(locale.ThousandsSeparator(), ",") << name;
     EXPECT_EQ(locale.DecimalSeparator(), ".") << name;
@@ -74,17 +49,17 @@ TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
 }
 
 TEST(PosixClock, LocalTimeKnowsDaylightSaving) {
-  const Environment environment{{"TZ", "CET-1CEST,M3.5.0,M10.5.0/3"}};
+  SetEnvironment("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
   PosixClock clock;
-  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}).hour, ToUtc({1'700'000'000, 0}).hour + 1);
-  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}).hour, ToUtc({1'690'000'000, 0}).hour + 2);
+  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'003'600, 0}));
+  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}), ToUtc({1'690'007'200, 0}));
 }
 
 TEST(FileSettingsStore, LinesThatCannotBeReadArePassedOver) {
   test::Scratch scratch;
   const std::string path = scratch.path() + "/settings";
-  PosixFileSystem files;
-  ASSERT_TRUE(files.WriteFile(path, "early=1\n[Key]\r\nnonsense\n\nname=value\r\n[open\n=\nlast=\\").ok());
+  ASSERT_TRUE(
+      PosixFileSystem().WriteFile(path, "early=1\n[Key]\r\nnonsense\n\nname=value\r\n[open\n=\nlast=\\"));
   FileSettingsStore store(path);
   EXPECT_EQ(store.Read("key", "NAME").value, "value");
   EXPECT_EQ(store.Read("Key", "last").value, "\\");
@@ -92,31 +67,30 @@ TEST(FileSettingsStore, LinesThatCannotBeReadArePassedOver) {
 }
 
 TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
-  test::Scratch scratch;
-  const std::string path = scratch.path() + "/settings";
-  std::filesystem::create_directory(path);
-  FileSettingsStore store(path);
+  test::Scratch folder;  // takes the file's place
+  FileSettingsStore store(folder.path());
   EXPECT_NE(store.Write("Key", "name", "value").create_code, kStoreSuccess);
   EXPECT_NE(store.Read("Key", "name").code, kStoreSuccess);
   EXPECT_FALSE(store.Message(store.Read("Key", "name").code).empty());
 }
 
-TEST(DosAttributes, AreReadInEveryFormThatIsAbout) {
+TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
-  const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x02\0\0\0", 16);
+  const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);
+  const std::string changed_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x24\0\0\0with more", 25);
   const std::string not_valid("\0\0\5\0\5\0\0\0\x10\0\0\0\x02\0\0\0", 16);
   const std::pair<std::string, Attributes> cases[] = {{"0x2", kHidden},
                                                       {"0x26", kHidden | kSystem},
                                                       {"0x21", 0},
                                                       {version_3, kHidden | kSystem},
-                                                      {version_5, kHidden},
+                                                      {version_5, kHidden | kSystem},
                                                       {not_valid, 0},
                                                       {"", 0},
-                                                      {"rubbish", 0},
-                                                      {std::string("\0", 1), 0}};
+                                                      {"rubbish", 0}};
   for (const auto& [value, bits] : cases) EXPECT_EQ(BitsOfDosAttribute(value), bits) << value;
   EXPECT_EQ(WithDosBits("0x23", kSystem), "0x24");
   EXPECT_EQ(WithDosBits("", kHidden), "0x2");
+  EXPECT_EQ(WithDosBits(version_5, kSystem), changed_5);
 }
 
 TEST(ChildProcess, WordsArePartedAtBlanksOutsideQuotes) {
@@ -127,8 +101,7 @@ TEST(ChildProcess, WordsArePartedAtBlanksOutsideQuotes) {
 }
 
 TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
-  test::Scratch scratch;
-  const Environment environment{{"PATH", scratch.path().c_str()}};
+  SetEnvironment("PATH", "/no/such/folder");
   EXPECT_EQ(FindSystemCommand("sh").substr(0, 1), "/");
   EXPECT_EQ(FindSystemCommand("../bin/sh"), "");
   EXPECT_EQ(FindSystemCommand(""), "");
@@ -141,7 +114,8 @@ TEST(PosixShell, SettingsLieWhereTheDesktopSays) {
   } cases[] = {
       {"/conf", "/home/me", "/conf"}, {nullptr, "/home/me", "/home/me/.config"}, {"rel", "/h", "/h/.config"}};
   for (const auto& c : cases) {
-    const Environment environment{{"XDG_CONFIG_HOME", c.config}, {"HOME", c.home}};
+    SetEnvironment("XDG_CONFIG_HOME", c.config);
+    SetEnvironment("HOME", c.home);
     EXPECT_EQ(PosixShell().ApplicationDataFolder(), c.expected);
   }
   EXPECT_TRUE(std::filesystem::exists(PosixShell().ProgramFolder() + "/test_platform_posix"));

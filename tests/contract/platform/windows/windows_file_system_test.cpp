@@ -1,0 +1,81 @@
+#include <filesystem>
+
+#include "platform/windows/handle.h"
+#include "platform/windows/long_path.h"
+#include "platform/windows/open_file.h"
+#include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_time.h"
+#include "tests/contract/platform/file_system_contract.h"
+#include "tests/platform/windows/temporary_folder.h"
+
+namespace platform::contract {
+namespace {
+
+/// What it does not offer needs an administrator's tools, or is no obstacle to the user that Wine runs as.
+class WindowsScene : public Scene {
+ public:
+  FileSystem& files() override { return files_; }
+  std::string root() const override { return folder_.path(); }
+  void SetModified(const std::string& path, FileTime modified) override {
+    const auto file = windows::OpenForAttributes(windows::LongPath(path), FILE_WRITE_ATTRIBUTES);
+    const FILETIME time = windows::ToSystem(modified);
+    ::SetFileTime(file.get(), nullptr, nullptr, &time);
+  }
+  /// Needs the developer mode of Windows; Wine says yes and does nothing.
+  bool MakeLink(const std::string& path, const std::string& destination) override {
+    const std::wstring link = windows::LongPath(path);
+    const std::wstring aim = windows::LongPath(destination);
+    const DWORD kind = std::filesystem::is_directory(aim) ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
+    ::CreateSymbolicLinkW(link.c_str(), aim.c_str(), kind | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE);
+    return ::GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+
+ private:
+  TemporaryFolder folder_;
+  windows::WindowsFileSystem files_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_unique<WindowsScene>));
+
+/// What only this file system can get wrong.
+class WindowsFiles : public SceneTest {
+ protected:
+  WindowsFiles() : SceneTest(std::make_unique<WindowsScene>()) {}
+};
+
+TEST_F(WindowsFiles, TheListingTellsAllThreeAttributes) {
+  AddFile("from/file", "x");
+  for (const Attributes bits : {0U, 1U, 2U, 4U, 7U}) {
+    ASSERT_TRUE(files().SetAttributes(At("from/file"), bits));
+    EXPECT_EQ(Named(*Open("from"), "file").attributes, bits);
+  }
+}
+
+TEST_F(WindowsFiles, OtherAttributesThanTheThreeStay) {
+  AddFile("from/file", "x");
+  const std::wstring file = windows::LongPath(At("from/file"));
+  ASSERT_TRUE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN));
+  ASSERT_TRUE(files().SetAttributes(At("from/file"), kSystem));
+  EXPECT_EQ(::GetFileAttributesW(file.c_str()), DWORD{FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_SYSTEM});
+}
+
+TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
+  AddFile("from/file", "new");
+  AddFile("to/file", "old");
+  for (const char* kept : {"from/file", "to/file"}) {
+    windows::FileHandle held(::CreateFileW(windows::LongPath(At(kept)).c_str(), GENERIC_READ, 0, nullptr,
+                                           OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(Copy("file").error().kind, ErrorKind::kInUse) << kept;
+    held.Close();
+    EXPECT_EQ(ContentOf("to/file"), "old");
+    EXPECT_EQ(NamesIn("to"), Names{"file"});
+  }
+}
+
+TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
+  EXPECT_TRUE(files().Space("c:"));
+  for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().Space(path)) << path;
+}
+
+}  // namespace
+}  // namespace platform::contract
