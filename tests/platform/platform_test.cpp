@@ -6,7 +6,6 @@
 #include "platform/file_system.h"
 
 namespace platform {
-namespace {
 
 TEST(TemporaryName, IsFreshAndKnownAsOne) {
   std::set<std::string> names;
@@ -37,5 +36,4 @@ TEST(UtcCalendar, HoldsAcrossLeapYearsAndBeforeTheEpoch) {
   for (const auto& [seconds, calendar] : cases) EXPECT_EQ(ToUtc({seconds, 0}), calendar) << seconds;
 }
 
-}  // namespace
 }  // namespace platform

@@ -1,7 +1,6 @@
 #include "tests/contract/platform/file_system_contract.h"
 
 namespace platform::contract {
-namespace {
 
 TEST_P(FileSystemContract, FoldersAreMadeOneAtATime) {
   AddFile("from/file", "x");
@@ -70,5 +69,4 @@ TEST_P(FileSystemContract, WhatIsMissingIsNotFound) {
   EXPECT_FALSE(files().OpenFolder(none).error().text.empty());
 }
 
-}  // namespace
 }  // namespace platform::contract

@@ -1,9 +1,6 @@
-#include <algorithm>
-
 #include "tests/contract/platform/file_system_contract.h"
 
 namespace platform::contract {
-namespace {
 
 constexpr std::size_t kBlock = std::size_t{256} * 1024;
 constexpr std::size_t kManyBlocks = std::size_t{9} * 1024 * 1024 + 3;
@@ -182,5 +179,4 @@ TEST_P(FileSystemContract, ExpectedFilesAreCopiedAsAnyOthersAlsoWhenSomeAreLeftO
   }
 }
 
-}  // namespace
 }  // namespace platform::contract

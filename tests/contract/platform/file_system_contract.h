@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/path.h"
 
 /// What every file system of the program is held to. An implementation takes part by a scene of its own and
 /// one INSTANTIATE_TEST_SUITE_P of FileSystemContract.
@@ -31,23 +35,66 @@ class Scene {
 };
 
 using SceneMaker = std::function<std::unique_ptr<Scene>()>;
+using Names = std::vector<std::string>;
+
+/// What a call has given; a failure ends the test.
+template <typename T>
+T Must(Result<T> result) {
+  if (!result) throw std::runtime_error(result.error().text);
+  return std::move(*result);
+}
+
+/// The entry of that name.
+inline const Entry& Named(const Folder& folder, const std::string& name) {
+  for (const Entry& entry : folder.entries()) {
+    if (entry.name == name) return entry;
+  }
+  throw std::runtime_error("not listed: " + name);
+}
+
+/// Bytes that do not repeat in step with any block.
+inline std::string Noise(std::size_t size) {
+  std::string bytes(size, '\0');
+  std::minstd_rand random;
+  for (char& byte : bytes) byte = static_cast<char>(random() >> 8);
+  return bytes;
+}
 
 /// A scene with the empty folders "from" and "to".
 class SceneTest : public testing::Test {
  protected:
-  explicit SceneTest(std::unique_ptr<Scene> scene);
+  explicit SceneTest(std::unique_ptr<Scene> scene) : scene_(std::move(scene)) {
+    AddFolder("from");
+    AddFolder("to");
+  }
 
   FileSystem& files() { return scene_->files(); }
   /// "a/b" below the scene's root.
-  std::string At(const std::string& relative) const;
-  void AddFolder(const std::string& relative);
-  void AddFile(const std::string& relative, const std::string& content, FileTime modified = kOldTime);
-  std::string ContentOf(const std::string& relative);
-  Entry EntryAt(const std::string& relative);
-  std::unique_ptr<Folder> Open(const std::string& relative);
-  std::vector<std::string> NamesIn(const std::string& relative);  ///< sorted
+  std::string At(const std::string& relative) const {
+    std::string path = scene_->root() + '/' + relative;
+    std::replace(path.begin(), path.end(), '/', Separator());
+    return path;
+  }
+  void AddFolder(const std::string& relative) { Must(files().CreateFolder(At(relative))); }
+  void AddFile(const std::string& relative, const std::string& content, FileTime modified = kOldTime) {
+    Must(files().WriteFile(At(relative), content));
+    scene_->SetModified(At(relative), modified);
+  }
+  std::string ContentOf(const std::string& relative) { return Must(files().ReadFile(At(relative), 1 << 30)); }
+  Entry EntryAt(const std::string& relative) { return Must(files().Look(At(relative))); }
+  std::unique_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }
+  Names NamesIn(const std::string& relative) {
+    Names names;
+    const auto folder = Open(relative);
+    for (const Entry& entry : folder->entries()) names.push_back(entry.name);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
   /// Copies from/`name` to "to".
-  Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {});
+  Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {}) {
+    const auto from = Open("from");
+    return files().CopyFile(*from, Named(*from, name), *Open("to"), watcher);
+  }
 
   static constexpr FileTime kOldTime{1'500'000'000, 123'456'700};
 
@@ -58,13 +105,5 @@ class FileSystemContract : public SceneTest, public testing::WithParamInterface<
  protected:
   FileSystemContract() : SceneTest(GetParam()()) {}
 };
-
-using Names = std::vector<std::string>;
-
-/// The entry of that name.
-const Entry& Named(const Folder& folder, const std::string& name);
-
-/// `size` bytes that do not repeat in step with any block.
-std::string Noise(std::size_t size);
 
 }  // namespace platform::contract

@@ -1,7 +1,6 @@
 #include "tests/contract/ui/contract_window.h"
 
 namespace contract {
-namespace {
 
 TEST_F(FrontEndContract, TabFollowsTheOrderOfMakingAndSkipsWhatCannotBeReached) {
   window_.list.SetVisible(false);
@@ -63,5 +62,4 @@ TEST_F(FrontEndContract, OnlyWhatIsReachableAndMeantForItTakesTheFocus) {
   EXPECT_TRUE(window_.line.has_focus());
 }
 
-}  // namespace
 }  // namespace contract

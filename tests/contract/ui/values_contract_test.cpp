@@ -1,7 +1,6 @@
 #include "tests/contract/ui/contract_window.h"
 
 namespace contract {
-namespace {
 
 TEST_F(FrontEndContract, TheProgramsOwnChangesRaiseNothing) {
   window_.check.on_click = window_.list.on_click = window_.bar.on_change = Count();
@@ -47,47 +46,37 @@ TEST_F(FrontEndContract, ChoosingFromAListThatIsEnabledSelectsAndRaisesOnce) {
   EXPECT_EQ(count_, 1);
 }
 
-TEST_F(FrontEndContract, ScrollingStaysInTheRange) {
-  window_.bar.SetRange(100, 10);
-  window_.bar.on_change = Count();
-  driver_->Drag(window_.bar, 40);
-  EXPECT_EQ(window_.bar.value(), 40);
-  driver_->Drag(window_.bar, 400);
-  EXPECT_EQ(window_.bar.value(), 100);
-  EXPECT_EQ(count_, 2);
-}
-
-TEST_F(FrontEndContract, TheWheelMovesTheBarOfTheFrameAndNoClosedList) {
+TEST_F(FrontEndContract, DraggingAndTheWheelOverItsFrameMoveABarWithinItsRange) {
   ui::DropDownList list(&window_.frame, "inside");
   list.SetItems({"a", "b"});
   driver_->TurnWheel(list, -1);
   window_.frame.SetScrollBar(&window_.bar);
   window_.bar.SetRange(100, 40);
+  window_.bar.on_change = Count();
   driver_->TurnWheel(list, -2);
   EXPECT_EQ(window_.bar.value(), 20);
-  EXPECT_EQ(list.list_index(), -1);
   driver_->TurnWheel(list, 9);
   EXPECT_EQ(window_.bar.value(), 0);
+  driver_->Drag(window_.bar, 400);
+  EXPECT_EQ(window_.bar.value(), 100);
+  EXPECT_EQ(count_, 3);
+  EXPECT_EQ(list.list_index(), -1) << "nor does a closed list take the wheel";
 }
 
-TEST_F(FrontEndContract, TypingChangesTheTextOnceForEveryKeyAtMost) {
+TEST_F(FrontEndContract, TypingChangesATextThatMayBeChangedOnceForEveryKeyAtMost) {
   window_.line.on_change = Count();
   driver_->Type(window_.line, "\xC3\xA4*.txt");
   EXPECT_EQ(window_.line.text(), "\xC3\xA4*.txt");
   EXPECT_EQ(window_.line.length(), 6U);
   EXPECT_GE(count_, 1);
   EXPECT_LE(count_, 6);
-}
-
-TEST_F(FrontEndContract, TypingIntoWhatIsReadOnlyOrDisabledChangesNothing) {
-  window_.line.SetText("kept");
-  window_.line.on_change = Count();
+  count_ = 0;
   window_.line.SetReadOnly(true);
   driver_->Type(window_.line, "x");
   window_.line.SetReadOnly(false);
   window_.line.SetEnabled(false);
   driver_->Type(window_.line, "x");
-  EXPECT_EQ(window_.line.text(), "kept");
+  EXPECT_EQ(window_.line.text(), "\xC3\xA4*.txt");
   EXPECT_EQ(count_, 0);
 }
 
@@ -124,7 +113,6 @@ TEST_F(FrontEndContract, SelectionsCountCodePointsAndTwoForALineEnd) {
     ui::Selection asked, got;
     const char* selected;
   } cases[] = {
-      {"abc", {1, 1}, {1, 1}, "b"},
       {"abc", {1, 99}, {1, 2}, "bc"},
       {"abc", {9, 1}, {3, 0}, ""},
       {"\xC3\xA4\xC3\xB6\xC3\xBC", {1, 1}, {1, 1}, "\xC3\xB6"},
@@ -147,5 +135,4 @@ TEST_F(FrontEndContract, SelectionsCountCodePointsAndTwoForALineEnd) {
   EXPECT_EQ(window_.report.selected_text(), "\xF0\x9F\x93\x81\r\ne");
 }
 
-}  // namespace
 }  // namespace contract

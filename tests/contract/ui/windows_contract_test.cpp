@@ -3,7 +3,6 @@
 #include "tests/contract/ui/contract_window.h"
 
 namespace contract {
-namespace {
 
 TEST_F(FrontEndContract, ATimerTicksEveryIntervalUntilItIsStopped) {
   window_.timer.on_timer = Count();
@@ -48,11 +47,14 @@ TEST_F(FrontEndContract, AModalWindowReturnsWhenItIsHiddenWhileTimersGoOn) {
 TEST_F(FrontEndContract, QuitEndsAModalWindowADialogAndTheRun) {
   Window dialog(front_end_, ui::FormStyle::kDialog);
   Later([&] {
-    WhenADialogIsOpen([this] { front_end_.Quit(3); });
-    EXPECT_FALSE(front_end_.dialogs().AskYesNo(dialog, {"Go on?", "", ui::Icon::kQuestion}));
+    Later([&] {
+      WhenADialogIsOpen([this] { front_end_.Quit(3); });
+      EXPECT_FALSE(front_end_.dialogs().AskYesNo(dialog, {"Go on?", "", ui::Icon::kQuestion}));
+    });
+    dialog.ShowModal(window_);
+    EXPECT_FALSE(dialog.visible());
   });
-  dialog.ShowModal(window_);
-  EXPECT_FALSE(dialog.visible());
+  EXPECT_EQ(front_end_.Run(), 3);
   EXPECT_TRUE(front_end_.quitting());
   EXPECT_EQ(front_end_.Run(), 3);
 }
@@ -137,5 +139,4 @@ TEST_F(FrontEndContract, TheClipboardKeepsLineEnds) {
   EXPECT_EQ(front_end_.clipboard().Text(), "");
 }
 
-}  // namespace
 }  // namespace contract

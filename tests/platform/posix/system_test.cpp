@@ -12,34 +12,35 @@
 namespace platform::posix {
 namespace {
 
-/// Null takes the variable away. Every test sets all that it depends on, so nothing is put back.
-void SetEnvironment(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
+/// These variables alone. A test sets all that it depends on, so nothing is put back.
+void SetEnvironment(const std::vector<std::string>& variables) {
+  clearenv();
+  for (const std::string& variable : variables) {
+    const std::size_t at = variable.find('=');
+    setenv(variable.substr(0, at).c_str(), variable.substr(at + 1).c_str(), 1);
+  }
+}
 
 TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
-  const struct {
-    const char *all, *messages, *lang, *language, *expected;
-  } cases[] = {
-      {nullptr, nullptr, "de_AT.UTF-8", nullptr, "de"},
-      {nullptr, "fr_FR", "de_AT", nullptr, "fr"},
-      {"nl_NL@euro", "fr_FR", "de_AT", nullptr, "nl"},
-      {nullptr, nullptr, "en_US.UTF-8", "de:en", "de"},
-      {nullptr, nullptr, "C.UTF-8", "de", "en"},
-      {nullptr, nullptr, nullptr, nullptr, "en"},
-      {"", "", "ast_ES", nullptr, "en"},
-      {"POSIX", nullptr, "de_DE", nullptr, "en"},
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{}, "en"},
+      {{"LANG=de_AT.UTF-8"}, "de"},
+      {{"LC_MESSAGES=fr_FR", "LANG=de_AT"}, "fr"},
+      {{"LC_ALL=nl_NL@euro", "LC_MESSAGES=fr_FR", "LANG=de_AT"}, "nl"},
+      {{"LANG=en_US.UTF-8", "LANGUAGE=de:en"}, "de"},
+      {{"LANG=C.UTF-8", "LANGUAGE=de"}, "en"},
+      {{"LC_ALL=", "LC_MESSAGES=", "LANG=ast_ES"}, "en"},
+      {{"LC_ALL=POSIX", "LANG=de_DE"}, "en"},
   };
-  for (const auto& c : cases) {
-    SetEnvironment("LC_ALL", c.all);
-    SetEnvironment("LC_MESSAGES", c.messages);
-    SetEnvironment("LANG", c.lang);
-    SetEnvironment("LANGUAGE", c.language);
-    EXPECT_EQ(PosixLocale().Language(), c.expected) << (c.lang ? c.lang : "");
+  for (const auto& [variables, language] : cases) {
+    SetEnvironment(variables);
+    EXPECT_EQ(PosixLocale().Language(), language) << testing::PrintToString(variables);
   }
 }
 
 TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
-  for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
-    SetEnvironment("LC_ALL", name);
+  for (const std::string name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
+    SetEnvironment({"LC_ALL=" + name});
     PosixLocale locale;
     EXPECT_EQ(locale.ThousandsSeparator(), ",") << name;
     EXPECT_EQ(locale.DecimalSeparator(), ".") << name;
@@ -49,7 +50,7 @@ TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
 }
 
 TEST(PosixClock, LocalTimeKnowsDaylightSaving) {
-  SetEnvironment("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+  SetEnvironment({"TZ=CET-1CEST,M3.5.0,M10.5.0/3"});
   PosixClock clock;
   EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'003'600, 0}));
   EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}), ToUtc({1'690'007'200, 0}));
@@ -101,7 +102,7 @@ TEST(ChildProcess, WordsArePartedAtBlanksOutsideQuotes) {
 }
 
 TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
-  SetEnvironment("PATH", "/no/such/folder");
+  SetEnvironment({"PATH=/no/such/folder"});
   EXPECT_EQ(FindSystemCommand("sh").substr(0, 1), "/");
   EXPECT_EQ(FindSystemCommand("../bin/sh"), "");
   EXPECT_EQ(FindSystemCommand(""), "");
@@ -109,15 +110,12 @@ TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
 }
 
 TEST(PosixShell, SettingsLieWhereTheDesktopSays) {
-  const struct {
-    const char *config, *home, *expected;
-  } cases[] = {
-      {"/conf", "/home/me", "/conf"}, {nullptr, "/home/me", "/home/me/.config"}, {"rel", "/h", "/h/.config"}};
-  for (const auto& c : cases) {
-    SetEnvironment("XDG_CONFIG_HOME", c.config);
-    SetEnvironment("HOME", c.home);
-    EXPECT_EQ(PosixShell().ApplicationDataFolder(), c.expected);
-  }
+  SetEnvironment({"HOME=/home/me", "XDG_CONFIG_HOME=/conf"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/conf");
+  SetEnvironment({"HOME=/home/me", "XDG_CONFIG_HOME=relative"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/home/me/.config");
+  SetEnvironment({"HOME=/home/me"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/home/me/.config");
   EXPECT_TRUE(std::filesystem::exists(PosixShell().ProgramFolder() + "/test_platform_posix"));
 }
 

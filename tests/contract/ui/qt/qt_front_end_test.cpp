@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "tests/contract/ui/contract_window.h"
+#include "ui/qt/qt_look.h"
 #include "ui/qt/qt_widget_peer.h"
 
 // What only this front end can get wrong.
@@ -22,17 +23,6 @@ TEST_F(QtFrontEndTest, AnAppendedTextLeavesTheRestUntouchedAndComesIntoView) {
   EXPECT_GE(edit->verticalScrollBar()->value(), edit->verticalScrollBar()->maximum() - 1);
 }
 
-double Luminance(const QColor& colour) {
-  const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-/// As WCAG 2.1 counts it: 7 is good for a text, 3 for a mark.
-double Contrast(const QPalette& colours, QPalette::ColorRole one, QPalette::ColorRole other) {
-  const auto [dark, light] = std::minmax({Luminance(colours.color(one)), Luminance(colours.color(other))});
-  return (light + 0.05) / (dark + 0.05);
-}
-
 TEST_F(QtFrontEndTest, EveryTextIsReadableOnThePaleGreenWindowWhateverTheDesktop) {
   const QPalette before = QApplication::palette();
   for (const QPalette& desktop : {before, QPalette(QColor(45, 45, 45), QColor(40, 40, 40))}) {
@@ -44,12 +34,14 @@ TEST_F(QtFrontEndTest, EveryTextIsReadableOnThePaleGreenWindowWhateverTheDesktop
     window.ForEach([](ui::Control& control) {
       if (WidgetOf(control) == nullptr) return;
       SCOPED_TRACE(control.name());
-      const QPalette colours = WidgetOf(control)->palette();
-      EXPECT_GE(Contrast(colours, QPalette::Text, QPalette::Base), 7);
-      EXPECT_GE(Contrast(colours, QPalette::ButtonText, QPalette::Button), 7);
-      EXPECT_GE(Contrast(colours, QPalette::WindowText, QPalette::Window), 7);
-      EXPECT_GE(Contrast(colours, QPalette::HighlightedText, QPalette::Highlight), 4.5);
-      EXPECT_GE(Contrast(colours, QPalette::Highlight, QPalette::Window), 3);
+      const auto contrast = [colours = WidgetOf(control)->palette()](auto one, auto other) {
+        return ui::qt::Contrast(colours.color(one), colours.color(other));
+      };
+      EXPECT_GE(contrast(QPalette::Text, QPalette::Base), 7);
+      EXPECT_GE(contrast(QPalette::ButtonText, QPalette::Button), 7);
+      EXPECT_GE(contrast(QPalette::WindowText, QPalette::Window), 7);
+      EXPECT_GE(contrast(QPalette::HighlightedText, QPalette::Highlight), 4.5);
+      EXPECT_GE(contrast(QPalette::Highlight, QPalette::Window), 3);
     });
   }
   QApplication::setPalette(QPalette(Qt::black, Qt::black));  // a desktop of high contrast keeps its colours

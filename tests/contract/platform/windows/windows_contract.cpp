@@ -3,9 +3,14 @@
 #include "platform/windows/handle.h"
 #include "platform/windows/long_path.h"
 #include "platform/windows/open_file.h"
+#include "platform/windows/registry_store.h"
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_clock.h"
 #include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_locale.h"
 #include "platform/windows/windows_time.h"
 #include "tests/contract/platform/file_system_contract.h"
+#include "tests/contract/platform/system_contract.h"
 #include "tests/platform/windows/temporary_folder.h"
 
 namespace platform::contract {
@@ -35,28 +40,44 @@ class WindowsScene : public Scene {
   windows::WindowsFileSystem files_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_unique<WindowsScene>));
+/// A store in a key of its own, which plays the user's hive while it lives.
+class ScratchRegistry : public windows::RegistryStore {
+ public:
+  ScratchRegistry() {
+    HKEY key = nullptr;
+    ::RegCreateKeyW(HKEY_CURRENT_USER, name_.c_str(), &key);
+    ::RegOverridePredefKey(HKEY_CURRENT_USER, key);
+    ::RegCloseKey(key);
+  }
+  ~ScratchRegistry() override {
+    ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    ::RegDeleteTreeW(HKEY_CURRENT_USER, name_.c_str());
+  }
 
-/// What only this file system can get wrong.
+ private:
+  const std::wstring name_ = L"Software\\" + windows::Widen(MakeTemporaryName());
+};
+
+INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_unique<WindowsScene>));
+INSTANTIATE_TEST_SUITE_P(Windows, SettingsStoreContract, testing::Values(std::make_shared<ScratchRegistry>));
+INSTANTIATE_TEST_SUITE_P(Windows, ClockContract, testing::Values(std::make_shared<windows::WindowsClock>));
+INSTANTIATE_TEST_SUITE_P(Windows, LocaleContract, testing::Values(std::make_shared<windows::WindowsLocale>));
+
+/// What only this system can get wrong.
 class WindowsFiles : public SceneTest {
  protected:
   WindowsFiles() : SceneTest(std::make_unique<WindowsScene>()) {}
 };
 
-TEST_F(WindowsFiles, TheListingTellsAllThreeAttributes) {
+TEST_F(WindowsFiles, TheListingTellsAllThreeAttributesAndOthersStay) {
   AddFile("from/file", "x");
+  const std::wstring file = windows::LongPath(At("from/file"));
+  ASSERT_TRUE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_ARCHIVE));
   for (const Attributes bits : {0U, 1U, 2U, 4U, 7U}) {
     ASSERT_TRUE(files().SetAttributes(At("from/file"), bits));
     EXPECT_EQ(Named(*Open("from"), "file").attributes, bits);
+    EXPECT_EQ(::GetFileAttributesW(file.c_str()), FILE_ATTRIBUTE_ARCHIVE | bits);
   }
-}
-
-TEST_F(WindowsFiles, OtherAttributesThanTheThreeStay) {
-  AddFile("from/file", "x");
-  const std::wstring file = windows::LongPath(At("from/file"));
-  ASSERT_TRUE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN));
-  ASSERT_TRUE(files().SetAttributes(At("from/file"), kSystem));
-  EXPECT_EQ(::GetFileAttributesW(file.c_str()), DWORD{FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_SYSTEM});
 }
 
 TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
@@ -75,6 +96,12 @@ TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
 TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
   EXPECT_TRUE(files().Space("c:"));
   for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().Space(path)) << path;
+}
+
+TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
+  ScratchRegistry store;
+  ASSERT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, L"Key", L"name", REG_SZ, L"ab", 6), 0);
+  EXPECT_EQ(store.Read("Key", "name").value, "ab");
 }
 
 }  // namespace

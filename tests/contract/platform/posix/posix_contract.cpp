@@ -5,8 +5,12 @@
 #include <climits>
 #include <csignal>
 
+#include "platform/posix/file_settings_store.h"
+#include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_locale.h"
 #include "tests/contract/platform/file_system_contract.h"
+#include "tests/contract/platform/system_contract.h"
 #include "tests/platform/posix/scratch.h"
 
 namespace platform::contract {
@@ -40,7 +44,16 @@ class PosixScene : public Scene {
   posix::PosixFileSystem files_;
 };
 
+/// A store in a folder of its own that goes with it.
+class ScratchStore : public posix::test::Scratch, public posix::FileSettingsStore {
+ public:
+  ScratchStore() : FileSettingsStore(path() + "/not/there/yet/settings") {}
+};
+
 INSTANTIATE_TEST_SUITE_P(Posix, FileSystemContract, testing::Values(std::make_unique<PosixScene>));
+INSTANTIATE_TEST_SUITE_P(Posix, SettingsStoreContract, testing::Values(std::make_shared<ScratchStore>));
+INSTANTIATE_TEST_SUITE_P(Posix, ClockContract, testing::Values(std::make_shared<posix::PosixClock>));
+INSTANTIATE_TEST_SUITE_P(Posix, LocaleContract, testing::Values(std::make_shared<posix::PosixLocale>));
 
 /// What only this file system can get wrong.
 class PosixFiles : public SceneTest {
