@@ -41,8 +41,9 @@ void frmMain::ChooseFolder(std::size_t index) {
   if (!chosen) return;
   const std::string path = chosen->substr(0, chosen->find('\0'));
   if (path.empty() || !MayBeChosen(index, path)) return;
+  const std::string before = txbDirectory[index].text();
   TakeFolder(index, path);
-  OfferOtherFolder(index);
+  if (!before.empty() && before != path) OfferOtherFolder(index);
   SetInitialFocus();
 }
 
@@ -74,8 +75,8 @@ void frmMain::TakeFolder(std::size_t index, const std::string& path) {
   RefreshSourceFolderDisplay();
 }
 
-/// Asks once for each use of a button, and only while the other folder holds a path that may have to change
-/// with it.
+/// Somebody who replaces one folder often wants another pair. Asks once for each use of a button, and only
+/// while the other folder holds a path that may have to change with it.
 void frmMain::OfferOtherFolder(std::size_t index) {
   const std::size_t other = 1 - index;
   if (offering_other_folder_ || txbDirectory[other].text().empty() || operation_windows_.OperationRunning())
@@ -109,7 +110,8 @@ void frmMain::cmdCreateSubFolder_MouseUp() {
   const auto answer =
       dialogs.AskText(*this, {prompt, {}, left() + fraTarget.left() + cmdCreateSubFolder.left(), below});
   const std::string name = WithoutSeparatorsAtEnds(answer.value_or(std::string()));
-  if (!name.empty()) CreateSubfolder(platform::JoinPath(target, name));
+  const bool blank = name.find_first_not_of(' ') == std::string::npos;
+  if (!blank) CreateSubfolder(platform::JoinPath(target, name));
 }
 
 void frmMain::CreateSubfolder(const std::string& path) {

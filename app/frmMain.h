@@ -163,11 +163,18 @@ class frmMain : public ui::Form {
   ui::Button cmdClearSetup{&fraSetup, "cmdClearSetup"};
   ui::Button cmdRestoreSetup{&fraSetup, "cmdRestoreSetup"};
   ui::Button cmdKeepSetup{&fraSetup, "cmdKeepSetup"};
+  std::array<ui::Label, 5> lblSetupHint{
+      ui::Label{&fraSetup, "lblSetupHint 0"}, ui::Label{&fraSetup, "lblSetupHint 1"},
+      ui::Label{&fraSetup, "lblSetupHint 2"}, ui::Label{&fraSetup, "lblSetupHint 3"},
+      ui::Label{&fraSetup, "lblSetupHint 4"}};
   ui::Frame fraSaveSetup{this, "fraSaveSetup"};
   ui::Button cmdSaveSetupForNextRun{&fraSaveSetup, "cmdSaveSetupForNextRun"};
   ui::Button cmdSaveSetupAsOperationFile{&fraSaveSetup, "cmdSaveSetupAsOperationFile"};
   ui::Button cmdSaveSetupInBothWays{&fraSaveSetup, "cmdSaveSetupInBothWays"};
   ui::Button cmdDontSaveSetup{&fraSaveSetup, "cmdDontSaveSetup"};
+  std::array<ui::Label, 4> lblSaveSetupHint{
+      ui::Label{&fraSaveSetup, "lblSaveSetupHint 0"}, ui::Label{&fraSaveSetup, "lblSaveSetupHint 1"},
+      ui::Label{&fraSaveSetup, "lblSaveSetupHint 2"}, ui::Label{&fraSaveSetup, "lblSaveSetupHint 3"}};
   ui::Timer Clock{this, "Clock"};
   ui::Timer Clock2{this, "Clock2"};
   ui::Timer HintDelay{this, "HintDelay"};
@@ -186,6 +193,7 @@ class frmMain : public ui::Form {
   void InitialiseMainWindow();
   void ArrangeMainWindow();
   void ArrangeSetupFrames();
+  void SetTextBeside(const ui::Control& control, ui::Label& label, std::string text);
   void FitWidth();
   void PlaceOnScreen();
   void ShowPreviousRun();
@@ -211,7 +219,7 @@ class frmMain : public ui::Form {
   void ShowSetupFile(const std::string& path);
   ui::FileDialog SetupFileDialog(int title) const;
 
-  void ShowSummaryOfSubfolders(int error, int subfolders);
+  std::string SummaryOfSubfolders(int error, int subfolders) const;
   void ShowIncludedFolders(bool source_has_subfolders);
   /// Shows or disables what only makes sense with something else: Clear buttons, commands.
   void RefreshEnabledStates();
@@ -223,6 +231,8 @@ class frmMain : public ui::Form {
   report::frmPopUp hint_;
   const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
   Setup restore_snapshot_;
+  /// What the start-up found missing and said nothing about; an unattended run reports it.
+  std::vector<std::string> gone_at_start_;
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;

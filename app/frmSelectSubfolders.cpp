@@ -96,7 +96,7 @@ void frmSelectSubfolders::Form_Resize() {
   const Twips list = kMargin + kTitleHeight + kGap;
 
   lblTitle.SetBounds({kMargin, kMargin, width, kTitleHeight});
-  picSubfolders.SetBounds({kMargin, list, width - kScrollBarWidth, summary - kGap - list});
+  picSubfolders.SetBounds({kMargin, list, width, summary - kGap - list});
   vsbScrollBar.SetBounds({right - kScrollBarWidth, list, kScrollBarWidth, picSubfolders.height()});
   lblSelectionSummary.SetBounds({kMargin, summary, width, kSummaryHeight});
   cmdSelectDeselectAllSubfolders.SetBounds({kMargin, buttons, kButtonWidth, kButtonHeight});
@@ -129,8 +129,7 @@ void frmSelectSubfolders::ReadNames() {
     lblNothingListed.SetText("There are no subfolders");
   }
   cmdAccept.SetEnabled(listed.ok());
-  SetScrollRange();
-  ShowRows();
+  PlaceRows();
   if (list_.size() > 0) GoTo(0);
 }
 

@@ -45,6 +45,7 @@ void frmSelectSubfolders::MakeRows(std::size_t count) {
 
 void frmSelectSubfolders::PlaceRows() {
   MakeRows(RowsInView());
+  SetScrollRange();
   const Twips width = picSubfolders.width() - 2 * kInset;
   const Twips name_width = width * kNameShare / 100;
   const Twips height =
@@ -56,7 +57,6 @@ void frmSelectSubfolders::PlaceRows() {
         {kInset + name_width, top + kTextDrop, width - name_width, kRowHeight - kTextDrop});
   }
   lblNothingListed.SetBounds({kInset, kInset, width, 3 * kRowHeight});
-  SetScrollRange();
   ShowRows();
 }
 
@@ -64,7 +64,9 @@ void frmSelectSubfolders::SetScrollRange() {
   const std::size_t in_view = RowsInView();
   const std::size_t beyond = list_.size() - std::min(list_.size(), in_view);
   vsbScrollBar.SetRange(static_cast<int>(beyond), static_cast<int>(in_view));
-  vsbScrollBar.SetEnabled(beyond > 0);
+  vsbScrollBar.SetVisible(beyond > 0);
+  const Twips right = beyond > 0 ? vsbScrollBar.left() : vsbScrollBar.bounds().right();
+  picSubfolders.SetWidth(right - picSubfolders.left());
 }
 
 void frmSelectSubfolders::ShowRows() {

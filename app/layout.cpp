@@ -32,9 +32,6 @@ Twips FrameHeight(int rows) { return kFirstRow + rows * kStep + 60; }
 /// A label stands a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) { return {row.left, row.top + 75, row.width, row.height - 75}; }
 
-/// The same for a text that may need a second line: it may go on to the next row.
-Rect LevelOfTwoLines(Rect row) { return {row.left, row.top + 45, row.width, kStep - 45}; }
-
 }  // namespace
 
 void frmMain::ArrangeMainWindow() {
@@ -45,7 +42,7 @@ void frmMain::ArrangeMainWindow() {
   txbDirectory[0].SetBounds({kField, RowTop(0), kRightEdge - kSmallButton - kGap - kField, kRow});
   cmdClearFolder[0].SetBounds({kRightEdge - kSmallButton, RowTop(0), kSmallButton, kRow});
   cmdSelectSubfolders.SetBounds({kInset, RowTop(1), kButton, kRow});
-  lblNumSubfolders.SetBounds(LevelOfTwoLines({kField, RowTop(1), 3240, kRow}));
+  lblNumSubfolders.SetBounds(Level({kField, RowTop(1), 3240, kRow}));
   cboIncludedFolders.SetBounds(
       {kField + 3300, RowTop(1), kRightEdge - kSmallButton - kGap - kField - 3300, kRow});
   cmdRemoveSubfolder.SetBounds({kRightEdge - kSmallButton, RowTop(1), kSmallButton, kRow});
@@ -75,7 +72,7 @@ void frmMain::ArrangeMainWindow() {
   chkSuppressDetailedReports.SetBounds({kInset + 4560, RowTop(0), kRightEdge - kInset - 4560, kRow});
 
   lblWarningReFilesInUse.SetBounds({kMargin, fraOptions.bounds().bottom() + kGap, kLeftColumn, 450});
-  const Twips bottom_row = lblWarningReFilesInUse.bounds().bottom() + kGap;
+  const Twips bottom_row = lblWarningReFilesInUse.bounds().bottom() + 2 * kGap;
   chkSaveSetupOnQuit.SetBounds({kMargin, bottom_row, 3240, kRow});
   lblPreviousRun.SetBounds(Level({kMargin + 3360, bottom_row, 3960, kRow}));
   cmdQuit.SetBounds({kMargin + kLeftColumn - 1080, bottom_row, 1080, kRow});
@@ -107,16 +104,32 @@ void frmMain::ArrangeSetupFrames() {
   ui::Button* const setup[] = {&cmdLoadSetup, &cmdSaveSetup, &cmdClearSetup, &cmdRestoreSetup, &cmdKeepSetup};
   ui::Button* const save[] = {&cmdSaveSetupForNextRun, &cmdSaveSetupAsOperationFile, &cmdSaveSetupInBothWays,
                               &cmdDontSaveSetup};
-  const auto arrange = [](ui::Frame& frame, std::span<ui::Button* const> buttons) {
+  const auto arrange = [this](ui::Frame& frame, Twips width, std::span<ui::Button* const> buttons,
+                              std::span<ui::Label> hints) {
     int row = 0;
-    for (ui::Button* button : buttons) button->SetBounds({kInset, RowTop(row++), kButton, kRow});
-    frame.SetBounds({kMargin, 0, kButton + 2 * kInset, FrameHeight(row)});
+    for (ui::Button* button : buttons) {
+      ui::Label& hint = hints[static_cast<std::size_t>(row)];
+      hint.SetBounds({kField, 0, width - kInset - kField, kRow});
+      button->SetBounds({kInset, RowTop(row++), kButton, kRow});
+      SetTextBeside(*button, hint, button->description());
+    }
+    frame.SetBounds({kMargin, 0, width, FrameHeight(row)});
     frame.SetVisible(false);
   };
-  arrange(fraSetup, setup);
-  arrange(fraSaveSetup, save);
+  const Twips shift = cmdSetup.width() + 100;
+  arrange(fraSetup, kLeftColumn, setup, lblSetupHint);
+  arrange(fraSaveSetup, kLeftColumn - shift, save, lblSaveSetupHint);
+  fraSaveSetup.SetLeft(fraSetup.left() + shift);
   fraSetup.SetText("Setup");
   fraSaveSetup.SetText("Setup");
+}
+
+/// A text of one line is level with the control's, one of two lines goes on into the space below the row.
+void frmMain::SetTextBeside(const ui::Control& control, ui::Label& label, std::string text) {
+  const bool one_line = context_.front_end.TextWidth(text, label.font()) < label.width();
+  const Rect row{label.left(), control.top(), label.width(), kRow};
+  label.SetText(std::move(text));
+  label.SetBounds(one_line ? Level(row) : Rect{row.left, row.top + 45, row.width, kStep - 45});
 }
 
 /// Gives the window the inner width that its columns need, whatever borders the system has put around it.

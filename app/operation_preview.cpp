@@ -22,10 +22,12 @@ bool IsLeftOut(const std::string& path, EntryKind kind, const std::string& patte
 OperationPreview::OperationPreview(platform::FileSystem& files, const engine::RunRequest& request)
     : files_(files),
       setup_(request.setup),
+      nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
       rules_{request.operation,
              {setup_.FileExtension, engine::SplitSkipFilepaths(setup_.SkipFilepaths), request.modified_since},
              request.skip_picture_caches} {
-  FindNesting();
+  findings_.target_in_source = nesting_.TargetIsInSource();
+  findings_.source_in_target = nesting_.SourceIsInTarget();
   for (const std::string& pattern : rules_.filters.skip_patterns) findings_.hits.push_back({pattern, {}});
   for (auto name = setup_.IncludedFolders.rbegin(); name != setup_.IncludedFolders.rend(); ++name) {
     pending_.push_back({platform::JoinPath(setup_.SourceFolder, *name),
@@ -34,22 +36,11 @@ OperationPreview::OperationPreview(platform::FileSystem& files, const engine::Ru
   pending_.push_back({setup_.SourceFolder, setup_.TargetFolder, Level::kSource});
 }
 
-void OperationPreview::FindNesting() {
-  const auto source = files_.RealPath(setup_.SourceFolder);
-  const auto target = files_.RealPath(setup_.TargetFolder);
-  if (!source || !target) return;
-  findings_.target_in_source = platform::IsInside(*target, *source);
-  findings_.source_in_target = platform::IsInside(*source, *target);
-  if (!findings_.target_in_source) return;
-  target_in_source_ =
-      platform::JoinPath(setup_.SourceFolder, std::string_view(*target).substr(source->size()));
-}
-
 bool OperationPreview::Step() {
   if (pending_.empty()) return false;
   const Pending folder = std::move(pending_.back());
   pending_.pop_back();
-  if (folder.source != target_in_source_) LookInto(folder);
+  if (!nesting_.IsTarget(folder.source)) LookInto(folder);
   findings_.complete = pending_.empty();
   return true;
 }

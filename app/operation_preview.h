@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/folder_pair.h"
+#include "engine/nesting.h"
 #include "engine/operation_run.h"
 #include "engine/selection.h"
 #include "platform/file_system.h"
@@ -53,7 +54,6 @@ class OperationPreview {
     Level level = Level::kBelow;
   };
 
-  void FindNesting();
   void LookInto(const Pending& folder);
   bool IsThere(const std::string& path);
   void HoldPatternsAgainst(const platform::Folder& source);
@@ -62,9 +62,8 @@ class OperationPreview {
 
   platform::FileSystem& files_;
   Setup setup_;
+  engine::Nesting nesting_;
   engine::SelectionRules rules_;
-  std::string
-      target_in_source_;  ///< the target as a path that begins with the source; such a folder is not walked
   std::vector<Pending> pending_;  ///< the next one at the end
   PreviewFindings findings_;
 };

@@ -126,8 +126,9 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
   run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
                                                     std::move(facts));
-  std::vector<std::string> lines = heading.lines;
-  if (main_.RunningFromCommandLine) lines.insert(lines.begin(), time_stamp_);
+  std::vector<std::string> lines;
+  if (Unattended()) lines = unattended_heading_;
+  lines.insert(lines.end(), heading.lines.begin(), heading.lines.end());
   run_report_->Begin(heading.caption, lines);
   return *run_report_;
 }
@@ -165,6 +166,10 @@ bool OperationWindows::Unattended() const { return main_.RunningFromCommandLine;
 bool OperationWindows::StopRequested() const { return stop_requested_ || context_.front_end.quitting(); }
 
 void OperationWindows::EnableOperationControls() { main_.UnlockControls(); }
+
+void OperationWindows::ShowLatest() {
+  if (run_report_) run_report_->ShowLatest();
+}
 
 report::RunningCounts OperationWindows::Counts() const {
   return run_report_ ? run_report_->counts() : report::RunningCounts();

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/context.h"
 #include "app/data/operation.h"
@@ -35,7 +36,8 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   /// What the program's exit code says of the unattended run: 0 clean (or there was none), 1 with warnings, 2
   /// files failed, 3 cancelled, 4 refused.
   int exit_code() const { return exit_code_; }
-  void SetTimeStamp(std::string time_stamp) { time_stamp_ = std::move(time_stamp); }
+  /// The first lines of the report of an unattended run.
+  void SetUnattendedHeading(std::vector<std::string> lines) { unattended_heading_ = std::move(lines); }
   /// The program ends: stops a run that is still on its way and hides the report.
   void EndWithProgram();
 
@@ -62,6 +64,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool StopRequested() const override;
   void EnableOperationControls() override;
   report::RunningCounts Counts() const override;
+  void ShowLatest() override;
 
   engine::Tools EngineTools() const;
   engine::RunRequest RequestFor(Operation operation) const;
@@ -75,7 +78,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool running_ = false;
   bool stop_requested_ = false;
   int exit_code_ = 0;
-  std::string time_stamp_;
+  std::vector<std::string> unattended_heading_;
 };
 
 }  // namespace app

@@ -49,12 +49,27 @@ void frmMain::CloseSetupFrame() {
 
 void frmMain::OpenSaveSetupFrame(bool load) {
   SetupLoadMode = load;
-  cmdSaveSetupForNextRun.SetText(load ? "Load setup from last run" : "Save setup for next run");
-  cmdSaveSetupAsOperationFile.SetText(load ? "Load setup from setup file" : "Save setup in setup file");
-  cmdSaveSetupInBothWays.SetText(load ? "Not now" : "Save setup in both ways");
+  struct Command {
+    ui::Button& button;
+    const char* caption;
+    int hint;
+  };
+  const Command loading[] = {
+      {cmdSaveSetupForNextRun, "Load setup from last run", text::kHintLoadLastRun},
+      {cmdSaveSetupAsOperationFile, "Load setup from setup file", text::kHintLoadSetupFile},
+      {cmdSaveSetupInBothWays, "Not now", text::kHintKeepSetup}};
+  const Command saving[] = {{cmdSaveSetupForNextRun, "Save setup for next run", text::kHintNextRun},
+                            {cmdSaveSetupAsOperationFile, "Save setup in setup file", text::kHintSetupFile},
+                            {cmdSaveSetupInBothWays, "Save setup in both ways", text::kHintBothWays}};
+  ui::Label* label = lblSaveSetupHint.data();
+  for (const Command& command : load ? loading : saving) {
+    command.button.SetText(command.caption);
+    command.button.SetDescription(Text(command.hint));
+    SetTextBeside(command.button, *label++, Text(command.hint));
+  }
   cmdDontSaveSetup.SetVisible(!load);
+  lblSaveSetupHint[3].SetVisible(!load);
   fraSetup.SetVisible(false);
-  fraSaveSetup.SetLeft(fraSetup.left() + cmdSetup.width() + 100);
   fraSaveSetup.SetTop(fraMenu.top() + cmdSetup.top() + 120);
   fraSaveSetup.SetVisible(true);
   SetCancelButton(load ? &cmdSaveSetupInBothWays : &cmdDontSaveSetup);  // "Not now"

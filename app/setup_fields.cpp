@@ -73,7 +73,8 @@ void frmMain::LoadLastRunSetup(bool show_message) {
       context_.front_end.dialogs().Show(
           *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
     }
-    LoadOperationFile(LastRunSetupPath);
+    const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
+    if (!FormLoaded) gone_at_start_ = loaded.gone;
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();

@@ -86,7 +86,9 @@ void frmMain::SetInitialFocus() {
 void frmMain::RunUnattended() {
   Show();
   RunningFromCommandLine = true;
-  operation_windows_.SetTimeStamp(DatePr2::TimeStamp(context_.clock, context_.locale));
+  std::vector<std::string> heading = gone_at_start_;
+  heading.insert(heading.begin(), DatePr2::TimeStamp(context_.clock, context_.locale));
+  operation_windows_.SetUnattendedHeading(std::move(heading));
   chkSaveSetupOnQuit.SetValue(1);
   cmdBackupModifiedFiles_MouseUp();
   RunningFromCommandLine = false;

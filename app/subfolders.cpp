@@ -26,7 +26,8 @@ void frmMain::RefreshSourceFolderDisplay() {
   if (specified) {
     content = ContentOf(context_.files, source);
     chkExcludeFilesInSourceFolder.SetEnabled(content.files > 0);
-    ShowSummaryOfSubfolders(content.error, content.subfolders);
+    SetTextBeside(cmdSelectSubfolders, lblNumSubfolders,
+                  SummaryOfSubfolders(content.error, content.subfolders));
   } else {
     lblNumSubfolders.SetText({});
   }
@@ -36,14 +37,14 @@ void frmMain::RefreshSourceFolderDisplay() {
   SetInitialFocus();
 }
 
-void frmMain::ShowSummaryOfSubfolders(int error, int subfolders) {
-  if (error != 0) return lblNumSubfolders.SetText(CauseOf(error));
-  if (subfolders == 0) return lblNumSubfolders.SetText("There are no subfolders");
-  std::string text = subfolders == 1 ? std::string("There is one subfolder")
-                                     : "There are " + std::to_string(subfolders) + " subfolders";
+std::string frmMain::SummaryOfSubfolders(int error, int subfolders) const {
+  if (error != 0) return CauseOf(error);
+  if (subfolders == 0) return "There are no subfolders";
+  const std::string text = subfolders == 1 ? std::string("There is one subfolder")
+                                           : "There are " + std::to_string(subfolders) + " subfolders";
   const int included = cboIncludedFolders.count();
-  text += included == 0 ? std::string(", none selected") : ", " + std::to_string(included) + " selected";
-  lblNumSubfolders.SetText(std::move(text));
+  return text +
+         (included == 0 ? std::string(", none selected") : ", " + std::to_string(included) + " selected");
 }
 
 void frmMain::ShowIncludedFolders(bool source_has_subfolders) {

@@ -1,19 +1,12 @@
+#include "bench/engine_run.h"
+
 #include <cstdio>
-#include <cstring>
-#include <string>
 
 #include "engine/operation_run.h"
 #include "platform/path.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_file_system.h"
 #include "services/disk_proc.h"
 
-/// Runs one operation of the engine with its report suppressed, as a program to be timed from outside:
-///   engine_run check|modified|all SOURCE TARGET [--flush]
-/// All first-level subfolders are included with everything below them. Without --flush the last step of a
-/// run, bringing the copies safely to the disk, is left out: the tools it is compared with do not do it
-/// either.
-
+namespace bench {
 namespace {
 
 class SilentListener : public engine::Listener {
@@ -50,14 +43,9 @@ class SilentHost : public engine::RunHost {
   SilentListener listener_;
 };
 
-class WithoutFlush : public platform::posix::PosixFileSystem {
- public:
-  platform::Status Flush(const std::string&) override { return platform::Done{}; }
-};
-
-app::Operation OperationOf(const char* word) {
-  if (std::strcmp(word, "check") == 0) return app::Operation::kCheckBackupState;
-  if (std::strcmp(word, "all") == 0) return app::Operation::kBackupAllFiles;
+app::Operation OperationOf(const std::string& word) {
+  if (word == "check") return app::Operation::kCheckBackupState;
+  if (word == "all") return app::Operation::kBackupAllFiles;
   return app::Operation::kBackupModifiedFiles;
 }
 
@@ -72,16 +60,13 @@ void IncludeEverything(platform::FileSystem& files, app::Setup& setup) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (argc < 4) {
+int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing, platform::Clock& clock,
+              const std::vector<std::string>& words) {
+  if (words.size() < 3) {
     std::fputs("engine_run check|modified|all SOURCE TARGET [--flush]\n", stderr);
     return 2;
   }
-  platform::posix::PosixFileSystem flushing;
-  WithoutFlush not_flushing;
-  const bool flush = argc > 4 && std::strcmp(argv[4], "--flush") == 0;
-  platform::FileSystem& files = flush ? static_cast<platform::FileSystem&>(flushing) : not_flushing;
-  platform::posix::PosixClock clock;
+  platform::FileSystem& files = words.size() > 3 && words[3] == "--flush" ? flushing : not_flushing;
   const text::ProgramTexts texts;
   const engine::Tools tools{files,
                             clock,
@@ -94,9 +79,9 @@ int main(int argc, char** argv) {
                               return DiskProc::IsWriteProtected(files, folder, error_text);
                             }};
   engine::RunRequest request;
-  request.operation = OperationOf(argv[1]);
-  request.setup.SourceFolder = argv[2];
-  request.setup.TargetFolder = argv[3];
+  request.operation = OperationOf(words[0]);
+  request.setup.SourceFolder = words[1];
+  request.setup.TargetFolder = words[2];
   IncludeEverything(files, request.setup);
   SilentHost host;
   std::string status_text;
@@ -108,3 +93,5 @@ int main(int argc, char** argv) {
               static_cast<long long>(counts.failed));
   return outcome.status == 0 && counts.failed == 0 ? 0 : 1;
 }
+
+}  // namespace bench

@@ -52,14 +52,9 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
     : tools_(tools),
       listener_(listener),
       plan_(std::move(plan)),
+      nesting_(tools.files, plan_.source, plan_.left_out),
       pulse_(tools.clock, listener),
-      copy_pass_(tools, listener, pulse_, totals_, plan_.target) {
-  if (plan_.left_out.empty()) return;
-  const auto source = tools.files.RealPath(plan_.source);
-  const auto target = tools.files.RealPath(plan_.left_out);
-  if (source && target)
-    real_ = {*source, tools.files.NameKey(*source), *target, tools.files.NameKey(*target)};
-}
+      copy_pass_(tools, listener, pulse_, totals_, plan_.target) {}
 
 const Totals& FolderWalk::Run() {
   PushRoots();
@@ -280,33 +275,17 @@ FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& 
   return below;
 }
 
-/// The target inside the source is left out; so is a folder whose copies would land in the source, which
-/// happens when the source lies inside the target, or when a link in the target leads back.
+/// The target inside the source is left out; so is a folder whose copies would land in the source.
 bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
-  if (real_.source.empty()) return true;
-  const auto key_below = [this](const std::string& real_root, const std::string& root,
-                                const std::string& path) {
-    return tools_.files.NameKey(platform::JoinPath(real_root, std::string_view(path).substr(root.size())));
-  };
-  if (key_below(real_.source, plan_.source, folder.source) == real_.target_key) {
+  if (nesting_.IsTarget(folder.source)) {
     listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
-  if (folder.target.empty()) return true;
-  if (key_below(real_.target, plan_.target, folder.target) == real_.source_key ||
-      (target_is_link && LeadsIntoSource(folder.target))) {
+  if (!folder.target.empty() && nesting_.LandsInSource(folder.target, target_is_link)) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }
   return true;
-}
-
-/// Also when it leads above the source: the copies could come upon the source further down.
-bool FolderWalk::LeadsIntoSource(const std::string& target) const {
-  const auto real = tools_.files.RealPath(target);
-  if (!real) return false;
-  const std::string key = tools_.files.NameKey(*real);
-  return platform::IsInside(key, real_.source_key) || platform::IsInside(real_.source_key, key);
 }
 
 void FolderWalk::Warn(const std::string& line) {

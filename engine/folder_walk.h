@@ -8,6 +8,7 @@
 #include "engine/copy_pass.h"
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
+#include "engine/nesting.h"
 #include "engine/pulse.h"
 #include "engine/selection.h"
 #include "engine/tools.h"
@@ -68,7 +69,6 @@ class FolderWalk {
   void PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there);
   Pending Below(const Pending& folder, const std::string& name) const;
   bool MayBeWalked(const Pending& folder, bool target_is_link);
-  bool LeadsIntoSource(const std::string& target) const;
   void PauseIfWished(const FolderCounts& counts);
   bool Ended() { return OperationTerminated() || cancelled_ || (cancelled_ = listener_.StopRequested()); }
   void Warn(const std::string& line);
@@ -77,14 +77,10 @@ class FolderWalk {
   const Tools& tools_;
   Listener& listener_;
   WalkPlan plan_;
+  Nesting nesting_;
   Totals totals_;
   Pulse pulse_;
   CopyPass copy_pass_;
-  /// The source and what is left out with their links resolved, and the keys of these paths; all empty when
-  /// nothing is left out, or when one of the two could not be resolved.
-  struct {
-    std::string source, source_key, target, target_key;
-  } real_;
   std::vector<Pending> pending_;  ///< the next one at the end
   bool cancelled_ = false;
   bool paused_ = false;

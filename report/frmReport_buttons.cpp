@@ -80,6 +80,7 @@ void frmReport::cmdPauseContinue_Click() {
 void frmReport::PauseOperation() {
   SetReportButtons2(chkSuppressDisplayOfReport.value() == 0, true, kContinue, true, kCancelOperation);
   TakeBackCountingNote();
+  main_.ShowLatest();
   Paused = true;
   while (Paused && !front_end().quitting()) front_end().WaitForEvents(kHoldMilliseconds);
 }

@@ -54,6 +54,9 @@ class MainWindow {
   virtual void EnableOperationControls() = 0;
 
   virtual RunningCounts Counts() const = 0;
+
+  /// The operation is about to be held: what is shown beside the report is to be brought up to date.
+  virtual void ShowLatest() {}
 };
 
 }  // namespace report

@@ -135,7 +135,6 @@ void RunReport::Tell(const std::string& text) {
 
 void RunReport::Pause() {
   if (facts_.unattended || StopRequested()) return;
-  ShowLatest();
   window_.cmdPauseContinue_Click();
 }
 

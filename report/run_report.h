@@ -45,6 +45,10 @@ class RunReport : public engine::Listener {
   /// How far the run has come; what MainWindow::Counts() is to answer during it.
   const RunningCounts& counts() const { return counts_; }
 
+  /// Shows what has come since the window's labels were last refreshed, which happens at most ten times a
+  /// second.
+  void ShowLatest();
+
   // --- engine::Listener
   void FolderBegun(const engine::FolderCounts& folder) override;
   void FolderEnded(const engine::FolderCounts& folder) override;
@@ -85,7 +89,6 @@ class RunReport : public engine::Listener {
   void WriteWarningLine(const engine::Totals& totals);
 
   void ShowWhenDue();
-  void ShowLatest();
   void ShowFreeSpace();
 
   frmReport& window_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/utf8.h"
 #include "platform/path.h"
 #include "services/date_pr2.h"
 #include "services/setup_text.h"
@@ -39,11 +40,8 @@ bool FolderExists(platform::FileSystem& files, const std::string& path) {
          (entry->kind == platform::EntryKind::kFolder || entry->kind == platform::EntryKind::kFolderLink);
 }
 
-bool HasSubfolders(platform::FileSystem& files, const std::string& path) {
-  const auto folder = files.OpenFolder(path);
-  return folder && std::ranges::any_of((*folder)->entries(), [](const platform::Entry& entry) {
-           return entry.kind == platform::EntryKind::kFolder;
-         });
+std::string DoesNotExist(const std::string& which, const std::string& folder) {
+  return which + " folder " + base::utf8::Printable(folder) + " does not exist.";
 }
 
 /// Whether a line can be the name of a first-level subfolder. A file from elsewhere could otherwise lead out
@@ -55,26 +53,27 @@ bool IsPlainName(std::string_view name) {
 
 void KeepExistingFolders(platform::FileSystem& files, LoadedSetup& loaded) {
   const std::string& source = loaded.setup.SourceFolder;
+  if (source.empty()) return loaded.setup.IncludedFolders.clear();
   std::erase_if(loaded.setup.IncludedFolders, [&](const std::string& name) {
-    return source.empty() || !IsPlainName(name) || !FolderExists(files, platform::JoinPath(source, name));
+    const bool exists = IsPlainName(name) && FolderExists(files, platform::JoinPath(source, name));
+    if (!exists) loaded.gone.push_back(DoesNotExist("Included", name));
+    return !exists;
   });
-  loaded.AnyIncludedFolderHasSubfolders = std::ranges::any_of(
-      loaded.setup.IncludedFolders,
-      [&](const std::string& name) { return HasSubfolders(files, platform::JoinPath(source, name)); });
 }
 
-void CheckSource(const SetupLoader& loader, app::Setup& setup) {
-  if (setup.SourceFolder.empty() || FolderExists(loader.files, setup.SourceFolder)) return;
-  if (loader.WindowReady) {
-    loader.dialogs.Show(loader.owner, {"Source folder " + setup.SourceFolder + " does not exist.", "Error",
-                                       ui::Icon::kExclamation});
-  }
-  setup.SourceFolder.clear();
+void CheckSource(const SetupLoader& loader, LoadedSetup& loaded) {
+  std::string& source = loaded.setup.SourceFolder;
+  if (source.empty() || FolderExists(loader.files, source)) return;
+  loaded.gone.push_back(DoesNotExist("Source", source));
+  if (loader.WindowReady)
+    loader.dialogs.Show(loader.owner, {loaded.gone.back(), "Error", ui::Icon::kExclamation});
+  source.clear();
 }
 
 void CheckTarget(const SetupLoader& loader, bool blnMultipleBackup, LoadedSetup& loaded) {
   std::string& target = loaded.setup.TargetFolder;
   if (target.empty() || FolderExists(loader.files, target)) return;
+  loaded.gone.push_back(DoesNotExist("Target", target));
   if (!loader.WindowReady) {
     target.clear();
   } else if (blnMultipleBackup) {
@@ -102,7 +101,7 @@ LoadedSetup LoadOperationFile(const SetupLoader& loader, const std::string& strO
     loaded.result = static_cast<std::int16_t>(kMultipleBackupError - parsed.error);
     loaded.strErr = InputErrorText(parsed.error);
   }
-  CheckSource(loader, loaded.setup);
+  CheckSource(loader, loaded);
   KeepExistingFolders(loader.files, loaded);
   CheckTarget(loader, blnMultipleBackup, loaded);
   return loaded;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "app/data/setup.h"
 #include "platform/file_system.h"
@@ -30,12 +31,12 @@ struct LoadedSetup {
   /// What was read before an error, the rest at its defaults. The source is empty when it does not exist. Of
   /// the included folders those that exist in it, in the file's order.
   app::Setup setup;
-  bool AnyIncludedFolderHasSubfolders = false;
   bool clear_setup_file = false;  ///< the user had the missing target cleared: txbSetupFile is to be emptied
   /// 0; the number of the input error that stopped the reading (services/setup_text.h); with
   /// blnMultipleBackup minus (200 + that number), or -200 when the target folder does not exist.
   std::int16_t result = 0;
-  std::string strErr;  ///< with blnMultipleBackup, why the result is not 0
+  std::string strErr;             ///< with blnMultipleBackup, why the result is not 0
+  std::vector<std::string> gone;  ///< a sentence for each folder of the file that does not exist
 };
 
 /// Reads a setup file and checks its folders. Once the window is ready, tells the user of a source folder

@@ -131,5 +131,7 @@ inline constexpr int kHintBothWays = 631;
 inline constexpr int kHintDontSave = 632;
 inline constexpr int kHintHelp = 633;
 inline constexpr int kHintQuit = 634;
+inline constexpr int kHintLoadLastRun = 635;
+inline constexpr int kHintLoadSetupFile = 636;
 
 }  // namespace text

@@ -70,6 +70,8 @@ TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
   Click(window->cmdClearFolder[0]);
   Choose(1, "/src");
   EXPECT_EQ(dialogs.asked.size(), 1U) << "the other one is empty";
+  Choose(0, "/src/a");
+  EXPECT_EQ(dialogs.asked.size(), 1U) << "there was none before";
 }
 
 TEST_F(Folders, OnlyAnotherSourceStartsWithoutIncludedSubfolders) {

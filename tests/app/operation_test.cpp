@@ -82,10 +82,13 @@ TEST(UnattendedRun, EndsWithTheExitCodeOfWhatHappened) {
 
 TEST(UnattendedRun, SaysWhyItDidNotStart) {
   Program program;
+  auto setup = program.SourceAndTarget();
+  setup.TargetFolder = "/unplugged";
+  program.SaveLastRun(setup);
   program.Start("x");
-  ASSERT_GE(program.printed.size(), 2U);
-  EXPECT_NE(program.printed[program.printed.size() - 2].find(program.texts.GetProgramText(37)),
-            std::string::npos);
+  ASSERT_EQ(program.printed.size(), 4U);
+  EXPECT_EQ(program.printed[1], "Target folder /unplugged does not exist.");
+  EXPECT_NE(program.printed[2].find("The backup did not start:"), std::string::npos) << program.printed[2];
 }
 
 TEST(UnattendedRun, ShutsDownOnlyWhenTheWordIsInTheCommandLine) {

@@ -41,9 +41,8 @@ class SetupFile : public testing::Test {
 TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
   const auto loaded = Load(true);
   EXPECT_EQ(loaded.setup.IncludedFolders, (std::vector<std::string>{"one", "two"}));
-  EXPECT_TRUE(loaded.AnyIncludedFolderHasSubfolders);
-  setup.IncludedFolders = {"one"};
-  EXPECT_FALSE(Load(true).AnyIncludedFolderHasSubfolders);
+  ASSERT_EQ(loaded.gone.size(), 6U);
+  EXPECT_EQ(loaded.gone[0], "Included folder gone does not exist.");
 }
 
 TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSoOnceTheWindowIsReady) {

@@ -100,6 +100,12 @@ void DrawTick(QPainter* painter, const QStyleOption& option) {
   painter->restore();
 }
 
+/// Around the text of a check box: the border of a ticked box has the colour of its tick.
+void DrawFocus(QPainter* painter, QStyleOption option) {
+  option.rect.adjust(-1, 0, 3, 0);
+  DrawSurface(painter, option, Qt::NoBrush);
+}
+
 QRect SliderOf(const QStyleOptionSlider& bar) {
   constexpr int kShortest = 24;
   const int range = bar.maximum - bar.minimum;
@@ -148,8 +154,8 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       if (qobject_cast<const QAbstractScrollArea*>(widget) == nullptr) break;
       return DrawSurface(painter, *option, option->palette.brush(QPalette::Base), 1);
     case PE_FrameFocusRect:
-      if (qobject_cast<const QCheckBox*>(widget) == nullptr) return;  // the border shows it
-      break;
+      if (qobject_cast<const QCheckBox*>(widget) != nullptr) DrawFocus(painter, *option);
+      return;  // of all others the border shows it
     default:
       break;
   }

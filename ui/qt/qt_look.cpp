@@ -17,9 +17,10 @@ double Luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-/// A colour of the background's family that stands out from it: for the focus, selections and progress.
-QColor AccentFor(const QColor& background) {
-  if (background.hslSaturation() < 20) return QApplication::palette().color(QPalette::Highlight);
+/// A colour of the background's family that stands out from it: for the focus, selections and progress. Grey
+/// and white have no family.
+QColor AccentFor(const QColor& background, const QColor& accent_around) {
+  if (background.hslSaturation() < 20) return accent_around;
   return QColor::fromHsl(background.hslHue(), 120, background.lightness() > 127 ? 85 : 170);
 }
 
@@ -33,9 +34,10 @@ void SetDisabled(QPalette& palette, const QColor& background, const QColor& text
   }
 }
 
-QPalette PaletteOf(const QColor& window, const QColor& field, const QColor& button, const QColor& text) {
+QPalette PaletteOf(const QColor& window, const QColor& field, const QColor& button, const QColor& text,
+                   const QColor& accent_around) {
   QPalette palette(button, window);
-  const QColor accent = AccentFor(window);
+  const QColor accent = AccentFor(window, accent_around);
   palette.setColor(QPalette::Window, window);
   palette.setColor(QPalette::Base, field);
   palette.setColor(QPalette::AlternateBase, Mix(field, window, 0.5));
@@ -69,16 +71,16 @@ bool IsHighContrast() {
   return Contrast(system.color(QPalette::WindowText), system.color(QPalette::Window)) > kNearlyBlackAndWhite;
 }
 
-QPalette WindowPalette(const Colours& colours) {
+QPalette WindowPalette(const Colours& colours, const QColor& accent_around) {
   const QColor window = ToQColor(colours.background);
   const bool pale = Luminance(window) > 0.4;
   const QColor lighter = pale ? QColor(Qt::white) : Mix(window, Qt::white, 0.08);
-  return PaletteOf(window, lighter, Mix(window, lighter, 0.75), ToQColor(colours.text));
+  return PaletteOf(window, lighter, Mix(window, lighter, 0.75), ToQColor(colours.text), accent_around);
 }
 
-QPalette ControlPalette(const Colours& colours) {
+QPalette ControlPalette(const Colours& colours, const QColor& accent_around) {
   const QColor background = ToQColor(colours.background);
-  return PaletteOf(background, background, background, ToQColor(colours.text));
+  return PaletteOf(background, background, background, ToQColor(colours.text), accent_around);
 }
 
 }  // namespace ui::qt

@@ -24,8 +24,10 @@ bool IsHighContrast();
 
 /// The colours of a window, a frame or a label and of what stands in it: text boxes, lists and buttons are
 /// lighter than the window, with the same text colour, whatever the desktop's theme is.
-QPalette WindowPalette(const Colours& colours);
+/// The focus and ticks have a colour that goes with the background; on grey and white that of the
+/// surroundings.
+QPalette WindowPalette(const Colours& colours, const QColor& accent_around);
 /// The colours of one button, text box or list that has its own.
-QPalette ControlPalette(const Colours& colours);
+QPalette ControlPalette(const Colours& colours, const QColor& accent_around);
 
 }  // namespace ui::qt

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextDocument>
 #include <limits>
 
@@ -40,7 +41,8 @@ OneLinePeer::OneLinePeer(TextBox& box)
   widget_.setMaxLength(std::numeric_limits<int>::max());
   constexpr int kMargin = 3;
   widget_.setTextMargins(kMargin, 0, kMargin, 0);
-  connect(&widget_, &QLineEdit::textEdited, this,
+  // Not "textEdited": a screen reader changes the text without a key.
+  connect(&widget_, &QLineEdit::textChanged, this,
           [this](const QString& text) { box_.UserEdited(FromQString(text)); });
 }
 
@@ -50,6 +52,7 @@ void OneLinePeer::Append(std::string_view /*text*/) {
 }
 
 void OneLinePeer::MirrorText() {
+  const QSignalBlocker by_program(widget_);
   const QString text = ToQString(box_.text());
   if (widget_.text() != text) widget_.setText(text);
 }

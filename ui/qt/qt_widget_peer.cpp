@@ -120,7 +120,8 @@ void WidgetPeer::MirrorAccessKey() {
 void WidgetPeer::MirrorColours() {
   const bool own = control_.colours().has_value() && !IsHighContrast();
   const auto palette_for = background_ == Background::kItself ? ControlPalette : WindowPalette;
-  widget_->setPalette(own ? palette_for(*control_.colours()) : QPalette());
+  const QColor around = widget_->window()->palette().color(QPalette::Highlight);
+  widget_->setPalette(own ? palette_for(*control_.colours(), around) : QPalette());
   widget_->setAutoFillBackground(own);
 }
 

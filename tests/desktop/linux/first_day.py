@@ -142,16 +142,10 @@ class FirstDay(unittest.TestCase):
     def set_everything_up(self):
         self.assertEqual(self.program.text(MAIN, "Source folder"), "")
         self.choose_folder("Source", self.place.source)
-        self.choose_target()
+        self.choose_folder("Target", self.place.target)
         self.create_target_subfolder("Copies")
         self.select_subfolders()
         self.set_filters()
-
-    def choose_target(self):
-        self.program.press(MAIN, "Target disk or folder")
-        self.name_a_path("Select the target disk or folder", "Directory:", self.place.target, "Choose")
-        self.answer_box_of("Do you wish to specify a new source disk or folder", "No")
-        self.program.wait_for_text(MAIN, "Target folder", self.place.target)
 
     def back_up_with_a_pause(self):
         self.program.tick(MAIN, "Pause after first copy of files from a folder")

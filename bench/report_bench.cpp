@@ -1,0 +1,45 @@
+#include <benchmark/benchmark.h>
+
+#include "platform/memory/memory_system.h"
+#include "report/frmReport.h"
+#include "report/main_window.h"
+#include "ui/headless/headless_front_end.h"
+
+/// What a line of the report costs, by how much stands in the text box already.
+namespace {
+
+/// Nobody reads this report, so that a full one is emptied without a wait.
+class UnattendedMain : public report::MainWindow {
+ public:
+  explicit UnattendedMain(ui::FrontEnd& front_end) : window_(front_end, "frmMain", ui::FormStyle::kMain) {}
+  ui::Form& Window() override { return window_; }
+  std::size_t ReportCapacity() const override { return std::size_t{1} << 30; }
+  bool SuppressDetailedReports() const override { return false; }
+  bool SnipFullReport() const override { return true; }
+  bool PauseAfterFirstCopy() const override { return false; }
+  bool Unattended() const override { return true; }
+  bool OperationRunning() const override { return true; }
+  void RequestStop() override {}
+  bool StopRequested() const override { return false; }
+  void EnableOperationControls() override {}
+  report::RunningCounts Counts() const override { return {}; }
+
+ private:
+  ui::Form window_;
+};
+
+void AppendALine(benchmark::State& state) {
+  ui::headless::HeadlessFrontEnd front_end;
+  platform::memory::MemoryClock clock;
+  const text::ProgramTexts texts("112 Copy all\n113 Copy selected\n");
+  UnattendedMain main(front_end);
+  report::frmReport window(front_end, clock, texts, main);
+  window.BeginReport("Report", "/home/ada/Documents", "/media/ada/Backup");
+  window.Output(std::string(static_cast<std::size_t>(state.range(0)), 'x'), true);
+  const std::string line = "12 files of 48, 4.31 Mb. Letters and other papers/2024. Copied.";
+  for ([[maybe_unused]] auto _ : state) window.Output(line, true);
+}
+
+}  // namespace
+
+BENCHMARK(AppendALine)->Arg(0)->Arg(10'000)->Arg(60'000)->Iterations(500);

@@ -1,0 +1,43 @@
+#include "engine/nesting.h"
+
+#include <utility>
+
+#include "platform/path.h"
+
+namespace engine {
+
+Nesting::Nesting(platform::FileSystem& files, std::string source, std::string target)
+    : files_(files), source_{std::move(source), {}, {}}, target_{std::move(target), {}, {}} {
+  if (target_.path.empty()) return;
+  const auto real_source = files.RealPath(source_.path);
+  const auto real_target = files.RealPath(target_.path);
+  if (!real_source || !real_target) return;
+  source_.real = *real_source;
+  source_.key = files.NameKey(*real_source);
+  target_.real = *real_target;
+  target_.key = files.NameKey(*real_target);
+}
+
+bool Nesting::TargetIsInSource() const { return known() && platform::IsInside(target_.key, source_.key); }
+
+bool Nesting::SourceIsInTarget() const { return known() && platform::IsInside(source_.key, target_.key); }
+
+bool Nesting::IsTarget(const std::string& source_folder) const {
+  return known() && KeyBelow(source_, source_folder) == target_.key;
+}
+
+bool Nesting::LandsInSource(const std::string& target_folder, bool is_link) const {
+  if (!known()) return false;
+  if (KeyBelow(target_, target_folder) == source_.key) return true;
+  if (!is_link) return false;
+  const auto real = files_.RealPath(target_folder);
+  if (!real) return false;
+  const std::string key = files_.NameKey(*real);
+  return platform::IsInside(key, source_.key) || platform::IsInside(source_.key, key);
+}
+
+std::string Nesting::KeyBelow(const Root& root, const std::string& path) const {
+  return files_.NameKey(platform::JoinPath(root.real, std::string_view(path).substr(root.path.size())));
+}
+
+}  // namespace engine

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace engine {
+
+/// How the source and the target of a setup lie to each other, whatever links their paths hold. Where one of
+/// the two cannot be resolved, or no target is given, they count as lying apart.
+class Nesting {
+ public:
+  Nesting(platform::FileSystem& files, std::string source, std::string target);
+
+  bool TargetIsInSource() const;
+  bool SourceIsInTarget() const;
+
+  /// Whether a folder of the source, its path as it is below the source's, is the target.
+  bool IsTarget(const std::string& source_folder) const;
+
+  /// Whether what is copied into a folder of the target would land in the source: it is the source, or a link
+  /// that leads into it, or above it, from where the copies could come upon the source further down.
+  bool LandsInSource(const std::string& target_folder, bool is_link) const;
+
+ private:
+  /// A folder with its links resolved, and the key of that path.
+  struct Root {
+    std::string path;
+    std::string real;
+    std::string key;
+  };
+  bool known() const { return !source_.real.empty(); }
+  std::string KeyBelow(const Root& root, const std::string& path) const;
+
+  platform::FileSystem& files_;
+  Root source_;
+  Root target_;
+};
+
+}  // namespace engine
