@@ -37,7 +37,10 @@ class Driver {
   void Press(ui::Form& form, char key) { Press(form, key, Held::kNothing); }
   /// Replaces what the box holds by typing; "\n" is the Enter key.
   virtual void Type(ui::TextBox& box, const std::string& text) = 0;
-  virtual void Choose(ui::DropDownList& list, int index) = 0;
+  virtual void Choose(ui::DropDownList& list, int index) {
+    list.SetFocus();
+    for (int step = list.list_index(); step < index; ++step) Press(list.form(), kDown);
+  }
   virtual void Drag(ui::ScrollBar& bar, int value) = 0;
   virtual void Close(ui::Form& form) = 0;
   virtual void Minimise(ui::Form& form) = 0;

@@ -108,11 +108,7 @@ TEST_F(FrontEndContract, AppendedTextLeavesTheCaretAtTheEndWithNothingSelected) 
 }
 
 TEST_F(FrontEndContract, SelectionsCountCodePointsAndTwoForALineEnd) {
-  const struct {
-    const char* text;
-    ui::Selection asked, got;
-    const char* selected;
-  } cases[] = {
+  const std::tuple<const char*, ui::Selection, ui::Selection, const char*> cases[] = {
       {"abc", {1, 99}, {1, 2}, "bc"},
       {"abc", {9, 1}, {3, 0}, ""},
       {"\xC3\xA4\xC3\xB6\xC3\xBC", {1, 1}, {1, 1}, "\xC3\xB6"},
@@ -121,12 +117,11 @@ TEST_F(FrontEndContract, SelectionsCountCodePointsAndTwoForALineEnd) {
       {"a surrogate \xED\xA0\x80, a line of its own \xE2\x80\xA9, x", {36, 9}, {36, 1}, "x"},
   };
   for (ui::TextBox* box : {&window_.line, &window_.report}) {
-    for (const auto& c : cases) {
-      SCOPED_TRACE(box->name() + " " + c.text);
-      box->SetText(c.text);
-      box->Select(c.asked);
-      EXPECT_EQ(box->selection(), c.got);
-      EXPECT_EQ(box->selected_text(), c.selected);
+    for (const auto& [text, asked, got, selected] : cases) {
+      box->SetText(text);
+      box->Select(asked);
+      EXPECT_EQ(box->selection(), got) << box->name() << " " << text;
+      EXPECT_EQ(box->selected_text(), selected) << box->name();
     }
   }
   window_.report.SetText("\xC3\xA4\r\n\xF0\x9F\x93\x81\r\nend");

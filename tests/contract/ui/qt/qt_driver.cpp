@@ -62,10 +62,6 @@ class QtDriver : public Driver {
       if (c != u'\n') QTest::sendKeyEvent(QTest::Click, WidgetOf(box), Qt::Key_unknown, c, Qt::NoModifier);
     }
   }
-  void Choose(ui::DropDownList& list, int index) override {
-    WidgetOf(list)->setFocus();
-    for (int step = list.list_index(); step < index; ++step) Driver::Press(list.form(), kDown);
-  }
   void Drag(ui::ScrollBar& bar, int value) override {
     static_cast<QScrollBar*>(WidgetOf(bar))->setSliderPosition(value);
   }

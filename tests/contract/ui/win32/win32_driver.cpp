@@ -53,10 +53,6 @@ class Win32Driver : public Driver {
       unit == L'\n' ? Driver::Press(box.form(), kEnter) : Post(FocusIn(box.form()), WM_CHAR, unit);
     }
   }
-  void Choose(ui::DropDownList& list, int index) override {
-    SetFocus(HandleOf(list));
-    for (int step = list.list_index(); step < index; ++step) Driver::Press(list.form(), kDown);
-  }
   void Drag(ui::ScrollBar& bar, int value) override {
     SetScrollPos(HandleOf(bar), SB_CTL, value, TRUE);
     Post(GetParent(HandleOf(bar)), WM_VSCROLL, SB_THUMBTRACK, reinterpret_cast<LPARAM>(HandleOf(bar)));
