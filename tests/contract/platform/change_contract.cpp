@@ -49,13 +49,6 @@ TEST_P(FileSystemContract, WrittenAndReplacedFilesHoldTheNewContentAlone) {
   EXPECT_TRUE(files().Flush(At("from")));
 }
 
-TEST_P(FileSystemContract, AFileThatIsLinkedToIsReplacedWhereItLies) {
-  AddFile("to/file", "old");
-  if (!scene_->MakeLink(At("from/link"), At("to/file"))) GTEST_SKIP() << "links cannot be made here";
-  ASSERT_TRUE(files().ReplaceFile(At("from/link"), "new"));
-  EXPECT_EQ(ContentOf("to/file"), "new");
-}
-
 TEST_P(FileSystemContract, WhatIsMissingIsNotFound) {
   const std::string none = At("from/none");
   EXPECT_EQ(files().OpenFolder(none).error().kind, ErrorKind::kNotFound);

@@ -59,19 +59,14 @@ TEST_F(FrontEndContract, WhatCannotBeReachedDoesNotAct) {
 
 TEST_F(FrontEndContract, NothingBehindADialogActs) {
   window_.framed.on_mouse_up = Count();
-  const auto try_all = [this] {
+  const auto try_all_and = [this](const ui::Handler& leave) {
     for (const Way& way : kWaysToPress) PressFramed(*driver_, window_, way);
+    leave();
   };
   Window dialog(front_end_, ui::FormStyle::kDialog);
-  Later([&] {
-    try_all();
-    dialog.Hide();
-  });
+  Later([&] { try_all_and([&] { dialog.Hide(); }); });
   dialog.ShowModal(window_);
-  WhenADialogIsOpen([&] {
-    try_all();
-    driver_->LeaveDialog();
-  });
+  WhenADialogIsOpen([&] { try_all_and([&] { driver_->LeaveDialog(); }); });
   front_end_.dialogs().AskYesNo(window_, {"Go on?", "", ui::Icon::kQuestion});
   EXPECT_EQ(count_, 0);
   driver_->Click(window_.framed);

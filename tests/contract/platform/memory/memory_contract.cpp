@@ -45,11 +45,9 @@ class MemoryScene : public Scene {
   MemoryFileSystem files_;
 };
 
-SceneMaker Make(bool ignore_case) {
-  return [ignore_case] { return std::make_unique<MemoryScene>(ignore_case); };
-}
-
-INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract, testing::Values(Make(false), Make(true)));
+INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract,
+                         testing::Values([] { return std::make_unique<MemoryScene>(false); },
+                                         [] { return std::make_unique<MemoryScene>(true); }));
 INSTANTIATE_TEST_SUITE_P(Memory, SettingsStoreContract,
                          testing::Values(std::make_shared<MemorySettingsStore>));
 INSTANTIATE_TEST_SUITE_P(Memory, ClockContract, testing::Values(std::make_shared<MemoryClock>));

@@ -80,9 +80,7 @@ TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
     ASSERT_EQ(chmod(At("from/file").c_str(), mode), 0);
     const auto from = strict.OpenFolder(At("from"));
     ASSERT_TRUE(strict.CopyFile(**from, Named(**from, "file"), **strict.OpenFolder(At("to")), {}));
-    struct stat facts = {};
-    ASSERT_EQ(stat(At("to/file").c_str(), &facts), 0);
-    EXPECT_EQ(facts.st_mode & 07777, mode | 0200);
+    EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
   }
   umask(old_mask);
@@ -114,8 +112,6 @@ TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
   ASSERT_TRUE(Copy("file"));
   ASSERT_TRUE(Copy("file"));
   EXPECT_EQ(count(), before);
-  const auto held = Open("from");
-  EXPECT_EQ(count(), before + 1);
 }
 
 TEST_F(PosixFiles, AKilledCopyLeavesTheOldFileAndAtMostATemporaryOne) {

@@ -26,21 +26,13 @@ class HeadlessDriver : public Driver {
   }
 
   void Press(ui::Form& form, char key, Held held) override {
-    if (held == Held::kAlt) {
-      form.UserPressedAccessKey(key);
-    } else if (held == Held::kShift) {
-      form.BeforeInTabOrder(form.focused())->UserFocused();
-    } else if (key == kTab) {
-      PressTab(form);
-    } else if (key == kSpace) {
-      PressSpace(form);
-    } else if (key == kEnter) {
-      form.UserPressedEnter();
-    } else if (key == kEscape) {
-      form.UserPressedEscape();
-    } else {
-      PressKey(form, key == kDown ? ui::KeyPress{ui::Key::kDown} : ui::KeyPress{.character = {key}});
-    }
+    if (held == Held::kAlt) return static_cast<void>(form.UserPressedAccessKey(key));
+    if (held == Held::kShift) return form.BeforeInTabOrder(form.focused())->UserFocused();
+    if (key == kTab) return PressTab(form);
+    if (key == kSpace) return PressSpace(form);
+    if (key == kEnter) return static_cast<void>(form.UserPressedEnter());
+    if (key == kEscape) return static_cast<void>(form.UserPressedEscape());
+    PressKey(form, key == kDown ? ui::KeyPress{ui::Key::kDown} : ui::KeyPress{.character = {key}});
   }
   void Type(ui::TextBox& box, const std::string& text) override { ui::headless::Type(box, text); }
   void Choose(ui::DropDownList& list, int index) override { Select(list, index); }

@@ -7,7 +7,6 @@
 
 // What only this front end can get wrong.
 namespace contract {
-namespace {
 
 using QtFrontEndTest = FrontEndContract;
 using ui::qt::WidgetOf;
@@ -50,5 +49,4 @@ TEST_F(QtFrontEndTest, EveryTextIsReadableOnThePaleGreenWindowWhateverTheDesktop
   QApplication::setPalette(before);
 }
 
-}  // namespace
 }  // namespace contract

