@@ -2,37 +2,33 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
-#include "platform/memory/memory_file_system.h"
+#include "tests/tree.h"
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
 
-namespace {
+namespace services {
 
-class SetupFile : public testing::Test {
- protected:
+struct SetupFile : testing::Test {
   SetupFile() {
-    files.AddFolder("/s/one");
-    files.AddFolder("/s/two/below");
-    files.AddFile("/s/file", "");
-    files.AddFolder("/t");
+    tree::Add(files, {"/s/one/", "/s/two/below/", "/s/file", "/t/", "/short.qvr=/s\r\n/t\r\n 1 \r\n"});
     setup.SourceFolder = "/s";
     setup.TargetFolder = "/t";
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  services::LoadedSetup Load(bool window_ready, bool multiple = false) {
-    EXPECT_TRUE(services::SaveSetupToFile(files, "/x.qvr", setup));
+  LoadedSetup Load(bool window_ready, bool multiple = false) {
+    EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
     return LoadFrom("/x.qvr", window_ready, multiple);
   }
-  services::LoadedSetup LoadFrom(const std::string& path, bool window_ready, bool multiple = false) {
-    return services::LoadOperationFile({files, front_end.dialogs(), form, texts, window_ready}, path,
-                                       multiple);
+  LoadedSetup LoadFrom(const std::string& path, bool window_ready, bool multiple = false) {
+    dialogs.asked.clear();
+    return LoadOperationFile({files, dialogs, form, texts, window_ready}, path, multiple);
   }
+  std::string Said() { return dialogs.asked.empty() ? "" : dialogs.asked.back().text; }
 
   platform::memory::MemoryFileSystem files;
   ui::headless::HeadlessFrontEnd front_end;
+  ui::headless::HeadlessDialogs& dialogs = front_end.dialogs();
   ui::Form form{front_end, "frmMain", ui::FormStyle::kMain};
   text::ProgramTexts texts{"79 Missing:\n59 Clear?\n82 Title"};
   app::Setup setup;
@@ -47,12 +43,11 @@ TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
 
 TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSoOnceTheWindowIsReady) {
   setup.SourceFolder = "/s/file";
-  for (const std::size_t ready : {0U, 1U}) {
-    const auto loaded = Load(ready == 1);
-    EXPECT_TRUE(loaded.setup.SourceFolder.empty() && loaded.setup.IncludedFolders.empty());
-    ASSERT_EQ(front_end.dialogs().asked.size(), ready);
-  }
-  EXPECT_EQ(front_end.dialogs().asked[0].text, "Source folder /s/file does not exist.");
+  const app::Setup loaded = Load(true).setup;
+  EXPECT_EQ(Said(), "Source folder /s/file does not exist.");
+  EXPECT_TRUE(loaded.SourceFolder.empty() && loaded.IncludedFolders.empty());
+  EXPECT_EQ(Load(false).setup.SourceFolder, "");
+  EXPECT_EQ(Said(), "");
 }
 
 TEST_F(SetupFile, DealsWithAMissingTargetByWhoIsThere) {
@@ -60,21 +55,19 @@ TEST_F(SetupFile, DealsWithAMissingTargetByWhoIsThere) {
   EXPECT_EQ(Load(false, true).setup.TargetFolder, "");
   const auto multiple = Load(true, true);
   EXPECT_EQ(multiple.result, -200);
-  EXPECT_EQ(multiple.strErr, "Target folder does not exist");
-  EXPECT_TRUE(front_end.dialogs().asked.empty());
+  EXPECT_EQ(multiple.strErr + Said(), "Target folder does not exist");
   for (const bool yes : {true, false}) {
-    front_end.dialogs().yes_no = {yes};
+    dialogs.yes_no = {yes};
     const auto loaded = Load(true);
+    EXPECT_EQ(Said(), "Missing:\r\n/gone\r\n\r\nClear?");
     EXPECT_EQ(loaded.clear_setup_file, yes);
     EXPECT_EQ(loaded.setup.TargetFolder, yes ? "" : "/gone");
   }
-  EXPECT_EQ(front_end.dialogs().asked[0].text, "Missing:\r\n/gone\r\n\r\nClear?");
 }
 
 TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
-  files.AddFile("/short.qvr", "/s\r\n/t\r\n 1 \r\n");
   files.AddHugeFile("/huge.qvr", 1'000'000'000);
-  const std::map<std::string, int> cases = {
+  const std::pair<std::string, int> cases[] = {
       {"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75}, {"/huge.qvr", 75}};
   for (const auto& [path, error] : cases) {
     EXPECT_EQ(LoadFrom(path, true).result, error) << path;
@@ -83,4 +76,4 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
   EXPECT_TRUE(LoadFrom("/short.qvr", true).setup.SuppressDetailedReports);
 }
 
-}  // namespace
+}  // namespace services
