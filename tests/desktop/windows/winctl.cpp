@@ -112,8 +112,8 @@ void Look() {
 
 void Text(HWND control) {
   std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(
-      Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  text.resize(
+      static_cast<std::size_t>(Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   std::printf("%s\n", OneLine(text).c_str());
 }
 
