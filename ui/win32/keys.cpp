@@ -1,8 +1,10 @@
 #include "ui/win32/keys.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "ui/win32/form_peer.h"
+#include "ui/win32/wide_text.h"
 
 namespace ui::win32 {
 namespace {
@@ -34,13 +36,44 @@ bool PressByAccessKey(const MSG& message, Form& form) {
   return form.UserPressedAccessKey(static_cast<char>(message.wParam));
 }
 
+/// The key as a window is offered it; empty for one that it is not. With Alt come other messages.
+std::optional<KeyPress> PressOf(const MSG& message) {
+  constexpr WPARAM kDelete = 0x7F;
+  if (message.message == WM_CHAR && message.wParam > VK_SPACE && message.wParam != kDelete) {
+    return KeyPress{Key::kCharacter, FromWide(std::wstring(1, static_cast<wchar_t>(message.wParam)))};
+  }
+  if (message.message != WM_KEYDOWN || IsDown(VK_CONTROL)) return std::nullopt;
+  switch (message.wParam) {
+    case VK_UP:
+      return KeyPress{Key::kUp};
+    case VK_DOWN:
+      return KeyPress{Key::kDown};
+    case VK_PRIOR:
+      return KeyPress{Key::kPageUp};
+    case VK_NEXT:
+      return KeyPress{Key::kPageDown};
+    case VK_HOME:
+      return KeyPress{Key::kHome};
+    case VK_END:
+      return KeyPress{Key::kEnd};
+    default:
+      return std::nullopt;
+  }
+}
+
+bool OfferToWindow(const MSG& message, Form& form) {
+  const std::optional<KeyPress> press = PressOf(message);
+  return press && form.UserPressedKey(*press);
+}
+
 }  // namespace
 
 bool HandleKey(MSG& message, const Toolkit& toolkit) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
-  if (message.message == WM_CHAR) return false;  // a letter alone is no access key in a window
   FormPeer* const peer = FormAround(message.hwnd, toolkit);
   if (peer == nullptr) return false;
+  if (OfferToWindow(message, peer->form())) return true;
+  if (message.message == WM_CHAR) return false;  // a letter alone is no access key in a window
   return MoveByTab(message, peer->form()) || PressByAccessKey(message, peer->form()) ||
          IsDialogMessageW(peer->handle(), &message);
 }
