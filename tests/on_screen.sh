@@ -8,7 +8,7 @@ logs=$(mktemp -d)
 trap 'stop_screen; rm -rf "$logs"' EXIT
 start_screen "$logs" || exit 1
 # What the command leaves running, as Wine does its services, must not hold the output of whoever waits for us.
-"$@" >"$logs/output" 2>&1
+QV_NEW_SCREEN=yes "$@" >"$logs/output" 2>&1
 code=$?
 cat "$logs/output"
 exit "$code"

@@ -18,9 +18,9 @@ export WINEPREFIX=$(realpath "$prefix")
 export HOME=$WINEPREFIX.home
 # In the C locale Wine garbles names and arguments beyond ASCII.
 export LC_ALL=C.UTF-8 WINEDEBUG=-all
-# With Wine's debugger a crash waits for somebody to close a window; the other three would ask for downloads or write
-# to the user's menus.
-export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="
+# With Wine's debugger a crash waits for somebody to close a window; the next three would ask for downloads or write
+# to the user's menus; a test may have its own program in the place of shutdown.
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe=;shutdown.exe=n"
 
 boot_prefix() {
   wine wineboot -i
@@ -33,11 +33,17 @@ boot_prefix() {
 start_services() {
   exec 9>"$WINEPREFIX.lock"
   flock 9
+  # All programs share the screen of the first.
+  if [ -n "${QV_NEW_SCREEN:-}" ]; then wineserver -k; wineserver -w; fi
   if wineserver -p120 </dev/null >/dev/null 2>&1 9>&-; then boot_prefix 9>&-; fi
   exec 9>&-
 }
 
-run() { wine "$@" </dev/null; }
+# As the script's own process, so that whoever ends the script ends the program. A terminal would be taken for the
+# program's console.
+run() {
+  if [ -t 0 ]; then exec wine "$@" </dev/null; else exec wine "$@"; fi
+}
 
 # A crash under Wine has been seen to exit with 0: only GoogleTest's own closing line tells that all tests ran. The
 # output goes through a file, because programs that a test starts may keep a pipe open for long after its end.

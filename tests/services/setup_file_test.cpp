@@ -16,13 +16,13 @@ struct SetupFile : testing::Test {
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  LoadedSetup Load(bool window_ready, bool multiple = false) {
+  LoadedSetup Load(bool window_ready) {
     EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
-    return LoadFrom("/x.qvr", window_ready, multiple);
+    return LoadFrom("/x.qvr", window_ready);
   }
-  LoadedSetup LoadFrom(const std::string& path, bool window_ready, bool multiple = false) {
+  LoadedSetup LoadFrom(const std::string& path, bool window_ready) {
     dialogs.asked.clear();
-    return LoadOperationFile({files, dialogs, form, texts, window_ready}, path, multiple);
+    return LoadOperationFile({files, dialogs, form, texts, window_ready}, path);
   }
   std::string Said() { return dialogs.asked.empty() ? "" : dialogs.asked.back().text; }
 
@@ -50,12 +50,9 @@ TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSoOnceTheWindowIsRead
   EXPECT_EQ(Said(), "");
 }
 
-TEST_F(SetupFile, DealsWithAMissingTargetByWhoIsThere) {
+TEST_F(SetupFile, ClearsAMissingTargetWhenItIsToldToOrNobodyCanBeAsked) {
   setup.TargetFolder = "/gone";
-  EXPECT_EQ(Load(false, true).setup.TargetFolder, "");
-  const auto multiple = Load(true, true);
-  EXPECT_EQ(multiple.result, -200);
-  EXPECT_EQ(multiple.strErr + Said(), "Target folder does not exist");
+  EXPECT_EQ(Load(false).setup.TargetFolder, "");
   for (const bool yes : {true, false}) {
     dialogs.yes_no = {yes};
     const auto loaded = Load(true);
@@ -69,10 +66,7 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
   files.AddHugeFile("/huge.qvr", 1'000'000'000);
   const std::pair<std::string, int> cases[] = {
       {"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75}, {"/huge.qvr", 75}};
-  for (const auto& [path, error] : cases) {
-    EXPECT_EQ(LoadFrom(path, true).result, error) << path;
-    EXPECT_EQ(LoadFrom(path, true, true).result, -200 - error) << path;
-  }
+  for (const auto& [path, error] : cases) EXPECT_EQ(LoadFrom(path, true).result, error) << path;
   EXPECT_TRUE(LoadFrom("/short.qvr", true).setup.SuppressDetailedReports);
 }
 

@@ -128,8 +128,9 @@ void Win32FrontEnd::Quit(int exit_code) {
   PostQuitMessage(exit_code);
 }
 
+/// A window that the system could not make, or has taken away, nobody can answer.
 void Win32FrontEnd::RunModal(Form& form) {
-  while (form.visible() && !quitting()) HandleNext();
+  while (form.visible() && HandleOf(form) != nullptr && !quitting()) HandleNext();
 }
 
 Size Win32FrontEnd::screen() const {

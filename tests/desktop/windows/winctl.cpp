@@ -1,21 +1,18 @@
-// Looks into the windows of another program and acts on them, for tests of the whole program. A call finds
-// its window anew and ends; it prints to standard output, lines ending in LF, and exits with 1 when it does
-// not find what it is asked for.
-//
-// TITLE is a window's whole title; of several the one in front is meant. CONTROL is the name of a control in
-// the program's code, such as cmdQuit, or the number of one in a dialog of the system.
+// Looks into the windows of other programs and acts on them, for tests of the whole program. Every line of
+// standard input is a request, its words parted by tabs; what it prints for that ends with a form feed. A
+// window or control goes by the number that "look" gives it.
 
 #include <windows.h>
 // After <windows.h>
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 #include <shlobj.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <iostream>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,29 +20,46 @@ namespace {
 
 constexpr wchar_t kNameProperty[] = L"Quorvane.Name";
 constexpr UINT kAnswerTime = 3000;  // milliseconds
-constexpr DWORD kLookAgain = 50;    // milliseconds
-
-using Arguments = std::vector<std::wstring>;
 
 std::string Utf8(const std::wstring& text) {
-  const int length = static_cast<int>(text.size());
   std::string result(text.size() * 3, '\0');
-  result.resize(static_cast<std::size_t>(WideCharToMultiByte(
-      CP_UTF8, 0, text.c_str(), length, result.data(), static_cast<int>(result.size()), nullptr, nullptr)));
+  result.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()), result.data(),
+                          static_cast<int>(result.size()), nullptr, nullptr)));
   return result;
 }
 
-void Print(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+std::wstring Wide(const std::string& text) {
+  std::wstring result(text.size(), L'\0');
+  result.resize(
+      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()),
+                                                   result.data(), static_cast<int>(result.size()))));
+  return result;
+}
 
-/// GetWindowText() does not reach text boxes of another program.
-std::wstring TextOf(HWND window) {
-  DWORD_PTR length = 0;
-  SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG, kAnswerTime, &length);
-  std::wstring text(length + 1, L'\0');
-  DWORD_PTR got = 0;
-  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                      SMTO_ABORTIFHUNG, kAnswerTime, &got);
-  text.resize(got);
+/// In one line: "\v" stands for an end of line.
+std::string OneLine(const std::wstring& text) {
+  std::string result;
+  for (const char c : Utf8(text)) {
+    if (c == '\n') {
+      result += '\v';
+    } else if (c != '\r') {
+      result += c;
+    }
+  }
+  return result;
+}
+
+LRESULT Ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, kAnswerTime, &answer);
+  return static_cast<LRESULT>(answer);
+}
+
+/// Does not wait for the other program, and does not reach what a text box of it holds.
+std::wstring CaptionOf(HWND window) {
+  std::wstring text(1024, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
   return text;
 }
 
@@ -55,8 +69,10 @@ std::wstring ClassOf(HWND window) {
   return name;
 }
 
-/// A text that lies in the program of a window; it ends in a zero.
-std::string ReadText(HWND window, const char* address) {
+/// The control's name in the code of its program, where it has one: that lies there and ends in a zero.
+std::string NameOf(HWND window) {
+  const auto* address = static_cast<const char*>(GetPropW(window, kNameProperty));
+  if (address == nullptr) return {};
   DWORD id = 0;
   GetWindowThreadProcessId(window, &id);
   const HANDLE process = OpenProcess(PROCESS_VM_READ, FALSE, id);
@@ -67,106 +83,42 @@ std::string ReadText(HWND window, const char* address) {
   return text;
 }
 
-std::string NameOf(HWND window) {
-  const auto* address = static_cast<const char*>(GetPropW(window, kNameProperty));
-  return address == nullptr ? "" : ReadText(window, address);
+using Visitor = std::function<void(HWND)>;
+
+BOOL CALLBACK Visit(HWND window, LPARAM visitor) {
+  if (IsWindowVisible(window)) (*reinterpret_cast<Visitor*>(visitor))(window);
+  return TRUE;
 }
 
-using Visitor = std::function<bool(HWND)>;
+void PrintControl(const std::string& title, HWND window) {
+  const std::wstring kind = ClassOf(window);
+  const std::string name = kind == L"Edit" ? NameOf(window) : OneLine(CaptionOf(window));
+  const bool usable = IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
+  std::printf("%s\t%llu\t%s\t%ld\t%d\t%d\t%s\n", title.c_str(), reinterpret_cast<ULONGLONG>(window),
+              Utf8(kind).c_str(), GetWindowLongW(window, GWL_STYLE), usable, GetDlgCtrlID(window),
+              name.c_str());
+}
 
-BOOL CALLBACK Visit(HWND window, LPARAM visitor) { return (*reinterpret_cast<Visitor*>(visitor))(window); }
-
-HWND FindTop(const std::wstring& title) {
-  HWND found = nullptr;
-  Visitor visitor = [&](HWND window) {
-    if (IsWindowVisible(window) && TextOf(window) == title) found = window;
-    return found == nullptr;
+/// Everything that shows.
+void Look() {
+  Visitor windows = [](HWND window) {
+    const std::string title = OneLine(CaptionOf(window));
+    PrintControl(title, window);
+    Visitor controls = [&](HWND control) { PrintControl(title, control); };
+    EnumChildWindows(window, &Visit, reinterpret_cast<LPARAM>(&controls));
   };
-  EnumWindows(&Visit, reinterpret_cast<LPARAM>(&visitor));
-  return found;
+  EnumWindows(&Visit, reinterpret_cast<LPARAM>(&windows));
 }
 
-HWND FindControl(HWND window, const std::wstring& wanted) {
-  const int number = _wtoi(wanted.c_str());
-  const std::string name = Utf8(wanted);
-  HWND found = nullptr;
-  Visitor visitor = [&](HWND child) {
-    if (number != 0 ? GetDlgCtrlID(child) == number : NameOf(child) == name) found = child;
-    return found == nullptr;
-  };
-  EnumChildWindows(window, &Visit, reinterpret_cast<LPARAM>(&visitor));
-  return found;
-}
-
-/// Ends the program when there is no such window or control.
-HWND Top(const Arguments& arguments) {
-  const HWND window = FindTop(arguments.at(0));
-  if (window == nullptr) std::exit(1);
-  return window;
-}
-
-HWND Control(const Arguments& arguments) {
-  const HWND control = FindControl(Top(arguments), arguments.at(1));
-  if (control == nullptr) std::exit(1);
-  return control;
-}
-
-std::string OneLine(const std::wstring& text) {
-  std::string result;
-  for (const char c : Utf8(text)) {
-    if (c == '\r') {
-      result += "\\r";
-    } else if (c == '\n') {
-      result += "\\n";
-    } else {
-      result += c;
-    }
-  }
-  return result;
-}
-
-void PrintWindow(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  GUITHREADINFO focus{};
-  focus.cbSize = sizeof focus;
-  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &focus);
-  std::printf("name=%s id=%d class=%s visible=%d enabled=%d focus=%d rect=%ld,%ld,%ld,%ld text=%s\n",
-              NameOf(window).c_str(), GetDlgCtrlID(window), Utf8(ClassOf(window)).c_str(),
-              IsWindowVisible(window), IsWindowEnabled(window), focus.hwndFocus == window, place.left,
-              place.top, place.right - place.left, place.bottom - place.top, OneLine(TextOf(window)).c_str());
-}
-
-void List(const Arguments& arguments) {
-  const HWND window = Top(arguments);
-  PrintWindow(window);
-  Visitor visitor = [](HWND child) {
-    PrintWindow(child);
-    return true;
-  };
-  EnumChildWindows(window, &Visit, reinterpret_cast<LPARAM>(&visitor));
-}
-
-void Windows(const Arguments&) {
-  Visitor visitor = [](HWND window) {
-    if (IsWindowVisible(window)) PrintWindow(window);
-    return true;
-  };
-  EnumWindows(&Visit, reinterpret_cast<LPARAM>(&visitor));
-}
-
-/// TITLE SECONDS: until the window is there, or no longer there.
-void WaitUntil(const Arguments& arguments, bool there) {
-  const ULONGLONG end = GetTickCount64() + 1000 * std::stoull(arguments.at(1));
-  while ((FindTop(arguments.at(0)) != nullptr) != there) {
-    if (GetTickCount64() > end) std::exit(1);
-    Sleep(kLookAgain);
-  }
+void Text(HWND control) {
+  std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+  text.resize(
+      static_cast<std::size_t>(Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  std::printf("%s\n", OneLine(text).c_str());
 }
 
 /// As the user does it, so that the program takes it for that.
-void Click(const Arguments& arguments) {
-  const HWND control = Control(arguments);
+void Click(HWND control) {
   RECT inside{};
   GetClientRect(control, &inside);
   const LPARAM middle = MAKELPARAM(inside.right / 2, inside.bottom / 2);
@@ -174,96 +126,58 @@ void Click(const Arguments& arguments) {
   PostMessageW(control, WM_LBUTTONUP, 0, middle);
 }
 
-/// TITLE CONTROL TEXT: in the place of what is there.
-void Type(const Arguments& arguments) {
-  const HWND control = Control(arguments);
-  SendMessageW(control, EM_SETSEL, 0, -1);
-  SendMessageW(control, WM_CHAR, VK_BACK, 0);
-  for (const wchar_t c : arguments.at(2)) SendMessageW(control, WM_CHAR, c, 0);
+/// In the place of what is there.
+void Type(HWND control, const std::wstring& text) {
+  Ask(control, EM_SETSEL, 0, -1);
+  Ask(control, WM_CHAR, VK_BACK, 0);
+  for (const wchar_t c : text) Ask(control, WM_CHAR, c, 0);
 }
 
-/// TITLE CONTROL NUMBER, from 0: with the arrow keys.
-void Choose(const Arguments& arguments) {
-  const HWND list = Control(arguments);
-  const auto key = [list](WPARAM code) {
-    PostMessageW(list, WM_KEYDOWN, code, 1);
-    PostMessageW(list, WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
-  };
-  key(VK_HOME);
-  for (int i = std::stoi(arguments.at(2)); i > 0; --i) key(VK_DOWN);
-}
-
-void Items(const Arguments& arguments) {
-  const HWND list = Control(arguments);
-  const LRESULT count = SendMessageW(list, CB_GETCOUNT, 0, 0);
-  for (LRESULT i = 0; i < count; ++i) {
-    std::wstring text(
-        static_cast<std::size_t>(SendMessageW(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(i), 0)), L'\0');
-    SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text.data()));
-    Print(Utf8(text) + "\n");
-  }
-}
-
-void Number(LRESULT number) { Print(std::to_string(number) + "\n"); }
-
-/// TITLE PATH: selects the folder in the shell's dialog. The text of such a message has to lie in the
-/// dialog's own program.
-void Browse(const Arguments& arguments) {
-  const HWND dialog = Top(arguments);
+/// Selects a folder in the shell's dialog. The text of such a message has to lie in the dialog's program.
+void Browse(HWND dialog, const std::wstring& path) {
   DWORD id = 0;
   GetWindowThreadProcessId(dialog, &id);
   const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
-  const SIZE_T bytes = (arguments.at(1).size() + 1) * sizeof(wchar_t);
+  const SIZE_T bytes = (path.size() + 1) * sizeof(wchar_t);
   void* const there = VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-  WriteProcessMemory(process, there, arguments.at(1).c_str(), bytes, nullptr);
-  SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(there));
+  WriteProcessMemory(process, there, path.c_str(), bytes, nullptr);
+  Ask(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(there));
   VirtualFreeEx(process, there, 0, MEM_RELEASE);
   CloseHandle(process);
 }
 
-void State(const Arguments& arguments) {
-  const HWND window = Top(arguments);
-  std::printf("minimised=%d foreground=%d enabled=%d\n", IsIconic(window), GetForegroundWindow() == window,
-              IsWindowEnabled(window));
-}
+using Command = void (*)(HWND window, const std::wstring& argument);
 
-struct Command {
-  std::size_t arguments;
-  void (*run)(const Arguments&);
-};
-
-const std::map<std::wstring, Command> kCommands = {
-    {L"windows", {0, &Windows}},
-    {L"wait", {2, [](const Arguments& a) { WaitUntil(a, true); }}},
-    {L"gone", {2, [](const Arguments& a) { WaitUntil(a, false); }}},
-    {L"list", {1, &List}},
-    {L"text", {2, [](const Arguments& a) { Print(Utf8(TextOf(Control(a)))); }}},
-    {L"click", {2, &Click}},
-    {L"type", {3, &Type}},
-    {L"choose", {3, &Choose}},
-    {L"items", {2, &Items}},
-    {L"checked", {2, [](const Arguments& a) { Number(SendMessageW(Control(a), BM_GETCHECK, 0, 0)); }}},
-    {L"selected", {2, [](const Arguments& a) { Number(SendMessageW(Control(a), CB_GETCURSEL, 0, 0)); }}},
-    {L"browse", {2, &Browse}},
-    {L"state", {1, &State}},
-    {L"minimise", {1, [](const Arguments& a) { PostMessageW(Top(a), WM_SYSCOMMAND, SC_MINIMIZE, 0); }}},
-    {L"close", {1, [](const Arguments& a) { PostMessageW(Top(a), WM_CLOSE, 0, 0); }}},
+const std::map<std::string, Command> kCommands = {
+    {"look", [](HWND, const std::wstring&) { Look(); }},
+    {"text", [](HWND window, const std::wstring&) { Text(window); }},
+    {"ticked",
+     [](HWND window, const std::wstring&) {
+       std::printf("%d\n", static_cast<int>(Ask(window, BM_GETCHECK, 0, 0)));
+     }},
+    {"click", [](HWND window, const std::wstring&) { Click(window); }},
+    {"type", &Type},
+    {"browse", &Browse},
+    {"close", [](HWND window, const std::wstring&) { PostMessageW(window, WM_CLOSE, 0, 0); }},
 };
 
 }  // namespace
 
 int main() {
+  _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
-  int count = 0;
-  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-  const Arguments arguments(words + std::min(count, 2), words + count);
-  const auto command = count > 1 ? kCommands.find(words[1]) : kCommands.end();
-  if (command == kCommands.end() || command->second.arguments != arguments.size()) {
-    std::fputs("Usage: winctl COMMAND [TITLE [CONTROL]] [ARGUMENT]. The commands:", stderr);
-    for (const auto& [name, unused] : kCommands) std::fprintf(stderr, " %s", Utf8(name).c_str());
-    std::fputs("\n", stderr);
-    return 2;
+  for (std::string line; std::getline(std::cin, line);) {
+    std::istringstream words(line);
+    std::string command;
+    std::string number;
+    std::string argument;
+    std::getline(words, command, '\t');
+    std::getline(words, number, '\t');
+    std::getline(words, argument, '\t');
+    const auto* window = reinterpret_cast<void*>(std::strtoull(number.c_str(), nullptr, 10));
+    kCommands.at(command)(const_cast<HWND>(reinterpret_cast<const HWND__*>(window)), Wide(argument));
+    std::printf("\f\n");
+    std::fflush(stdout);
   }
-  command->second.run(arguments);
   return 0;
 }

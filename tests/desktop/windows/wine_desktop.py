@@ -3,22 +3,22 @@
 import ctypes
 import glob
 import os
-import re
 import shutil
 import subprocess
-import sys
-import tempfile
 
-HERE = os.path.dirname(os.path.abspath(__file__))
-sys.path.insert(1, os.path.join(HERE, "..", "linux"))
-import desktop  # noqa: E402  (the screen and the folders are those of the other desktop)
+import desktop
+from desktop import BUTTON, CHECK, LABEL, TEXT
 
-PROGRAM = os.environ.get("QV_PROGRAM", "")
-WINCTL = os.environ.get("QV_WINCTL", "")
-PREFIX = os.environ.get("QV_PREFIX", "")
-WINE = os.path.join(HERE, "..", "..", "wine.sh")
+TOOLS, PREFIX = os.environ.get("QV_TOOLS", ""), os.environ.get("QV_PREFIX", "")
+WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
 
+CHECK_BOX, KINDS = 0x2, 0xF  # BS_CHECKBOX, BS_TYPEMASK of <winuser.h>
 NEW_MOUNTS, NEW_USER = 0x00020000, 0x10000000  # CLONE_NEWNS, CLONE_NEWUSER of <sched.h>
+
+# Text boxes by their names in the code.
+BOXES = {"txbDirectory 0": "Source folder", "txbDirectory 1": "Target folder", "txbFileExtension": "File extension",
+         "txbExcludedFilepaths": "Filepaths to skip, parted by commas", "txbSetupFile": "Setup file in use",
+         "txbText": "Report"}
 
 
 def may_mount():
@@ -37,133 +37,115 @@ def mount(*words):
     return subprocess.run(["mount", *words], capture_output=True, check=False).returncode == 0
 
 
-def unmount(folder):
-    subprocess.run(["umount", "--lazy", folder], capture_output=True, check=False)
-
-
 class Wine:
-    """The prefix of these tests and a screen. `drive` names a folder; `end` stops everything that runs here."""
+    """Wine anew, because it shows everything on the screen of its first program. `drive` names a folder."""
 
-    def __init__(self):
-        self.screen = desktop.Screen()
-        self.environment = {**os.environ, **self.screen.environment}
-
-    def prepare(self):
-        """Starts Wine, with nothing left of what the program kept before."""
-        self.call("cmd", "/c", "exit")
-        self.call("reg", "delete", r"HKCU\Software\Quorvane", "/f")
+    def __init__(self, screen):
+        self.stop()
+        self.screen = screen
+        self.environment = {**os.environ, **self.screen.environment, "QV_SHUTDOWN_CALLS": r"Q:\shutdown.txt"}
+        self.winctl = subprocess.Popen([WINE, PREFIX, os.path.join(TOOLS, "winctl.exe")], env=self.environment,
+                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="utf-8")
+        self.ask("look")
+        shutil.copy(os.path.join(TOOLS, "shutdown.exe"), os.path.join(PREFIX, "drive_c/windows/system32"))
         users = [folder for folder in glob.glob(os.path.join(PREFIX, "drive_c/users/*/AppData/Roaming"))
                  if "/Public/" not in folder]
         self.settings = os.path.join(users[0], "Quorvane")
+
+    def forget(self):
+        """What the program kept before."""
+        subprocess.run([WINE, PREFIX, "reg", "delete", r"HKCU\Software\Quorvane", "/f"], env=self.environment,
+                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
         shutil.rmtree(self.settings, ignore_errors=True)
 
-    def call(self, *command, seconds=60):
-        """The output goes through a file: Wine's services would hold a pipe open for long after the command's end."""
-        with tempfile.TemporaryFile(mode="w+", encoding="utf-8", newline="") as output:
-            done = subprocess.run([WINE, PREFIX, *command], env=self.environment, stdin=subprocess.DEVNULL,
-                                  stdout=output, stderr=subprocess.DEVNULL, check=False, timeout=seconds)
-            output.seek(0)
-            return done.returncode, output.read()
+    def ask(self, *words):
+        """The lines of winctl's answer."""
+        self.winctl.stdin.write("\t".join(words) + "\n")
+        self.winctl.stdin.flush()
+        lines = []
+        while line := self.winctl.stdout.readline():
+            if line == "\f\n":
+                return lines
+            lines.append(line[:-1])
+        raise AssertionError(f"winctl ended at {words}")
 
     def drive(self, letter, folder):
-        link = os.path.join(PREFIX, "dosdevices", letter.lower() + ":")
+        link = os.path.join(PREFIX, "dosdevices", letter + ":")
         if os.path.islink(link):
             os.unlink(link)
         os.symlink(folder, link)
 
-    def end(self):
-        subprocess.run(["wineserver", "-k"], env={**self.environment, "WINEPREFIX": PREFIX}, check=False)
-        subprocess.run(["wineserver", "-w"], env={**self.environment, "WINEPREFIX": PREFIX}, check=False, timeout=30)
-        self.screen.end()
-
-
-class Window:
-    """A window of the program, by its title. Every call looks at it anew."""
-
-    def __init__(self, wine, title):
-        self.wine, self.title = wine, title
-
-    def ask(self, command, *words, seconds=60):
-        """What winctl prints; None when the window or the control is not there."""
-        code, answer = self.wine.call(WINCTL, command, self.title, *words, seconds=seconds)
-        return answer if code == 0 else None
-
-    def wait(self, seconds=30):
-        if self.ask("wait", str(seconds), seconds=seconds + 30) is None:
-            raise AssertionError(f"the window {self.title!r} does not come; there are: "
-                                 + self.wine.call(WINCTL, "windows")[1])
-        return self
-
-    def wait_until_gone(self, seconds=30):
-        if self.ask("gone", str(seconds), seconds=seconds + 30) is None:
-            raise AssertionError(f"the window {self.title!r} stays")
-
-    def text(self, control):
-        found = self.ask("text", control)
-        return None if found is None else found.removesuffix("\n").replace("\r\n", "\n")
-
-    def controls(self):
-        """Control name -> (visible, enabled, text without the marks of its access key)."""
-        lines = self.ask("list") or ""
-        found = re.findall(r"^name=(\S(?:.*?\S)?) id=.* visible=(\d) enabled=(\d) .* text=(.*)$", lines, re.MULTILINE)
-        return {name: (visible == "1", enabled == "1", text.replace("&", "")) for name, visible, enabled, text in found}
-
-    def usable(self, control):
-        visible, enabled, _ = self.controls().get(control, (False, False, ""))
-        return visible and enabled
-
-    def click(self, control, seconds=30):
-        """As soon as the user could."""
-        desktop.wait_until(lambda: self.usable(control), f"{control} of {self.title!r}", seconds)
-        if self.ask("click", control) is None:
-            raise AssertionError(f"{control} of {self.title!r} went away")
-
-    def click_captioned(self, control, caption, seconds=30):
-        desktop.wait_until(lambda: self.controls().get(control, ("",))[-1] == caption and self.usable(control),
-                           f"{control} of {self.title!r} to say {caption!r}", seconds)
-        self.ask("click", control)
-
-    def wait_for_text(self, control, part, seconds=30):
-        return desktop.wait_until(lambda: (lambda text: text if text and part in text else None)(self.text(control)),
-                                  f"{part!r} in {control} of {self.title!r}", seconds)
-
-    def close(self):
-        self.ask("close")
-
-
-class Program:
-    """The program, started with `words` as its command line. Its standard output goes to a file."""
-
-    def __init__(self, wine, output, words=()):
-        self.output = output
-        with open(output, "wb") as file:
-            self.process = subprocess.Popen([WINE, PREFIX, PROGRAM, *words], env=wine.environment,
-                                            stdin=subprocess.DEVNULL, stdout=file, stderr=subprocess.DEVNULL)
-
-    def lines(self):
-        with open(self.output, encoding="utf-8") as file:
-            return file.read().splitlines()
-
-    def wait_for_result(self, seconds=60):
-        """The fields of the RESULT line, as texts."""
-        found = desktop.wait_until(lambda: [line for line in self.lines() if line.startswith("RESULT ")]
-                                   or self.process.poll() is not None, "the RESULT line", seconds)
-        if found is True:
-            raise AssertionError(f"the program ended without a RESULT line: {self.lines()}")
-        return dict(re.findall(r"(\w+)=(\S*)", found[-1]))
-
-    def exit_code(self, seconds=30):
-        try:
-            return self.process.wait(seconds)
-        except subprocess.TimeoutExpired:
-            raise AssertionError("the program is still running") from None
+    def stop(self):
+        for how in ("-k", "-w"):
+            subprocess.run(["wineserver", how], env={**os.environ, "WINEPREFIX": PREFIX}, check=False, timeout=30,
+                           stderr=subprocess.DEVNULL)
 
     def end(self):
-        desktop.end_process(self.process)
+        self.winctl.communicate()
+        self.stop()
 
 
-def names_of_libraries(program):
-    """The libraries that a program needs, and the rest of what objdump says of it."""
-    text = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", program], capture_output=True, text=True,
-                          check=True).stdout
-    return re.findall(r"DLL Name: (\S+)", text), text
+class Place(desktop.Place):
+    """The folder is drive Q:."""
+
+    def __init__(self, wine):
+        super().__init__()
+        self.settings = wine.settings
+        wine.forget()
+        wine.drive("q", self.root)
+
+    def seen(self, path):
+        return "Q:" + path.removeprefix(self.root).replace("/", "\\")
+
+
+class Control:
+    def __init__(self, wine, line):
+        self.wine = wine
+        self.title, self.number, kind, style, usable, self.id, name = line.replace("\v", "\n").split("\t")
+        self.usable = usable == "1"
+        is_check_box = int(style) & KINDS in (CHECK_BOX, CHECK_BOX + 1)
+        self.role = {"Button": CHECK if is_check_box else BUTTON, "Edit": TEXT, "Static": LABEL}.get(kind, kind)
+        self.name = BOXES.get(name, name) if kind == "Edit" else name.replace("&", "")
+
+    ticked = property(lambda self: self.wine.ask("ticked", self.number) == ["1"])
+    text = property(lambda self: self.wine.ask("text", self.number)[0].replace("\v", "\n"))
+
+    def press(self):
+        self.wine.ask("click", self.number)
+        return True
+
+
+class Program(desktop.Program):
+    noise = "wine: "
+
+    def __init__(self, wine, words):
+        self.wine = wine
+        super().__init__([WINE, PREFIX, desktop.PROGRAM, *words], wine.environment, wine.screen)
+
+    def everything(self):
+        return [Control(self.wine, line) for line in self.wine.ask("look")]
+
+    def titles(self):
+        return [control.title for control in self.everything()]
+
+    def controls(self, title=None):
+        return (control for control in self.everything() if title in (None, control.title))
+
+    def look_for(self, title, name, role=BUTTON):
+        """The box for the answer to a question goes by the question."""
+        return super().look_for(title, name, role) or super().look_for(title, "answer", role)
+
+    def toggle(self, title, name):
+        self.find(title, name, CHECK).press()
+
+    def type(self, title, name, text):
+        self.wine.ask("type", self.find(title, name, TEXT).number, text)
+        self.wait_for_text(title, name, text)
+
+    def click(self, control):
+        control.press()
+
+    def close(self, title):
+        for window in self.controls(title):
+            if window.id == "0":
+                self.wine.ask("close", window.number)
