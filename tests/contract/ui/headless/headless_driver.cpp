@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/contract/ui/driver.h"
 #include "ui/headless/headless_front_end.h"
 
@@ -41,8 +43,10 @@ class HeadlessDriver : public Driver {
   void Minimise(ui::Form& form) override { form.UserSetState(ui::WindowState::kMinimised); }
   void Resize(ui::Form& form, ui::Size outer) override {
     const ui::Size frame{form.width() - form.inner().width, form.height() - form.inner().height};
-    form.UserMoved({form.left(), form.top(), outer.width, outer.height});
-    form.InnerSizeIs({outer.width - frame.width, outer.height - frame.height});
+    const ui::Size inner{std::max(outer.width - frame.width, form.smallest().width),
+                         std::max(outer.height - frame.height, form.smallest().height)};
+    form.UserMoved({form.left(), form.top(), inner.width + frame.width, inner.height + frame.height});
+    form.InnerSizeIs(inner);
   }
   void PassTime(int milliseconds) override { front_end_.PassTime(milliseconds); }
 
