@@ -13,7 +13,7 @@ namespace {
 using ui::Twips;
 
 constexpr ui::Size kOuterSize{9'600, 8'700};
-constexpr ui::Size kSmallest{6'600, 5'400};  ///< inner size below which nothing is made smaller
+constexpr ui::Size kSmallest{8'400, 5'400};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kTitleHeight = 390;
@@ -70,9 +70,9 @@ bool frmConfirmOperation::Confirm(ui::Form& owner) {
 }
 
 void frmConfirmOperation::Form_Load() {
+  SetSmallest(kSmallest);
   SetText("Confirm operation");
   lblOperation.SetText(OperationName(request_.operation));
-  lblExplanation.SetText(OperationExplained(request_.operation));
   picFacts.SetSpokenName("What will be done");
   picFacts.SetScrollBar(&vsbFacts);
   vsbFacts.SetSpokenName("Scroll what will be done");
@@ -135,12 +135,14 @@ void frmConfirmOperation::Form_Resize() {
   const Twips buttons = height - kMargin - kButtonHeight;
 
   lblOperation.SetBounds({kMargin, kMargin, width, kTitleHeight});
-  lblExplanation.SetBounds({kMargin, lblOperation.bounds().bottom(), width, kRow});
+  lblExplanation.SetText(Broken(OperationExplained(request_.operation), width, lblExplanation.font()));
+  lblExplanation.SetBounds(
+      {kMargin, lblOperation.bounds().bottom(), width, CountLines(lblExplanation.text()) * kLineHeight});
   cmdCancel.SetBounds({right - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
   cmdStart.SetBounds({cmdCancel.left() - kGap - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
   chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
 
-  const Twips facts = lblExplanation.bounds().bottom() + kGap;
+  const Twips facts = lblExplanation.bounds().bottom() + kMargin;
   const Twips facts_end = PlaceDoubts(buttons - kGap, width) - kGap;
   picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});

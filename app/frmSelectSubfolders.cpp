@@ -12,7 +12,7 @@ namespace {
 using ui::Twips;
 
 constexpr ui::Size kOuterSize{9'300, 9'600};
-constexpr ui::Size kSmallest{5'400, 4'500};  ///< inner size below which nothing is made smaller
+constexpr ui::Size kSmallest{5'700, 4'500};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kTitleHeight = 540;
@@ -58,6 +58,7 @@ std::optional<std::vector<std::string>> frmSelectSubfolders::Choose(ui::Form& ow
 }
 
 void frmSelectSubfolders::Form_Load() {
+  SetSmallest(kSmallest);
   SetText("Reading disk . . .");
   lblTitle.SetText("Select subfolders of the source folder \r\nto be INCLUDED in the backup");
   picSubfolders.SetSpokenName("Subfolders of the source folder");

@@ -78,6 +78,7 @@ class frmSelectSubfolders : public ui::Form {
   void SetScrollRange();
   void ShowRows();
   void ShowRow(std::size_t row);
+  std::string Shortened(const std::string& name, ui::Twips width, const ui::Font& font) const;
 
   // The keyboard
   bool KeyPressed(const ui::KeyPress& press);

@@ -82,7 +82,8 @@ void frmSelectSubfolders::ShowRow(std::size_t row) {
     const Subfolder& subfolder = list_[index];
     const std::string name = base::utf8::Printable(subfolder.name);
     const bool fits = context_.front_end.TextWidth(name, check_box.font()) + kTickWidth <= check_box.width();
-    check_box.SetText(name);
+    check_box.SetText(fits ? name : Shortened(name, check_box.width() - kTickWidth, check_box.font()));
+    check_box.SetSpokenName(name);
     check_box.SetToolTip(fits ? std::string() : name);
     check_box.SetDescription(ContentText(subfolder));
     check_box.SetValue(subfolder.selected ? 1 : 0);
@@ -90,6 +91,20 @@ void frmSelectSubfolders::ShowRow(std::size_t row) {
   }
   check_box.SetVisible(used);
   content.SetVisible(used);
+}
+
+/// As much of the beginning as fits, and an ellipsis.
+std::string frmSelectSubfolders::Shortened(const std::string& name, Twips width, const ui::Font& font) const {
+  const auto beginning = [&](std::size_t characters) {
+    return name.substr(0, base::utf8::OffsetOf(name, characters)) + "\u2026";
+  };
+  std::size_t fits = 0;
+  std::size_t beyond = base::utf8::Length(name);
+  while (beyond - fits > 1) {
+    const std::size_t middle = (fits + beyond) / 2;
+    (context_.front_end.TextWidth(beginning(middle), font) <= width ? fits : beyond) = middle;
+  }
+  return beginning(fits);
 }
 
 void frmSelectSubfolders::vsbScrollBar_Change() { ShowRows(); }

@@ -15,7 +15,7 @@ constexpr std::int64_t kLargestFile = 4 * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr ui::Size kOuterSize{11'400, 10'200};
-constexpr ui::Size kSmallest{6'600, 3'600};  ///< inner size below which nothing is made smaller
+constexpr ui::Size kSmallest{9'000, 3'600};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kRow = 420;
@@ -38,6 +38,7 @@ frmView::frmView(Context& context)
 }
 
 void frmView::Form_Load() {
+  SetSmallest(kSmallest);
   txbText.SetReadOnly(true);
   lblFind.SetText("Find:");
   lblFind.SetAccessKey('F');

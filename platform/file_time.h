@@ -23,6 +23,8 @@ struct CalendarTime {
   int minute = 0;       ///< 0 to 59
   int second = 0;       ///< 0 to 59
   int day_of_year = 1;  ///< 1 to 366
+
+  auto operator<=>(const CalendarTime&) const = default;
 };
 
 /// The calendar of UTC for a time.

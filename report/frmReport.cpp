@@ -17,8 +17,10 @@ void frmReport::Form_Load() {
   SetTextsAndKeys();
   SetHandlers();
   constexpr ui::Twips kStartHeight = 6'000;
+  constexpr ui::Size kSmallest{10'200, 3'900};  // inside: all buttons side by side, some lines of text
   const ui::Rect& main = main_.Window().bounds();
   SetBounds({main.left + 500, main.top + 500, main.width - 1'000, kStartHeight});
+  SetSmallest(kSmallest);
   size_set_ = {width(), height()};
   SetReportButtons2(false, false, "", false, "");
   Form_Resize();

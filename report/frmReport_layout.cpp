@@ -78,7 +78,8 @@ void frmReport::PlaceBody() {
 }
 
 void frmReport::PositionReportButtons() {
-  const ui::Twips top = lblBytesCopied.bounds().bottom() + kGap;
+  const ui::Twips top =
+      std::max(inner().height - kMargin - kPauseButton.height, lblBytesCopied.bounds().bottom() + kGap);
   const ui::Twips height = kPauseButton.height;
   cmdPauseContinue.SetBounds({kMargin, top, kPauseButton.width, height});
   const ui::Twips beside_pause = cmdPauseContinue.bounds().right() + 2 * kGap;

@@ -1,12 +1,12 @@
-"""Takes the pictures of the windows for the documentation: pictures.py ROOT FOLDER; the sample lies below ROOT."""
+"""Takes the pictures of the windows for the documentation: pictures.py linux ROOT PREFIX, or pictures.py windows PREFIX.
+PREFIX is how the pictures' paths begin. The setup of the last run is saved already, on Linux below ROOT."""
 
 import os
 import sys
 import time
 
 tests = os.path.join(os.path.dirname(__file__), "..", "tests", "desktop")
-sys.path[:0] = [tests, os.path.join(tests, "linux")]
-import accessible  # noqa: E402
+sys.path[:0] = [tests, os.path.join(tests, sys.argv[1])]
 import desktop  # noqa: E402
 
 MAIN, BACK_UP = "Quorvane", "Back up new and modified"
@@ -26,40 +26,57 @@ def take(screen, title, path):
     screen.run("mogrify", "-strip", "+dither", "-colors", "64", "-define", "png:compression-level=9", path)
 
 
-def main(root, folder):
+def take_all(program, prefix):
     def picture(title, name):
-        take(screen, title, os.path.join(folder, name + ".png"))
+        take(program.screen, title, prefix + name + ".png")
 
+    program.find(MAIN, "Quit")
+    picture(MAIN, "main-window")
+    program.press(MAIN, "Setup")
+    program.find(MAIN, "Save setup")
+    picture(MAIN, "setup-commands")
+    program.press(MAIN, "Not now")
+    program.press(MAIN, "Select included subfolders")
+    program.find("Select subfolders", "Accept")
+    picture("Select subfolders", "select-subfolders")
+    program.press("Select subfolders", "Cancel")
+    program.wait_until_closed("Select subfolders")
+    program.press(MAIN, BACK_UP)
+    program.find("Confirm operation", "Start backup")
+    picture("Confirm operation", "confirmation")
+    program.press("Confirm operation", "Start backup")
+    program.find(BACK_UP, "Close")
+    picture(BACK_UP, "report-window")
+    program.press(BACK_UP, "Close")
+    program.wait_until_closed(BACK_UP)
+    program.press(MAIN, "Help")
+    program.find("Help", "Find next")
+    picture("Help", "help")
+
+
+def linux(root, prefix):
+    import accessible
     screen = accessible.Screen()
     program = accessible.Program(os.path.join(root, "settings"), [], screen)
     try:
-        program.find(MAIN, "Quit")
-        picture(MAIN, "main-window")
-        program.press(MAIN, "Setup")
-        program.find(MAIN, "Save setup")
-        picture(MAIN, "setup-commands")
-        program.press(MAIN, "Not now")
-        program.press(MAIN, "Select included subfolders")
-        program.find("Select subfolders", "Accept")
-        picture("Select subfolders", "select-subfolders")
-        program.press("Select subfolders", "Cancel")
-        program.wait_until_closed("Select subfolders")
-        program.press(MAIN, BACK_UP)
-        program.find("Confirm operation", "Start backup")
-        picture("Confirm operation", "confirmation")
-        program.press("Confirm operation", "Start backup")
-        program.find(BACK_UP, "Close")
-        picture(BACK_UP, "report-window")
-        program.press(BACK_UP, "Close")
-        program.wait_until_closed(BACK_UP)
-        program.press(MAIN, "Help")
-        title = desktop.wait_until(
-            lambda: next((name for name in program.titles() if name != MAIN), None), "the help")
-        picture(title, "help")
+        take_all(program, prefix)
     finally:
         program.end()
         screen.end()
 
 
+def windows(prefix):
+    import wine_desktop
+    screen = desktop.Screen()
+    wine = wine_desktop.Wine(screen)
+    program = wine_desktop.Program(wine, [])
+    try:
+        take_all(program, prefix)
+    finally:
+        program.end()
+        wine.end()
+        screen.end()
+
+
 if __name__ == "__main__":
-    main(*sys.argv[1:])
+    {"linux": linux, "windows": windows}[sys.argv[1]](*sys.argv[2:])

@@ -2,11 +2,9 @@
 # Makes the pictures of the documentation anew from the running program, with the demo's files in a home of its own.
 #
 #   tools/pictures.sh [PROGRAM]                  docs/*.png, from build/release/main/quorvane
-#   tools/pictures.sh --windows PROGRAM.exe      docs/windows-*.png, under Wine
+#   tools/pictures.sh --windows PROGRAM.exe      docs/windows-*.png, under Wine; needs the targets winctl and shutdown
 set -euo pipefail
 cd "$(dirname "$0")/.."
-# shellcheck source=tools/demo.sh
-source tools/demo.sh
 
 root=/tmp/home/ada
 pictures=$PWD/docs
@@ -34,18 +32,13 @@ save_sample_setup() {
 
 windows_pictures() {
   local prefix=$PWD/build/pictures-wine config
-  tests/wine.sh "$prefix" cmd /c exit
+  # Without a previous run, as on Linux. A new prefix knows of none.
+  tests/wine.sh "$prefix" reg delete 'HKCU\Software\Quorvane' /f >/dev/null 2>&1 || true
   ln -sfn "$root" "$prefix/dosdevices/q:"
   config=$(find "$prefix/drive_c/users" -maxdepth 3 -path '*/AppData/Roaming' -not -path '*/Public/*' | head -n 1)
   save_sample_setup "$config" 'Q:\Documents' 'Q:\Backup'
-  demo_folder=$root demo_config=$config demo_runner=(env)
-  start_screen "$root"
-  trap 'end_demo; rm -rf "$root"; rmdir /tmp/home 2>/dev/null || true' EXIT
-  run_program tests/wine.sh "$prefix" "$1" >/dev/null
-  picture_of "Quorvane" 20 40 "$pictures/windows-main-window.png"
-  picture_of "Back up new and modified" 980 40 "$pictures/windows-report-window.png"
-  close_program
-  mogrify -strip +dither -colors 64 -define png:compression-level=9 "$pictures"/windows-*.png
+  QV_PROGRAM=$1 QV_TOOLS=$(dirname "$1")/../tests QV_PREFIX=$prefix \
+    python3 -B tools/pictures.py windows "$pictures/windows-"
 }
 
 make_sample
@@ -53,6 +46,6 @@ if [[ ${1:-} == --windows ]]; then
   windows_pictures "$(realpath "$2")"
 else
   save_sample_setup "$root/settings" "$root/Documents" "$root/Backup"
-  QV_PROGRAM=$(realpath "${1:-build/release/main/quorvane}") /usr/bin/python3 -B tools/pictures.py "$root" "$pictures"
+  QV_PROGRAM=$(realpath "${1:-build/release/main/quorvane}") /usr/bin/python3 -B tools/pictures.py linux "$root" "$pictures/"
 fi
 ls -l "$pictures"/*.png

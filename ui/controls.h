@@ -22,7 +22,8 @@ class Button : public Control {
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
 };
 
-/// A text that the user only reads. Breaks lines at its width and at line ends.
+/// A text that the user only reads. Breaks lines at its width and at line ends; where there is no room for a
+/// second line, an ellipsis stands for what does not fit: the end of a text, the middle of a path.
 class Label : public Control {
  public:
   using Control::Control;

@@ -30,6 +30,11 @@ bool Form::reachable() const { return Container::reachable() && !front_end_.Bloc
 
 Size Form::inner() const { return peer() != nullptr ? inner_ : Size{width(), height()}; }
 
+void Form::SetSmallest(Size inner) {
+  smallest_ = inner;
+  Mirror(Property::kBounds);
+}
+
 void Form::Show() {
   AttachPeer(front_end_);
   visible_ = true;

@@ -53,6 +53,10 @@ class Form : public Container {
   /// The size inside borders and title. Before the first Show() the whole size.
   Size inner() const;
 
+  /// The inner size below which the user cannot make the window; at first none.
+  void SetSmallest(Size inner);
+  Size smallest() const { return smallest_; }
+
   WindowState state() const { return state_; }
   /// Brings a minimised window back without taking the focus from another program.
   void Restore();
@@ -110,6 +114,7 @@ class Form : public Container {
   FrontEnd& front_end_;
   FormStyle style_;
   Size inner_;
+  Size smallest_;
   WindowState state_ = WindowState::kNormal;
   bool modal_ = false;
   Form* owner_ = nullptr;

@@ -1,19 +1,11 @@
-#include <gtest/gtest.h>
-
 #include "app/frmConfirmOperation.h"
 #include "app/line_break.h"
 #include "tests/app/program.h"
 
 namespace app::test {
-namespace {
 
-class ConfirmOperation : public testing::Test, protected Program {
- protected:
-  ConfirmOperation() {
-    request.setup = SourceAndTarget();
-    request.operation = Operation::kBackupModifiedFiles;
-    owner.Show();
-  }
+struct ConfirmOperation : testing::Test, Program {
+  ConfirmOperation() { owner.Show(); }
 
   /// Opens the window, lets it read to its end, then lets the user act.
   bool Confirm(const std::function<void()>& user) {
@@ -35,69 +27,57 @@ class ConfirmOperation : public testing::Test, protected Program {
   }
 
   std::string FactAtTheEnd(const std::string& heading) {
-    std::string text;
-    Confirm([&] { text = Fact(heading); });
-    return text;
+    Confirm([] {});
+    return Fact(heading);
   }
-
   std::string Doubts() {
-    std::string text;
-    Confirm([&] { text = confirm->fraDoubts.visible() ? confirm->lblDoubts.text() : ""; });
-    return text;
+    Confirm([] {});
+    return confirm->fraDoubts.visible() ? confirm->lblDoubts.text() : "";
   }
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
-  engine::RunRequest request;
+  engine::RunRequest request{setup, Operation::kBackupModifiedFiles, {}, false};
   std::optional<frmConfirmOperation> confirm;
 };
 
 TEST_F(ConfirmOperation, TellsTheSetupAtOnce) {
   files.SetSpace(3u << 20, 8u << 20);
-  request.setup.IncludedFolders = {"a", "b"};
-  request.setup.IncludeSubfolders = true;
-  request.setup.FileExtension = "j?g";
-  request.setup.ModifiedSince = 1;
+  request.setup = {"/src", "/dst", {"a", "b"}, true, "j?g", "cache", 1, false, false, false, false};
   request.modified_since = platform::FileTime{};
-  request.setup.SkipFilepaths = "cache";
   confirm.emplace(context, request);
   confirm->SetWidth(12'000);
   confirm->Form_Load();
   EXPECT_EQ(confirm->lblOperation.text(), "Back up new and modified");
   EXPECT_EQ(Fact("Source"), "/src");
-  EXPECT_EQ(Fact("Target"), "/dst\r\non " + files.DriveOf("/dst") + ", 3.00 Mb free of 8.00 Mb");
+  EXPECT_EQ(Fact("Target"), "/dst\r\non /, 3.00 Mb free of 8.00 Mb");
   EXPECT_EQ(
       Fact("Included"),
       "The files that lie directly in the source folder.\r\n2 subfolders with everything below them: a, b");
   EXPECT_EQ(Fact("Files"),
             "Only files whose extension fits \"j?g\".\r\nOnly files new or modified in the last week.");
   EXPECT_EQ(Fact("Left out"), "Files whose path holds one of these:\r\n\"cache\"");
-  EXPECT_EQ(Fact("To be copied"), "0 files, 0 bytes so far . . .");
-  EXPECT_EQ(Fact("Options"), "-");
+  EXPECT_EQ(Fact("To be copied") + Fact("Options"), "0 files, 0 bytes so far . . .-");
 }
 
 TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopy) {
-  files.AddFile("/src/new", "12345");
-  files.AddFile("/src/same", "12", {7, 0});
-  files.AddFile("/dst/same", "12", {7, 0});
-  files.AddFile("/src/a/below/modified", "123", {7, 0});
-  files.AddFile("/dst/a/below/modified", "1", {7, 0});
-  files.AddFile("/src/a/skipped.tmp", "1");
-  files.AddFile("/src/not included/x", "1");
+  tree::Add(files,
+            {"/src/new=12345", "/src/same=12", "/dst/same=12", "/src/a/below/modified=123",
+             "/dst/a/below/modified", "/src/a/skipped.tmp", "/src/a/target/copy", "/src/not included/x"});
   request.setup.IncludedFolders = {"a"};
   request.setup.IncludeSubfolders = true;
   request.setup.SkipFilepaths = ".tmp";
-  EXPECT_EQ(FactAtTheEnd("To be copied"), "2 files, 8 bytes");
+  EXPECT_EQ(FactAtTheEnd("To be copied"), "3 files, 9 bytes");
   request.operation = Operation::kBackupAllFiles;
-  EXPECT_EQ(FactAtTheEnd("To be copied"), "3 files, 10 bytes");
+  EXPECT_EQ(FactAtTheEnd("To be copied"), "4 files, 11 bytes");
+  request.setup.TargetFolder = "/src/a/target";
+  EXPECT_EQ(FactAtTheEnd("To be copied"), "3 files, 10 bytes") << "without the target itself";
   request.setup.IncludeSubfolders = false;
   request.setup.ExcludeFilesInSourceFolder = true;
   EXPECT_EQ(FactAtTheEnd("To be copied"), "0 files, 0 bytes");
 }
 
-TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevel) {
-  for (const char* name : {"Temp", "other", "template"})
-    files.AddFile(std::string("/src/") + name + "/x", "");
-  files.AddFile("/src/temp.txt", "");
+TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevelAndScrollsToTheLast) {
+  tree::Add(files, {"/src/Temp/", "/src/other/", "/src/template/", "/src/temp.txt"});
   request.setup.IncludedFolders = {"Temp", "other"};
   request.setup.SkipFilepaths = "/temp/, temp, nothing";
   EXPECT_EQ(FactAtTheEnd("Left out"),
@@ -105,69 +85,44 @@ TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevel) {
             "\"/temp/\": 1 of 3 names on the first level: Temp\r\n"
             "\"temp\": 2 of 3 names on the first level: Temp, temp.txt\r\n"
             "\"nothing\": none of the 3 names on the first level");
+  for (int i = 0; i < 60; ++i) request.setup.SkipFilepaths += ",pattern " + std::to_string(i);
+  Confirm([&] { ui::headless::PressKey(*confirm, {ui::Key::kEnd}); });
+  EXPECT_TRUE(confirm->vsbFacts.visible());
+  EXPECT_LE(confirm->fact_rows.back()->lblText.bounds().bottom(), confirm->picFacts.height()) << "in reach";
 }
 
 TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
-  files.AddFile("/src/file", "123456");
-  files.AddFolder("/src/inside");
-  files.AddLink("/src/link", "/dst");
-  files.SetSpace(1'000, 2'000);
-  struct Case {
-    const char* doubt;
-    std::function<void(app::Setup&)> change;
+  tree::Add(files, {"/src/file=123456", "/src/inside/", "/src/link>/dst"});
+  const auto doubts = [&](const std::string& target, const std::vector<std::string>& included,
+                          const std::string& skip = "", const std::string& extension = "") {
+    request.setup = {"/src", target, included, false, extension, skip, 0, false, false, false, false};
+    return Doubts();
   };
-  const Case cases[] = {
-      {"",
-       [](app::Setup& setup) {
-         setup.IncludedFolders = {"inside", "link"};
-       }},
-      {"target folder lies inside the source", [](app::Setup& setup) { setup.TargetFolder = "/src/inside"; }},
-      {"source folder lies inside the target", [](app::Setup& setup) { setup.TargetFolder = "/"; }},
-      {"in mind: \"le\"", [](app::Setup& setup) { setup.SkipFilepaths = "le"; }},
-      {"so every file is left out", [](app::Setup& setup) { setup.SkipFilepaths = "SRC"; }},
-      {"no longer there: gone",
-       [](app::Setup& setup) {
-         setup.IncludedFolders = {"gone", "inside"};
-       }},
-      {"2 included subfolders are no longer there",
-       [](app::Setup& setup) {
-         setup.IncludedFolders = {"x", "y"};
-       }},
-      {"no file that passes the filters", [](app::Setup& setup) { setup.FileExtension = "jpg"; }},
+  const auto holds = [](const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
   };
-  for (const Case& tried : cases) {
-    request.setup = SourceAndTarget();
-    tried.change(request.setup);
-    const std::string doubts = Doubts();
-    EXPECT_NE(doubts.find(tried.doubt), std::string::npos) << tried.doubt << " / " << doubts;
-    EXPECT_EQ(doubts.empty(), *tried.doubt == 0) << doubts;
-  }
+  EXPECT_EQ(doubts("/dst", {"inside", "link"}), "");
+  EXPECT_TRUE(holds(doubts("/src/inside", {}), "target folder lies inside the source"));
+  EXPECT_TRUE(holds(doubts("/", {}), "source folder lies inside the target"));
+  EXPECT_TRUE(holds(doubts("/dst", {"gone", "inside"}), "no longer there: gone"));
+  EXPECT_TRUE(holds(doubts("/dst", {"x", "y"}), "2 included subfolders are no longer there"));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "le"), "in mind: \"le\""));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "SRC"), "so every file is left out"));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "", "jpg"), "no file that passes the filters"));
 }
 
-TEST_F(ConfirmOperation, DoubtsTheSpaceForWhatTheTargetDoesNotHoldYet) {
-  files.AddFile("/src/file", std::string(1'000, 'x'), {7, 0});
-  files.SetSpace(1'000, 2'000);
-  EXPECT_EQ(Doubts(), "The copies need 1,000 bytes, but only 1,000 bytes are free on the target.");
-  files.AddFile("/dst/file", "x", {7, 0});
-  EXPECT_EQ(Doubts(), "");
-}
-
-TEST_F(ConfirmOperation, DoubtsAFileThatTheFormatOfTheTargetCannotHold) {
-  files.AddFile("/src/file", "x");
+TEST_F(ConfirmOperation, DoubtsWhatTheTargetCannotHold) {
+  tree::Add(files, {"/src/file=1234"});
+  files.SetSpace(4, 2'000);
+  EXPECT_EQ(Doubts(), "The copies need 4 bytes, but only 4 bytes are free on the target.");
+  tree::Add(files, {"/dst/file=x"});
+  EXPECT_EQ(Doubts(), "") << "three bytes more";
+  files.SetSpace(6'000'000'000, 6'000'000'000);
   files.AddHugeFile("/src/film", 5'000'000'000);
   EXPECT_EQ(Doubts(), "");
   files.SetLargestFile(platform::kLargestOnFat);
-  const std::string doubts = Doubts();
-  EXPECT_NE(doubts.find("4.00 Gb"), std::string::npos) << doubts;
-  EXPECT_TRUE(doubts.ends_with("film")) << doubts;
-}
-
-TEST_F(ConfirmOperation, DoesNotCountTheTargetThatLiesInTheSource) {
-  files.AddFile("/src/backup/a/file", "123");
-  request.setup.TargetFolder = "/src/backup/a";
-  request.setup.IncludedFolders = {"backup"};
-  request.setup.IncludeSubfolders = true;
-  EXPECT_EQ(FactAtTheEnd("To be copied"), "0 files, 0 bytes");
+  EXPECT_NE(Doubts().find("4.00 Gb"), std::string::npos);
+  EXPECT_TRUE(Doubts().ends_with("film")) << Doubts();
 }
 
 TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {
@@ -182,33 +137,10 @@ TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {
   EXPECT_TRUE(confirm->NotAgain());
 }
 
-TEST_F(ConfirmOperation, ScrollsFactsThatDoNotFit) {
-  std::string patterns;
-  for (int i = 0; i < 60; ++i) patterns += "pattern " + std::to_string(i) + ",";
-  request.setup.SkipFilepaths = patterns;
-  Confirm([&] {
-    const auto last = [&] { return confirm->fact_rows.back()->lblText.bounds().bottom(); };
-    EXPECT_GT(last(), confirm->picFacts.height());
-    ui::headless::PressKey(*confirm, {ui::Key::kEnd});
-    EXPECT_LE(last(), confirm->picFacts.height());
-    ui::headless::Scroll(confirm->vsbFacts, 0);
-    EXPECT_GT(confirm->fact_rows[0]->lblText.top(), 0);
-  });
-}
-
 TEST(LineBreak, KeepsEveryLineWithinTheWidth) {
-  const auto measure = [](const std::string& text) { return static_cast<ui::Twips>(text.size()); };
-  const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
-      {"1234567890", "1234567890"},
-      {"one two three", "one two\r\nthree"},
-      {"123456789 1", "123456789\r\n1"},
-      {"a\r\n\r\nb", "a\r\n\r\nb"},
-      {"/home/someone/files", "/home/\r\nsomeone/\r\nfiles"},
-      {"withoutanyplacetobreak", "withoutany\r\nplacetobre\r\nak"},
-  };
-  for (const auto& [text, broken] : cases) EXPECT_EQ(BreakLines(text, 10, measure), broken);
+  const auto measure = [](const std::string& line) { return static_cast<ui::Twips>(line.size()); };
+  EXPECT_EQ(BreakLines("1234567890 one two three\r\n\r\n/home/someone/files withoutanyplace", 10, measure),
+            "1234567890\r\none two\r\nthree\r\n\r\n/home/\r\nsomeone/\r\nfiles\r\nwithoutany\r\nplace");
 }
 
-}  // namespace
 }  // namespace app::test

@@ -1,24 +1,34 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/frmMain.h"
-#include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_system.h"
-#include "tests/app/program_texts.h"
+#include "tests/tree.h"
 #include "ui/headless/headless_front_end.h"
 
-/// The whole program on a file system in memory, with a user whose hands a test moves.
 namespace app::test {
 
+/// The program's English texts, as they are shipped.
+inline std::string EnglishTexts() {
+  std::ifstream file(QV_SOURCE_ROOT "/text/qvr_text_en.txt", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The whole program on a file system in memory with /src and /dst, and a user whose hands a test moves.
 class Program {
  public:
-  Program() {
-    files.AddFolder("/src");
-    files.AddFolder("/dst");
-    files.AddFolder("/home/user/.config");
+  explicit Program(const std::vector<std::string>& entries = {}) {
+    tree::Add(files, {"/src/", "/dst/", "/home/user/.config/"});
+    tree::Add(files, entries);
+    setup.SourceFolder = "/src";
+    setup.TargetFolder = "/dst";
   }
 
   frmMain& Start(const std::string& command_line = {}) {
@@ -27,44 +37,42 @@ class Program {
     window->Form_Load();
     return *window;
   }
-
-  /// Saves a setup as the last run's, for the next Start().
-  void SaveLastRun(const Setup& setup) {
+  /// Starts with `setup` as that of the last run.
+  frmMain& StartWithSetup(const std::string& command_line = {}) {
     files.AddFolder("/home/user/.config/Quorvane");
-    services::SaveSetupToFile(files, "/home/user/.config/Quorvane/qvr.usr", setup);
+    services::SaveSetupToFile(files, kLastRun, setup);
+    return Start(command_line);
   }
 
-  Setup SavedLastRun() {
-    ui::headless::HeadlessFrontEnd other;
-    ui::Form owner(other, "owner", ui::FormStyle::kMain);
-    return services::LoadOperationFile({files, other.dialogs(), owner, texts, false},
-                                       "/home/user/.config/Quorvane/qvr.usr")
-        .setup;
+  /// Does something whenever a copy begins.
+  void WhenACopyBegins(std::function<void()> act) {
+    files.Before([act](platform::memory::Call call, const std::string&) {
+      if (call == platform::memory::Call::kCopyFile) act();
+    });
   }
-
-  Setup SourceAndTarget() const {
-    Setup setup;
-    setup.SourceFolder = "/src";
-    setup.TargetFolder = "/dst";
-    return setup;
+  /// What the last box or dialog said, if one has come since this was asked before.
+  std::string Said() {
+    const std::string text = dialogs.asked.empty() ? "" : dialogs.asked.back().text;
+    dialogs.asked.clear();
+    return text;
   }
+  std::string Text(int number) { return texts.GetProgramText(number); }
 
-  std::string LastMessage() {
-    return front_end.dialogs().asked.empty() ? "" : front_end.dialogs().asked.back().text;
-  }
-
+  static constexpr const char* kLastRun = "/home/user/.config/Quorvane/qvr.usr";
   platform::memory::MemoryFileSystem files;
   platform::memory::MemoryClock clock;
   platform::memory::MemoryLocale locale;
   platform::memory::MemorySettingsStore settings;
   platform::memory::MemoryShell shell;
   ui::headless::HeadlessFrontEnd front_end;
+  ui::headless::HeadlessDialogs& dialogs = front_end.dialogs();
   text::ProgramTexts texts{EnglishTexts()};
   std::vector<std::string> printed;
   Context context{
       front_end, files, clock, locale, settings, shell, texts, {}, {}, true, [this](const std::string& line) {
         printed.push_back(line);
       }};
+  Setup setup;
   std::unique_ptr<frmMain> window;
 };
 

@@ -1,27 +1,18 @@
-#include <gtest/gtest.h>
-
 #include "app/frmView.h"
 #include "tests/app/program.h"
 #include "text/text_numbers.h"
 
 namespace app::test {
-namespace {
 
-class View : public testing::Test, protected Program {
- protected:
-  bool Show(const std::string& content) {
-    files.AddFile("/help.txt", content);
-    return view.ShowFile("Help", "/help.txt", owner);
-  }
-
-  std::string Find(const std::string& text) {
-    ui::headless::Type(view.txbFind, text);
-    return view.txbText.selected_text();
-  }
-
-  std::string Next() {
-    view.UserPressedEnter();
-    return view.txbText.selected_text() + "@" + std::to_string(view.txbText.selection().start);
+struct View : testing::Test, Program {
+  /// What is selected, and where, once a text is typed or, without one, Enter is pressed; and what is said.
+  std::string Find(const std::string& text = {}) {
+    if (text.empty())
+      view.UserPressedEnter();
+    else
+      ui::headless::Type(view.txbFind, text);
+    return view.txbText.selected_text() + "@" + std::to_string(view.txbText.selection().start) +
+           view.lblFound.text();
   }
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
@@ -29,50 +20,29 @@ class View : public testing::Test, protected Program {
 };
 
 TEST_F(View, FindsPlaceAfterPlaceWithoutRegardToCaseAndStartsOver) {
-  ASSERT_TRUE(Show("\xEF\xBB\xBFÄpfel\nund äpfel\nÄPFEL"));
-  EXPECT_EQ(Find("ä"), "Ä");
-  EXPECT_EQ(Find("äPf"), "Äpf") << "typing on stays at the same place";
-  view.txbFind.SetFocus();
-  EXPECT_EQ(Next(), "äpf@11");
-  EXPECT_EQ(Next(), "ÄPF@18");
-  EXPECT_EQ(view.lblFound.text(), "");
-  EXPECT_EQ(Next(), "Äpf@0");
-  EXPECT_EQ(view.lblFound.text(), "Found from the beginning again.");
-}
-
-TEST_F(View, SaysWhenNothingIsFound) {
-  Show("some text");
-  EXPECT_EQ(Find("text"), "text");
-  Find("texts");
-  EXPECT_EQ(view.lblFound.text(), "Nothing found.");
-  Find("");
-  EXPECT_EQ(view.lblFound.text(), "");
-}
-
-TEST_F(View, SaysWhyAFileCannotBeRead) {
-  EXPECT_FALSE(view.ShowFile("Help", "/missing.txt", owner));
-  EXPECT_TRUE(view.visible());
-  EXPECT_NE(view.txbText.text().find("/missing.txt"), std::string::npos);
+  EXPECT_FALSE(view.ShowFile("Help", "/help.txt", owner));
+  EXPECT_EQ(Find("/help.txt"), "/help.txt@27") << "why there is none";
+  files.AddFile("/help.txt", "\xEF\xBB\xBFÄpfel\nund äpfel\nÄPFEL");
+  EXPECT_TRUE(view.ShowFile("Help", "/help.txt", owner));
+  EXPECT_EQ(Find("ä"), "Ä@0");
+  EXPECT_EQ(Find("äPf"), "Äpf@0") << "typing on stays at the same place";
+  EXPECT_EQ(Find(), "äpf@11");
+  EXPECT_EQ(Find(), "ÄPF@18");
+  EXPECT_EQ(Find(), "Äpf@0Found from the beginning again.");
+  EXPECT_EQ(Find("äpfelt"), "Äpf@0Nothing found.");
   view.UserPressedEscape();
   EXPECT_FALSE(view.visible());
 }
 
-std::string HelpAsOneLine() {
+TEST_F(View, ShowsAHelpThatExplainsEveryMessageAboutAFile) {
   std::ifstream file(QV_SOURCE_ROOT "/text/qvr_help.txt");
-  std::string line;
-  for (std::string word; file >> word;) line += word + " ";
-  return line;
-}
-
-TEST(Help, ExplainsEveryMessageAboutAFile) {
-  const text::ProgramTexts texts(EnglishTexts());
-  const std::string help = HelpAsOneLine();
+  std::string help;
+  for (std::string word; file >> word;) help += word + " ";
   for (int number = 501; number < 540; ++number) {
-    const std::string text = texts.GetProgramText(number);
+    const std::string text = Text(number);
     const std::string sentence = text.substr(0, text.find(". "));
     EXPECT_TRUE(number == text::kTitleSameFolder || help.find(sentence) != std::string::npos) << text;
   }
 }
 
-}  // namespace
 }  // namespace app::test

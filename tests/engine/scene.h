@@ -1,136 +1,133 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "engine/operation_run.h"
-#include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_system.h"
+#include "tests/tree.h"
 #include "text/program_texts.h"
 
-/// A small world for the engine's tests: a file system in memory with /src and /dst, a listener and a host
-/// that remember.
 namespace engine::test {
 
-class RecordingListener : public Listener {
+/// A run on a file system in memory with /src and /dst. It is the run's host and listener itself: it
+/// remembers what it is told, "|" behind each, and answers as the test wishes.
+class Scene : public RunHost, public Listener {
  public:
-  void FolderBegun(const FolderCounts& folder) override { begun.push_back(folder.path); }
-  void FolderEnded(const FolderCounts& folder) override { ended.push_back(folder); }
-  void WriteLine(const std::string& text) override { lines.push_back(text); }
-  void CopyBegun(const std::string& source_path) override {
-    copies.push_back(source_path);
-    if (on_copy) on_copy(source_path);
+  explicit Scene(const std::vector<std::string>& entries = {},
+                 const std::vector<std::string>& included = {}) {
+    tree::Add(files, {"/src/", "/dst/"});
+    tree::Add(files, entries);
+    setup.SourceFolder = "/src";
+    setup.TargetFolder = "/dst";
+    setup.IncludedFolders = included;
+    setup.IncludeSubfolders = true;
+  }
+
+  /// Runs an operation, holds its sums against each other, and gives them in words: "new 2, copied 2".
+  std::string Run(app::Operation operation, std::string* status_text = nullptr) {
+    outcome = RunOperation(*this, tools, {setup, operation, {}, false}, status_text);
+    const FileCounts& sums = outcome.totals.counts;
+    EXPECT_EQ(sums.met, sums.copied + sums.up_to_date + sums.filtered_out + sums.failed + sums.due);
+    const char* const names[] = {"new", "modified", "copied",   "up to date", "filtered",  "failed",
+                                 "due", "unread",   "warnings", "cancelled",  "terminated"};
+    const std::int64_t counts[] = {
+        sums.new_files,          sums.modified_files, sums.copied,       sums.up_to_date,
+        sums.filtered_out,       sums.failed,         sums.due,          outcome.totals.unread_folders,
+        outcome.totals.warnings, outcome.cancelled,   outcome.terminated};
+    std::string words;
+    for (std::size_t i = 0; i < std::size(counts); ++i) {
+      if (counts[i] != 0)
+        words += (words.empty() ? "" : ", ") + std::string(names[i]) + " " + std::to_string(counts[i]);
+    }
+    return words;
+  }
+  std::string BackUp() { return Run(app::Operation::kBackupModifiedFiles); }
+  std::string BackUpAll() { return Run(app::Operation::kBackupAllFiles); }
+  std::string Check() { return Run(app::Operation::kCheckBackupState); }
+
+  std::string Copies() { return tree::Below(files, "/dst"); }
+  bool Wrote(const std::string& part) const { return lines.find(part) != std::string::npos; }
+  /// How many calls of the file system were about something below a folder.
+  std::int64_t TouchesBelow(const std::string& folder) const {
+    return std::count_if(files.touched().begin(), files.touched().end(),
+                         [&](const auto& touch) { return touch.path.starts_with(folder + "/"); });
+  }
+
+  void PrepareFor(app::Operation) override { steps += "prepare|"; }
+  void Refuse(const std::string& text, const std::string& title) override {
+    steps += "refuse " + title + ": " + text + "|";
+  }
+  void ShowNote(const std::string&) override {}
+  bool ConfirmOperation(app::Operation) override {
+    steps += "confirm|";
+    return confirm;
+  }
+  Listener& OpenReport(app::Operation, const ReportHeading& heading) override {
+    steps += "open|";
+    lines = heading.caption + "|";
+    for (const std::string& line : heading.lines) WriteLine(line);
+    return *this;
+  }
+  void RefreshFreeSpace() override { steps += "space|"; }
+  void LockControls() override { steps += "lock|"; }
+  void WriteSummary(app::Operation, const Totals&) override { steps += "summary|"; }
+  void CloseReport(const std::string& caption) override { steps += caption + "|"; }
+  void UnlockControls() override { steps += "unlock|"; }
+  void RefreshFolderDisplays() override { steps += "refresh|"; }
+
+  void FolderBegun(const FolderCounts& folder) override { visited += folder.path + "|"; }
+  void FolderEnded(const FolderCounts&) override {}
+  void WriteLine(const std::string& text) override { lines += text + "|"; }
+  void CopyBegun(const std::string& path) override {
+    copied += path + "|";
+    if (on_copy) on_copy();
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
   void Progress(double fraction) override { progress.push_back(fraction); }
   void Breathe() override { ++breaths; }
   bool StopRequested() override { return stop; }
-  bool AskWhetherToGoOn(const Question& question) override {
-    questions.push_back(question.text);
+  bool AskWhetherToGoOn(const Question&) override {
+    ++questions;
     return go_on;
   }
-  void Tell(const std::string& text) override { told.push_back(text); }
+  void Tell(const std::string& text) override { told += text; }
   bool PauseWished() override { return pause_wished; }
-  void Pause() override { paused_after = copies; }
-
-  bool HasLine(const std::string& part) const {
-    for (const std::string& line : lines) {
-      if (line.find(part) != std::string::npos) return true;
-    }
-    return false;
-  }
-
-  std::vector<std::string> begun, lines, copies, questions, told, paused_after;
-  std::vector<FolderCounts> ended;
-  std::vector<double> progress;
-  std::function<void(const std::string&)> on_copy;
-  int breaths = 0;
-  bool stop = false;
-  bool pause_wished = false;
-  bool go_on = true;
-};
-
-class RecordingHost : public RunHost {
- public:
-  void PrepareFor(app::Operation) override { steps.push_back("prepare"); }
-  void Refuse(const std::string& text, const std::string& title) override {
-    steps.push_back("refuse");
-    refusal = title + "|" + text;
-  }
-  void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(app::Operation) override {
-    steps.push_back("confirm");
-    return confirm;
-  }
-  Listener& OpenReport(app::Operation, const ReportHeading& new_heading) override {
-    steps.push_back("open");
-    heading = new_heading;
-    return listener;
-  }
-  void RefreshFreeSpace() override {}
-  void LockControls() override { steps.push_back("lock"); }
-  void WriteSummary(app::Operation, const Totals&) override { steps.push_back("summary"); }
-  void CloseReport(const std::string&) override { steps.push_back("close"); }
-  void UnlockControls() override { steps.push_back("unlock"); }
-  void RefreshFolderDisplays() override { steps.push_back("refresh"); }
-
-  RecordingListener listener;
-  ReportHeading heading;
-  std::vector<std::string> steps;
-  std::string refusal;
-  bool confirm = true;
-};
-
-class Scene {
- public:
-  Scene() {
-    files.AddFolder("/src");
-    files.AddFolder("/dst");
-    setup.SourceFolder = "/src";
-    setup.TargetFolder = "/dst";
-    setup.IncludeSubfolders = true;
-  }
-
-  RunOutcome Run(app::Operation operation, std::string* status_text = nullptr) {
-    return RunOperation(host, tools, {setup, operation, modified_since, skip_picture_caches}, status_text);
-  }
-  RunOutcome BackUp() { return Run(app::Operation::kBackupModifiedFiles); }
-  RunOutcome BackUpAll() { return Run(app::Operation::kBackupAllFiles); }
-  RunOutcome Check() { return Run(app::Operation::kCheckBackupState); }
+  void Pause() override { paused_after += copied; }
 
   platform::memory::MemoryFileSystem files;
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
-      "164 Swap file:\n390 System file:\n500 Not copied:\n520 Not read:\n521 Link:\n522 Dead:\n523 Special:\n"
-      "524 Target inside:\n529 Would overwrite:\n525 Gone:\n45 source folder\n58 Close\n502 No "
-      "permission.\n406 Protected.\n"};
+      "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
+      "500 Not copied:\n502 No permission.\n520 Not read:\n521 Link:\n522 Dead:\n523 Special:\n"
+      "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
+      "533 Not flushed:\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,
               texts,
               {},
-              [this](const std::string& path, double& free_bytes, double& total_bytes) {
+              [this](const std::string& path, double& free_bytes, double&) {
                 const auto space = files.Space(path);
-                if (!space) return std::int16_t{-1};
-                free_bytes = static_cast<double>(space->free);
-                total_bytes = static_cast<double>(space->total);
-                return std::int16_t{0};
+                if (space) free_bytes = static_cast<double>(space->free);
+                return space ? std::int16_t{0} : std::int16_t{-1};
               },
               [this](const std::string&, std::string& error_text) {
                 error_text = "Read-only file system";
                 return write_protected;
               }};
   app::Setup setup;
-  std::optional<platform::FileTime> modified_since;
-  bool skip_picture_caches = false;
-  RecordingHost host;
-  RecordingListener& listener = host.listener;
-};
+  RunOutcome outcome;
 
-/// Every file met is accounted for.
-inline bool Balances(const FileCounts& counts) {
-  return counts.met == counts.copied + counts.up_to_date + counts.filtered_out + counts.failed + counts.due;
-}
+  std::string steps, lines, visited, copied, told, paused_after;
+  std::vector<double> progress;
+  int breaths = 0, questions = 0;
+  bool confirm = true, go_on = true, stop = false, pause_wished = false;
+  std::function<void()> on_copy;
+};
 
 }  // namespace engine::test

@@ -7,169 +7,97 @@
 #include "text/text_numbers.h"
 
 namespace engine {
-namespace {
 
 using app::Operation;
 using platform::Entry;
-using platform::FileTime;
+using TextsAndPatterns = std::vector<std::pair<const char*, const char*>>;
 
-TEST(WildcardMatch, FollowsItsTable) {
-  struct Case {
-    const char* text;
-    const char* pattern;
-    bool case_sensitive;
-    bool matches;
-  };
-  for (const Case& c : std::vector<Case>{{"report", "r*t", true, true},
-                                         {"report", "r?port", true, true},
-                                         {"report", "r?ort", true, false},
-                                         {"Doc", "doc", false, true},
-                                         {"Doc", "doc", true, false},
-                                         {"", "", true, true},
-                                         {"a", "", true, false},
-                                         {"", "*", true, true},
-                                         {"", "?", true, false},
-                                         {"abcabd", "*abd", true, true},
-                                         {"jpeg", "*peg", true, true},
-                                         {"aaa", "a*a*a*a", true, false},
-                                         {"ÄRGER", "ärger", false, true},
-                                         {"über", "?ber", true, true},
-                                         {"a\\b", "a/b", false, true},
-                                         {"anything", "any*", true, true},
-                                         {"mississippi", "m*iss*pi", true, true}}) {
-    EXPECT_EQ(WildcardMatch(c.text, c.pattern, c.case_sensitive), c.matches) << c.text << " ~ " << c.pattern;
-  }
+constexpr std::int64_t kNoon = 1'778'414'400;      ///< 2026-05-10 12:00 UTC
+constexpr std::int64_t kMonthEnd = 1'780'272'000;  ///< 2026-06-01 00:00 UTC
+
+static Entry File(std::int64_t size, std::optional<std::int64_t> seconds = {},
+                  const std::string& name = "f") {
+  Entry file{name, platform::EntryKind::kFile, size, {}, 0};
+  if (seconds) file.modified = platform::FileTime{*seconds, 0};
+  return file;
 }
 
-TEST(WildcardMatch, StaysQuickOnPatternsThatBacktrack) {
+TEST(WildcardMatch, KnowsAnyRunAndOneCharacterAndStaysQuickWhenItBacktracks) {
+  const TextsAndPatterns fits = {{"report", "r*t"}, {"report", "r?port"}, {"", ""},
+                                 {"", "*"},         {"abcabd", "*abd"},   {"jpeg", "*peg"},
+                                 {"über", "?ber"},  {"anything", "any*"}, {"mississippi", "m*iss*pi"}};
+  for (const auto& [text, pattern] : fits) EXPECT_TRUE(WildcardMatch(text, pattern, true)) << pattern;
+  const TextsAndPatterns fits_not = {{"report", "r?ort"}, {"a", ""}, {"", "?"}, {"aaa", "a*a*a*a"}};
+  for (const auto& [text, pattern] : fits_not) EXPECT_FALSE(WildcardMatch(text, pattern, true)) << pattern;
+  const TextsAndPatterns fits_without_case = {{"Doc", "doc"}, {"ÄRGER", "ärger"}, {"a\\b", "a/b"}};
+  for (const auto& [text, pattern] : fits_without_case) {
+    EXPECT_TRUE(!WildcardMatch(text, pattern, true) && WildcardMatch(text, pattern, false)) << pattern;
+  }
   EXPECT_FALSE(WildcardMatch(std::string(20'000, 'a'), "*a*a*a*a*a*a*a*a*b", true));
 }
 
 TEST(Filters, SkipPatternsAreTrimmedLoweredAndWithoutEmptyOnes) {
   EXPECT_EQ(SplitSkipFilepaths(" \\Temp ,, ,x y,"), (std::vector<std::string>{"/temp", "x y"}));
-  EXPECT_TRUE(SplitSkipFilepaths("").empty());
   EXPECT_TRUE(PathMatchesSkipFilepaths("/src/TEMP/a.txt", SplitSkipFilepaths("b.doc,\\temp\\")));
-  EXPECT_FALSE(PathMatchesSkipFilepaths("/src/a.txt", {}));
 }
 
 TEST(Filters, ExtensionIsWhatFollowsTheLastDotOfTheLastPart) {
-  struct Case {
-    const char* path;
-    const char* pattern;
-    bool without_extension;
-    bool matches;
+  const TextsAndPatterns fits = {
+      {"/a/x.tar.gz", "gz"}, {"/a/x.JPG", "j?g"}, {"/a/x.jpeg", ""}, {"/a/x.", "*"}};
+  for (const auto& [path, pattern] : fits) EXPECT_TRUE(FileMatchesExtension(path, pattern, false)) << path;
+  EXPECT_FALSE(FileMatchesExtension("/a/x.tar.gz", "tar", false));
+  EXPECT_FALSE(FileMatchesExtension("/a.d/file", "d", false));
+  EXPECT_TRUE(FileMatchesExtension("/a.d/file", "d", true)) << "no extension, and none is wanted";
+}
+
+TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
+  const auto differ = [](std::int64_t a, std::int64_t b) {
+    EXPECT_EQ(FileTimesDiffer(File(5, a), File(5, b)), FileTimesDiffer(File(5, b), File(5, a)));
+    return FileTimesDiffer(File(5, a), File(5, b));
   };
-  for (const Case& c : std::vector<Case>{{"/a.d/file", "d", false, false},
-                                         {"/a.d/file", "d", true, true},
-                                         {"/a/x.tar.gz", "gz", false, true},
-                                         {"/a/x.JPG", "j?g", false, true},
-                                         {"/a/x.jpeg", "", false, true},
-                                         {"/a/x.", "*", false, true}}) {
-    EXPECT_EQ(FileMatchesExtension(c.path, c.pattern, c.without_extension), c.matches) << c.path;
+  constexpr int kDay = 24 * 60;
+  for (const int minutes : {0, 1, 30, 60, 450, 480})
+    EXPECT_FALSE(differ(kNoon, kNoon + minutes * 60)) << minutes;
+  for (const int minutes : {2, 45, 61, 510, kDay, 365 * kDay}) {
+    EXPECT_TRUE(differ(kNoon, kNoon + minutes * 60)) << minutes;
   }
+  EXPECT_FALSE(differ(kNoon + 1, kNoon + 59));
+  EXPECT_TRUE(differ(kMonthEnd - 900, kMonthEnd + 900)) << "half an hour across the month's end";
+  EXPECT_TRUE(differ(kMonthEnd - 1, kMonthEnd)) << "a second across the month's end";
+  EXPECT_FALSE(FileTimesDiffer(File(5), File(5, kNoon))) << "a time that cannot be read";
+  EXPECT_TRUE(FileTimesDiffer(File(5, kNoon), File(6, kNoon)));
+  EXPECT_TRUE(FileTimesDiffer(File(5'000'000'000), File(5'000'000'001)));
 }
-
-FileTime At(int month, int day, int hour, int minute, int second = 0) {
-  static constexpr int kDaysBefore[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-  const std::int64_t days = 20'454 + kDaysBefore[month - 1] + day - 1;  // 2026-01-01 is day 20,454
-  return {((days * 24 + hour) * 60 + minute) * 60 + second, 0};
-}
-
-Entry File(std::int64_t size, std::optional<FileTime> modified) {
-  return {"f", platform::EntryKind::kFile, size, modified, 0};
-}
-
-TEST(FileTimesDiffer, FollowsTheHalfHourRule) {
-  struct Case {
-    const char* what;
-    FileTime source;
-    FileTime target;
-    bool differ;
-  };
-  for (const Case& c : std::vector<Case>{
-           {"equal", At(5, 10, 12, 0), At(5, 10, 12, 0), false},
-           {"seconds only", At(5, 10, 12, 0, 1), At(5, 10, 12, 0, 59), false},
-           {"one minute", At(5, 10, 12, 0), At(5, 10, 12, 1), false},
-           {"two minutes", At(5, 10, 12, 0), At(5, 10, 12, 2), true},
-           {"30 minutes", At(5, 10, 12, 0), At(5, 10, 12, 30), false},
-           {"45 minutes", At(5, 10, 12, 0), At(5, 10, 12, 45), true},
-           {"60 minutes, target newer", At(5, 10, 12, 0), At(5, 10, 13, 0), false},
-           {"60 minutes, source newer", At(5, 10, 13, 0), At(5, 10, 12, 0), false},
-           {"61 minutes", At(5, 10, 12, 0), At(5, 10, 13, 1), true},
-           {"8 hours", At(5, 10, 12, 0), At(5, 10, 20, 0), false},
-           {"8.5 hours", At(5, 10, 12, 0), At(5, 10, 20, 30), true},
-           {"a day", At(5, 10, 12, 0), At(5, 11, 12, 0), true},
-           {"30 minutes across the month's end", At(5, 31, 23, 45), At(6, 1, 0, 15), true},
-           {"one second across the month's end", At(5, 31, 23, 59, 59), At(6, 1, 0, 0, 0), true}}) {
-    EXPECT_EQ(FileTimesDiffer(File(5, c.source), File(5, c.target)), c.differ) << c.what;
-  }
-}
-
-TEST(FileTimesDiffer, LengthsDecideFirstAndUnreadableTimesAreNoDifference) {
-  EXPECT_TRUE(FileTimesDiffer(File(5, At(5, 1, 0, 0)), File(6, At(6, 1, 0, 0))));
-  EXPECT_TRUE(FileTimesDiffer(File(5'000'000'000, {}), File(5'000'000'001, {})));
-  EXPECT_FALSE(FileTimesDiffer(File(5, {}), File(5, At(5, 1, 0, 0))));
-}
-
-TEST(FileSizeOf, SaturatesAtThirtyTwoBits) {
-  EXPECT_EQ(FileSizeOf(std::int64_t{2'147'483'646}), 2'147'483'646);
-  EXPECT_EQ(FileSizeOf(std::int64_t{2'147'483'648}), 2'147'483'647);
-  EXPECT_EQ(FileSizeOf(platform::kUnknownSize), 2'147'483'647);
-}
-
-struct SelectionCase {
-  const char* what;
-  std::string folder;
-  std::string name;
-  std::int64_t size;
-  const char* extension;
-  bool selected;
-  int skip_text;
-};
 
 TEST(Selection, LeavesOutLargeSystemAndSwapFilesOnly) {
-  const std::int64_t limit = LargeFileLimit;
-  for (const SelectionCase& c : std::vector<SelectionCase>{
-           {"at the limit", "/c", "pagefile.sys", limit, "", true, 0},
-           {"above the limit", "/c", "pagefile.sys", limit + 1, "", false, text::kLargeSystemFileSkipped},
-           {"asked for by extension", "/c", "PAGEFILE.SYS", limit + 1, "sys", false,
-            text::kLargeSystemFileSkipped},
-           {"another extension pattern", "/c", "pagefile.sys", limit + 1, "s*", true, 0},
-           {"a folder named so", "/c/my.system", "film.mkv", limit + 1, "", false,
-            text::kLargeSystemFileSkipped},
-           {"swap file", "/c/Windows", "a.swp", limit + 1, "", false, text::kLargeSwapFileSkipped},
-           {"swap file elsewhere", "/c/home", "a.swp", limit + 1, "", true, 0},
-           {"unreadable size counts as large", "/c", "x.sys", platform::kUnknownSize, "", false,
-            text::kLargeSystemFileSkipped},
-           {"a name without meaning", "/c", "tolm.xlsx", 10, "", true, 0}}) {
-    SelectionRules rules;
-    rules.operation = Operation::kBackupAllFiles;
-    rules.filters.extension = c.extension;
-    const Entry file{c.name, platform::EntryKind::kFile, c.size, {}, 0};
-    const Selection selection = SelectFile(rules, {c.folder, file, nullptr});
-    EXPECT_EQ(selection.selected, c.selected) << c.what;
-    EXPECT_EQ(selection.skip_text, c.skip_text) << c.what;
-  }
-}
-
-TEST(Selection, PictureCachesAreLeftOutOnlyWhileTheSwitchIsOn) {
-  EXPECT_TRUE(IsPictureCache("/a/THUMBS.DB "));
-  EXPECT_FALSE(IsPictureCache("/a/thumbs.db.bak"));
-  const Entry file{"Thumbs.db", platform::EntryKind::kFile, 1, {}, 0};
-  SelectionRules rules;
-  rules.operation = Operation::kBackupAllFiles;
-  EXPECT_TRUE(SelectFile(rules, {"/a", file, nullptr}).selected);
-  rules.skip_picture_caches = true;
-  EXPECT_FALSE(SelectFile(rules, {"/a", file, nullptr}).selected);
+  const auto left_out = [](const std::string& folder, const std::string& name, const std::string& extension,
+                           std::int64_t size) {
+    const SelectionRules rules{Operation::kBackupAllFiles, {extension, {}, {}}, false};
+    const Selection selection = SelectFile(rules, {folder, File(size, {}, name)});
+    EXPECT_EQ(selection.selected, selection.skip_text == 0);
+    return selection.skip_text;
+  };
+  const std::int64_t large = LargeFileLimit + 1;
+  EXPECT_EQ(left_out("/c", "pagefile.sys", "", LargeFileLimit), 0);
+  EXPECT_EQ(left_out("/c", "pagefile.sys", "", large), text::kLargeSystemFileSkipped);
+  EXPECT_EQ(left_out("/c", "PAGEFILE.SYS", "sys", large), text::kLargeSystemFileSkipped);
+  EXPECT_EQ(left_out("/c", "pagefile.sys", "s*", large), 0) << "asked for by another pattern";
+  EXPECT_EQ(left_out("/c/my.system", "film.mkv", "", large), text::kLargeSystemFileSkipped);
+  EXPECT_EQ(left_out("/c", "x.sys", "", platform::kUnknownSize), text::kLargeSystemFileSkipped);
+  EXPECT_EQ(left_out("/c/Windows", "a.swp", "", large), text::kLargeSwapFileSkipped);
+  EXPECT_EQ(left_out("/c/home", "a.swp", "", large), 0);
+  EXPECT_EQ(left_out("/c", "Thumbs.db", "", 1), 0) << "unless picture caches are to be skipped";
+  EXPECT_FALSE(
+      SelectFile({Operation::kBackupAllFiles, {}, true}, {"/c", File(1, {}, "THUMBS.DB ")}).selected);
+  const Entry up_to_date = File(large, kNoon, "x.sys");
+  EXPECT_EQ(
+      SelectFile({Operation::kBackupModifiedFiles, {}, false}, {"/c", up_to_date, &up_to_date}).skip_text, 0);
 }
 
 TEST(Selection, TheLimitLooksAtTheFilesOwnTimeAlsoForNewFiles) {
-  SelectionRules rules;
-  rules.operation = Operation::kBackupModifiedFiles;
-  rules.filters.modified_since = At(5, 10, 12, 0);
-  EXPECT_EQ(SelectFile(rules, {"/a", File(1, At(5, 10, 11, 59)), nullptr}).finding, Finding::kFilteredOut);
-  EXPECT_EQ(SelectFile(rules, {"/a", File(1, At(5, 10, 12, 0)), nullptr}).finding, Finding::kNew);
+  const SelectionRules rules{Operation::kBackupModifiedFiles, {{}, {}, platform::FileTime{kNoon, 0}}, false};
+  EXPECT_EQ(SelectFile(rules, {"/a", File(1, kNoon - 1)}).finding, Finding::kFilteredOut);
+  EXPECT_EQ(SelectFile(rules, {"/a", File(1, kNoon)}).finding, Finding::kNew);
 }
 
-}  // namespace
 }  // namespace engine

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 #include "platform/memory/memory_system.h"
@@ -9,33 +11,11 @@
 
 namespace report {
 
-/// A main window that remembers what it was told.
-struct FakeMain : MainWindow {
-  explicit FakeMain(ui::FrontEnd& front_end) : window(front_end, "frmMain", ui::FormStyle::kMain) {
-    window.SetBounds({3'000, 300, 12'000, 9'000});
-  }
-  ui::Form& Window() override { return window; }
-  std::size_t ReportCapacity() const override { return capacity; }
-  bool SuppressDetailedReports() const override { return suppress; }
-  bool SnipFullReport() const override { return snip; }
-  bool PauseAfterFirstCopy() const override { return false; }
-  bool Unattended() const override { return unattended; }
-  bool OperationRunning() const override { return running; }
-  void RequestStop() override { stop = true; }
-  bool StopRequested() const override { return stop; }
-  void EnableOperationControls() override { ++enabled; }
-  RunningCounts Counts() const override { return counts; }
-
-  ui::Form window;
-  std::size_t capacity = 61'440;
-  bool suppress = false, snip = false, running = true, stop = false, unattended = false;
-  int enabled = 0;
-  RunningCounts counts;
-};
-
-/// The report window of a running operation, and its lines, each with "|" behind it.
-struct ReportScene {
+/// The report window of a running operation, and its lines, each with "|" behind it. The main window that it
+/// asks is the scene itself.
+struct ReportScene : MainWindow {
   ReportScene() {
+    main.SetBounds({3'000, 300, 12'000, 9'000});
     window.SetLineSink([this](const std::string& line) { lines += line + "|"; });
     window.BeginReport("Report", "/data", "/backup");
     front_end.RunPendingEvents();
@@ -47,12 +27,29 @@ struct ReportScene {
     front_end.Post([&button] { ui::headless::Click(button); });
   }
 
+  ui::Form& Window() override { return main; }
+  std::size_t ReportCapacity() const override { return capacity; }
+  bool SuppressDetailedReports() const override { return suppress; }
+  bool SnipFullReport() const override { return snip; }
+  bool PauseAfterFirstCopy() const override { return false; }
+  bool Unattended() const override { return unattended; }
+  bool OperationRunning() const override { return running; }
+  void RequestStop() override { stop = true; }
+  bool StopRequested() const override { return stop; }
+  void EnableOperationControls() override { ++enabled; }
+  RunningCounts Counts() const override { return counts; }
+
+  std::size_t capacity = 61'440;
+  bool suppress = false, snip = false, running = true, stop = false, unattended = false;
+  int enabled = 0;
+  RunningCounts counts;
+  std::string lines;
+
   ui::headless::HeadlessFrontEnd front_end;
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{"112 Copy all\n113 Copy selected\n"};
-  FakeMain main{front_end};
-  frmReport window{front_end, clock, texts, main};
-  std::string lines;
+  ui::Form main{front_end, "frmMain", ui::FormStyle::kMain};
+  frmReport window{front_end, clock, texts, *this};
 };
 
 }  // namespace report

@@ -2,54 +2,46 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
-namespace {
-
-using services::ParseSetup;
-using services::SetupText;
+namespace services {
 
 constexpr int kPeriods = 10;
 
-app::Setup FullSetup() {
-  return {"/home/käthe",
-          "/mnt/backup",
-          {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
-          true,
-          "j?g",
-          "tmp, /cache/",
-          2,
-          true,
-          false,
-          false,
-          true};
-}
+const app::Setup kFull{.SourceFolder = "/home/käthe",
+                       .TargetFolder = "/mnt/backup",
+                       .IncludedFolders = {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
+                       .IncludeSubfolders = true,
+                       .FileExtension = "j?g",
+                       .SkipFilepaths = "tmp, /cache/",
+                       .ModifiedSince = 2,
+                       .ExcludeFilesInSourceFolder = true,
+                       .SaveSetupOnQuit = true};
 
 TEST(SetupText, StandsInTheLayoutToTheByte) {
-  app::Setup setup;
-  EXPECT_EQ(SetupText(setup), "\r\n\r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n\r\n 0 \r\n\r\n");
-  setup = FullSetup();
+  EXPECT_EQ(SetupText({}), "\r\n\r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n\r\n 0 \r\n\r\n");
+  app::Setup setup = kFull;
   setup.IncludedFolders = {"a", "b"};
   setup.ModifiedSince = -1;
   EXPECT_EQ(SetupText(setup),
             "/home/käthe\r\n/mnt/backup\r\n 0 \r\n 1 \r\n 1 \r\n 1 \r\n-1 \r\n 0 \r\ntmp, /cache/\r\n 2 \r\n"
             "a\r\nb\r\nj?g\r\n");
+  EXPECT_TRUE(CanBeWritten(setup));
+  setup.IncludedFolders = {"a\nb"};
+  EXPECT_FALSE(CanBeWritten(setup)) << "a name of two lines";
 }
 
 TEST(SetupText, ComesBackWithEveryLineEndAndAByteOrderMark) {
-  const app::Setup setup = FullSetup();
-  std::string content = SetupText(setup);
-  EXPECT_EQ(ParseSetup(content, kPeriods).setup, setup);
+  std::string content = SetupText(kFull);
+  EXPECT_EQ(ParseSetup(content, kPeriods).setup, kFull);
   std::erase(content, '\r');
-  EXPECT_EQ(ParseSetup("\xEF\xBB\xBF" + content, kPeriods).setup, setup);
+  EXPECT_EQ(ParseSetup("\xEF\xBB\xBF" + content, kPeriods).setup, kFull);
 }
 
 TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCut) {
-  const std::string whole = SetupText(FullSetup());
+  const std::string whole = SetupText(kFull);
   for (std::size_t size = 0; size < whole.size(); ++size) {
     const auto parsed = ParseSetup(std::string_view(whole).substr(0, size), kPeriods);
     const bool last_line_began = size > whole.size() - std::string("j?g\r\n").size();
-    EXPECT_EQ(parsed.error, last_line_began ? 0 : services::kInputPastEnd) << size;
+    EXPECT_EQ(parsed.error, last_line_began ? 0 : kInputPastEnd) << size;
     EXPECT_TRUE(whole.starts_with(parsed.setup.SourceFolder)) << size;
   }
 }
@@ -64,24 +56,18 @@ TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
 }
 
 TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
-  const std::map<int, std::vector<std::string>> cases = {
-      {380, {"2", "-1", "0\n0\n0\n0\n10", "0\n0\n0\n0\n-2"}},
-      {6, {"32768", "-99999999999999999999", "0\n0\n0\n0\n0\n0\nskip\n40000"}},
+  const std::string zeros = "0\n0\n0\n0\n";
+  const std::string skip = zeros + "0\n0\nskip\n";
+  const std::pair<int, std::vector<std::string>> cases[] = {
+      {380, {"2", "-1", zeros + "10", zeros + "-2"}},
+      {6, {"32768", "-99999999999999999999", skip + "40000"}},
       {13, {"1x", "-", "1.5", "\n"}},
-      {62, {"0\n0\n0\n0\n-1", "0\n0\n0\n0\n9", "0\n0\n0\n0\n0\n0\nskip\n32767\na\nb"}},
-      {0, {"0\n0\n0\n0\n0\n0\nskip\n-3\nextension"}}};
+      {62, {zeros + "-1", zeros + "9", skip + "32767\na\nb"}},
+      {0, {skip + "-3\nextension"}}};
   for (const auto& [error, texts] : cases) {
-    for (const std::string& lines : texts) {
+    for (const std::string& lines : texts)
       EXPECT_EQ(ParseSetup("/s\n/t\n" + lines, kPeriods).error, error) << lines;
-    }
   }
 }
 
-TEST(SetupText, CannotHoldANameOfTwoLines) {
-  app::Setup setup = FullSetup();
-  EXPECT_TRUE(services::CanBeWritten(setup));
-  setup.IncludedFolders.back() = "a\nb";
-  EXPECT_FALSE(services::CanBeWritten(setup));
-}
-
-}  // namespace
+}  // namespace services

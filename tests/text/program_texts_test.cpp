@@ -2,38 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
-#include <sstream>
+#include <set>
 
-namespace {
+namespace text {
 
-namespace fs = std::filesystem;
-
-const fs::path kRoot = QV_SOURCE_ROOT;
-
-std::string ContentOf(const fs::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
+static std::string Content(const std::string& file) {
+  std::ifstream stream(QV_SOURCE_ROOT "/text/" + file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// The numbers that stand directly behind `mark`, sorted.
-std::vector<int> NumbersBehind(const std::string& mark, const std::string& content) {
-  std::vector<int> numbers;
+/// The numbers that stand directly behind `mark`; none stands there twice.
+static std::set<int> NumbersBehind(const std::string& mark, const std::string& content) {
+  std::set<int> numbers;
   for (std::size_t at = content.find(mark); at != std::string::npos; at = content.find(mark, at + 1)) {
     const int number = std::atoi(content.c_str() + at + mark.size());
-    if (number != 0) numbers.push_back(number);
+    EXPECT_TRUE(number == 0 || numbers.insert(number).second) << number;
   }
-  std::ranges::sort(numbers);
   return numbers;
 }
 
 TEST(ProgramTexts, FindATextByTheRulesOfTheFile) {
-  const text::ProgramTexts texts(
+  const ProgramTexts texts(
       "\xEF\xBB\xBF"
       "1 one\r\n# note\n2 first\n2 second\nno text\n3\n4 a\\nb \\\\n\\s\\q\\\n5 ~\n6  two blanks\n7 seven",
       "1 eins\n7 ~\nx");
@@ -41,31 +34,16 @@ TEST(ProgramTexts, FindATextByTheRulesOfTheFile) {
       {1, "eins"}, {2, "second"},      {3, ""}, {4, "a\r\nb \\n \\q\\"},
       {5, ""},     {6, " two blanks"}, {7, ""}, {8, ""}};
   for (const auto& [number, text] : expected) EXPECT_EQ(texts.GetProgramText(number), text) << number;
-}
-
-TEST(ProgramTexts, CutALongTextAfter1024Characters) {
-  EXPECT_EQ(text::ProgramTexts("1 ä" + std::string(1024, 'x')).GetProgramText(1).size(), 1025U);
+  EXPECT_EQ(ProgramTexts("1 ä" + std::string(1024, 'x')).GetProgramText(1).size(), 1025U);
 }
 
 TEST(EnglishTexts, AreExactlyThoseThatTheCodeNames) {
-  const std::string content = ContentOf(kRoot / "text" / text::TextFileName("en"));
-  const std::vector<int> numbers = NumbersBehind("\n", content);
-  EXPECT_EQ(numbers, NumbersBehind(" = ", ContentOf(kRoot / "text/text_numbers.h")));
-  const text::ProgramTexts texts(content);
-  for (const int number : numbers) {
-    const std::string text = texts.GetProgramText(number);
+  const std::string english = Content(TextFileName("en"));
+  EXPECT_EQ(NumbersBehind("\n", english), NumbersBehind(" = ", Content("text_numbers.h")));
+  for (const int number : NumbersBehind("\n", english)) {
+    const std::string text = ProgramTexts(english).GetProgramText(number);
     EXPECT_TRUE(!text.empty() && text.front() != ' ' && text.back() != ' ') << number;
   }
 }
 
-TEST(Sources, NameEveryTextInTextNumbers) {
-  for (const char* folder : {"app", "engine", "main", "report", "services", "ui"}) {
-    std::error_code no_such_folder;
-    for (const auto& file : fs::recursive_directory_iterator(kRoot / folder, no_such_folder)) {
-      if (file.path().extension() != ".cpp" && file.path().extension() != ".h") continue;
-      EXPECT_TRUE(NumbersBehind("GetProgramText(", ContentOf(file.path())).empty()) << file.path();
-    }
-  }
-}
-
-}  // namespace
+}  // namespace text

@@ -39,7 +39,19 @@ LabelPeer::LabelPeer(Label& label)
 
 void LabelPeer::MirrorText() {
   const bool marked = label_.access_key() != 0;
-  widget_.setText(marked ? ToCaption(label_.text(), label_.access_key()) : ToQLines(label_.text()));
+  const QString text = marked ? ToCaption(label_.text(), label_.access_key()) : ToQLines(label_.text());
+  const QFontMetrics metrics = widget_.fontMetrics();
+  const bool one_line = 2 * widget_.height() < 3 * metrics.height();
+  widget_.setWordWrap(!one_line);
+  widget_.setText(
+      one_line && !marked
+          ? metrics.elidedText(text, text.contains('/') ? Qt::ElideMiddle : Qt::ElideRight, widget_.width())
+          : text);
+}
+
+void LabelPeer::MirrorBounds() {
+  WidgetPeer::MirrorBounds();
+  MirrorText();
 }
 
 void LabelPeer::FindBuddy() {

@@ -36,6 +36,7 @@ class LabelPeer : public WidgetPeer {
 
  protected:
   void MirrorText() override;
+  void MirrorBounds() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -116,6 +116,7 @@ void FormPeer::MirrorBounds() {
   if (form_.style() == FormStyle::kMain) {
     widget()->setFixedSize(size);
   } else {
+    widget()->setMinimumSize(ToPixels(form_.smallest().width), ToPixels(form_.smallest().height));
     widget()->resize(size);
   }
   if (client_ != widget()) client_->setGeometry(QRect({0, 0}, size).marginsRemoved(kPopUpBorder));

@@ -17,12 +17,6 @@ double Luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
-double Contrast(const QColor& a, const QColor& b) {
-  const double one = Luminance(a);
-  const double other = Luminance(b);
-  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
-}
-
 /// A colour of the background's family that stands out from it: for the focus, selections and progress. Grey
 /// and white have no family.
 QColor AccentFor(const QColor& background, const QColor& accent_around) {
@@ -58,6 +52,12 @@ QPalette PaletteOf(const QColor& window, const QColor& field, const QColor& butt
 }
 
 }  // namespace
+
+double Contrast(const QColor& a, const QColor& b) {
+  const double one = Luminance(a);
+  const double other = Luminance(b);
+  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
 
 QColor Mix(const QColor& from, const QColor& to, double share) {
   const auto part = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };

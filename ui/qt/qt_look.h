@@ -12,6 +12,9 @@ inline constexpr char kProgramName[] = "Quorvane";
 /// The desktop file without its extension; also the name of the icon.
 inline constexpr char kDesktopFile[] = "quorvane";
 
+/// Of two colours, as WCAG 2.1 counts it: 1 to 21; from 7 on a text is easy to read, from 3 on a mark to see.
+double Contrast(const QColor& a, const QColor& b);
+
 /// `share` of the way from one colour to the other, 0 to 1.
 QColor Mix(const QColor& from, const QColor& to, double share);
 

@@ -3,9 +3,9 @@
 #include <QList>
 #include <QTextDocument>
 #include <algorithm>
-#include <cctype>
 
 #include "base/utf8.h"
+#include "ui/caption.h"
 
 namespace ui::qt {
 namespace {
@@ -30,15 +30,6 @@ bool IsLineBreak(QChar c) { return c == u'\n' || c == QChar::ParagraphSeparator;
 std::size_t Weight(QChar c, std::size_t line_end) {
   if (c.isLowSurrogate()) return 0;
   return IsLineBreak(c) ? line_end : 1;
-}
-
-std::size_t FindAccessKey(std::string_view text, char key) {
-  const auto same = [key](char c) {
-    return std::tolower(static_cast<unsigned char>(c)) == std::tolower(static_cast<unsigned char>(key));
-  };
-  if (key == 0) return std::string_view::npos;
-  const auto found = std::find_if(text.begin(), text.end(), same);
-  return found == text.end() ? std::string_view::npos : static_cast<std::size_t>(found - text.begin());
 }
 
 }  // namespace
@@ -72,13 +63,7 @@ std::string FromQLines(const QString& text) {
 }
 
 QString ToCaption(std::string_view text, char access_key) {
-  const std::size_t key_at = FindAccessKey(text, access_key);
-  std::string caption;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (i == key_at || text[i] == '&') caption += '&';
-    caption += text[i];
-  }
-  return ToQLines(caption);
+  return ToQLines(MarkAccessKey(text, access_key));
 }
 
 QString ToPlainTip(std::string_view text) {

@@ -20,8 +20,7 @@ std::string FromQString(const QString& text);
 QString ToQLines(std::string_view text);
 std::string FromQLines(const QString& text);
 
-/// A caption with its access key marked: the first such letter gets an "&", every "&" of the text itself a
-/// second.
+/// A caption as MarkAccessKey() makes it.
 QString ToCaption(std::string_view text, char access_key);
 
 /// A tool tip, which Qt would otherwise take for HTML when it looks like that.

@@ -5,8 +5,7 @@
 namespace ui::win32 {
 namespace {
 
-constexpr WindowKind kCheckBox{WC_BUTTONW,
-                               WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | BS_CHECKBOX | BS_MULTILINE};
+constexpr WindowKind kCheckBox{WC_BUTTONW, WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | BS_CHECKBOX};
 
 }  // namespace
 

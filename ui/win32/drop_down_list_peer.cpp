@@ -82,17 +82,17 @@ void DropDownListPeer::MirrorValue() {
 }
 
 /// The height of the window itself is that of the list when it is open; the closed part follows from the
-/// height of its text.
+/// height of its text, which it surrounds with a border that only a try shows.
 void DropDownListPeer::MirrorBounds() {
   const RECT place = ToPixels(list_.bounds(), dpi());
   const auto entry = static_cast<int>(window().Send(CB_GETITEMHEIGHT, 0));
   SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place) + kEntriesInView * entry,
                SWP_NOZORDER | SWP_NOACTIVATE);
+  const int height = Height(place);
+  window().Send(CB_SETITEMHEIGHT, kClosedPart, height);
   RECT closed{};
   GetWindowRect(handle(), &closed);
-  const int border = Height(closed) - static_cast<int>(window().Send(CB_GETITEMHEIGHT, kClosedPart));
-  const int text = std::max(Height(place) - border, 1);
-  window().Send(CB_SETITEMHEIGHT, kClosedPart, text);
+  window().Send(CB_SETITEMHEIGHT, kClosedPart, std::max(2 * height - Height(closed), 1));
 }
 
 void DropDownListPeer::MirrorFont() {

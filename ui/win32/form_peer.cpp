@@ -83,6 +83,14 @@ void FormPeer::HandleActivation() {
 }
 
 void FormPeer::HandlePlace() {
+  window().On(WM_GETMINMAXINFO, [this](const Message& message) -> Answer {
+    if (form_.smallest() == Size{}) return std::nullopt;
+    RECT least = ToPixels(Rect{0, 0, form_.smallest().width, form_.smallest().height}, dpi());
+    const auto style = [this](int which) { return static_cast<DWORD>(GetWindowLongPtrW(handle(), which)); };
+    AdjustWindowRectExForDpi(&least, style(GWL_STYLE), FALSE, style(GWL_EXSTYLE), dpi());
+    reinterpret_cast<MINMAXINFO*>(message.lparam)->ptMinTrackSize = {Width(least), Height(least)};
+    return 0;
+  });
   window().On(WM_WINDOWPOSCHANGED, [this](const Message& message) -> Answer {
     const LRESULT result = window().Default(message);
     TellPlace();

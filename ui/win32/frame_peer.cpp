@@ -14,7 +14,7 @@ constexpr Twips kIndent = 135;
 WindowKind Kind() { return {PlainWindowClass(), kFrame.style, kFrame.extended_style}; }
 
 /// Between the two colours, nearer to the background.
-COLORREF BorderColour(const Colours& colours) {
+COLORREF Between(const Colours& colours) {
   const auto mix = [](int text, int background) {
     return static_cast<BYTE>((2 * text + 3 * background) / 5);
   };
@@ -35,6 +35,7 @@ void DrawBorder(HDC context, const RECT& border, COLORREF colour, int round) {
 
 FramePeer::FramePeer(Frame& frame, Toolkit& toolkit) : WindowPeer(frame, toolkit, Kind()), frame_(frame) {
   toolkit.accessibility.SetIsGroup(handle());
+  HandleBorder();
   window().On(WM_ERASEBKGND, [this](const Message& message) -> Answer {
     RECT inside{};
     GetClientRect(handle(), &inside);
@@ -51,8 +52,34 @@ FramePeer::FramePeer(Frame& frame, Toolkit& toolkit) : WindowPeer(frame, toolkit
   });
 }
 
+void FramePeer::HandleBorder() {
+  window().On(WM_NCCALCSIZE, [this](const Message& message) -> Answer {
+    const LRESULT result = window().Default(message);
+    if (!HasHeading())
+      InflateRect(reinterpret_cast<RECT*>(message.lparam), -1, -1);  // also where more follows it
+    return result;
+  });
+  window().On(WM_NCPAINT, [this](const Message&) -> Answer {
+    if (HasHeading()) return std::nullopt;
+    RECT outer{};
+    GetWindowRect(handle(), &outer);
+    OffsetRect(&outer, -outer.left, -outer.top);
+    const HDC context = GetWindowDC(handle());
+    FrameRect(context, &outer, UseColours(context, BorderColour(), BorderColour()));
+    ReleaseDC(handle(), context);
+    return 0;
+  });
+}
+
+COLORREF FramePeer::BorderColour() const {
+  const std::optional<Colours> colours = ColoursToDraw();
+  return colours ? Between(*colours) : GetSysColor(COLOR_BTNTEXT);
+}
+
 void FramePeer::MirrorText() {
   WindowPeer::MirrorText();
+  SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   InvalidateRect(handle(), nullptr, TRUE);
 }
 
@@ -64,30 +91,33 @@ void FramePeer::MirrorVisible() {
   WindowPeer::MirrorVisible();
 }
 
+/// The system keeps what stands in a window that it sizes, and so the border of the old size.
+void FramePeer::MirrorBounds() {
+  WindowPeer::MirrorBounds();
+  InvalidateRect(handle(), nullptr, TRUE);
+}
+
 void FramePeer::Paint() {
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(handle(), &paint);
   const HGDIOBJ font_before = SelectObject(context, font());
-  Draw(context);
+  if (HasHeading()) Draw(context);
   SelectObject(context, font_before);
   EndPaint(handle(), &paint);
 }
 
 void FramePeer::Draw(HDC context) {
-  const std::optional<Colours> colours = ColoursToDraw();
   const std::wstring heading = ToCaption(frame_.text(), frame_.access_key());
   RECT text{};
-  if (!heading.empty()) DrawTextW(context, heading.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
+  DrawTextW(context, heading.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
   OffsetRect(&text, ToPixels(kIndent, dpi()), 0);
   RECT border{};
   GetClientRect(handle(), &border);
   border.top += Height(text) / 2;
-  DrawBorder(context, border, colours ? BorderColour(*colours) : GetSysColor(COLOR_BTNTEXT),
-             ToPixels(kRound, dpi()));
-  if (heading.empty()) return;
+  DrawBorder(context, border, BorderColour(), ToPixels(kRound, dpi()));
   InflateRect(&text, ToPixels(kIndent, dpi()) / 3, 0);
   FillBackground(context, text, frame_);
-  if (!colours) SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+  if (!ColoursToDraw()) SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
   if (!IsWindowEnabled(handle())) SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
   SetBkMode(context, TRANSPARENT);
   DrawTextW(context, heading.c_str(), -1, &text, DT_SINGLELINE | DT_CENTER);

@@ -22,11 +22,9 @@ LabelPeer::LabelPeer(Label& label, Toolkit& toolkit) : WindowPeer(label, toolkit
   });
 }
 
-/// A label with no access key holds its text as it is, so that others read it as it is.
 void LabelPeer::MirrorText() {
+  MirrorStyle();
   const bool marked = label_.access_key() != 0;
-  const LONG_PTR style = GetWindowLongPtrW(handle(), GWL_STYLE) & ~LONG_PTR{SS_NOPREFIX};
-  SetWindowLongPtrW(handle(), GWL_STYLE, style | (marked ? 0 : SS_NOPREFIX));
   const std::wstring text = marked ? ToCaption(label_.text(), label_.access_key()) : ToWide(label_.text());
   SetWindowTextW(handle(), text.c_str());
 }
@@ -37,7 +35,29 @@ void LabelPeer::MirrorBounds() {
   InflateRect(&place, -margin, -margin);
   SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place),
                SWP_NOZORDER | SWP_NOACTIVATE);
+  MirrorStyle();
   InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void LabelPeer::MirrorFont() {
+  WindowPeer::MirrorFont();
+  MirrorStyle();
+}
+
+/// A path keeps its last name.
+LONG_PTR LabelPeer::Ellipsis() const {
+  return label_.text().find('\\') != std::string::npos ? SS_PATHELLIPSIS : SS_ENDELLIPSIS;
+}
+
+/// A label with no access key holds its text as it is, so that others read it as it is. One that has no room
+/// for a second line would show the upper half of it.
+void LabelPeer::MirrorStyle() {
+  RECT inside{};
+  GetClientRect(handle(), &inside);
+  const bool one_line = 2 * Height(inside) < 3 * MeasureText(L"M", font()).cy;
+  const LONG_PTR style = GetWindowLongPtrW(handle(), GWL_STYLE) & ~LONG_PTR{SS_NOPREFIX | SS_ELLIPSISMASK};
+  SetWindowLongPtrW(handle(), GWL_STYLE,
+                    style | (label_.access_key() != 0 ? 0 : SS_NOPREFIX) | (one_line ? Ellipsis() : 0));
 }
 
 }  // namespace ui::win32

@@ -12,8 +12,12 @@ class LabelPeer : public WindowPeer {
  protected:
   void MirrorText() override;
   void MirrorBounds() override;
+  void MirrorFont() override;
 
  private:
+  void MirrorStyle();
+  LONG_PTR Ellipsis() const;
+
   Label& label_;
 };
 

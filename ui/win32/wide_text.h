@@ -12,8 +12,7 @@ namespace ui::win32 {
 std::wstring ToWide(std::string_view text);
 std::string FromWide(std::wstring_view text);
 
-/// A caption with its access key marked: the first such letter gets an "&", every "&" of the text itself a
-/// second.
+/// A caption as MarkAccessKey() makes it.
 std::wstring ToCaption(std::string_view text, char access_key);
 
 /// How many UTF-16 units ToWide() makes of the first characters of a text, and the other way round.

@@ -11,7 +11,8 @@
 namespace ui::win32 {
 namespace {
 
-constexpr char kProgramName[] = "Quorvane";
+/// A box without a title of its own has the name of the program.
+std::string TitleOf(const std::string& title) { return title.empty() ? "Quorvane" : title; }
 
 UINT StyleOf(Icon icon) {
   switch (icon) {
@@ -40,7 +41,7 @@ auto Win32Dialogs::Run(const Form& owner, Dialog show) {
 
 int Win32Dialogs::ShowBox(Form& owner, const MessageBox& box, UINT buttons) {
   const std::wstring text = ToWide(box.text);
-  const std::wstring title = ToWide(box.title.empty() ? kProgramName : box.title);
+  const std::wstring title = ToWide(TitleOf(box.title));
   return Run(owner, [&](HWND window) {
     return MessageBoxW(window, text.c_str(), title.c_str(), buttons | StyleOf(box.icon));
   });
@@ -66,7 +67,9 @@ std::optional<std::string> Win32Dialogs::SaveFile(Form& owner, const FileDialog&
 }
 
 std::optional<std::string> Win32Dialogs::AskText(Form& owner, const InputBox& box) {
-  return InputWindow(front_end_, box, owner).Ask(owner);
+  InputBox titled = box;
+  titled.title = TitleOf(box.title);
+  return InputWindow(front_end_, titled, owner).Ask(owner);
 }
 
 }  // namespace ui::win32

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/path.h"
 
 /// What every file system of the program is held to. An implementation takes part by a scene of its own and
 /// one INSTANTIATE_TEST_SUITE_P of FileSystemContract.
@@ -20,43 +24,86 @@ class Scene {
   virtual ~Scene() = default;
   virtual FileSystem& files() = 0;
   virtual std::string root() const = 0;
-  virtual char separator() const = 0;
   virtual void SetModified(const std::string& path, FileTime modified) = 0;
   virtual bool MakeLink(const std::string& path, const std::string& destination) = 0;
-  virtual bool MakePipe(const std::string& path) = 0;
-  virtual bool ForbidReading(const std::string& file) = 0;
-  virtual bool ForbidChanges(const std::string& folder) = 0;
+  virtual bool MakePipe(const std::string& /*path*/) { return false; }
+  virtual bool ForbidReading(const std::string& /*file*/) { return false; }
+  virtual bool ForbidChanges(const std::string& /*folder*/) { return false; }
   /// Leaves about 1 MiB for what lies below `folder`, which is empty.
-  virtual bool MakeSmallDisk(const std::string& folder) = 0;
+  virtual bool MakeSmallDisk(const std::string& /*folder*/) { return false; }
+  virtual std::size_t long_path() const { return 1'000; }  ///< so long a path must work
 };
 
 using SceneMaker = std::function<std::unique_ptr<Scene>()>;
+using Names = std::vector<std::string>;
 
-class FileSystemContract : public testing::TestWithParam<SceneMaker> {
+/// What a call has given; a failure ends the test.
+template <typename T>
+T Must(Result<T> result) {
+  if (!result) throw std::runtime_error(result.error().text);
+  return std::move(*result);
+}
+
+/// The entry of that name.
+inline const Entry& Named(const Folder& folder, const std::string& name) {
+  for (const Entry& entry : folder.entries()) {
+    if (entry.name == name) return entry;
+  }
+  throw std::runtime_error("not listed: " + name);
+}
+
+/// Bytes that do not repeat in step with any block.
+inline std::string Noise(std::size_t size) {
+  std::string bytes(size, '\0');
+  std::minstd_rand random;
+  for (char& byte : bytes) byte = static_cast<char>(random() >> 8);
+  return bytes;
+}
+
+/// A scene with the empty folders "from" and "to".
+class SceneTest : public testing::Test {
  protected:
-  FileSystemContract();
+  explicit SceneTest(std::unique_ptr<Scene> scene) : scene_(std::move(scene)) {
+    AddFolder("from");
+    AddFolder("to");
+  }
 
   FileSystem& files() { return scene_->files(); }
   /// "a/b" below the scene's root.
-  std::string At(const std::string& relative) const;
-  void AddFolder(const std::string& relative);
-  void AddFile(const std::string& relative, const std::string& content, FileTime modified = kOldTime);
-  std::string ContentOf(const std::string& relative);
-  Entry EntryAt(const std::string& relative);
-  std::unique_ptr<Folder> Open(const std::string& relative);
-  std::vector<std::string> NamesIn(const std::string& relative);  ///< sorted
-  /// Copies /from/`name` to /to.
-  Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {});
+  std::string At(const std::string& relative) const {
+    std::string path = scene_->root() + '/' + relative;
+    std::replace(path.begin(), path.end(), '/', Separator());
+    return path;
+  }
+  void AddFolder(const std::string& relative) { Must(files().CreateFolder(At(relative))); }
+  void AddFile(const std::string& relative, const std::string& content, FileTime modified = kOldTime) {
+    Must(files().WriteFile(At(relative), content));
+    scene_->SetModified(At(relative), modified);
+  }
+  std::string ContentOf(const std::string& relative) { return Must(files().ReadFile(At(relative), 1 << 30)); }
+  Entry EntryAt(const std::string& relative) { return Must(files().Look(At(relative))); }
+  std::unique_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }
+  Names NamesIn(const std::string& relative) {
+    Names names;
+    const auto folder = Open(relative);
+    for (const Entry& entry : folder->entries()) names.push_back(entry.name);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  /// Copies from/`name` to "to".
+  Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {}) {
+    const auto from = Open("from");
+    return files().CopyFile(*from, Named(*from, name), *Open("to"), watcher);
+  }
 
   static constexpr FileTime kOldTime{1'500'000'000, 123'456'700};
 
   std::unique_ptr<Scene> scene_;
 };
 
-/// The entry of that name.
-const Entry& Named(const Folder& folder, const std::string& name);
-
-/// `size` bytes that do not repeat in step with any block.
-std::string Noise(std::size_t size);
+class FileSystemContract : public SceneTest, public testing::WithParamInterface<SceneMaker> {
+ protected:
+  FileSystemContract() : SceneTest(GetParam()()) {}
+};
 
 }  // namespace platform::contract

@@ -12,20 +12,18 @@
 /// The small seams; an implementation takes part by instantiating the suites with a maker of its own.
 namespace platform::contract {
 
+template <typename Seam>
+using Maker = std::function<std::shared_ptr<Seam>()>;
+
+template <typename Seam>
+class SeamTest : public testing::TestWithParam<Maker<Seam>> {
+ protected:
+  std::shared_ptr<Seam> seam_ = this->GetParam()();
+};
+
 /// The store is new and empty, and lives as long as what made it.
-class SettingsStoreContract : public testing::TestWithParam<std::function<std::shared_ptr<SettingsStore>()>> {
- protected:
-  std::shared_ptr<SettingsStore> store_ = GetParam()();
-};
-
-class ClockContract : public testing::TestWithParam<std::function<std::shared_ptr<Clock>()>> {
- protected:
-  std::shared_ptr<Clock> clock_ = GetParam()();
-};
-
-class LocaleContract : public testing::TestWithParam<std::function<std::shared_ptr<Locale>()>> {
- protected:
-  std::shared_ptr<Locale> locale_ = GetParam()();
-};
+class SettingsStoreContract : public SeamTest<SettingsStore> {};
+class ClockContract : public SeamTest<Clock> {};
+class LocaleContract : public SeamTest<Locale> {};
 
 }  // namespace platform::contract

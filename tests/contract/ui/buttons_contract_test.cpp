@@ -3,58 +3,55 @@
 namespace contract {
 namespace {
 
-using Act = std::function<void(Driver&, Window&)>;
-
 struct Way {
   const char* name;
-  Act act;
+  char key;  ///< 0: the mouse
+  Held held = Held::kNothing;
 };
 
-const Way kWaysToPress[] = {
-    {"mouse", [](Driver& user, Window& window) { user.Click(window.framed); }},
-    {"access key", [](Driver& user, Window& window) { user.PressAccessKey(window, 'm'); }},
-    {"space",
-     [](Driver& user, Window& window) {
-       window.framed.SetFocus();
-       user.Press(window, Key::kSpace);
-     }},
-    {"enter",
-     [](Driver& user, Window& window) {
-       window.framed.SetFocus();
-       user.Press(window, Key::kEnter);
-     }},
-};
+constexpr Way kWaysToPress[] = {
+    {"mouse", 0}, {"access key", 'm', Held::kAlt}, {"space", kSpace}, {"enter", kEnter}};
+
+void PressFramed(Driver& user, Window& window, const Way& way) {
+  if (way.key == 0) return user.Click(window.framed);
+  if (way.held == Held::kNothing) window.framed.SetFocus();
+  user.Press(window, way.key, way.held);
+}
 
 TEST_F(FrontEndContract, EveryWayToPressAButtonActsOnceAndGivesItTheFocus) {
   window_.framed.on_mouse_up = Count();
+  bool hovered = false;
+  window_.framed.on_mouse_move = [&] { hovered = true; };
+  driver_->HoverOver(window_.framed);
+  EXPECT_TRUE(hovered);
   for (const Way& way : kWaysToPress) {
     SCOPED_TRACE(way.name);
     count_ = 0;
     window_.first.SetFocus();
-    way.act(*driver_, window_);
+    PressFramed(*driver_, window_, way);
     EXPECT_EQ(count_, 1);
     EXPECT_TRUE(window_.framed.has_focus());
   }
 }
 
 TEST_F(FrontEndContract, WhatCannotBeReachedDoesNotAct) {
-  const Way obstacles[] = {
-      {"disabled", [](Driver&, Window& window) { window.framed.SetEnabled(false); }},
-      {"hidden", [](Driver&, Window& window) { window.framed.SetVisible(false); }},
-      {"in a disabled frame", [](Driver&, Window& window) { window.frame.SetEnabled(false); }},
-      {"in a hidden frame", [](Driver&, Window& window) { window.frame.SetVisible(false); }},
-      {"in a disabled window", [](Driver&, Window& window) { window.SetEnabled(false); }},
+  const std::pair<const char*, void (*)(Window&)> obstacles[] = {
+      {"disabled", [](Window& window) { window.framed.SetEnabled(false); }},
+      {"hidden", [](Window& window) { window.framed.SetVisible(false); }},
+      {"in a disabled frame", [](Window& window) { window.frame.SetEnabled(false); }},
+      {"in a hidden frame", [](Window& window) { window.frame.SetVisible(false); }},
+      {"in a disabled window", [](Window& window) { window.SetEnabled(false); }},
   };
-  for (const Way& obstacle : obstacles) {
+  for (const auto& [name, put_up] : obstacles) {
     for (const Way& way : kWaysToPress) {
-      SCOPED_TRACE(std::string(obstacle.name) + " by " + way.name);
+      SCOPED_TRACE(std::string(name) + " by " + way.name);
       Window window(front_end_, ui::FormStyle::kReport);
       window.framed.on_mouse_up = window.framed.on_mouse_move = Count();
       Show(window);
       window.framed.SetFocus();
       count_ = 0;
-      obstacle.act(*driver_, window);
-      way.act(*driver_, window);
+      put_up(window);
+      PressFramed(*driver_, window, way);
       EXPECT_EQ(count_, 0);
     }
   }
@@ -62,77 +59,94 @@ TEST_F(FrontEndContract, WhatCannotBeReachedDoesNotAct) {
 
 TEST_F(FrontEndContract, NothingBehindADialogActs) {
   window_.framed.on_mouse_up = Count();
+  const auto try_all_and = [this](const ui::Handler& leave) {
+    for (const Way& way : kWaysToPress) PressFramed(*driver_, window_, way);
+    leave();
+  };
   Window dialog(front_end_, ui::FormStyle::kDialog);
-  driver_->Later([&] {
-    for (const Way& way : kWaysToPress) way.act(*driver_, window_);
-    dialog.Hide();
-  });
+  Later([&] { try_all_and([&] { dialog.Hide(); }); });
   dialog.ShowModal(window_);
+  WhenADialogIsOpen([&] { try_all_and([&] { driver_->LeaveDialog(); }); });
+  front_end_.dialogs().AskYesNo(window_, {"Go on?", "", ui::Icon::kQuestion});
   EXPECT_EQ(count_, 0);
   driver_->Click(window_.framed);
   EXPECT_EQ(count_, 1);
 }
 
-TEST_F(FrontEndContract, AHandlerThatStillRunsIsNotRunAgain) {
-  for (const bool allowed : {false, true}) {
-    ui::Button& button = allowed ? window_.framed : window_.first;
-    if (allowed) button.AllowReentry();
+TEST_F(FrontEndContract, AButtonDoesNotActWhenTheMouseIsDraggedOffIt) {
+  window_.first.on_mouse_up = window_.label.on_mouse_up = Count();
+  driver_->DragOff(window_.first);
+  driver_->DragOff(window_.label);
+  EXPECT_EQ(count_, 0);
+}
+
+TEST_F(FrontEndContract, OnlyAHandlerThatStillRunsIsNotRunAgain) {
+  window_.framed.AllowReentry();
+  for (ui::Button* button : {&window_.first, &window_.framed}) {
     count_ = 0;
-    button.on_mouse_up = [&] {
+    window_.check.SetValue(0);
+    button->on_mouse_up = [this, button] {
       if (++count_ > 1) return;
-      driver_->Later([&] { driver_->Click(button); });
-      front_end_.WaitForEvents(50);
+      Later([this, button] {
+        driver_->Click(*button);
+        driver_->Click(window_.check);
+      });
+      driver_->PassTime(50);
     };
-    driver_->Click(button);
-    EXPECT_EQ(count_, allowed ? 2 : 1);
+    driver_->Click(*button);
+    EXPECT_EQ(count_, button == &window_.first ? 1 : 2);
+    EXPECT_EQ(window_.check.value(), 1);
   }
 }
 
-TEST_F(FrontEndContract, OtherControlsActInsideAHandlerThatRunsPendingEvents) {
-  window_.framed.on_mouse_up = Count();
-  window_.first.on_mouse_up = [&] {
-    driver_->Later([&] { driver_->Click(window_.framed); });
-    front_end_.WaitForEvents(50);
-    EXPECT_EQ(count_, 1);
-  };
-  driver_->Click(window_.first);
-  EXPECT_EQ(count_, 1);
-}
-
 TEST_F(FrontEndContract, EnterAndEscapeReachTheDefaultAndTheCancelButton) {
+  std::string done;
+  window_.on_escape = [&] { done += "escape "; };
+  window_.on_close = [&] { done += "closed "; };
+  window_.first.on_mouse_up = [&] { done += "default "; };
+  window_.framed.on_mouse_up = [&] { done += "cancel "; };
   window_.SetDefaultButton(&window_.first);
-  window_.SetCancelButton(&window_.framed);
-  std::string pressed;
-  window_.first.on_mouse_up = [&] { pressed += "default "; };
-  window_.framed.on_mouse_up = [&] { pressed += "cancel "; };
-  window_.line.SetFocus();
-  driver_->Press(window_, Key::kEnter);
-  driver_->Press(window_, Key::kEscape);
-  window_.framed.SetFocus();
-  driver_->Press(window_, Key::kEnter);
-  EXPECT_EQ(pressed, "default cancel cancel ");
+  window_.report.SetReadOnly(true);
+  for (ui::TextBox* focused : {&window_.line, &window_.report}) {
+    done.clear();
+    focused->SetFocus();
+    driver_->Press(window_, kEnter);
+    driver_->Press(window_, kEscape);
+    window_.SetCancelButton(&window_.framed);
+    driver_->Press(window_, kEscape);
+    window_.framed.SetFocus();
+    driver_->Press(window_, kEnter);
+    window_.SetCancelButton(nullptr);
+    EXPECT_EQ(done, "default escape cancel cancel ") << focused->name();
+  }
 }
 
-TEST_F(FrontEndContract, AControlMadeInAShownWindowWorks) {
-  ui::Button late(&window_, "late");
-  late.SetBounds({5'100, 150, 1'500, 600});
-  late.on_mouse_up = Count();
-  late.on_mouse_move = Count();
-  front_end_.RunPendingEvents();
-  driver_->HoverOver(late);
-  EXPECT_GE(count_, 1);
-  count_ = 0;
-  late.on_mouse_move = nullptr;
-  driver_->Click(late);
-  EXPECT_EQ(count_, 1);
+TEST_F(FrontEndContract, AWindowIsOfferedTheKeysThatItsFocusedControlLeaves) {
+  std::string keys;
+  window_.framed.on_mouse_up = Count();
+  window_.on_key = [&](const ui::KeyPress& press) {
+    keys += press.key == ui::Key::kCharacter ? press.character : std::to_string(static_cast<int>(press.key));
+    return true;
+  };
+  driver_->Press(window_, 'm');  // an access key takes Alt
+  driver_->Press(window_, kDown);
+  window_.line.SetFocus();
+  driver_->Press(window_, 'x');
+  EXPECT_EQ(keys, "m1");
+  EXPECT_EQ(count_, 0);
 }
 
 TEST_F(FrontEndContract, EveryControlHasANameToSpeak) {
-  window_.ForEach([&](ui::Control& control) {
-    if (&control == &window_.frame || &control == &window_.timer) return;
-    EXPECT_FALSE(driver_->SpokenName(control).empty()) << control.name();
+  ui::Label ampersand(&window_, "ampersand");
+  ampersand.SetText("R&D");
+  window_.frame.SetText("Frame");
+  window_.line.SetText("what it holds is not its name");
+  window_.ForEach([this](ui::Control& control) {
+    if (&control == &window_.timer) return;
     EXPECT_EQ(driver_->SpokenName(control), control.spoken_name());
   });
+  window_.line.SetSpokenName("");
+  EXPECT_EQ(window_.line.spoken_name(), "");
 }
 
 }  // namespace

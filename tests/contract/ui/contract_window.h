@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <vector>
 
 #include "tests/contract/ui/driver.h"
 
@@ -15,26 +16,22 @@ class Window : public ui::Form {
     SetText("Window");
     SetBounds({1'500, 1'500, 9'000, 9'000});
     ui::Twips top = 150;
-    ForEach([&](Control& control) {
-      if (control.parent() != this) return;
-      control.SetBounds({150, top, 4'500, 600});
+    for (Control* control : controls()) {
+      control->SetBounds({150, top, 4'500, 600});
       top += 750;
-    });
+    }
     framed.SetBounds({150, 120, 3'000, 420});
     first.SetText("First");
-    first.SetAccessKey('f');
     framed.SetText("Framed");
     framed.SetAccessKey('m');
     label.SetText("Name");
     label.SetAccessKey('n');
-    line.SetSpokenName("Name");
     check.SetText("Check");
     check.SetAccessKey('k');
     list.SetItems({"one", "two", "three"});
-    list.SetSpokenName("List");
-    report.SetSpokenName("Report");
-    bar.SetSpokenName("Scroll");
-    progress.SetSpokenName("Progress");
+    for (Control* without_text : std::vector<Control*>{&line, &list, &report, &bar, &progress}) {
+      without_text->SetSpokenName("Spoken " + without_text->name());
+    }
   }
 
   ui::Button first{this, "first"};
@@ -65,10 +62,27 @@ class FrontEndContract : public testing::Test {
     return [this] { ++count_; };
   }
 
+  /// The user acts at the next chance that the program gives.
+  void Later(std::function<void()> act) {
+    ui::Timer& timer = *timers_.emplace_back(std::make_unique<ui::Timer>(&unseen_, "later"));
+    timer.on_timer = [&timer, act] {
+      timer.Stop();
+      act();
+    };
+    timer.Start(1);
+  }
+  void WhenADialogIsOpen(std::function<void()> act) {
+    Later([this, act] { driver_->DialogIsOpen() ? act() : WhenADialogIsOpen(act); });
+  }
+
   std::unique_ptr<Driver> driver_ = MakeDriver();
   ui::FrontEnd& front_end_ = driver_->front_end();
   Window window_{front_end_, ui::FormStyle::kReport};
   int count_ = 0;
+
+ private:
+  ui::Form unseen_{front_end_, "unseen", ui::FormStyle::kPopUp};
+  std::vector<std::unique_ptr<ui::Timer>> timers_;
 };
 
 }  // namespace contract

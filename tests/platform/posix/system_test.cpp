@@ -1,12 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <initializer_list>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "platform/posix/child_process.h"
 #include "platform/posix/dos_attributes.h"
 #include "platform/posix/file_settings_store.h"
@@ -19,52 +12,35 @@
 namespace platform::posix {
 namespace {
 
-/// Environment variables for as long as it lives; null takes one away.
-class Environment {
- public:
-  Environment(std::initializer_list<std::pair<const char*, const char*>> values) {
-    for (const auto& [name, value] : values) {
-      const char* old = std::getenv(name);
-      old_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-      Set(name, value);
-    }
+/// These variables alone. A test sets all that it depends on, so nothing is put back.
+void SetEnvironment(const std::vector<std::string>& variables) {
+  clearenv();
+  for (const std::string& variable : variables) {
+    const std::size_t at = variable.find('=');
+    setenv(variable.substr(0, at).c_str(), variable.substr(at + 1).c_str(), 1);
   }
-  ~Environment() {
-    for (const auto& [name, value] : old_) Set(name, value ? value->c_str() : nullptr);
-  }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-
- private:
-  static void Set(const std::string& name, const char* value) {
-    value ? setenv(name.c_str(), value, 1) : unsetenv(name.c_str());
-  }
-  std::vector<std::pair<std::string, std::optional<std::string>>> old_;
-};
+}
 
 TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
-  const struct {
-    const char *all, *messages, *lang, *language, *expected;
-  } cases[] = {
-      {nullptr, nullptr, "de_AT.UTF-8", nullptr, "de"},
-      {nullptr, "fr_FR", "de_AT", nullptr, "fr"},
-      {"nl_NL@euro", "fr_FR", "de_AT", nullptr, "nl"},
-      {nullptr, nullptr, "en_US.UTF-8", "de:en", "de"},
-      {nullptr, nullptr, "C.UTF-8", "de", "en"},
-      {nullptr, nullptr, nullptr, nullptr, "en"},
-      {"", "", "ast_ES", nullptr, "en"},
-      {"POSIX", nullptr, "de_DE", nullptr, "en"},
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{}, "en"},
+      {{"LANG=de_AT.UTF-8"}, "de"},
+      {{"LC_MESSAGES=fr_FR", "LANG=de_AT"}, "fr"},
+      {{"LC_ALL=nl_NL@euro", "LC_MESSAGES=fr_FR", "LANG=de_AT"}, "nl"},
+      {{"LANG=en_US.UTF-8", "LANGUAGE=de:en"}, "de"},
+      {{"LANG=C.UTF-8", "LANGUAGE=de"}, "en"},
+      {{"LC_ALL=", "LC_MESSAGES=", "LANG=ast_ES"}, "en"},
+      {{"LC_ALL=POSIX", "LANG=de_DE"}, "en"},
   };
-  for (const auto& c : cases) {
-    const Environment environment{
-        {"LC_ALL", c.all}, {"LC_MESSAGES", c.messages}, {"LANG", c.lang}, {"LANGUAGE", c.language}};
-    EXPECT_EQ(PosixLocale().Language(), c.expected) << (c.lang ? c.lang : "");
+  for (const auto& [variables, language] : cases) {
+    SetEnvironment(variables);
+    EXPECT_EQ(PosixLocale().Language(), language) << testing::PrintToString(variables);
   }
 }
 
 TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
-  for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
-    const Environment environment{{"LC_ALL", name}};
+  for (const std::string name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
+    SetEnvironment({"LC_ALL=" + name});
     PosixLocale locale;
     EXPECT_EQ(locale.ThousandsSeparator(), ",") << name;
     EXPECT_EQ(locale.DecimalSeparator(), ".") << name;
@@ -74,17 +50,17 @@ TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
 }
 
 TEST(PosixClock, LocalTimeKnowsDaylightSaving) {
-  const Environment environment{{"TZ", "CET-1CEST,M3.5.0,M10.5.0/3"}};
+  SetEnvironment({"TZ=CET-1CEST,M3.5.0,M10.5.0/3"});
   PosixClock clock;
-  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}).hour, ToUtc({1'700'000'000, 0}).hour + 1);
-  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}).hour, ToUtc({1'690'000'000, 0}).hour + 2);
+  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'003'600, 0}));
+  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}), ToUtc({1'690'007'200, 0}));
 }
 
 TEST(FileSettingsStore, LinesThatCannotBeReadArePassedOver) {
   test::Scratch scratch;
   const std::string path = scratch.path() + "/settings";
-  PosixFileSystem files;
-  ASSERT_TRUE(files.WriteFile(path, "early=1\n[Key]\r\nnonsense\n\nname=value\r\n[open\n=\nlast=\\").ok());
+  ASSERT_TRUE(
+      PosixFileSystem().WriteFile(path, "early=1\n[Key]\r\nnonsense\n\nname=value\r\n[open\n=\nlast=\\"));
   FileSettingsStore store(path);
   EXPECT_EQ(store.Read("key", "NAME").value, "value");
   EXPECT_EQ(store.Read("Key", "last").value, "\\");
@@ -92,31 +68,30 @@ TEST(FileSettingsStore, LinesThatCannotBeReadArePassedOver) {
 }
 
 TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
-  test::Scratch scratch;
-  const std::string path = scratch.path() + "/settings";
-  std::filesystem::create_directory(path);
-  FileSettingsStore store(path);
+  test::Scratch folder;  // takes the file's place
+  FileSettingsStore store(folder.path());
   EXPECT_NE(store.Write("Key", "name", "value").create_code, kStoreSuccess);
   EXPECT_NE(store.Read("Key", "name").code, kStoreSuccess);
   EXPECT_FALSE(store.Message(store.Read("Key", "name").code).empty());
 }
 
-TEST(DosAttributes, AreReadInEveryFormThatIsAbout) {
+TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
-  const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x02\0\0\0", 16);
+  const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);
+  const std::string changed_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x24\0\0\0with more", 25);
   const std::string not_valid("\0\0\5\0\5\0\0\0\x10\0\0\0\x02\0\0\0", 16);
   const std::pair<std::string, Attributes> cases[] = {{"0x2", kHidden},
                                                       {"0x26", kHidden | kSystem},
                                                       {"0x21", 0},
                                                       {version_3, kHidden | kSystem},
-                                                      {version_5, kHidden},
+                                                      {version_5, kHidden | kSystem},
                                                       {not_valid, 0},
                                                       {"", 0},
-                                                      {"rubbish", 0},
-                                                      {std::string("\0", 1), 0}};
+                                                      {"rubbish", 0}};
   for (const auto& [value, bits] : cases) EXPECT_EQ(BitsOfDosAttribute(value), bits) << value;
   EXPECT_EQ(WithDosBits("0x23", kSystem), "0x24");
   EXPECT_EQ(WithDosBits("", kHidden), "0x2");
+  EXPECT_EQ(WithDosBits(version_5, kSystem), changed_5);
 }
 
 TEST(ChildProcess, WordsArePartedAtBlanksOutsideQuotes) {
@@ -127,8 +102,7 @@ TEST(ChildProcess, WordsArePartedAtBlanksOutsideQuotes) {
 }
 
 TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
-  test::Scratch scratch;
-  const Environment environment{{"PATH", scratch.path().c_str()}};
+  SetEnvironment({"PATH=/no/such/folder"});
   EXPECT_EQ(FindSystemCommand("sh").substr(0, 1), "/");
   EXPECT_EQ(FindSystemCommand("../bin/sh"), "");
   EXPECT_EQ(FindSystemCommand(""), "");
@@ -136,14 +110,12 @@ TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
 }
 
 TEST(PosixShell, SettingsLieWhereTheDesktopSays) {
-  const struct {
-    const char *config, *home, *expected;
-  } cases[] = {
-      {"/conf", "/home/me", "/conf"}, {nullptr, "/home/me", "/home/me/.config"}, {"rel", "/h", "/h/.config"}};
-  for (const auto& c : cases) {
-    const Environment environment{{"XDG_CONFIG_HOME", c.config}, {"HOME", c.home}};
-    EXPECT_EQ(PosixShell().ApplicationDataFolder(), c.expected);
-  }
+  SetEnvironment({"HOME=/home/me", "XDG_CONFIG_HOME=/conf"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/conf");
+  SetEnvironment({"HOME=/home/me", "XDG_CONFIG_HOME=relative"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/home/me/.config");
+  SetEnvironment({"HOME=/home/me"});
+  EXPECT_EQ(PosixShell().ApplicationDataFolder(), "/home/me/.config");
   EXPECT_TRUE(std::filesystem::exists(PosixShell().ProgramFolder() + "/test_platform_posix"));
 }
 

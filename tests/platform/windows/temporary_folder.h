@@ -9,9 +9,7 @@
 /// A folder of the test's own, gone again with everything in it.
 class TemporaryFolder {
  public:
-  TemporaryFolder() : root_(std::filesystem::temp_directory_path() / platform::MakeTemporaryName()) {
-    std::filesystem::create_directory(root_);
-  }
+  TemporaryFolder() { std::filesystem::create_directory(root_); }
   ~TemporaryFolder() {
     // In the long form: some tests make paths that have no other one.
     std::error_code ignored;
@@ -21,8 +19,7 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   std::string path() const { return platform::windows::Narrow(root_.wstring()); }
-  std::string operator/(const std::string& name) const { return path() + "\\" + name; }
 
  private:
-  std::filesystem::path root_;
+  const std::filesystem::path root_ = std::filesystem::temp_directory_path() / platform::MakeTemporaryName();
 };

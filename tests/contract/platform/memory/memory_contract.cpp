@@ -6,7 +6,7 @@
 namespace platform::contract {
 namespace {
 
-using memory::Call;
+using namespace memory;
 
 class MemoryScene : public Scene {
  public:
@@ -16,7 +16,6 @@ class MemoryScene : public Scene {
   }
   FileSystem& files() override { return files_; }
   std::string root() const override { return "/scene"; }
-  char separator() const override { return '/'; }
   void SetModified(const std::string& path, FileTime modified) override {
     files_.AddFile(path, files_.ContentOf(path), modified, files_.AttributesOf(path));
   }
@@ -43,21 +42,16 @@ class MemoryScene : public Scene {
   }
 
  private:
-  memory::MemoryFileSystem files_;
+  MemoryFileSystem files_;
 };
 
-SceneMaker Make(bool ignore_case) {
-  return [ignore_case] { return std::make_unique<MemoryScene>(ignore_case); };
-}
-
-INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract, testing::Values(Make(false)));
-INSTANTIATE_TEST_SUITE_P(MemoryWithoutCase, FileSystemContract, testing::Values(Make(true)));
+INSTANTIATE_TEST_SUITE_P(Memory, FileSystemContract,
+                         testing::Values([] { return std::make_unique<MemoryScene>(false); },
+                                         [] { return std::make_unique<MemoryScene>(true); }));
 INSTANTIATE_TEST_SUITE_P(Memory, SettingsStoreContract,
-                         testing::Values([] { return std::make_shared<memory::MemorySettingsStore>(); }));
-INSTANTIATE_TEST_SUITE_P(Memory, ClockContract,
-                         testing::Values([] { return std::make_shared<memory::MemoryClock>(); }));
-INSTANTIATE_TEST_SUITE_P(Memory, LocaleContract,
-                         testing::Values([] { return std::make_shared<memory::MemoryLocale>(); }));
+                         testing::Values(std::make_shared<MemorySettingsStore>));
+INSTANTIATE_TEST_SUITE_P(Memory, ClockContract, testing::Values(std::make_shared<MemoryClock>));
+INSTANTIATE_TEST_SUITE_P(Memory, LocaleContract, testing::Values(std::make_shared<MemoryLocale>));
 
 }  // namespace
 }  // namespace platform::contract

@@ -1,6 +1,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <sys/wait.h>
+
+#include <climits>
+#include <csignal>
 
 #include "platform/posix/file_settings_store.h"
 #include "platform/posix/posix_clock.h"
@@ -13,16 +16,13 @@
 namespace platform::contract {
 namespace {
 
-using posix::test::Scratch;
-
 class PosixScene : public Scene {
  public:
   FileSystem& files() override { return files_; }
   std::string root() const override { return scratch_.path(); }
-  char separator() const override { return '/'; }
   void SetModified(const std::string& path, FileTime modified) override {
     const struct timespec times[2] = {{0, UTIME_OMIT}, {modified.seconds, modified.nanoseconds}};
-    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0) << path;
+    utimensat(AT_FDCWD, path.c_str(), times, 0);
   }
   bool MakeLink(const std::string& path, const std::string& destination) override {
     return symlink(destination.c_str(), path.c_str()) == 0;
@@ -35,26 +35,102 @@ class PosixScene : public Scene {
   bool MakeSmallDisk(const std::string& folder) override {
     return scratch_.Mount(folder, "size=1m,mode=777");
   }
+  std::size_t long_path() const override { return PATH_MAX + 500; }  // more than one call takes
+
+  posix::test::Scratch& scratch() { return scratch_; }
 
  private:
-  Scratch scratch_;
+  posix::test::Scratch scratch_;
   posix::PosixFileSystem files_;
 };
 
 /// A store in a folder of its own that goes with it.
-class ScratchStore : public Scratch, public posix::FileSettingsStore {
+class ScratchStore : public posix::test::Scratch, public posix::FileSettingsStore {
  public:
   ScratchStore() : FileSettingsStore(path() + "/not/there/yet/settings") {}
 };
 
-INSTANTIATE_TEST_SUITE_P(Posix, FileSystemContract,
-                         testing::Values([] { return std::make_unique<PosixScene>(); }));
-INSTANTIATE_TEST_SUITE_P(Posix, SettingsStoreContract,
-                         testing::Values([] { return std::make_shared<ScratchStore>(); }));
-INSTANTIATE_TEST_SUITE_P(Posix, ClockContract,
-                         testing::Values([] { return std::make_shared<posix::PosixClock>(); }));
-INSTANTIATE_TEST_SUITE_P(Posix, LocaleContract,
-                         testing::Values([] { return std::make_shared<posix::PosixLocale>(); }));
+INSTANTIATE_TEST_SUITE_P(Posix, FileSystemContract, testing::Values(std::make_unique<PosixScene>));
+INSTANTIATE_TEST_SUITE_P(Posix, SettingsStoreContract, testing::Values(std::make_shared<ScratchStore>));
+INSTANTIATE_TEST_SUITE_P(Posix, ClockContract, testing::Values(std::make_shared<posix::PosixClock>));
+INSTANTIATE_TEST_SUITE_P(Posix, LocaleContract, testing::Values(std::make_shared<posix::PosixLocale>));
+
+/// What only this file system can get wrong.
+class PosixFiles : public SceneTest {
+ protected:
+  PosixFiles() : SceneTest(std::make_unique<PosixScene>()) {}
+  posix::test::Scratch& scratch() { return static_cast<PosixScene&>(*scene_).scratch(); }
+};
+
+TEST_F(PosixFiles, NamesPassThroughByteByByte) {
+  for (const std::string& name : {std::string("\xff\xfe not UTF-8 \xc3"), std::string(255, 'n'),
+                                  std::string("\n\t\\"), std::string("*?:<>|")}) {
+    AddFile("from/" + name, name);
+    ASSERT_TRUE(Copy(name)) << name;
+    EXPECT_EQ(ContentOf("to/" + name), name);
+  }
+  EXPECT_EQ(files().WriteFile(At(std::string(256, 'n')), "").error().kind, ErrorKind::kBadName);
+}
+
+TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
+  const mode_t old_mask = umask(077);
+  posix::PosixFileSystem strict;
+  for (const mode_t mode : {0755u, 0640u, 0444u, 0666u}) {
+    AddFile("from/file", "x");
+    ASSERT_EQ(chmod(At("from/file").c_str(), mode), 0);
+    const auto from = strict.OpenFolder(At("from"));
+    ASSERT_TRUE(strict.CopyFile(**from, Named(**from, "file"), **strict.OpenFolder(At("to")), {}));
+    EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
+    ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  }
+  umask(old_mask);
+}
+
+TEST_F(PosixFiles, APipeThatTakesTheFilesPlaceDoesNotHoldTheCopyUp) {
+  AddFile("from/file", "x");
+  const auto from = Open("from");
+  ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  ASSERT_TRUE(scene_->MakePipe(At("from/file")));
+  EXPECT_FALSE(files().CopyFile(*from, Named(*from, "file"), *Open("to"), {}));
+  EXPECT_EQ(NamesIn("to"), Names{});
+}
+
+TEST_F(PosixFiles, AVolumeThatCannotBeWrittenIsToldFromARefusal) {
+  if (!scratch().Mount(At("to"), "size=1m,mode=777")) GTEST_SKIP() << "mounting takes root";
+  AddFile("from/file", "x");
+  scratch().Freeze();
+  EXPECT_EQ(Copy("file").error().kind, ErrorKind::kReadOnlyMedium);
+  EXPECT_EQ(files().CreateFolder(At("to/new")).error().kind, ErrorKind::kReadOnlyMedium);
+  EXPECT_EQ(files().DriveOf(At("to/new")), *files().RealPath(At("to")));
+  EXPECT_NE(files().DriveOf(At("from")), files().DriveOf(At("to")));
+}
+
+TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
+  const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+  AddFile("from/file", "x");
+  const auto before = count();
+  ASSERT_TRUE(Copy("file"));
+  ASSERT_TRUE(Copy("file"));
+  EXPECT_EQ(count(), before);
+}
+
+TEST_F(PosixFiles, AKilledCopyLeavesTheOldFileAndAtMostATemporaryOne) {
+  AddFile("from/file", Noise(9'000'000));
+  for (const bool replaces : {false, true}) {
+    if (replaces) AddFile("to/file", "old");
+    if (fork() == 0) {
+      static_cast<void>(Copy("file", [](std::int64_t bytes) { return bytes == 0 || raise(SIGKILL) == 0; }));
+      _exit(0);
+    }
+    int end = 0;
+    wait(&end);
+    ASSERT_TRUE(WIFSIGNALED(end));
+    for (const std::string& name : NamesIn("to")) {
+      EXPECT_TRUE((replaces && name == "file") || IsTemporaryName(name)) << name;
+    }
+    EXPECT_TRUE(!replaces || ContentOf("to/file") == "old");
+  }
+}
 
 }  // namespace
 }  // namespace platform::contract

@@ -16,32 +16,24 @@
 namespace platform::contract {
 namespace {
 
-using windows::LongPath;
-
+/// What it does not offer needs an administrator's tools, or is no obstacle to the user that Wine runs as.
 class WindowsScene : public Scene {
  public:
   FileSystem& files() override { return files_; }
   std::string root() const override { return folder_.path(); }
-  char separator() const override { return '\\'; }
   void SetModified(const std::string& path, FileTime modified) override {
-    const auto file = windows::OpenForAttributes(LongPath(path), FILE_WRITE_ATTRIBUTES);
+    const auto file = windows::OpenForAttributes(windows::LongPath(path), FILE_WRITE_ATTRIBUTES);
     const FILETIME time = windows::ToSystem(modified);
-    ASSERT_TRUE(::SetFileTime(file.get(), nullptr, nullptr, &time)) << path;
+    ::SetFileTime(file.get(), nullptr, nullptr, &time);
   }
   /// Needs the developer mode of Windows; Wine says yes and does nothing.
   bool MakeLink(const std::string& path, const std::string& destination) override {
-    const bool to_folder = std::filesystem::is_directory(LongPath(destination));
-    const DWORD flags =
-        (to_folder ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0) | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE;
-    return ::CreateSymbolicLinkW(LongPath(path).c_str(), LongPath(destination).c_str(), flags) &&
-           ::GetFileAttributesW(LongPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const std::wstring link = windows::LongPath(path);
+    const std::wstring aim = windows::LongPath(destination);
+    const DWORD kind = std::filesystem::is_directory(aim) ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
+    ::CreateSymbolicLinkW(link.c_str(), aim.c_str(), kind | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE);
+    return ::GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
   }
-  // Pipes have no place in a folder here. The rest needs an administrator's tools, or is no obstacle to the
-  // user that Wine runs as.
-  bool MakePipe(const std::string&) override { return false; }
-  bool ForbidReading(const std::string&) override { return false; }
-  bool ForbidChanges(const std::string&) override { return false; }
-  bool MakeSmallDisk(const std::string&) override { return false; }
 
  private:
   TemporaryFolder folder_;
@@ -53,10 +45,9 @@ class ScratchRegistry : public windows::RegistryStore {
  public:
   ScratchRegistry() {
     HKEY key = nullptr;
-    ::RegCreateKeyExW(HKEY_CURRENT_USER, name_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                      nullptr);
-    key_ = windows::KeyHandle(key);
+    ::RegCreateKeyW(HKEY_CURRENT_USER, name_.c_str(), &key);
     ::RegOverridePredefKey(HKEY_CURRENT_USER, key);
+    ::RegCloseKey(key);
   }
   ~ScratchRegistry() override {
     ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
@@ -65,17 +56,53 @@ class ScratchRegistry : public windows::RegistryStore {
 
  private:
   const std::wstring name_ = L"Software\\" + windows::Widen(MakeTemporaryName());
-  windows::KeyHandle key_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract,
-                         testing::Values([] { return std::make_unique<WindowsScene>(); }));
-INSTANTIATE_TEST_SUITE_P(Windows, SettingsStoreContract,
-                         testing::Values([] { return std::make_shared<ScratchRegistry>(); }));
-INSTANTIATE_TEST_SUITE_P(Windows, ClockContract,
-                         testing::Values([] { return std::make_shared<windows::WindowsClock>(); }));
-INSTANTIATE_TEST_SUITE_P(Windows, LocaleContract,
-                         testing::Values([] { return std::make_shared<windows::WindowsLocale>(); }));
+INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_unique<WindowsScene>));
+INSTANTIATE_TEST_SUITE_P(Windows, SettingsStoreContract, testing::Values(std::make_shared<ScratchRegistry>));
+INSTANTIATE_TEST_SUITE_P(Windows, ClockContract, testing::Values(std::make_shared<windows::WindowsClock>));
+INSTANTIATE_TEST_SUITE_P(Windows, LocaleContract, testing::Values(std::make_shared<windows::WindowsLocale>));
+
+/// What only this system can get wrong.
+class WindowsFiles : public SceneTest {
+ protected:
+  WindowsFiles() : SceneTest(std::make_unique<WindowsScene>()) {}
+};
+
+TEST_F(WindowsFiles, TheListingTellsAllThreeAttributesAndOthersStay) {
+  AddFile("from/file", "x");
+  const std::wstring file = windows::LongPath(At("from/file"));
+  ASSERT_TRUE(::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_ARCHIVE));
+  for (const Attributes bits : {0U, 1U, 2U, 4U, 7U}) {
+    ASSERT_TRUE(files().SetAttributes(At("from/file"), bits));
+    EXPECT_EQ(Named(*Open("from"), "file").attributes, bits);
+    EXPECT_EQ(::GetFileAttributesW(file.c_str()), FILE_ATTRIBUTE_ARCHIVE | bits);
+  }
+}
+
+TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
+  AddFile("from/file", "new");
+  AddFile("to/file", "old");
+  for (const char* kept : {"from/file", "to/file"}) {
+    windows::FileHandle held(::CreateFileW(windows::LongPath(At(kept)).c_str(), GENERIC_READ, 0, nullptr,
+                                           OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(Copy("file").error().kind, ErrorKind::kInUse) << kept;
+    held.Close();
+    EXPECT_EQ(ContentOf("to/file"), "old");
+    EXPECT_EQ(NamesIn("to"), Names{"file"});
+  }
+}
+
+TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
+  EXPECT_TRUE(files().Space("c:"));
+  for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().Space(path)) << path;
+}
+
+TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
+  ScratchRegistry store;
+  ASSERT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, L"Key", L"name", REG_SZ, L"ab", 6), 0);
+  EXPECT_EQ(store.Read("Key", "name").value, "ab");
+}
 
 }  // namespace
 }  // namespace platform::contract

@@ -1,60 +1,66 @@
+#include <algorithm>
+
 #include "tests/contract/ui/driver.h"
 #include "ui/headless/headless_front_end.h"
 
 namespace contract {
 namespace {
 
+using namespace ui::headless;
+
 class HeadlessDriver : public Driver {
  public:
+  HeadlessDriver() {
+    front_end_.when_idle = [this] { front_end_.PassTime(1); };
+    dialogs_.while_open = [this](const HeadlessDialogs::Asked&) { front_end_.PassTime(100); };
+  }
   ui::FrontEnd& front_end() override { return front_end_; }
 
   void Click(ui::Control& control) override {
     if (auto* button = dynamic_cast<ui::Button*>(&control)) ui::headless::Click(*button);
     if (auto* label = dynamic_cast<ui::Label*>(&control)) ui::headless::Click(*label);
-    if (auto* box = dynamic_cast<ui::CheckBox*>(&control)) ui::headless::Tick(*box, box->value() == 0);
+    if (auto* box = dynamic_cast<ui::CheckBox*>(&control)) Tick(*box, box->value() == 0);
+  }
+  void DragOff(ui::Control& control) override { control.UserMovedPointer(); }
+  void HoverOver(ui::Control& control) override { control.UserMovedPointer(); }
+  void TurnWheel(ui::Control& control, int notches) override {
+    if (auto* frame = dynamic_cast<ui::Frame*>(control.parent())) frame->UserTurnedWheel(notches);
   }
 
-  void Press(ui::Form& form, Key key) override {
-    switch (key) {
-      case Key::kSpace:
-        return ui::headless::PressSpace(form);
-      case Key::kEnter:
-        form.UserPressedEnter();
-        return;
-      case Key::kEscape:
-        form.UserPressedEscape();
-        return;
-      case Key::kTab:
-        return ui::headless::PressTab(form);
-      case Key::kBackTab:
-        form.BeforeInTabOrder(form.focused())->UserFocused();
-        return;
-    }
+  void Press(ui::Form& form, char key, Held held) override {
+    if (held == Held::kAlt) return static_cast<void>(form.UserPressedAccessKey(key));
+    if (held == Held::kShift) return form.BeforeInTabOrder(form.focused())->UserFocused();
+    if (key == kTab) return PressTab(form);
+    if (key == kSpace) return PressSpace(form);
+    if (key == kEnter) return static_cast<void>(form.UserPressedEnter());
+    if (key == kEscape) return static_cast<void>(form.UserPressedEscape());
+    PressKey(form, key == kDown ? ui::KeyPress{ui::Key::kDown} : ui::KeyPress{.character = {key}});
   }
-
-  void PressAccessKey(ui::Form& form, char letter) override { form.UserPressedAccessKey(letter); }
   void Type(ui::TextBox& box, const std::string& text) override { ui::headless::Type(box, text); }
-  void Choose(ui::DropDownList& list, int index) override { ui::headless::Select(list, index); }
-  void Drag(ui::ScrollBar& bar, int value) override { ui::headless::Scroll(bar, value); }
+  void Choose(ui::DropDownList& list, int index) override { Select(list, index); }
+  void Drag(ui::ScrollBar& bar, int value) override { Scroll(bar, value); }
   void Close(ui::Form& form) override { form.UserClosed(); }
   void Minimise(ui::Form& form) override { form.UserSetState(ui::WindowState::kMinimised); }
-
   void Resize(ui::Form& form, ui::Size outer) override {
     const ui::Size frame{form.width() - form.inner().width, form.height() - form.inner().height};
-    form.UserMoved({form.left(), form.top(), outer.width, outer.height});
-    form.InnerSizeIs({outer.width - frame.width, outer.height - frame.height});
+    const ui::Size inner{std::max(outer.width - frame.width, form.smallest().width),
+                         std::max(outer.height - frame.height, form.smallest().height)};
+    form.UserMoved({form.left(), form.top(), inner.width + frame.width, inner.height + frame.height});
+    form.InnerSizeIs(inner);
   }
-
-  void HoverOver(ui::Control& control) override { control.UserMovedPointer(); }
-  void Later(std::function<void()> act) override { front_end_.Post(std::move(act)); }
   void PassTime(int milliseconds) override { front_end_.PassTime(milliseconds); }
-  void AnswerYes() override { front_end_.dialogs().yes_no.push_back(true); }
-  void AnswerByLeaving() override {}
-  void AnswerText(const std::string& text) override { front_end_.dialogs().texts.emplace_back(text); }
+
+  bool DialogIsOpen() override { return true; }
+  void AnswerYes() override { dialogs_.yes_no.push_back(true); }
+  void AnswerText(const std::string& text) override { dialogs_.texts.emplace_back(text); }
+  void AnswerPath(const std::string& path) override { dialogs_.texts.emplace_back(path); }
+  void LeaveDialog() override {}
+
   std::string SpokenName(ui::Control& control) override { return control.spoken_name(); }
 
  private:
-  ui::headless::HeadlessFrontEnd front_end_;
+  HeadlessFrontEnd front_end_;
+  HeadlessDialogs& dialogs_ = front_end_.dialogs();
 };
 
 }  // namespace

@@ -1,15 +1,5 @@
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QInputDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
-#include <QTimer>
-#include <QWindow>
-#include <map>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "tests/contract/ui/driver.h"
 #include "ui/qt/qt_front_end.h"
@@ -19,132 +9,94 @@
 namespace contract {
 namespace {
 
+using ui::qt::ToPixels;
 using ui::qt::WidgetOf;
 
-/// Made once and never destroyed: Qt allows one in a program.
-void NeedApplication() {
-  static int argc = 1;
-  static char name[] = "contract";
-  static char* argv[] = {name, nullptr};
-  if (QCoreApplication::instance() == nullptr) new QApplication(argc, argv);
+QWindow* WindowOf(ui::Form& form) { return WidgetOf(form)->windowHandle(); }
+
+/// Where the control is, or would be, in its window: as a user hits it.
+QPoint SpotOf(ui::Control& control) {
+  const QWidget& widget = *WidgetOf(control);
+  return widget.mapTo(widget.window(), QPoint(10, widget.height() / 2));
 }
 
-ui::qt::QtFrontEnd MakeFrontEnd() {
-  NeedApplication();
-  int none = 0;
-  return {none, nullptr};
+QDialog* OpenDialog() { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); }
+
+/// Types into the edit of that name, or into any.
+void AnswerInEdit(const std::string& text, const QString& name = {}) {
+  OpenDialog()->findChild<QLineEdit*>(name)->setText(QString::fromStdString(text));
+  QTest::keyClick(OpenDialog(), Qt::Key_Return);
 }
 
 class QtDriver : public Driver {
  public:
   ui::FrontEnd& front_end() override { return front_end_; }
 
-  /// Where the control is, or would be, in its window: as a user hits it.
   void Click(ui::Control& control) override {
-    QWidget& widget = *WidgetOf(control);
-    QTest::mouseClick(WindowOf(control.form()), Qt::LeftButton, {}, SpotIn(widget));
-    Settle();
+    QTest::mouseClick(WindowOf(control.form()), Qt::LeftButton, {}, SpotOf(control));
+  }
+  void DragOff(ui::Control& control) override {
+    QTest::mousePress(WindowOf(control.form()), Qt::LeftButton, {}, SpotOf(control));
+    QTest::mouseRelease(WindowOf(control.form()), Qt::LeftButton, {}, QPoint(1, 1));
+  }
+  void HoverOver(ui::Control& control) override {
+    QTest::mouseMove(WindowOf(control.form()), SpotOf(control));
+  }
+  void TurnWheel(ui::Control& control, int notches) override {
+    QWheelEvent turn(QPointF(5, 5), QPointF(), {}, {0, notches * 120}, {}, {}, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&turn);
+    qApp->notify(WidgetOf(control), &turn);
   }
 
-  void Press(ui::Form& form, Key key) override {
-    static const std::map<Key, Qt::Key> keys = {{Key::kSpace, Qt::Key_Space},
-                                                {Key::kEnter, Qt::Key_Return},
-                                                {Key::kEscape, Qt::Key_Escape},
-                                                {Key::kTab, Qt::Key_Tab},
-                                                {Key::kBackTab, Qt::Key_Backtab}};
-    QTest::keyClick(WindowOf(form), keys.at(key));
-    Settle();
+  void Press(ui::Form& form, char key, Held held) override {
+    const Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::ShiftModifier, Qt::AltModifier};
+    const Qt::KeyboardModifier modifier = modifiers[static_cast<int>(held)];
+    if (key == kDown) return QTest::keyClick(WindowOf(form), Qt::Key_Down, modifier);
+    QTest::keyClick(WindowOf(form), key, modifier);
   }
-
-  void PressAccessKey(ui::Form& form, char letter) override {
-    QTest::keyClick(WindowOf(form), letter, Qt::AltModifier);
-    Settle();
-  }
-
   void Type(ui::TextBox& box, const std::string& text) override {
     Click(box);
     QTest::keyClick(WindowOf(box.form()), Qt::Key_A, Qt::ControlModifier);
     for (const QChar c : QString::fromStdString(text)) {
-      if (c == u'\n') {
-        QTest::keyClick(WindowOf(box.form()), Qt::Key_Return);
-      } else {
-        QTest::sendKeyEvent(QTest::Click, WidgetOf(box), Qt::Key_unknown, QString(c), Qt::NoModifier);
-      }
+      if (c == u'\n') Driver::Press(box.form(), kEnter);
+      if (c != u'\n') QTest::sendKeyEvent(QTest::Click, WidgetOf(box), Qt::Key_unknown, c, Qt::NoModifier);
     }
-    Settle();
   }
-
-  void Choose(ui::DropDownList& list, int index) override {
-    auto* combo = static_cast<QComboBox*>(WidgetOf(list));
-    combo->setFocus();
-    for (int step = combo->currentIndex(); step < index; ++step)
-      QTest::keyClick(WindowOf(list.form()), Qt::Key_Down);
-    Settle();
-  }
-
   void Drag(ui::ScrollBar& bar, int value) override {
     static_cast<QScrollBar*>(WidgetOf(bar))->setSliderPosition(value);
-    Settle();
   }
 
-  void Close(ui::Form& form) override {
-    WidgetOf(form)->close();
-    Settle();
-  }
-
+  void Close(ui::Form& form) override { WidgetOf(form)->close(); }
   void Minimise(ui::Form& form) override {
     WidgetOf(form)->showMinimized();
-    Settle();
+    front_end_.RunPendingEvents();
   }
-
   void Resize(ui::Form& form, ui::Size outer) override {
     QWidget& window = *WidgetOf(form);
     const QSize frame = window.frameGeometry().size() - window.size();
-    window.resize(QSize(ui::qt::ToPixels(outer.width), ui::qt::ToPixels(outer.height)) - frame);
-    Settle();
+    window.resize(QSize(ToPixels(outer.width), ToPixels(outer.height)) - frame);
+    front_end_.RunPendingEvents();
   }
-
-  void HoverOver(ui::Control& control) override {
-    QTest::mouseMove(WindowOf(control.form()), SpotIn(*WidgetOf(control)));
-    Settle();
-  }
-
-  void Later(std::function<void()> act) override { QTimer::singleShot(0, std::move(act)); }
-
   void PassTime(int milliseconds) override { QTest::qWait(milliseconds); }
 
-  void AnswerYes() override {
-    WhenADialogIsOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
-  }
-  void AnswerByLeaving() override {
-    WhenADialogIsOpen<QDialog>([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-  }
-  void AnswerText(const std::string& text) override {
-    WhenADialogIsOpen<QInputDialog>([text](QInputDialog& dialog) {
-      dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(text));
-      QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-  }
+  bool DialogIsOpen() override { return OpenDialog() != nullptr; }
+  void AnswerYes() override { qobject_cast<QMessageBox*>(OpenDialog())->button(QMessageBox::Yes)->click(); }
+  void AnswerText(const std::string& text) override { AnswerInEdit(text); }
+  void AnswerPath(const std::string& path) override { AnswerInEdit(path, "fileNameEdit"); }
+  void LeaveDialog() override { QTest::keyClick(OpenDialog(), Qt::Key_Escape); }
 
   std::string SpokenName(ui::Control& control) override {
     return QAccessible::queryAccessibleInterface(WidgetOf(control))->text(QAccessible::Name).toStdString();
   }
 
  private:
-  static QWindow* WindowOf(ui::Form& form) { return WidgetOf(form)->windowHandle(); }
-
-  static QPoint SpotIn(QWidget& widget) {
-    return widget.mapTo(widget.window(), QPoint(10, widget.height() / 2));
-  }
-
-  void Settle() { front_end_.RunPendingEvents(); }
-
-  template <typename Dialog, typename Answer>
-  static void WhenADialogIsOpen(Answer answer) {
-    QTimer::singleShot(0, [answer] {
-      if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) return answer(*dialog);
-      WhenADialogIsOpen<Dialog>(answer);
-    });
+  /// Made once and never destroyed: Qt allows one in a program.
+  static ui::qt::QtFrontEnd MakeFrontEnd() {
+    static int argc = 1;
+    static char name[] = "contract";
+    static char* argv[] = {name, nullptr};
+    if (QCoreApplication::instance() == nullptr) new QApplication(argc, argv);
+    return {argc, argv};
   }
 
   ui::qt::QtFrontEnd front_end_ = MakeFrontEnd();

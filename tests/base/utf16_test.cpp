@@ -1,0 +1,31 @@
+#include "base/utf16.h"
+
+#include <gtest/gtest.h>
+
+namespace base::utf16 {
+
+TEST(Utf16, EveryNameComesBackAsItWas) {
+  const std::pair<std::string, std::u16string> names[] = {
+      {"plain name.txt", u"plain name.txt"},
+      {"\xC3\xA4\xE2\x82\xAC", u"\x00E4\x20AC"},
+      {"a\xF0\x9F\x98\x80z", u"a\xD83D\xDE00z"},
+      {"\xEF\xBF\xBF", u"\xFFFF"},
+      // Surrogates without their partner, in the wrong order, and two of a kind.
+      {"x\xED\xA0\xBD", u"x\xD83D"},
+      {"\xED\xB8\x80\xED\xA0\xBD", u"\xDE00\xD83D"},
+      {"\xED\xA0\xBD\xF0\x9F\x98\x80", u"\xD83D\xD83D\xDE00"},
+  };
+  for (const auto& [utf8, utf16] : names) {
+    EXPECT_EQ(ToUtf8(utf16), utf8);
+    EXPECT_EQ(FromUtf8(utf8), utf16) << utf8;
+  }
+}
+
+TEST(Utf16, BytesThatAreNoCharacterAreReplaced) {
+  EXPECT_EQ(FromUtf8("a\xFFz"), u"a\xFFFDz");
+  EXPECT_EQ(FromUtf8("a\xE2\x82"), u"a\xFFFD\xFFFD");
+  EXPECT_EQ(FromUtf8("\xE0\x80\xAF"), u"\xFFFD");      // an overlong "/"
+  EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\xFFFD");  // beyond Unicode
+}
+
+}  // namespace base::utf16

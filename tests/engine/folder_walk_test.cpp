@@ -1,0 +1,109 @@
+#include "tests/engine/scene.h"
+
+namespace engine::test {
+
+TEST(FolderWalk, VisitsWhatTheSetupIncludes) {
+  const auto visited = [](bool source_files, bool below) {
+    Scene scene({"/src/own", "/src/in/a", "/src/in/deep/er/b", "/src/out/c"}, {"in"});
+    scene.setup.ExcludeFilesInSourceFolder = !source_files;
+    scene.setup.IncludeSubfolders = below;
+    scene.BackUp();
+    return scene.visited + " " + scene.Copies();
+  };
+  EXPECT_EQ(visited(true, false), "/src|/src/in| in/a=1 own=1");
+  EXPECT_EQ(visited(true, true), "/src|/src/in|/src/in/deep|/src/in/deep/er| in/a=1 in/deep/er/b=1 own=1");
+  EXPECT_EQ(visited(false, true), "/src/in|/src/in/deep|/src/in/deep/er| in/a=1 in/deep/er/b=1");
+}
+
+TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
+  Scene scene({"/outside", "/src/in/deep/a"}, {"..", "in", "", "in/deep", ".", "in", "../src", "gone"});
+  EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 6");
+  EXPECT_EQ(scene.visited, "/src|/src/in|/src/in/deep|");
+  EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|"));
+}
+
+TEST(FolderWalk, AsksAboutNoFileAndForNothingBelowAMissingTarget) {
+  Scene scene({"/src/in/a", "/src/in/b", "/dst/in/a", "/dst/in/b", "/src/new/below/deep/c"}, {"in", "new"});
+  EXPECT_EQ(scene.Check(), "new 1, up to date 2, due 1");
+  EXPECT_EQ(scene.TouchesBelow("/src/in") + scene.TouchesBelow("/dst/in") + scene.TouchesBelow("/dst/new"),
+            0);
+}
+
+TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
+  Scene scene({"/src/in/real", "/src/in/loop>/src/in", "/src/in/file>/src/in/real", "/src/in/dead>/nowhere"},
+              {"in"});
+  scene.files.AddPipe("/src/in/pipe");
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 2, warnings 3");
+  EXPECT_EQ(scene.Copies(), "in/file=1 in/real=1");
+  for (const char* line : {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|"}) {
+    EXPECT_TRUE(scene.Wrote(line)) << line;
+  }
+}
+
+TEST(FolderWalk, TheTargetInsideTheSourceIsLeftOutAsTheDiskComparesNames) {
+  for (const auto& [target, included] : {std::pair("/src/in/Backup/", "in"), {"/SRC/in/backup", "IN"}}) {
+    Scene scene({"/src/in/a", "/src/in/Backup/"}, {included});
+    scene.files.IgnoreCase(scene.setup.IncludedFolders[0] == "IN");
+    scene.setup.TargetFolder = target;
+    scene.BackUpAll();
+    EXPECT_EQ(scene.BackUpAll(), "copied 1");
+    EXPECT_EQ(tree::Below(scene.files, "/src"), "in/Backup/in/a=1 in/a=1");
+    EXPECT_TRUE(scene.Wrote("Target inside: /src/in/Backup|"));
+    EXPECT_EQ(scene.Run(app::Operation::kListIncludedSubfolders), "due 1");
+  }
+}
+
+TEST(FolderWalk, ASourceInsideTheTargetIsNeverOverwritten) {
+  for (const std::string name : {"Src", "SRC"}) {
+    Scene scene({"/dst/Src/a=original", "/dst/Src/" + name + "/a=other"}, {name});
+    scene.files.IgnoreCase(name == "SRC");
+    scene.setup.SourceFolder = "/dst/Src";
+    scene.BackUpAll();
+    EXPECT_EQ(scene.files.ContentOf("/dst/Src/a"), "original");
+    EXPECT_TRUE(scene.Wrote("Would overwrite: /dst/Src/" + name + "|"));
+  }
+}
+
+TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {
+  for (const std::string link : {"in>/src/out", "in>/", "in/below>/src/out", "in/below>/other"}) {
+    Scene scene({"/src/in/below/a=copied", "/src/out/a=original", "/other/", "/dst/" + link}, {"in"});
+    EXPECT_EQ(scene.BackUpAll(), link == "in/below>/other" ? "copied 1" : "warnings 1") << link;
+    EXPECT_EQ(scene.files.ContentOf("/src/out/a"), "original") << link;
+  }
+}
+
+TEST(FolderWalk, AFolderInTheWayOfAFileAndAFileInTheWayOfAFolderLoseNothing) {
+  Scene scene({"/src/in/thing", "/src/in/sub/x", "/dst/in/thing/kept", "/dst/in/sub=kept too"}, {"in"});
+  EXPECT_EQ(scene.BackUp(), "new 2, failed 2");
+  EXPECT_EQ(scene.Copies(), "in/sub=kept too in/thing/kept=1");
+}
+
+TEST(FolderWalk, LeftoversOfAnInterruptedRunGoButOnlyFromTheTarget) {
+  const std::string leftover = platform::MakeTemporaryName();
+  const std::string of_the_user = platform::MakeTemporaryName();
+  Scene scene({"/src/a", "/src/" + of_the_user, "/dst/" + leftover, "/dst/" + of_the_user});
+  scene.Check();
+  EXPECT_TRUE(scene.files.Exists("/dst/" + leftover));
+  scene.BackUp();
+  EXPECT_EQ(scene.Copies(), of_the_user + "=1 a=1");
+}
+
+TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFiles) {
+  Scene scene({"/src/x/1/a", "/src/x/2/a", "/src/x/3/a", "/src/x/4/a", "/src/x/5/a", "/src/x/6/a",
+               "/src/y/1/", "/src/y/2/", "/src/y/3/", "/src/y/4/", "/src/y/5/", "/src/y/6/"},
+              {"x", "y"});
+  scene.files.Before([&scene](auto, auto&) { scene.clock.Advance(std::chrono::milliseconds{100}); });
+  scene.BackUp();
+  EXPECT_TRUE(std::ranges::is_sorted(scene.progress));
+  EXPECT_GE(scene.breaths, 15);
+  EXPECT_EQ(scene.progress.back(), 1.0);
+}
+
+TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
+  Scene scene({"/src/x/same", "/dst/x/same", "/src/y/a", "/src/z/b"}, {"x", "y", "z"});
+  scene.pause_wished = true;
+  scene.BackUp();
+  EXPECT_EQ(scene.paused_after, "/src/y/a|");
+}
+
+}  // namespace engine::test

@@ -1,0 +1,82 @@
+#include "tests/engine/scene.h"
+
+namespace engine::test {
+
+using app::Operation;
+
+TEST(RunOperation, FindsNewAndModifiedFilesAlikeAndCopiesOnlyWhenItCopies) {
+  const struct {
+    Operation operation;
+    const char* found;
+    std::int64_t bytes_copied;  ///< of the huge file as many as 31 bits hold
+  } cases[] = {{Operation::kCheckBackupState, "new 1, modified 1, up to date 1, filtered 1, due 2", 0},
+               {Operation::kBackupModifiedFiles, "new 1, modified 1, copied 2, up to date 1, filtered 1",
+                2'147'483'650},
+               {Operation::kBackupAllFiles, "copied 3, filtered 1", 2'147'483'651},
+               {Operation::kListIncludedSubfolders, "filtered 1, due 3", 0}};
+  for (const auto& c : cases) {
+    Scene scene({"/src/same.txt", "/dst/same.txt", "/src/changed.txt=333", "/dst/changed.txt", "/src/a.doc"});
+    scene.files.AddHugeFile("/src/new.txt", 6'000'000'001);
+    scene.setup.FileExtension = "txt";
+    EXPECT_EQ(scene.Run(c.operation), c.found);
+    EXPECT_EQ(scene.outcome.totals.bytes_met, 6'000'000'005);
+    EXPECT_EQ(scene.outcome.totals.bytes_copied, c.bytes_copied);
+  }
+}
+
+TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
+  const auto refuses = [](std::int16_t status, const std::string& words, void (*arrange)(Scene&)) {
+    Scene scene({"/src/a"});
+    arrange(scene);
+    std::string unattended;
+    scene.Run(Operation::kBackupModifiedFiles, &unattended);
+    EXPECT_EQ(scene.outcome.status, status) << words;
+    EXPECT_TRUE(!unattended.empty() && words.find(unattended) != std::string::npos) << unattended;
+    scene.BackUp();
+    EXPECT_EQ(scene.steps, "prepare|prepare|refuse " + words + "|");
+  };
+  refuses(kNothingToDo,
+          "Setup implies nothing to do: Files in the source folder are excluded,\r\nand no subfolders are "
+          "excluded,\r\nso there is nothing to do!",
+          [](Scene& s) { s.setup.ExcludeFilesInSourceFolder = true; });
+  refuses(kNoFilesInSource, "Nothing: Empty.", [](Scene& s) { s.setup.SourceFolder = ""; });
+  refuses(kNoFilesInSource, "Nothing: Empty.", [](Scene& s) { s.files.Remove("/src/a"); });
+  refuses(kSourceNotReadable, "Nothing: Not read: /src (No such file or directory)",
+          [](Scene& s) { s.files.Remove("/src"); });
+  refuses(kNoFilesInSetup, "Nothing: No files.",
+          [](Scene& s) { s.files.Remove("/src/a"), s.files.AddFolder("/src/x/y"); });
+  refuses(kTargetNotSpecified, "Target folder not specified: Which?",
+          [](Scene& s) { s.setup.TargetFolder = ""; });
+  refuses(kTargetMissing, "Target folder does not exist: Target folder /dst does not exist.",
+          [](Scene& s) { s.files.Remove("/dst"); });
+  refuses(kTargetMissing, "Target folder does not exist: Target folder /src/a does not exist.",
+          [](Scene& s) { s.setup.TargetFolder = "/src/a"; });
+  refuses(kTargetIsSource, "Same: The same.", [](Scene& s) { s.setup.TargetFolder = "/src/"; });
+  refuses(kTargetWriteProtected, "Nothing: Protected.\r\n(Read-only file system)",
+          [](Scene& s) { s.write_protected = true; });
+}
+
+TEST(RunOperation, GoesThroughItsStepsInOrder) {
+  Scene scene({"/src/a.jpg"});
+  scene.setup.FileExtension = "jpg";
+  scene.BackUp();
+  EXPECT_EQ(scene.steps, "prepare|confirm|open|space|lock|summary|Close|unlock|refresh|");
+  EXPECT_EQ(scene.lines,
+            "Back up new and modified|Back up new and modified (/src) with file extension 'jpg'|"
+            "{source folder} = /src||");
+  scene.setup.TargetFolder.clear();
+  EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders), "due 1") << "which needs no target";
+  EXPECT_TRUE(scene.lines.starts_with("Counting files and folders|Now counting files and folders ...|"));
+}
+
+TEST(RunOperation, OnlyCopiesAreConfirmedAndOnlyWhereSomebodyIsThere) {
+  Scene scene({"/src/a"});
+  scene.confirm = false;
+  EXPECT_EQ(scene.Check(), "new 1, due 1");
+  EXPECT_EQ(scene.BackUp(), "");
+  EXPECT_EQ(scene.outcome.status, kNotConfirmed);
+  std::string status_text;
+  EXPECT_EQ(scene.Run(Operation::kBackupModifiedFiles, &status_text), "new 1, copied 1");
+}
+
+}  // namespace engine::test

@@ -1,0 +1,35 @@
+#include "platform/windows/windows_shell.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/platform/windows/temporary_folder.h"
+
+namespace platform::windows {
+
+namespace fs = std::filesystem;
+
+TEST(WindowsShell, NamesTheFoldersOfTheUserAndOfTheProgram) {
+  EXPECT_TRUE(fs::is_directory(Widen(WindowsShell().ApplicationDataFolder())));
+  EXPECT_TRUE(fs::exists(Widen(WindowsShell().ProgramFolder()) + L"\\test_platform_windows.exe"));
+}
+
+TEST(WindowsShell, RunsNoCommandFromTheCurrentFolder) {
+  const TemporaryFolder folder;
+  fs::copy_file("C:\\windows\\system32\\hostname.exe", Widen(folder.path() + "\\stranger.exe"));
+  const fs::path before = fs::current_path();
+  fs::current_path(Widen(folder.path()));
+  const Status run = WindowsShell().RunSystemCommand("stranger", "");
+  WindowsShell().EnterRootOfCurrentDrive();
+  EXPECT_TRUE(fs::current_path().relative_path().empty()) << "it holds no folder";
+  fs::current_path(before);
+  EXPECT_EQ(run.error().kind, ErrorKind::kNotFound);
+}
+
+TEST(WindowsShell, RunsASystemCommandByItsBareNameOnly) {
+  EXPECT_TRUE(WindowsShell().RunSystemCommand("hostname", ""));
+  for (const char* name : {"", "..\\explorer", "c:hostname", "hostname.exe"}) {
+    EXPECT_FALSE(WindowsShell().RunSystemCommand(name, "")) << name;
+  }
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,40 @@
+#include "services/disk_proc.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/memory/memory_file_system.h"
+
+namespace DiskProc {
+
+TEST(DiskProc, WordsSizesByTheirUnit) {
+  std::string words;
+  for (const double bytes : {0.0, 1023.0, 1024.0, 1048575.0, 1048576.0, 1073741823.0, 1073741824.0, 5.5e12}) {
+    words += FormatDiskSize(bytes, 0, {}) + "; ";
+  }
+  EXPECT_EQ(words,
+            "0 bytes; 1,023 bytes; 1.00 Kb; 1,024.00 Kb; 1.00 Mb; 1,024.00 Mb; 1.00 Gb; 5,122.27 Gb; ");
+  EXPECT_EQ(FormatDiskSize(0, -1, {}) + FormatDiskSize(1, 1, {}), "0 Bytes1 Bytes");
+}
+
+TEST(DiskProc, TellsTheFreeSpaceOrNothing) {
+  platform::memory::MemoryFileSystem files;
+  files.SetSpace(5'000'000'000, 6'000'000'000);
+  EXPECT_EQ(FreeSpaceText(files, "/", {}), "4.66 Gb");
+  files.Fail(platform::memory::Call::kSpace, "", {});
+  EXPECT_EQ(FreeSpaceText(files, "/", {}), "");
+}
+
+TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
+  platform::memory::MemoryFileSystem files;
+  const std::string probe = "/t/klasdjfdskjfkjkwjkweoewiroew.txt";
+  files.AddFile(probe, "left over");
+  std::string error = "old";
+  EXPECT_FALSE(IsWriteProtected(files, "/t", error));
+  EXPECT_EQ(error, "");
+  EXPECT_FALSE(files.Exists(probe));
+  files.Fail(platform::memory::Call::kRemoveFile, probe, {platform::ErrorKind::kOther, 5, "stays"});
+  EXPECT_TRUE(IsWriteProtected(files, "/t/", error));
+  EXPECT_EQ(error, "stays");
+}
+
+}  // namespace DiskProc
