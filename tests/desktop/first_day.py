@@ -38,12 +38,9 @@ class FirstDay:
         desktop.wait_until(lambda: not self.program.look_for_label(part), f"the message {part!r} to go")
 
     def choose_folder(self, which, path):
-        """Again when the dialog gave another one: it reads the disk in its own time."""
-        def chosen():
-            self.program.press(MAIN, f"{which} disk or folder")
-            self.answer_folder_dialog(f"Select the {which.lower()} disk or folder", self.place.seen(path))
-            return desktop.within(4, lambda: self.program.text(MAIN, f"{which} folder") == self.place.seen(path))
-        desktop.wait_until(chosen, f"{path!r} to be chosen")
+        self.program.press(MAIN, f"{which} disk or folder")
+        self.answer_folder_dialog(f"Select the {which.lower()} disk or folder", self.place.seen(path))
+        self.program.wait_for_text(MAIN, f"{which} folder", self.place.seen(path))
 
     def create_target_subfolder(self, name):
         self.program.press(MAIN, "Create subfolder")

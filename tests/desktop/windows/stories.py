@@ -48,13 +48,10 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
     def answer_folder_dialog(self, title, path):
         dialog = self.program.find_label(title).title
 
-        def closed():
-            """The shell's tree loads a folder's content in its own time, and forgets a selection meanwhile."""
-            window = self.program.first(dialog, lambda control: control.id == "0")
+        window = self.program.first(dialog, lambda control: control.id == "0")
+        for _ in range(2):  # the first time the shell's tree may only get to read what is on the way
             self.wine.ask("browse", window.number, path)
-            self.program.press_if_usable(dialog, "OK")
-            return desktop.within(1, lambda: not self.program.is_open(dialog))
-        desktop.wait_until(closed, f"the end of {dialog!r}")
+        self.program.answer(dialog, "OK")
 
     def answer_file_dialog(self, title, path, button):
         self.program.find(title, button)
