@@ -1,5 +1,5 @@
-# qv_python_tests(name file [ENVIRONMENT name=value...] [PROPERTIES name value...]): every class of a unittest file that has a
-# base class becomes a test called name.Class; what its stories share is made once.
+# qv_python_tests(name file [ENVIRONMENT name=value...] [PROPERTIES name value...]): a unittest file becomes a test, with
+# the file's name behind `name`.
 find_package(Python3 3.8 REQUIRED COMPONENTS Interpreter)
 
 function(qv_python_tests name file)
@@ -7,13 +7,6 @@ function(qv_python_tests name file)
   get_filename_component(path ${file} ABSOLUTE)
   get_filename_component(folder ${path} DIRECTORY)
   get_filename_component(module ${path} NAME_WE)
-  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${path})
-  file(STRINGS ${path} lines REGEX "^class [A-Za-z0-9_]+[(]")
-  foreach(line IN LISTS lines)
-    string(REGEX REPLACE "^class ([A-Za-z0-9_]+).*" "\\1" class ${line})
-    add_test(NAME ${name}.${class} WORKING_DIRECTORY ${folder}
-             COMMAND ${Python3_EXECUTABLE} -B -m unittest ${module}.${class})
-    set_tests_properties(${name}.${class} PROPERTIES TIMEOUT 300 SKIP_REGULAR_EXPRESSION "OK [(]skipped=[0-9]"
-                         ENVIRONMENT "${tests_ENVIRONMENT}" ${tests_PROPERTIES})
-  endforeach()
+  add_test(NAME ${name}.${module} WORKING_DIRECTORY ${folder} COMMAND ${Python3_EXECUTABLE} -B -m unittest -v ${module})
+  set_tests_properties(${name}.${module} PROPERTIES ENVIRONMENT "${tests_ENVIRONMENT}" ${tests_PROPERTIES})
 endfunction()

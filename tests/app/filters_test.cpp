@@ -25,12 +25,11 @@ TEST_F(Filters, ExtensionsAreCleanedAndHeldAgainstTheirLength) {
   }
 }
 
-TEST_F(Filters, ALongSkipTextIsItsOwnToolTip) {
-  std::string text;
-  for (int i = 0; i < 70; ++i) text += "ä";
+TEST_F(Filters, ASkipTextOfMoreThan70CharactersIsItsOwnToolTip) {
+  const std::string text = "ä" + std::string(69, 'x');
   Enter(window->txbExcludedFilepaths, text);
   EXPECT_EQ(window->txbExcludedFilepaths.tool_tip(), "");
-  EXPECT_EQ(Enter(window->txbExcludedFilepaths, text + "b"), window->txbExcludedFilepaths.tool_tip());
+  EXPECT_EQ(Enter(window->txbExcludedFilepaths, text + "y"), window->txbExcludedFilepaths.tool_tip());
 }
 
 }  // namespace app::test

@@ -25,17 +25,16 @@ struct Folders : testing::Test, Program {
 TEST_F(Folders, RecycleBinsOnTheFirstLevelAndWriteProtectedTargetsAreRefused) {
   files.SetReadOnly("/locked");
   for (const std::size_t index : {0U, 1U}) {
-    for (const char* path : {"/$Recycle.Bin", "/RECYCLED files/x"}) {
-      EXPECT_EQ(Choose(index, path), "A recycle bin cannot be a backup source or target.");
-    }
+    EXPECT_EQ(Choose(index, "/$Recycle.Bin"), "A recycle bin cannot be a backup source or target.");
+    EXPECT_EQ(Choose(index, "/RECYCLED files/x"), "A recycle bin cannot be a backup source or target.");
   }
   EXPECT_EQ(Choose(1, "/locked"), "The target folder is on a write-protected disk.");
   EXPECT_EQ(window->CurrentSetup(), setup);
   EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[1]);
-  for (const char* path : {"/a/$RECYCLE.BIN", "/locked"}) {
-    Choose(0, path);
-    EXPECT_EQ(Folder(0), path);
-  }
+  Choose(0, "/a/$RECYCLE.BIN");
+  EXPECT_EQ(Folder(0), "/a/$RECYCLE.BIN");
+  Choose(0, "/locked");
+  EXPECT_EQ(Folder(0), "/locked");
 }
 
 TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {

@@ -70,11 +70,11 @@ TEST_F(SelectSubfolders, ShowsThousandsInTheRowsThatAreInView) {
     ui::headless::Scroll(select->vsbScrollBar, select->vsbScrollBar.maximum());
     EXPECT_EQ(NameAt(rows - 1), "folder 14999");
     EXPECT_EQ(select->rows[0]->chkSubfolder.value(), 0) << "the tick stays with its subfolder";
-    EXPECT_TRUE(Summary().starts_with("One subfolder"));
+    Tick(0);
+    EXPECT_TRUE(Summary().starts_with("2 selected (of 5,000).")) << Summary();
     select->SetHeight(select->height() / 2);
     ui::headless::Scroll(select->vsbScrollBar, 0);
     EXPECT_EQ(select->rows[0]->chkSubfolder.value(), 1);
-    EXPECT_EQ(select->rows.size(), rows);
     EXPECT_FALSE(select->rows[rows - 1]->chkSubfolder.visible());
   });
 }

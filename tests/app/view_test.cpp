@@ -5,17 +5,14 @@
 namespace app::test {
 
 struct View : testing::Test, Program {
-  std::string Found() {
+  /// What is selected, and where, once a text is typed or, without one, Enter is pressed; and what is said.
+  std::string Find(const std::string& text = {}) {
+    if (text.empty())
+      view.UserPressedEnter();
+    else
+      ui::headless::Type(view.txbFind, text);
     return view.txbText.selected_text() + "@" + std::to_string(view.txbText.selection().start) +
            view.lblFound.text();
-  }
-  std::string Find(const std::string& text) {
-    ui::headless::Type(view.txbFind, text);
-    return Found();
-  }
-  std::string Next() {
-    view.UserPressedEnter();
-    return Found();
   }
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
@@ -29,21 +26,20 @@ TEST_F(View, FindsPlaceAfterPlaceWithoutRegardToCaseAndStartsOver) {
   EXPECT_TRUE(view.ShowFile("Help", "/help.txt", owner));
   EXPECT_EQ(Find("ä"), "Ä@0");
   EXPECT_EQ(Find("äPf"), "Äpf@0") << "typing on stays at the same place";
-  EXPECT_EQ(Next(), "äpf@11");
-  EXPECT_EQ(Next(), "ÄPF@18");
-  EXPECT_EQ(Next(), "Äpf@0Found from the beginning again.");
+  EXPECT_EQ(Find(), "äpf@11");
+  EXPECT_EQ(Find(), "ÄPF@18");
+  EXPECT_EQ(Find(), "Äpf@0Found from the beginning again.");
   EXPECT_EQ(Find("äpfelt"), "Äpf@0Nothing found.");
   view.UserPressedEscape();
   EXPECT_FALSE(view.visible());
 }
 
-TEST(Help, ExplainsEveryMessageAboutAFile) {
-  const text::ProgramTexts texts(EnglishTexts());
+TEST_F(View, ShowsAHelpThatExplainsEveryMessageAboutAFile) {
   std::ifstream file(QV_SOURCE_ROOT "/text/qvr_help.txt");
   std::string help;
   for (std::string word; file >> word;) help += word + " ";
   for (int number = 501; number < 540; ++number) {
-    const std::string text = texts.GetProgramText(number);
+    const std::string text = Text(number);
     const std::string sentence = text.substr(0, text.find(". "));
     EXPECT_TRUE(number == text::kTitleSameFolder || help.find(sentence) != std::string::npos) << text;
   }

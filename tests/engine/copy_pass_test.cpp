@@ -4,7 +4,6 @@ namespace engine::test {
 
 using platform::ErrorKind;
 using platform::memory::Call;
-using std::chrono_literals::operator""ms;
 
 const platform::Error kNoAccess{ErrorKind::kAccessDenied, 13, "Permission denied"};
 
@@ -30,7 +29,7 @@ TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
     Scene scene(
         {"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f", "/src/g", "/src/h", "/src/i", "/src/j"});
     scene.files.SetSpace(free, 2'000'000'000);
-    scene.on_copy = [&scene] { scene.clock.Advance(21ms); };
+    scene.on_copy = [&scene] { scene.clock.Advance(std::chrono::milliseconds{21}); };
     scene.BackUp();
     EXPECT_EQ(scene.files.CountOf(Call::kSpace), times);
   }

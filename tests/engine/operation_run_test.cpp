@@ -64,6 +64,9 @@ TEST(RunOperation, GoesThroughItsStepsInOrder) {
   EXPECT_EQ(scene.lines,
             "Back up new and modified|Back up new and modified (/src) with file extension 'jpg'|"
             "{source folder} = /src||");
+  scene.setup.TargetFolder.clear();
+  EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders), "due 1") << "which needs no target";
+  EXPECT_TRUE(scene.lines.starts_with("Counting files and folders|Now counting files and folders ...|"));
 }
 
 TEST(RunOperation, OnlyCopiesAreConfirmedAndOnlyWhereSomebodyIsThere) {
@@ -74,13 +77,6 @@ TEST(RunOperation, OnlyCopiesAreConfirmedAndOnlyWhereSomebodyIsThere) {
   EXPECT_EQ(scene.outcome.status, kNotConfirmed);
   std::string status_text;
   EXPECT_EQ(scene.Run(Operation::kBackupModifiedFiles, &status_text), "new 1, copied 1");
-}
-
-TEST(RunOperation, ListNeedsNoTargetAndNotesThatItCounts) {
-  Scene scene({"/src/a"});
-  scene.setup.TargetFolder.clear();
-  EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders), "due 1");
-  EXPECT_TRUE(scene.lines.starts_with("Counting files and folders|Now counting files and folders ...|"));
 }
 
 }  // namespace engine::test

@@ -102,10 +102,10 @@ class Scene : public RunHost, public Listener {
   platform::memory::MemoryFileSystem files;
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
-      "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n164 Swap file:\n"
-      "390 System file:\n406 Protected.\n500 Not copied:\n502 No permission.\n520 Not read:\n521 Link:\n"
-      "522 Dead:\n523 Special:\n524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n"
-      "529 Would overwrite:\n533 Not flushed:\n"};
+      "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
+      "500 Not copied:\n502 No permission.\n520 Not read:\n521 Link:\n522 Dead:\n523 Special:\n"
+      "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
+      "533 Not flushed:\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,

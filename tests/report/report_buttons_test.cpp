@@ -30,14 +30,6 @@ TEST_F(ReportButtons, PauseHoldsTheOperationUntilContinue) {
   EXPECT_FALSE(stop);
 }
 
-TEST_F(ReportButtons, CancelEndsThePauseAndAsksTheOperationToStop) {
-  Click(window.cmdPauseContinue);
-  Click(window.cmdCancelClose);
-  window.Output("line", true);
-  EXPECT_TRUE(stop);
-  EXPECT_EQ(Shown(), "[Close][Copy to clipboard]");
-}
-
 TEST_F(ReportButtons, APauseEndsWhenTheProgramEnds) {
   front_end.Post([&] { front_end.Quit(0); });
   window.cmdPauseContinue_Click();
@@ -88,7 +80,6 @@ TEST_F(ReportButtons, AReportIsHiddenOnlyWhereNothingIsHalfDoneAndShownAgainAtTh
   }
   EXPECT_FALSE(window.txbText.visible());
   window.cmdPauseContinue_Click();
-  EXPECT_FALSE(window.chkSuppressDisplayOfReport.visible());
   Click(window.cmdCancelClose);
   window.cmdPauseContinue_Click();
   EXPECT_EQ(Shown(), "[Close]");

@@ -1,5 +1,6 @@
 #include "report/report_texts.h"
 
+#include "report/str_proc.h"
 #include "tests/report/report_scene.h"
 
 namespace report {
@@ -41,11 +42,18 @@ TEST(ReportTexts, WhatIsCopiedAndWhatIsDueIsCountedInWords) {
   for (const auto& [folder, text] : check) EXPECT_EQ(Joined(CheckResult(folder)), text);
 }
 
+TEST(ReportTexts, SizesChangeTheirUnitExactlyAtItsLimit) {
+  using namespace StrProc;
+  EXPECT_EQ(FormatSizeKbMbGb(-1, 1, {}) + FormatSizeKbMbGb(1'023, 1, {}), "1,023 bytes");
+  EXPECT_EQ(FormatSizeKbMbGb(1'024, 1, {}) + FormatSizeKbMbGb(1'048'575, 1, {}), "1.0 Kb1,024.0 Kb");
+  EXPECT_EQ(FormatSizeKbMbGb(1'048'576, 1, {}) + FormatSizeKbMbGb(1'073'741'824, 1, {}), "1.0 Mb1.0 Gb");
+  EXPECT_EQ(FormatByteCountWithMb(1'048'576, true, {}), "1,048,576 Bytes");
+  EXPECT_EQ(FormatByteCountWithMb(1'572'864, false, {".", ","}), "1.572.864 bytes (1,50 Mb)");
+}
+
 TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCount) {
-  const std::pair<std::int64_t, const char*> cases[] = {
-      {-1, "    ? files  in F"}, {0, "    0 files in F"},     {1, "    1 file  in F"},
-      {12, "   12 files in F"},  {12345, "12345 files in F"}, {123456, "23456 files in F"}};
-  for (const auto& [count, expected] : cases) EXPECT_EQ(HeadLine(count, "F"), expected);
+  EXPECT_EQ(HeadLine(-1, "F") + HeadLine(1, "F"), "    ? files  in F    1 file  in F");
+  EXPECT_EQ(HeadLine(0, "F") + HeadLine(123'456, "F"), "    0 files in F23456 files in F");
 }
 
 TEST(ReportTexts, ThePlaceholderStandsForEveryOccurrenceOfTheRoot) {

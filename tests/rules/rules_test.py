@@ -1,5 +1,4 @@
-"""Holds the source tree to its rules: which folder may include from which, and where the system's own names may stand.
-Shows on made-up trees that each rule can fail."""
+"""Holds the source tree to its rules, and shows on made-up trees that each rule can fail."""
 
 import os
 import re
@@ -76,18 +75,16 @@ CASES = [
     ("engine/walk.cpp", '#include "base/utf8.h"\n#include "platform/path.h"\n#include <string>  // not <windows.h>', None),
     ("engine/walk.cpp", "#include <ui/form.h>", "engine may not include ui/form.h"),
     ("engine/walk.cpp", '#include "../ui/form.h"', "no file, seen from the root"),
-    ("engine/walk.cpp", '// #include "ui/form.h"', None),
+    ("engine/walk.cpp", '// #include "ui/form.h"\nint x; /* __linux__ */', None),
     ("report/texts.cpp", '#include "engine/listener/listener.h"', None),
     ("report/texts.cpp", '#include "engine/walk.h"', "report may not include engine/walk.h"),
     ("services/setup.cpp", '#include "ui/dialogs.h"', None),
     ("services/setup.cpp", '#include "ui/form.h"', "services may not include ui/form.h"),
-    ("main/main_qt.cpp", "#include <QApplication>", None),
     ("helpers/odd.cpp", "", "helpers has no row"),
     ("ui/form.cpp", "#include <QWidget>", "<QWidget> belongs in"),
     ("platform/memory/disk.cpp", "#include <sys/stat.h>", "<sys/stat.h> belongs in"),
     ("platform/posix/disk.cpp", "#include <sys/stat.h>", None),
     ("app/start.cpp", "#if defined(__linux__)", "__linux__ belongs in"),
-    ("app/start.cpp", "int x; /* __linux__ */", None),
 ]
 HEADERS = ["platform/path.h", "ui/form.h", "ui/dialogs.h", "engine/walk.h", "base/utf8.h", "engine/listener/listener.h"]
 
@@ -99,8 +96,6 @@ def write(root, path, text):
 
 
 class Rules(unittest.TestCase):
-    maxDiff = None
-
     def test_the_source_tree_holds_to_them(self):
         self.assertGreater(len(list(source_files(ROOT))), 50)
         self.assertEqual(list(faults(ROOT)), [])

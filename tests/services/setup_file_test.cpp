@@ -16,15 +16,10 @@ struct SetupFile : testing::Test {
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  LoadedSetup Load(bool window_ready) {
+  LoadedSetup Load(const std::string& path = "/x.qvr") {
     EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
-    return LoadFrom("/x.qvr", window_ready);
+    return LoadOperationFile({files, dialogs, form, texts, true}, path);
   }
-  LoadedSetup LoadFrom(const std::string& path, bool window_ready) {
-    dialogs.asked.clear();
-    return LoadOperationFile({files, dialogs, form, texts, window_ready}, path);
-  }
-  std::string Said() { return dialogs.asked.empty() ? "" : dialogs.asked.back().text; }
 
   platform::memory::MemoryFileSystem files;
   ui::headless::HeadlessFrontEnd front_end;
@@ -35,28 +30,25 @@ struct SetupFile : testing::Test {
 };
 
 TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
-  const auto loaded = Load(true);
+  const auto loaded = Load();
   EXPECT_EQ(loaded.setup.IncludedFolders, (std::vector<std::string>{"one", "two"}));
   ASSERT_EQ(loaded.gone.size(), 6U);
   EXPECT_EQ(loaded.gone[0], "Included folder gone does not exist.");
 }
 
-TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSoOnceTheWindowIsReady) {
+TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSo) {
   setup.SourceFolder = "/s/file";
-  const app::Setup loaded = Load(true).setup;
-  EXPECT_EQ(Said(), "Source folder /s/file does not exist.");
+  const app::Setup loaded = Load().setup;
   EXPECT_TRUE(loaded.SourceFolder.empty() && loaded.IncludedFolders.empty());
-  EXPECT_EQ(Load(false).setup.SourceFolder, "");
-  EXPECT_EQ(Said(), "");
+  EXPECT_EQ(dialogs.asked.back().text, "Source folder /s/file does not exist.");
 }
 
-TEST_F(SetupFile, ClearsAMissingTargetWhenItIsToldToOrNobodyCanBeAsked) {
+TEST_F(SetupFile, ClearsAMissingTargetWhenToldTo) {
   setup.TargetFolder = "/gone";
-  EXPECT_EQ(Load(false).setup.TargetFolder, "");
   for (const bool yes : {true, false}) {
     dialogs.yes_no = {yes};
-    const auto loaded = Load(true);
-    EXPECT_EQ(Said(), "Missing:\r\n/gone\r\n\r\nClear?");
+    const auto loaded = Load();
+    EXPECT_EQ(dialogs.asked.back().text, "Missing:\r\n/gone\r\n\r\nClear?");
     EXPECT_EQ(loaded.clear_setup_file, yes);
     EXPECT_EQ(loaded.setup.TargetFolder, yes ? "" : "/gone");
   }
@@ -66,8 +58,8 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
   files.AddHugeFile("/huge.qvr", 1'000'000'000);
   const std::pair<std::string, int> cases[] = {
       {"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75}, {"/huge.qvr", 75}};
-  for (const auto& [path, error] : cases) EXPECT_EQ(LoadFrom(path, true).result, error) << path;
-  EXPECT_TRUE(LoadFrom("/short.qvr", true).setup.SuppressDetailedReports);
+  for (const auto& [path, error] : cases) EXPECT_EQ(Load(path).result, error) << path;
+  EXPECT_TRUE(Load("/short.qvr").setup.SuppressDetailedReports);
 }
 
 }  // namespace services

@@ -4,7 +4,7 @@ import collections
 
 import desktop
 from gi.repository import Atspi
-from stories import OnLinux
+from stories import OnLinux, setUpModule  # noqa: F401  (the screen of this module too)
 from story import BACK_UP, MAIN, Story
 
 PARTS = ("list item", "scroll bar")  # of a list or a text that has the name

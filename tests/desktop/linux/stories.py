@@ -3,6 +3,7 @@
 import glob
 import os
 import shutil
+import unittest
 
 import accessible
 import desktop
@@ -17,12 +18,12 @@ exec timeout 100 tail -f /dev/null
 """
 
 
-class OnLinux:
-    @classmethod
-    def setUpClass(cls):
-        cls.screen = accessible.Screen()
-        cls.addClassCleanup(cls.screen.end)
+def setUpModule():
+    OnLinux.screen = accessible.Screen()
+    unittest.addModuleCleanup(OnLinux.screen.end)
 
+
+class OnLinux:
     def make_place(self):
         return desktop.Place()
 
@@ -35,8 +36,6 @@ class LinuxUnattended(OnLinux, Unattended, Story):
 
 
 class WithoutAScreen(OnLinux, Story):
-    setUpClass = classmethod(lambda cls: None)
-
     def test_the_run_ends_by_itself_and_names_what_it_could_not_copy(self):
         self.write(INCLUDED)
         os.chmod(os.path.join(self.place.source, "Letters/one.txt"), 0)
@@ -54,7 +53,7 @@ class WithoutAScreen(OnLinux, Story):
         self.check_copies({path: data for path, data in INCLUDED.items() if not path.startswith(left_out)})
 
 
-class LinuxFirstDay(OnLinux, FirstDay):
+class LinuxFirstDay(OnLinux, FirstDay, Story):
     def setUp(self):
         super().setUp()
         self.sleep = os.path.join(self.place.home, "bin", "sleep")

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 int main() {
   std::FILE* file = std::fopen(std::getenv("QV_SHUTDOWN_CALLS"), "ab");

@@ -8,23 +8,23 @@ import unittest
 
 import desktop
 import wine_desktop
-from desktop import CHECK, TEXT
-from first_day import CONFIRM, PAUSE, FirstDay
+from desktop import TEXT
+from first_day import CONFIRM, FirstDay
 from story import BACK_UP, INCLUDED, MAIN, Story, Unattended
-from wine_desktop import Wine
 
-ALL, DONT_ASK = "Back up all files in setup", "Do not show this again while the program runs"
+ALL = "Back up all files in setup"
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
 
 
-class OnWindows:
-    @classmethod
-    def setUpClass(cls):
-        screen = desktop.Screen()
-        cls.addClassCleanup(screen.end)
-        cls.wine = Wine(screen)
-        cls.addClassCleanup(cls.wine.end)
+def setUpModule():
+    screen = desktop.Screen()
+    unittest.addModuleCleanup(screen.end)
+    Disks.allowed = wine_desktop.may_mount()  # before Wine starts: it has to see what is mounted
+    OnWindows.wine = wine_desktop.Wine(screen)
+    unittest.addModuleCleanup(OnWindows.wine.end)
 
+
+class OnWindows:
     def make_place(self):
         return wine_desktop.Place(self.wine)
 
@@ -44,7 +44,7 @@ class WindowsUnattended(OnWindows, Unattended, Story):
     pass
 
 
-class WindowsFirstDay(OnWindows, FirstDay):
+class WindowsFirstDay(OnWindows, FirstDay, Story):
     def answer_folder_dialog(self, title, path):
         dialog = self.program.find_label(title).title
 
@@ -141,11 +141,10 @@ class Runs(OnWindows, Story):
 
 
 class Disks(OnWindows, Story):
-    @classmethod
-    def setUpClass(cls):
-        if not wine_desktop.may_mount():
-            raise unittest.SkipTest("this system lets nobody but its administrator mount a disk for the test")
-        super().setUpClass()
+    def setUp(self):
+        if not self.allowed:
+            self.skipTest("this system lets nobody but its administrator mount a disk for the test")
+        super().setUp()
 
     def mount(self, *words):
         self.assertTrue(wine_desktop.mount(*words, self.place.target))
@@ -157,8 +156,8 @@ class Disks(OnWindows, Story):
         self.start("nightly")
 
     def test_a_disk_that_fills_up_holds_only_whole_files_and_the_run_goes_on(self):
-        """A file that is larger than what is free is not begun. That the disk has no room for one more name is known
-        only when it is written: the system's number for a full disk is 112."""
+        # A file that is larger than what is free is not begun; that the disk has no room for one more name only the
+        # system knows, and says so when the file is made.
         files = {f"Zebras/{number:02}": b"fits" for number in range(20)}
         self.write({"Letters/big.bin": bytes(3_000_000), **files})
         self.mount("-t", "tmpfs", "-o", "size=2m,nr_inodes=12", "tmpfs")
@@ -166,7 +165,7 @@ class Disks(OnWindows, Story):
         self.check_result(status="failed", new="21")
         report = "\n".join(self.program.lines())
         self.assertIn("Insufficient space on the target drive for this file.", report)
-        self.assertIn("112", report)
+        self.assertIn("The target disk is full. Make room on it, or choose another target. (112: ", report)
         copied = self.copied()
         self.assertTrue(copied)
         self.check_copies({path: files[path] for path in copied})

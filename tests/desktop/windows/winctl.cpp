@@ -9,6 +9,7 @@
 #include <shlobj.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -141,7 +142,7 @@ void Browse(HWND dialog, const std::wstring& path) {
   const SIZE_T bytes = (path.size() + 1) * sizeof(wchar_t);
   void* const there = VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
   WriteProcessMemory(process, there, path.c_str(), bytes, nullptr);
-  Ask(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(there));
+  SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(there));
   VirtualFreeEx(process, there, 0, MEM_RELEASE);
   CloseHandle(process);
 }
@@ -174,8 +175,8 @@ int main() {
     std::getline(words, command, '\t');
     std::getline(words, number, '\t');
     std::getline(words, argument, '\t');
-    const auto* window = reinterpret_cast<void*>(std::strtoull(number.c_str(), nullptr, 10));
-    kCommands.at(command)(const_cast<HWND>(reinterpret_cast<const HWND__*>(window)), Wide(argument));
+    const auto window = reinterpret_cast<HWND>(std::strtoull(number.c_str(), nullptr, 10));
+    kCommands.at(command)(window, Wide(argument));
     std::printf("\f\n");
     std::fflush(stdout);
   }
