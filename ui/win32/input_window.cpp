@@ -11,18 +11,21 @@ constexpr Twips kMargin = 180;
 constexpr Twips kLine = 330;
 constexpr Twips kButtonWidth = 1300;
 constexpr Twips kButtonHeight = 390;
-constexpr Size kOuter{6600, 2550};
+constexpr Size kOuter{6600, 2550};  ///< with a question of two lines
+constexpr Twips kLineOfText = 225;
+constexpr Twips kTextWidth = 5700;  ///< of a line at least
 
 }  // namespace
 
 InputWindow::InputWindow(FrontEnd& front_end, const InputBox& box, const Form& owner)
     : Form(front_end, "input", FormStyle::kDialog) {
   const Size screen = front_end.screen();
+  const Twips more_lines = std::max(front_end.TextWidth(box.prompt, prompt_.font()) / kTextWidth - 1, 0);
+  const Twips height = kOuter.height + more_lines * kLineOfText;
   SetText(box.title);
   SetColours(owner.colours());
   SetBounds({std::clamp(box.left, 0, std::max(screen.width - kOuter.width, 0)),
-             std::clamp(box.top, 0, std::max(screen.height - kOuter.height, 0)), kOuter.width,
-             kOuter.height});
+             std::clamp(box.top, 0, std::max(screen.height - height, 0)), kOuter.width, height});
   prompt_.SetText(box.prompt);
   answer_.SetSpokenName(box.prompt);
   ok_.SetText("OK");
@@ -50,6 +53,7 @@ void InputWindow::Lay() {
 
 std::optional<std::string> InputWindow::Ask(Form& owner) {
   AttachPeer(front_end());  // now the size inside the border is known
+  SetSmallest(inner());
   Lay();
   answer_.SetFocus();
   ShowModal(owner);
