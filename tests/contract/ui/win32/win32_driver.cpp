@@ -16,7 +16,8 @@ constexpr LPARAM kAltIsDown = 1 << 29;
 constexpr WPARAM kCtrlA = 1;
 constexpr int kFileName = 1148;  // cmb13 of <dlgs.h>
 
-/// Under Wine a window manager minimises a window again when it hears of the first time after a restore.
+/// Under Wine a window manager may minimise a window again, or give it back an earlier size, when it hears
+/// of the first change after a second one.
 constexpr int kWindowManager = 200;  // milliseconds
 
 class Win32Driver : public Driver {
@@ -64,6 +65,7 @@ class Win32Driver : public Driver {
     PassTime(kWindowManager);
   }
   void Resize(ui::Form& form, ui::Size outer) override {
+    PassTime(kWindowManager);
     const UINT dpi = GetDpiForWindow(HandleOf(form));
     SetWindowPos(HandleOf(form), nullptr, 0, 0, ToPixels(outer.width, dpi), ToPixels(outer.height, dpi),
                  SWP_NOMOVE | SWP_NOZORDER);
