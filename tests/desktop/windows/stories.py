@@ -49,8 +49,8 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
         dialog = self.program.find_label(title).title
 
         window = self.program.first(dialog, lambda control: control.id == "0")
-        for _ in range(2):  # the first time the shell's tree may only get to read what is on the way
-            self.wine.ask("browse", window.number, path)
+        folder = path.rsplit("\\", 1)[1]
+        desktop.wait_until(lambda: self.wine.ask("browse", window.number, path) == [folder], f"{folder!r} to be selected")
         self.program.answer(dialog, "OK")
 
     def answer_file_dialog(self, title, path, button):

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 // After <windows.h>
+#include <commctrl.h>
 #include <fcntl.h>
 #include <io.h>
 #include <shlobj.h>
@@ -134,17 +135,64 @@ void Type(HWND control, const std::wstring& text) {
   for (const wchar_t c : text) Ask(control, WM_CHAR, c, 0);
 }
 
-/// Selects a folder in the shell's dialog. The text of such a message has to lie in the dialog's program.
+/// Memory in the program of a window, where what messages point to has to lie.
+class TheirMemory {
+ public:
+  explicit TheirMemory(HWND window) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    process_ = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
+    start_ = static_cast<char*>(
+        VirtualAllocEx(process_, nullptr, kSize, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+  }
+  ~TheirMemory() {
+    VirtualFreeEx(process_, start_, 0, MEM_RELEASE);
+    CloseHandle(process_);
+  }
+  TheirMemory(const TheirMemory&) = delete;
+  TheirMemory& operator=(const TheirMemory&) = delete;
+
+  char* start() const { return start_; }
+  void Write(const void* data, SIZE_T bytes) { WriteProcessMemory(process_, start_, data, bytes, nullptr); }
+  void Read(SIZE_T from, void* data, SIZE_T bytes) {
+    ReadProcessMemory(process_, start_ + from, data, bytes, nullptr);
+  }
+
+ private:
+  static constexpr SIZE_T kSize = 4096;
+  HANDLE process_ = nullptr;
+  char* start_ = nullptr;
+};
+
+/// What is selected in the tree of a dialog.
+std::wstring SelectedIn(HWND dialog) {
+  HWND tree = nullptr;
+  Visitor visitor = [&](HWND control) {
+    wchar_t name[32] = {};
+    GetClassNameW(control, name, 32);
+    if (std::wstring(name) == WC_TREEVIEWW) tree = control;
+  };
+  EnumChildWindows(dialog, &Visit, reinterpret_cast<LPARAM>(&visitor));
+  wchar_t text[MAX_PATH] = {};
+  TheirMemory memory(dialog);
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.hItem = reinterpret_cast<HTREEITEM>(Ask(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
+  item.pszText = reinterpret_cast<wchar_t*>(memory.start() + sizeof item);
+  item.cchTextMax = MAX_PATH;
+  memory.Write(&item, sizeof item);
+  if (Ask(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.start())) != 0)
+    memory.Read(sizeof item, text, sizeof text);
+  return text;
+}
+
+/// Selects a folder in the shell's dialog, and prints what is selected then: the dialog reads the disk in the
+/// background, and only goes as far as it has come.
 void Browse(HWND dialog, const std::wstring& path) {
-  DWORD id = 0;
-  GetWindowThreadProcessId(dialog, &id);
-  const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
-  const SIZE_T bytes = (path.size() + 1) * sizeof(wchar_t);
-  void* const there = VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-  WriteProcessMemory(process, there, path.c_str(), bytes, nullptr);
-  SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(there));
-  VirtualFreeEx(process, there, 0, MEM_RELEASE);
-  CloseHandle(process);
+  TheirMemory memory(dialog);
+  memory.Write(path.c_str(), (path.size() + 1) * sizeof(wchar_t));
+  Ask(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(memory.start()));
+  std::printf("%s\n", OneLine(SelectedIn(dialog)).c_str());
 }
 
 using Command = void (*)(HWND window, const std::wstring& argument);
