@@ -44,6 +44,8 @@ class Wine:
         self.stop()
         self.screen = screen
         self.environment = {**os.environ, **self.screen.environment, "QV_SHUTDOWN_CALLS": r"Q:\shutdown.txt"}
+        if not os.path.exists(PREFIX):
+            self.make_prefix()
         self.winctl = subprocess.Popen([WINE, PREFIX, os.path.join(TOOLS, "winctl.exe")], env=self.environment,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="utf-8")
         self.ask("look")
@@ -52,10 +54,19 @@ class Wine:
                  if "/Public/" not in folder]
         self.settings = os.path.join(users[0], "Quorvane")
 
+    def make_prefix(self):
+        """The shell's dialogs show only the drives that were there when Wine was started."""
+        self.call("cmd", "/c", "exit")
+        self.stop()
+        self.drive("q", PREFIX)
+
+    def call(self, *words):
+        subprocess.run([WINE, PREFIX, *words], env=self.environment, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+
     def forget(self):
         """What the program kept before."""
-        subprocess.run([WINE, PREFIX, "reg", "delete", r"HKCU\Software\Quorvane", "/f"], env=self.environment,
-                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+        self.call("reg", "delete", r"HKCU\Software\Quorvane", "/f")
         shutil.rmtree(self.settings, ignore_errors=True)
 
     def ask(self, *words):
