@@ -44,8 +44,11 @@ class Wine:
         self.stop()
         self.screen = screen
         self.environment = {**os.environ, **self.screen.environment, "QV_SHUTDOWN_CALLS": r"Q:\shutdown.txt"}
-        if not os.path.exists(PREFIX):
-            self.make_prefix()
+        # The shell's dialogs show only the drives that were there when Wine was started, in a prefix that others may
+        # have made.
+        self.call("cmd", "/c", "exit")
+        self.stop()
+        self.drive("q", PREFIX)
         self.winctl = subprocess.Popen([WINE, PREFIX, os.path.join(TOOLS, "winctl.exe")], env=self.environment,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="utf-8")
         self.ask("look")
@@ -53,12 +56,6 @@ class Wine:
         users = [folder for folder in glob.glob(os.path.join(PREFIX, "drive_c/users/*/AppData/Roaming"))
                  if "/Public/" not in folder]
         self.settings = os.path.join(users[0], "Quorvane")
-
-    def make_prefix(self):
-        """The shell's dialogs show only the drives that were there when Wine was started."""
-        self.call("cmd", "/c", "exit")
-        self.stop()
-        self.drive("q", PREFIX)
 
     def call(self, *words):
         subprocess.run([WINE, PREFIX, *words], env=self.environment, stdin=subprocess.DEVNULL,
