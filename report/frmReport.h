@@ -109,6 +109,7 @@ class frmReport : public ui::Form {
   void BringBackMinimisedWindows();
   void ResizeToWorkingSize();
   bool SizedByUser() const;
+  ui::Rect OnItsScreen(ui::Rect bounds);
   void EmptyFullTextbox();
   void ShowFullTextbox();
   void SnipEnd();

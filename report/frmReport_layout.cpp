@@ -14,6 +14,7 @@ constexpr ui::Twips kBottomReserve = 1'400;  ///< below the text box
 constexpr ui::Twips kGap = 100;
 constexpr ui::Twips kLine = 255;
 constexpr ui::Twips kLineStep = 285;
+constexpr ui::Twips kStatusHeight = 540;  ///< two lines: a volume may have a long name
 constexpr ui::Twips kHeaderTop = 150;
 constexpr ui::Twips kFolderColumn = 800;
 constexpr ui::Twips kFileColumn = 2'100;
@@ -30,15 +31,22 @@ constexpr ui::Twips kFromSystem = 600;
 }  // namespace
 
 void frmReport::ResizeForm(std::int16_t Height, std::int16_t Width) {
-  const ui::Size screen = front_end().screen();
-  const ui::Twips height = std::max<ui::Twips>(Height, kWorkingHeight);
-  const ui::Twips left = std::max(0, std::min(this->left(), screen.width - Width));
-  const ui::Twips top = std::max(0, std::min(this->top(), screen.height - height));
-  const ui::Size wanted{Width, height};
+  const ui::Size wanted{Width, std::max<ui::Twips>(Height, kWorkingHeight)};
   if (size_set_ == wanted && !SizedByUser()) return;
   size_set_ = wanted;
-  SetBounds({left, top, Width, height});
+  SetBounds(OnItsScreen({left(), top(), wanted.width, wanted.height}));
   Form_Resize();
+}
+
+/// Moved so far that all of it shows. Only the first screen's size is known: on another one it stays.
+ui::Rect frmReport::OnItsScreen(ui::Rect bounds) {
+  const ui::Size screen = front_end().screen();
+  const bool on_first =
+      bounds.left >= 0 && bounds.left < screen.width && bounds.top >= 0 && bounds.top < screen.height;
+  if (!on_first) return bounds;
+  bounds.left = std::max(0, std::min(bounds.left, screen.width - bounds.width));
+  bounds.top = std::max(0, std::min(bounds.top, screen.height - bounds.height));
+  return bounds;
 }
 
 bool frmReport::SizedByUser() const {
@@ -73,13 +81,12 @@ void frmReport::PlaceBody() {
   txbText.SetBounds({kMargin, kTextTop, txbText.width(), height});
   const ui::Twips row = txbText.bounds().bottom() + kGap;
   const ui::Twips left_part = txbText.width() * 3 / 5;
-  lblBytesCopied.SetBounds({kMargin, row, left_part - kGap, kLine});
-  lblFreeSpace.SetBounds({kMargin + left_part, row, txbText.width() - left_part, kLine});
+  lblBytesCopied.SetBounds({kMargin, row, left_part - kGap, kStatusHeight});
+  lblFreeSpace.SetBounds({kMargin + left_part, row, txbText.width() - left_part, kStatusHeight});
 }
 
 void frmReport::PositionReportButtons() {
-  const ui::Twips top =
-      std::max(inner().height - kMargin - kPauseButton.height, lblBytesCopied.bounds().bottom() + kGap);
+  const ui::Twips top = lblBytesCopied.bounds().bottom() + kGap;
   const ui::Twips height = kPauseButton.height;
   cmdPauseContinue.SetBounds({kMargin, top, kPauseButton.width, height});
   const ui::Twips beside_pause = cmdPauseContinue.bounds().right() + 2 * kGap;

@@ -75,12 +75,15 @@ void frmReport::ShowFullTextbox() {
   txbText.Append("\r\n\r\nThe textbox is full.\r\nAfter" + StrProc::Str(WaitSeconds) +
                  " seconds the textbox will be emptied and the report will continue.");
   const bool pause_was_visible = cmdPauseContinue.visible();
+  const bool pause_had_focus = focused() == &cmdPauseContinue;
   cmdPauseContinue.SetVisible(false);
   Repaint();
   front_end().RunPendingEvents();
+  if (front_end().quitting()) return;
   clock_.Sleep(std::chrono::seconds(WaitSeconds));
   WaitSeconds = NextWait(WaitSeconds);
   cmdPauseContinue.SetVisible(pause_was_visible);
+  if (pause_had_focus) cmdPauseContinue.SetFocus();
 }
 
 }  // namespace report

@@ -44,7 +44,7 @@ void RunReport::WriteCopied(const engine::Totals& totals) {
 void RunReport::ReportForListFolders(const engine::Totals& totals) {
   BeginSummary();
   WriteCount("Number of folders: ", totals.folders);
-  WriteCount("Number of files: ", totals.counts.met);
+  WriteCount("Number of files: ", totals.counts.met - totals.counts.filtered_out);
   WriteSize("Sum of file sizes: ", totals.bytes_met);
 }
 

@@ -38,6 +38,7 @@ void Form::SetSmallest(Size inner) {
 void Form::Show() {
   AttachPeer(front_end_);
   visible_ = true;
+  Restore();
   Mirror(Property::kVisible);
   if (style_ == FormStyle::kPopUp || (focused_ != nullptr && focused_->reachable())) return;
   if (Control* first = AfterInTabOrder(nullptr)) first->SetFocus();
@@ -60,7 +61,7 @@ void Form::ShowModal(Form& owner) {
 }
 
 void Form::Restore() {
-  if (state_ == WindowState::kNormal) return;
+  if (!visible_ || state_ == WindowState::kNormal) return;
   state_ = WindowState::kNormal;
   Mirror(Property::kState);
 }

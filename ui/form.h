@@ -40,8 +40,8 @@ class Form : public Container {
   FrontEnd& front_end() { return front_end_; }
   FormStyle style() const { return style_; }
 
-  /// Shows the window and brings it to the front, making the peers at the first time. The first control that
-  /// can have the focus gets it when none has. A pop-up takes no focus.
+  /// Shows the window and brings it to the front, also when it is minimised, making the peers at the first
+  /// time. The first control that can have the focus gets it when none has. A pop-up takes no focus.
   void Show();
   void Hide();
   /// Shows the window above `owner` and returns when it is hidden again; the other windows do not react
@@ -58,7 +58,7 @@ class Form : public Container {
   Size smallest() const { return smallest_; }
 
   WindowState state() const { return state_; }
-  /// Brings a minimised window back without taking the focus from another program.
+  /// Brings a minimised window back without taking the focus from another program; a hidden one stays hidden.
   void Restore();
 
   /// Enter and Escape, where no other control takes them. May be null.

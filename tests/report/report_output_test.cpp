@@ -15,6 +15,10 @@ TEST(Output, OnlyACallWithTextRestoresTheWindows) {
     EXPECT_EQ(scene.main.state() == ui::WindowState::kNormal, with_text);
     EXPECT_EQ(scene.window.txbText.text(), with_text ? "a\r\n" : "");
     EXPECT_EQ(scene.front_end.pending_runs, runs + 1);
+    scene.main.Hide();
+    scene.main.UserSetState(ui::WindowState::kMinimised);
+    scene.window.Output("last words", true);
+    EXPECT_NE(scene.main.state(), ui::WindowState::kNormal) << "a hidden window stays away";
   }
 }
 

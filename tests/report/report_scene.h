@@ -16,6 +16,7 @@ namespace report {
 struct ReportScene : MainWindow {
   ReportScene() {
     main.SetBounds({3'000, 300, 12'000, 9'000});
+    main.Show();
     window.SetLineSink([this](const std::string& line) { lines += line + "|"; });
     window.BeginReport("Report", "/data", "/backup");
     front_end.RunPendingEvents();
