@@ -17,11 +17,21 @@ bool IsLeftOut(const std::string& path, EntryKind kind, const std::string& patte
   return engine::PathMatchesSkipFilepaths(folder ? platform::FolderForm(path) : path, {pattern});
 }
 
+/// The folders as the run takes them, each included folder once.
+Setup WithPlainFolders(platform::FileSystem& files, Setup setup) {
+  setup.SourceFolder = platform::WithoutTrailingSeparators(setup.SourceFolder);
+  setup.TargetFolder = platform::WithoutTrailingSeparators(setup.TargetFolder);
+  std::set<std::string> seen;
+  std::erase_if(setup.IncludedFolders,
+                [&](const std::string& name) { return !seen.insert(files.NameKey(name)).second; });
+  return setup;
+}
+
 }  // namespace
 
 OperationPreview::OperationPreview(platform::FileSystem& files, const engine::RunRequest& request)
     : files_(files),
-      setup_(request.setup),
+      setup_(WithPlainFolders(files, request.setup)),
       nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
       rules_{request.operation,
              {setup_.FileExtension, engine::SplitSkipFilepaths(setup_.SkipFilepaths), request.modified_since},
@@ -73,10 +83,11 @@ bool OperationPreview::IsThere(const std::string& path) {
 }
 
 void OperationPreview::HoldPatternsAgainst(const platform::Folder& source) {
-  const std::set<std::string> included(setup_.IncludedFolders.begin(), setup_.IncludedFolders.end());
+  std::set<std::string> included;
+  for (const std::string& name : setup_.IncludedFolders) included.insert(files_.NameKey(name));
   for (const Entry& entry : source.entries()) {
     const bool taken = entry.kind == EntryKind::kFolder
-                           ? included.count(entry.name) != 0
+                           ? included.contains(files_.NameKey(entry.name))
                            : entry.kind == EntryKind::kFile && !setup_.ExcludeFilesInSourceFolder;
     if (!taken) continue;
     ++findings_.first_level_names;

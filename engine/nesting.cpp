@@ -7,7 +7,9 @@
 namespace engine {
 
 Nesting::Nesting(platform::FileSystem& files, std::string source, std::string target)
-    : files_(files), source_{std::move(source), {}, {}}, target_{std::move(target), {}, {}} {
+    : files_(files),
+      source_{platform::WithoutTrailingSeparators(source), {}, {}},
+      target_{platform::WithoutTrailingSeparators(target), {}, {}} {
   if (target_.path.empty()) return;
   const auto real_source = files.RealPath(source_.path);
   const auto real_target = files.RealPath(target_.path);

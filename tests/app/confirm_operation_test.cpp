@@ -95,7 +95,7 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
   tree::Add(files, {"/src/file=123456", "/src/inside/", "/src/link>/dst"});
   const auto doubts = [&](const std::string& target, const std::vector<std::string>& included,
                           const std::string& skip = "", const std::string& extension = "") {
-    request.setup = {"/src", target, included, false, extension, skip, 0, false, false, false, false};
+    request.setup = {"/src///", target, included, false, extension, skip, 0, false, false, false, false};
     return Doubts();
   };
   const auto holds = [](const std::string& text, const char* part) {
