@@ -32,8 +32,8 @@ FolderContent ContentOf(platform::FileSystem& files, const std::string& folder) 
 }
 
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder) {
-  const FolderContent content = ContentOf(files, folder);
-  return content.error != 0 || (content.files == 0 && content.subfolders == 0);
+  const auto listing = files.OpenFolder(folder);
+  return !listing || (*listing)->entries().empty();
 }
 
 }  // namespace app

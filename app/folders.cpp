@@ -46,11 +46,15 @@ void frmMain::RefreshTargetEmptyLabel() {
 }
 
 void frmMain::cmdClearFolder_Click(int index) {
-  if (index != 2) return TakeFolder(static_cast<std::size_t>(index), {});
+  // The button goes, and with it its focus.
+  if (index != 2) {
+    TakeFolder(static_cast<std::size_t>(index), {});
+    return SetInitialFocus();
+  }
   SetupEdited();
   txbExcludedFilepaths.SetText({});
   txbExcludedFilepaths.SetToolTip({});
-  txbExcludedFilepaths.SetFocus();  // the button goes, and with it its focus
+  txbExcludedFilepaths.SetFocus();
   cmdClearFolder[2].SetVisible(false);
 }
 

@@ -199,6 +199,7 @@ class frmMain : public ui::Form {
   void ShowPreviousRun();
   void RunUnattended();
   void ShutDownAfterOperation();
+  void SetFramesEnabled(bool enabled);
   void EndProgram();
   void StartOperation(Operation operation);
   bool IsInRecycleBin(const std::string& path) const;
@@ -211,6 +212,7 @@ class frmMain : public ui::Form {
 
   void OpenSaveSetupFrame(bool load);
   services::LoadedSetup LoadOperationFile(const std::string& path);
+  std::vector<std::string> WhatWasLost(const services::LoadedSetup& loaded) const;
   void LoadSetupFromFile();
   void SaveSetupInFile();
   bool SaveSetup(const std::string& path, bool show_pop_up);
@@ -232,7 +234,7 @@ class frmMain : public ui::Form {
   const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
   Setup restore_snapshot_;
   /// What the start-up found missing and said nothing about; an unattended run reports it.
-  std::vector<std::string> gone_at_start_;
+  std::vector<std::string> lost_at_start_;
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;

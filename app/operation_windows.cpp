@@ -28,6 +28,12 @@ bool OperationWindows::ReportHoldsText() const { return report_ && report_->Hold
 
 void OperationWindows::ShowReport() { ReportWindow().Show(); }
 
+void OperationWindows::SetUnattendedHeading(std::string begin, std::vector<std::string> lost) {
+  lost_in_setup_ = static_cast<std::int64_t>(lost.size());
+  unattended_heading_ = std::move(lost);
+  unattended_heading_.insert(unattended_heading_.begin(), std::move(begin));
+}
+
 void OperationWindows::Run(Operation operation) {
   if (running_) return;
   operation_ = operation;
@@ -37,11 +43,12 @@ void OperationWindows::Run(Operation operation) {
   const auto begin = context_.clock.Monotonic();
   const bool unattended = Unattended();
   std::string reason;
-  const engine::RunOutcome outcome =
+  engine::RunOutcome outcome =
       engine::RunOperation(*this, EngineTools(), RequestFor(operation), unattended ? &reason : nullptr);
   running_ = false;
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
+    outcome.totals.warnings += lost_in_setup_;
     ReportUnattended(outcome, reason, seconds.count());
   }
 }

@@ -36,8 +36,9 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   /// What the program's exit code says of the unattended run: 0 clean (or there was none), 1 with warnings, 2
   /// files failed, 3 cancelled, 4 refused.
   int exit_code() const { return exit_code_; }
-  /// The first lines of the report of an unattended run.
-  void SetUnattendedHeading(std::vector<std::string> lines) { unattended_heading_ = std::move(lines); }
+  /// For an unattended run: when it began, and what of its setup was lost while it was loaded. The report
+  /// begins with these lines; what was lost counts as warnings.
+  void SetUnattendedHeading(std::string begin, std::vector<std::string> lost);
   /// The program ends: stops a run that is still on its way and hides the report.
   void EndWithProgram();
 
@@ -79,6 +80,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool stop_requested_ = false;
   int exit_code_ = 0;
   std::vector<std::string> unattended_heading_;
+  std::int64_t lost_in_setup_ = 0;
 };
 
 }  // namespace app

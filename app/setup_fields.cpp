@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 #include "services/date_pr2.h"
 #include "services/setup_file.h"
+#include "services/setup_text.h"
 #include "text/text_numbers.h"
 
 /// The Setup in the main window's controls, and the last-run setup.
@@ -66,6 +67,16 @@ services::LoadedSetup frmMain::LoadOperationFile(const std::string& path) {
   return loaded;
 }
 
+/// A sentence for each thing that a setup file says and the loaded setup does not.
+std::vector<std::string> frmMain::WhatWasLost(const services::LoadedSetup& loaded) const {
+  std::vector<std::string> lost = loaded.gone;
+  if (loaded.result != 0) {
+    lost.push_back(Text(text::kSetupNotRead) + " " + LastRunSetupPath + " " +
+                   services::InputErrorText(loaded.result));
+  }
+  return lost;
+}
+
 void frmMain::LoadLastRunSetup(bool show_message) {
   const auto file = context_.files.Look(LastRunSetupPath);
   if (file && file->kind == platform::EntryKind::kFile) {
@@ -74,7 +85,7 @@ void frmMain::LoadLastRunSetup(bool show_message) {
           *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
     }
     const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
-    if (!FormLoaded) gone_at_start_ = loaded.gone;
+    if (!FormLoaded) lost_at_start_ = WhatWasLost(loaded);
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();

@@ -86,9 +86,8 @@ void frmMain::SetInitialFocus() {
 void frmMain::RunUnattended() {
   Show();
   RunningFromCommandLine = true;
-  std::vector<std::string> heading = gone_at_start_;
-  heading.insert(heading.begin(), DatePr2::TimeStamp(context_.clock, context_.locale));
-  operation_windows_.SetUnattendedHeading(std::move(heading));
+  operation_windows_.SetUnattendedHeading(DatePr2::TimeStamp(context_.clock, context_.locale),
+                                          lost_at_start_);
   chkSaveSetupOnQuit.SetValue(1);
   cmdBackupModifiedFiles_MouseUp();
   RunningFromCommandLine = false;
@@ -96,6 +95,12 @@ void frmMain::RunUnattended() {
   if (context_.front_end.quitting()) return EndProgram();
   if (base::utf8::ToLower(context_.command_line).find("shutdown") != std::string::npos)
     ShutDownAfterOperation();
+}
+
+/// An operation begun while a shutdown is pending would hold up the answer to a click on the pop-up until it
+/// has ended, and a dialog would keep the click from the pop-up.
+void frmMain::SetFramesEnabled(bool enabled) {
+  for (ui::Frame* frame : {&fraSource, &fraTarget, &fraFiles, &fraMenu}) frame->SetEnabled(enabled);
 }
 
 /// Without a display nobody could click the pop-up, so there the shutdown cannot be called off.
@@ -106,10 +111,9 @@ void frmMain::ShutDownAfterOperation() {
     pop_up_.PopUpInForm(*this, message, of(pop_up_width), of(pop_up_height),
                         static_cast<std::uint16_t>(milliseconds), of(height() - pop_up_height - 300),
                         of((width() - pop_up_width) / 2));
-    // An operation begun now would hold up the answer to the click until it has ended.
-    fraMenu.SetEnabled(false);
+    SetFramesEnabled(false);
     pop_up_.WaitUntilHidden();
-    fraMenu.SetEnabled(true);
+    SetFramesEnabled(true);
     SetInitialFocus();
   };
   constexpr int kPopUpTime = 60'000;
