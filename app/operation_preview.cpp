@@ -33,9 +33,7 @@ OperationPreview::OperationPreview(platform::FileSystem& files, const engine::Ru
     : files_(files),
       setup_(WithPlainFolders(files, request.setup)),
       nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
-      rules_{request.operation,
-             {setup_.FileExtension, engine::SplitSkipFilepaths(setup_.SkipFilepaths), request.modified_since},
-             request.skip_picture_caches} {
+      rules_(engine::RulesOf(request)) {
   findings_.target_in_source = nesting_.TargetIsInSource();
   findings_.source_in_target = nesting_.SourceIsInTarget();
   for (const std::string& pattern : rules_.filters.skip_patterns) findings_.hits.push_back({pattern, {}});
@@ -63,6 +61,8 @@ void OperationPreview::LookInto(const Pending& folder) {
     ++findings_.folders_not_read;
     return;
   }
+  if (nesting_.IsTarget(pair->source())) return;
+  if (pair->source().is_mount_point() && folder.level != Level::kSource) return;
   if (folder.level == Level::kSource) {
     HoldPatternsAgainst(pair->source());
     if (setup_.ExcludeFilesInSourceFolder) return;

@@ -17,7 +17,7 @@ namespace bench {
 template <typename FileSystem>
 class WithoutFlush : public FileSystem {
  public:
-  platform::Status Flush(const std::string&) override { return platform::Done{}; }
+  platform::Status Flush(const std::string&, const platform::Waiting&) override { return platform::Done{}; }
 };
 
 /// Runs what the words say and prints what came of it. Returns the exit code: 2 for words that make no sense.

@@ -40,7 +40,8 @@ std::string ReadOnlyQuestion(const Tools& tools, const std::string& path) {
 bool IsLink(platform::FileSystem& files, const std::string& folder, const std::string& path) {
   const auto real_folder = files.RealPath(folder);
   const auto real = files.RealPath(path);
-  return real && real_folder && files.NameKey(platform::ParentOf(*real)) != files.NameKey(*real_folder);
+  if (!real || !real_folder) return false;
+  return files.NameKey(*real) != files.NameKey(platform::JoinPath(*real_folder, platform::NameOf(path)));
 }
 
 }  // namespace
@@ -60,7 +61,9 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
   listener_.CopyBegun(file.SourcePath());
   const auto outcome = CopyFileTo(folders, file);
   if (!outcome) {
-    if (outcome.error().kind == platform::ErrorKind::kCancelled) return CopyResult::kCancelled;
+    // A volume has an error of that name, too.
+    const bool cancelled = outcome.error().kind == platform::ErrorKind::kCancelled;
+    if (cancelled && listener_.StopRequested()) return CopyResult::kCancelled;
     free_bytes_.reset();
     Fail(file, outcome.error());
     return CopyResult::kFailed;
@@ -106,12 +109,12 @@ bool CopyPass::HasSpaceFor(const Candidate& file) {
 
 bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
   if (!folder_given_up_.empty() && platform::IsInside(folders.target_path(), folder_given_up_)) {
-    Fail(file, why_given_up_);
+    FailForTarget(file, why_given_up_);
     return false;
   }
-  const platform::Status ready = folders.EnsureTarget();
+  const platform::Status ready = folders.EnsureTarget(target_root_);
   if (ready) return true;
-  Fail(file, ready.error());
+  FailForTarget(file, ready.error());
   folder_given_up_ = folders.target_path();
   why_given_up_ = ready.error();
   if (!listener_.AskWhetherToGoOn({FolderQuestion(tools_, folder_given_up_), {}})) Terminate();
@@ -130,7 +133,9 @@ bool CopyPass::CanBeReplaced(const FolderPair& folders, const Candidate& file) {
 }
 
 platform::Result<platform::CopyOutcome> CopyPass::CopyFileTo(FolderPair& folders, const Candidate& file) {
-  return tools_.files.CopyFile(folders.source(), file.source, folders.target(), [this](std::int64_t) {
+  const bool taken = file.TargetFileExists() || folders.TargetHolds(file.source.name);
+  const auto name = taken ? platform::TargetName::kTaken : platform::TargetName::kFree;
+  return tools_.files.CopyFile(folders.source(), file.source, folders.target(), name, [this](std::int64_t) {
     pulse_.Beat();
     return !listener_.StopRequested();
   });
@@ -148,6 +153,10 @@ void CopyPass::CarryAttributes(const FolderPair& folders, const Candidate& file,
 
 void CopyPass::Fail(const Candidate& file, const platform::Error& error) {
   listener_.WriteLine(FailureLine(tools_, text::kNotCopied, file.SourcePath(), error));
+}
+
+void CopyPass::FailForTarget(const Candidate& file, const platform::Error& error) {
+  listener_.WriteLine(TargetFailureLine(tools_, file.SourcePath(), error));
 }
 
 }  // namespace engine

@@ -37,6 +37,7 @@ class CopyPass {
   void CarryAttributes(const FolderPair& folders, const Candidate& file,
                        const platform::CopyOutcome& outcome);
   void Fail(const Candidate& file, const platform::Error& error);
+  void FailForTarget(const Candidate& file, const platform::Error& error);
   void Terminate() { operation_terminated_ = true; }
 
   const Tools& tools_;

@@ -22,6 +22,8 @@ int SentenceOf(platform::ErrorKind kind) {
     case ErrorKind::kAlreadyExists:
     case ErrorKind::kNotAFolder:
       return text::kReasonFileInTheWay;
+    case ErrorKind::kNameTaken:
+      return text::kReasonNameTaken;
     case ErrorKind::kInUse:
       return text::kReasonInUse;
     case ErrorKind::kBadName:
@@ -44,6 +46,12 @@ std::string CodeInParentheses(const platform::Error& error) {
   return code + ")";
 }
 
+std::string Line(const Tools& tools, int lead_text, const std::string& path, int sentence,
+                 const platform::Error& error) {
+  return NoticeLine(tools, lead_text, path) + ". " + tools.texts.GetProgramText(sentence) +
+         CodeInParentheses(error);
+}
+
 }  // namespace
 
 std::string NoticeLine(const Tools& tools, int lead_text, const std::string& path) {
@@ -52,8 +60,12 @@ std::string NoticeLine(const Tools& tools, int lead_text, const std::string& pat
 
 std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
                         const platform::Error& error) {
-  return NoticeLine(tools, lead_text, path) + ". " + tools.texts.GetProgramText(SentenceOf(error.kind)) +
-         CodeInParentheses(error);
+  return Line(tools, lead_text, path, SentenceOf(error.kind), error);
+}
+
+std::string TargetFailureLine(const Tools& tools, const std::string& path, const platform::Error& error) {
+  const bool gone = error.kind == platform::ErrorKind::kNotFound;
+  return Line(tools, text::kNotCopied, path, gone ? text::kReasonTargetGone : SentenceOf(error.kind), error);
 }
 
 }  // namespace engine

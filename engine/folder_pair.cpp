@@ -9,6 +9,7 @@ namespace engine {
 
 using platform::Entry;
 using platform::EntryKind;
+using platform::ErrorKind;
 using platform::Status;
 
 FolderPair::FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source,
@@ -31,35 +32,53 @@ Status FolderPair::OpenTarget() {
   return platform::Done{};
 }
 
-Status FolderPair::EnsureTarget() {
+Status FolderPair::EnsureTarget(const std::string& root) {
   if (target_) return platform::Done{};
-  const Status created = CreateWithParents(target_path_);
-  if (!created && created.error().kind != platform::ErrorKind::kAlreadyExists) return created;
-  return OpenTarget();
+  const Status created = CreateWithParents(target_path_, root);
+  if (!created && created.error().kind != ErrorKind::kAlreadyExists) return created;
+  const Status opened = OpenTarget();
+  // A file or a dead link bears the name of the folder, or that of one above it.
+  if (!opened && opened.error().kind == ErrorKind::kNotFound && !created) return created;
+  return opened;
 }
 
-Status FolderPair::CreateWithParents(const std::string& path) {
+Status FolderPair::CreateWithParents(const std::string& path, const std::string& root) {
+  if (path == root) return platform::Error{ErrorKind::kNotFound, 0, {}};
   Status created = files_->CreateFolder(path);
-  if (created || created.error().kind != platform::ErrorKind::kNotFound) return created;
+  if (created || created.error().kind != ErrorKind::kNotFound) return created;
   const std::string parent = platform::ParentOf(path);
-  if (parent.empty() || parent == path) return created;
-  if (Status above = CreateWithParents(parent); !above) return above;
+  if (parent.empty() || parent == path || parent == root) return created;
+  if (Status above = CreateWithParents(parent, root); !above) return above;
   return files_->CreateFolder(path);
+}
+
+std::size_t FolderPair::PlaceInTarget(const std::string& name) {
+  const std::vector<Entry>& entries = target_->entries();
+  if (index_.empty()) {
+    for (std::size_t i = 0; i < entries.size(); ++i) index_.emplace(files_->NameKey(entries[i].name), i);
+  }
+  const auto found = index_.find(files_->NameKey(name));
+  return found == index_.end() ? entries.size() : found->second;
 }
 
 const Entry* FolderPair::TargetOf(const Entry& source_file) {
   if (!target_) return nullptr;
   const std::vector<Entry>& entries = target_->entries();
   if (next_ >= entries.size() || entries[next_].name != source_file.name) {
-    if (index_.empty()) {
-      for (std::size_t i = 0; i < entries.size(); ++i) index_.emplace(files_->NameKey(entries[i].name), i);
-    }
-    const auto found = index_.find(files_->NameKey(source_file.name));
-    if (found == index_.end()) return nullptr;
-    next_ = found->second;
+    const std::size_t place = PlaceInTarget(source_file.name);
+    if (place == entries.size()) return nullptr;
+    next_ = place;
   }
   const Entry& entry = entries[next_++];
   return entry.kind == EntryKind::kFile ? &entry : nullptr;
+}
+
+bool FolderPair::TargetHolds(const std::string& name) {
+  return target_ && PlaceInTarget(name) < target_->entries().size();
+}
+
+bool FolderPair::IsOneFolder() const {
+  return target_ && source_->identity() && source_->identity() == target_->identity();
 }
 
 std::set<std::string> FolderPair::TargetLinks() const {

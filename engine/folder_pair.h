@@ -22,8 +22,9 @@ class FolderPair {
   platform::Status OpenTarget();
 
   /// Makes sure that the target folder is there and open, creating it and the folders above it where they are
-  /// missing.
-  platform::Status EnsureTarget();
+  /// missing. `root`, the target of the run, is never created: where it has gone, its disk has. kNotFound
+  /// then.
+  platform::Status EnsureTarget(const std::string& root);
 
   const platform::Folder& source() const { return *source_; }
   const std::string& target_path() const { return target_path_; }
@@ -34,6 +35,12 @@ class FolderPair {
   /// asked in the order of the source listing.
   const platform::Entry* TargetOf(const platform::Entry& source_file);
 
+  /// Whether the target listing has anything under that name.
+  bool TargetHolds(const std::string& name);
+
+  /// Whether the target folder is the source folder, whatever paths lead to them.
+  bool IsOneFolder() const;
+
   /// The keys of the names under which the target listing has links to folders.
   std::set<std::string> TargetLinks() const;
 
@@ -43,7 +50,9 @@ class FolderPair {
 
  private:
   FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source, std::string target_path);
-  platform::Status CreateWithParents(const std::string& path);
+  platform::Status CreateWithParents(const std::string& path, const std::string& root);
+  /// The place of a name in the target listing; its size when it is not there.
+  std::size_t PlaceInTarget(const std::string& name);
 
   platform::FileSystem* files_;
   std::unique_ptr<platform::Folder> source_;

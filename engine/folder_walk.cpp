@@ -84,9 +84,13 @@ void FolderWalk::PushRoots() {
 std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
   std::vector<Pending> folders;
   std::set<std::string> seen;
+  FirstSpellings spellings;
   for (const std::string& name : plan_.included_folders) {
     if (!seen.insert(tools_.files.NameKey(name)).second) continue;
-    if (auto folder = IncludedFolder(name)) folders.push_back(std::move(*folder));
+    auto folder = IncludedFolder(name);
+    if (!folder) continue;
+    MarkTwin(*folder, spellings);
+    folders.push_back(std::move(*folder));
   }
   return folders;
 }
@@ -115,7 +119,7 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   auto opened = FolderPair::Open(tools_.files, folder.source, folder.target);
   if (!opened) return FailFolder(folder.source, opened.error());
   FolderPair& pair = *opened;
-  if (!OpenTarget(folder, pair)) return;
+  if (!BelongsToSource(pair.source()) || !OpenTarget(folder, pair) || !TargetIsItsOwn(folder, pair)) return;
   const bool target_was_there = pair.has_target();
   ExpectNextTarget(folder, pair);
 
@@ -144,6 +148,19 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   if (folder.with_subfolders) PushSubfolders(folder, pair, target_was_there);
 }
 
+/// What only the open folder tells: that it is the target, or another volume.
+bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
+  if (nesting_.IsTarget(folder)) {
+    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.path()));
+    return false;
+  }
+  if (folder.is_mount_point() && folder.path() != plan_.source) {
+    Warn(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
+    return false;
+  }
+  return true;
+}
+
 /// False when nothing can be said about the files because the target folder cannot be read.
 bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   if (folder.target.empty() || !folder.target_may_exist) return true;
@@ -152,6 +169,20 @@ bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   const auto kind = opened.error().kind;
   if (kind == platform::ErrorKind::kNotFound || kind == platform::ErrorKind::kNotAFolder) return true;
   FailFolder(folder.target, opened.error());
+  return false;
+}
+
+/// False when the copies would take the place of what is no older copy of theirs.
+bool FolderWalk::TargetIsItsOwn(const Pending& folder, const FolderPair& pair) {
+  if (pair.IsOneFolder()) {
+    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
+    return false;
+  }
+  if (folder.twin_target.empty() || !pair.has_target()) return true;
+  const auto identity = tools_.files.IdentityOf(folder.target);
+  if (!identity || identity != tools_.files.IdentityOf(folder.twin_target)) return true;
+  ++totals_.unread_folders;
+  listener_.WriteLine(NoticeLine(tools_, text::kFolderNameTaken, folder.source));
   return false;
 }
 
@@ -245,6 +276,12 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
   return true;
 }
 
+bool FolderWalk::Ended() {
+  if (OperationTerminated()) return true;
+  if (!cancelled_) cancelled_ = listener_.StopRequested();
+  return cancelled_;
+}
+
 void FolderWalk::PauseIfWished(const FolderCounts& counts) {
   if (paused_ || counts.counts.copied == 0 || !listener_.PauseWished()) return;
   paused_ = true;
@@ -256,11 +293,16 @@ void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair, b
   double end = folder.share_begin + folder.share;
   const std::set<std::string> links = pair.TargetLinks();
   const std::vector<Entry>& entries = pair.source().entries();
+  FirstSpellings spellings;
+  for (const Entry& entry : entries) {
+    if (entry.kind == EntryKind::kFolder) spellings.Of(entry.name);
+  }
   for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
     if (entry->kind != EntryKind::kFolder) continue;
     Pending below = Below(folder, entry->name);
     below.with_subfolders = true;
-    below.target_may_exist = target_was_there;
+    MarkTwin(below, spellings);
+    below.target_may_exist = target_was_there || !below.twin_target.empty();
     below.share_begin = end - unit;
     below.share = unit;
     end -= unit;
@@ -273,6 +315,12 @@ FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& 
   Pending below{platform::JoinPath(folder.source, name), {}};
   if (!folder.target.empty()) below.target = platform::JoinPath(folder.target, name);
   return below;
+}
+
+void FolderWalk::MarkTwin(Pending& folder, FirstSpellings& spellings) {
+  const std::string name(platform::NameOf(folder.target));
+  const std::string& first = spellings.Of(name);
+  if (first != name) folder.twin_target = platform::JoinPath(platform::ParentOf(folder.target), first);
 }
 
 /// The target inside the source is left out; so is a folder whose copies would land in the source.

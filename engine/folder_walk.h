@@ -6,6 +6,7 @@
 
 #include "app/data/setup.h"
 #include "engine/copy_pass.h"
+#include "engine/first_spellings.h"
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
 #include "engine/nesting.h"
@@ -49,6 +50,8 @@ class FolderWalk {
     bool target_may_exist = true;
     double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
     double share = 0;
+    /// The target of a folder before it whose name differs only in case; mostly empty.
+    std::string twin_target = {};
   };
 
   void PushRoots();
@@ -56,7 +59,9 @@ class FolderWalk {
   std::optional<Pending> IncludedFolder(const std::string& name);
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
+  bool BelongsToSource(const platform::Folder& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
+  bool TargetIsItsOwn(const Pending& folder, const FolderPair& pair);
   void ExpectNextTarget(const Pending& folder, const FolderPair& pair);
   void RemoveLeftovers(FolderPair& pair);
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
@@ -67,10 +72,12 @@ class FolderWalk {
   bool ActOnFile(FolderPair& pair, const platform::Entry& file, const Selection& selection,
                  FileCounts& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there);
+  static void MarkTwin(Pending& folder, FirstSpellings& spellings);
   Pending Below(const Pending& folder, const std::string& name) const;
   bool MayBeWalked(const Pending& folder, bool target_is_link);
   void PauseIfWished(const FolderCounts& counts);
-  bool Ended() { return OperationTerminated() || cancelled_ || (cancelled_ = listener_.StopRequested()); }
+  /// Asks the listener, too.
+  bool Ended();
   void Warn(const std::string& line);
   void FailFolder(const std::string& path, const platform::Error& error);
 

@@ -1,16 +1,15 @@
 #include "engine/nesting.h"
 
-#include <utility>
-
 #include "platform/path.h"
 
 namespace engine {
 
-Nesting::Nesting(platform::FileSystem& files, std::string source, std::string target)
+Nesting::Nesting(platform::FileSystem& files, const std::string& source, const std::string& target)
     : files_(files),
       source_{platform::WithoutTrailingSeparators(source), {}, {}},
       target_{platform::WithoutTrailingSeparators(target), {}, {}} {
   if (target_.path.empty()) return;
+  target_identity_ = files.IdentityOf(target_.path);
   const auto real_source = files.RealPath(source_.path);
   const auto real_target = files.RealPath(target_.path);
   if (!real_source || !real_target) return;
@@ -26,6 +25,10 @@ bool Nesting::SourceIsInTarget() const { return known() && platform::IsInside(so
 
 bool Nesting::IsTarget(const std::string& source_folder) const {
   return known() && KeyBelow(source_, source_folder) == target_.key;
+}
+
+bool Nesting::IsTarget(const platform::Folder& source_folder) const {
+  return target_identity_ && source_folder.identity() == target_identity_;
 }
 
 bool Nesting::LandsInSource(const std::string& target_folder, bool is_link) const {

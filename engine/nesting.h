@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/file_system.h"
@@ -10,13 +11,16 @@ namespace engine {
 /// the two cannot be resolved, or no target is given, they count as lying apart.
 class Nesting {
  public:
-  Nesting(platform::FileSystem& files, std::string source, std::string target);
+  Nesting(platform::FileSystem& files, const std::string& source, const std::string& target);
 
   bool TargetIsInSource() const;
   bool SourceIsInTarget() const;
 
   /// Whether a folder of the source, its path as it is below the source's, is the target.
   bool IsTarget(const std::string& source_folder) const;
+  /// The same of an open folder, which may be the target by another path: one volume can be mounted in two
+  /// places.
+  bool IsTarget(const platform::Folder& source_folder) const;
 
   /// Whether what is copied into a folder of the target would land in the source: it is the source, or a link
   /// that leads into it, or above it, from where the copies could come upon the source further down.
@@ -35,6 +39,7 @@ class Nesting {
   platform::FileSystem& files_;
   Root source_;
   Root target_;
+  std::optional<platform::FolderIdentity> target_identity_;
 };
 
 }  // namespace engine

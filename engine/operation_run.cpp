@@ -51,9 +51,7 @@ WalkPlan PlanOf(const RunRequest& request) {
   plan.included_folders = setup.IncludedFolders;
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
-  plan.rules = {request.operation,
-                {setup.FileExtension, SplitSkipFilepaths(setup.SkipFilepaths), request.modified_since},
-                request.skip_picture_caches};
+  plan.rules = RulesOf(request);
   return plan;
 }
 
@@ -75,8 +73,10 @@ RunOutcome Refused(RunHost& host, const Refusal& refusal, std::string* statusTex
 }
 
 /// Brings what was copied safely to the disk.
-bool FlushTarget(const Tools& tools, const WalkPlan& plan, Listener& listener) {
-  const platform::Status flushed = tools.files.Flush(plan.target);
+bool FlushTarget(RunHost& host, const Tools& tools, const WalkPlan& plan, Listener& listener) {
+  host.ShowNote(tools.texts.GetProgramText(text::kFlushing));
+  const platform::Status flushed = tools.files.Flush(plan.target, [&listener] { listener.Breathe(); });
+  host.ShowNote({});
   if (flushed) return true;
   listener.WriteLine(FailureLine(tools, text::kNotFlushed, plan.target, flushed.error()));
   return false;
@@ -94,7 +94,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
   outcome.cancelled = walk.cancelled();
   outcome.terminated = walk.OperationTerminated();
   if (IsCopyOperation(request.operation) && outcome.totals.counts.copied > 0) {
-    outcome.terminated |= !FlushTarget(tools, plan, listener);
+    outcome.terminated |= !FlushTarget(host, tools, plan, listener);
   }
   if (outcome.cancelled) listener.WriteLine(tools.texts.GetProgramText(text::kCancelledByUser));
   host.WriteSummary(request.operation, outcome.totals);
@@ -106,6 +106,13 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
 }
 
 }  // namespace
+
+SelectionRules RulesOf(const RunRequest& request) {
+  const app::Setup& setup = request.setup;
+  return {request.operation,
+          {setup.FileExtension, SplitSkipFilepaths(setup.SkipFilepaths), request.modified_since},
+          request.skip_picture_caches};
+}
 
 RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& request,
                         std::string* statusText) {

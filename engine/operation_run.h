@@ -7,6 +7,7 @@
 #include "app/data/operation.h"
 #include "app/data/setup.h"
 #include "engine/run_host.h"
+#include "engine/selection.h"
 #include "engine/tools.h"
 #include "platform/file_time.h"
 
@@ -38,6 +39,9 @@ struct RunOutcome {
   bool terminated =
       false;  ///< ended early: target drive full, an answer that stops, data not safe on the disk
 };
+
+/// What holds for every file of such a run.
+SelectionRules RulesOf(const RunRequest& request);
 
 /// Runs an operation from the validation of the setup to the summary. With `statusText` (an unattended run) a
 /// refusal is returned in it and no message is shown; without it, it is shown. The setup stays as it was.

@@ -30,7 +30,8 @@ bool MayHoldFiles(const Tools& tools, const std::string& path, bool below) {
     const std::string next = std::move(pending.back());
     pending.pop_back();
     const auto folder = tools.files.OpenFolder(next);
-    if (!folder) return folder.error().kind != platform::ErrorKind::kNotFound;
+    if (!folder && folder.error().kind != platform::ErrorKind::kNotFound) return true;
+    if (!folder || (*folder)->is_mount_point()) continue;
     if (Holds(**folder, EntryKind::kFile)) return true;
     if (!below) return false;
     for (const platform::Entry& entry : (*folder)->entries()) {
@@ -54,9 +55,11 @@ Refusal Numbered(const Tools& tools, std::int16_t status, int text, int title) {
 }
 
 bool IsSameFolder(const Tools& tools, const std::string& a, const std::string& b) {
+  const auto identity = tools.files.IdentityOf(a);
+  if (identity && identity == tools.files.IdentityOf(b)) return true;
   const auto real_a = tools.files.RealPath(a);
   const auto real_b = tools.files.RealPath(b);
-  return real_a && real_b && *real_a == *real_b;
+  return real_a && real_b && tools.files.NameKey(*real_a) == tools.files.NameKey(*real_b);
 }
 
 }  // namespace
@@ -108,7 +111,10 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
       Numbered(tools, kTargetWriteProtected, text::kTargetWriteProtected, text::kTitleNothingToDo);
   refusal.unattended = refusal.text;
   // A full disk cannot be written either.
-  if (!reason.empty()) refusal.text += "\r\n(" + reason + ")";
+  if (!reason.empty()) {
+    refusal.text += "\r\n(" + reason + ")";
+    refusal.unattended += " (" + reason + ")";
+  }
   return refusal;
 }
 

@@ -48,6 +48,13 @@ struct Entry {
   Attributes attributes = 0;
 };
 
+/// What tells a folder from all others of this computer, whichever path leads to it.
+struct FolderIdentity {
+  std::uint64_t volume = 0;
+  std::uint64_t number = 0;
+  bool operator==(const FolderIdentity&) const = default;
+};
+
 /// One folder, opened and listed once. While it lives, its files are reached through it without looking the
 /// path up again. Holds one system handle at most.
 class Folder {
@@ -56,15 +63,28 @@ class Folder {
   const std::string& path() const { return path_; }
   /// The folder's content in the order in which the system yields it, without "." and "..".
   const std::vector<Entry>& entries() const { return entries_; }
+  /// Empty where FileSystem::IdentityOf() is.
+  const std::optional<FolderIdentity>& identity() const { return identity_; }
+  /// Whether another volume, or another folder of this one, is mounted at path(). Always false on Windows,
+  /// where a listing has kFolderLink for that.
+  bool is_mount_point() const { return is_mount_point_; }
 
  protected:
   std::string path_;
   std::vector<Entry> entries_;
+  std::optional<FolderIdentity> identity_;
+  bool is_mount_point_ = false;
 };
+
+/// Whether the caller's listing of the target has something under the name of a file that is to be copied.
+enum class TargetName { kFree, kTaken };
 
 /// Asked between the blocks of a copy, and before its first one. bytes_written counts this file's bytes from
 /// 0. Returning false ends the copy with ErrorKind::kCancelled.
 using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
+
+/// Called about ten times a second while a call that takes long is under way, from the thread of the call.
+using Waiting = std::function<void()>;
 
 struct CopyOutcome {
   std::int64_t bytes = 0;            ///< the length of the copy
@@ -96,21 +116,34 @@ class FileSystem {
   /// `path` with every link in it resolved, without "." and "..". The path must exist.
   virtual Result<std::string> RealPath(const std::string& path) = 0;
 
+  /// What stands for the folder at `path`, links followed: a folder that is mounted in two places has two
+  /// real paths. Empty when there is no folder, and on Windows, where RealPath() tells.
+  virtual std::optional<FolderIdentity> IdentityOf(const std::string& path) {
+    static_cast<void>(path);
+    return std::nullopt;
+  }
+
   /// Copies the file `file` (an entry of `source`) to the same name in `target` as one transaction: data,
   /// length check, modification time, attributes (read-only and hidden are dropped, system is kept), then one
   /// atomic step gives it its final name and replaces a file that stands there. `target` need not be a fresh
   /// listing. Whatever fails, and whenever the program ends, the final name holds the whole old file or the
-  /// whole new one; a temporary file is removed on failure, and after a kill is recognised by
-  /// IsTemporaryName(). A read-only or hidden file at the final name is replaced where the system allows it,
-  /// else kAccessDenied. Follows a link at the source; replaces a link at the target. kIsAFolder when a
-  /// folder bears the final name. A source that grows or shrinks meanwhile gives the copy its length at the
-  /// end of reading; its modification time is then read anew.
+  /// whole new one, also when the power fails; a temporary file is removed on failure, and after a kill is
+  /// recognised by IsTemporaryName(). Where the name was free and the power fails before Flush(), the new
+  /// file may be missing or short. With TargetName::kFree nothing is replaced: kNameTaken when something
+  /// bears the name all the same, such as a name in other letters where the volume does not heed case. A
+  /// read-only or hidden file at the final name is replaced where the system allows it, else kAccessDenied.
+  /// Follows a link at the source; replaces a link at the target. kIsAFolder when a folder bears the final
+  /// name. A source that grows or shrinks meanwhile gives the copy its length at the end of reading; its
+  /// modification time is then read anew.
   virtual Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                       const CopyWatcher& watcher) = 0;
+                                       TargetName name, const CopyWatcher& watcher) = 0;
 
   /// A hint that these entries of `source` are copied next, in this order. May do nothing. The entries must
   /// stay valid until the folder is closed.
-  virtual void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) = 0;
+  virtual void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) {
+    static_cast<void>(source);
+    static_cast<void>(files);
+  }
 
   /// Creates one folder whose parent exists. kAlreadyExists when anything bears the name.
   virtual Status CreateFolder(const std::string& path) = 0;
@@ -145,8 +178,9 @@ class FileSystem {
   /// failure what it held before. Flushed to the disk.
   virtual Status ReplaceFile(const std::string& path, const std::string& content) = 0;
 
-  /// Returns when everything written to the volume of `path` so far is on the disk.
-  virtual Status Flush(const std::string& path) = 0;
+  /// Returns when everything written to the volume of `path` so far is on the disk; on a slow one that may
+  /// take minutes. `waiting` may be empty.
+  virtual Status Flush(const std::string& path, const Waiting& waiting) = 0;
 
   /// Two names are one file's in a folder exactly when their keys are equal: the name itself on Linux, the
   /// name without regard to case on Windows.

@@ -14,6 +14,7 @@ enum class ErrorKind {
   kReadOnlyMedium,  ///< the volume cannot be written
   kDiskFull,        ///< no space (or quota) left on the volume
   kAlreadyExists,
+  kNameTaken,   ///< something bears the name that the caller took for free
   kNotAFolder,  ///< a folder was expected, something else bears the name
   kIsAFolder,   ///< a file was expected, a folder bears the name
   kInUse,       ///< locked by another program

@@ -90,6 +90,8 @@ inline constexpr int kReasonBadName = 508;
 inline constexpr int kReasonTooLarge = 509;
 inline constexpr int kReasonShort = 510;
 inline constexpr int kReasonOther = 511;
+inline constexpr int kReasonNameTaken = 512;
+inline constexpr int kReasonTargetGone = 513;
 inline constexpr int kNotRead = 520;               ///< lead word: a folder
 inline constexpr int kLinkNotFollowed = 521;       ///< lead word
 inline constexpr int kDeadLink = 522;              ///< lead word
@@ -104,6 +106,9 @@ inline constexpr int kNotStarted = 530;     ///< lead word: why
 inline constexpr int kCancelledByUser = 531;
 inline constexpr int kLeftoverNotRemoved = 532;  ///< lead word
 inline constexpr int kNotFlushed = 533;          ///< lead word: why
+inline constexpr int kMountNotFollowed = 534;    ///< lead word
+inline constexpr int kFolderNameTaken = 535;     ///< lead word
+inline constexpr int kFlushing = 536;
 
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;

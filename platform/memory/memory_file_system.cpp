@@ -12,11 +12,15 @@ namespace {
 constexpr FileTime kTimeOfWrites{1'700'000'000, 0};
 constexpr DiskSpace kUnlimited{std::uint64_t{1} << 40, std::uint64_t{1} << 41};
 
+FolderIdentity IdentityOf(const Node& node) { return {0, reinterpret_cast<std::uintptr_t>(&node)}; }
+
 class MemoryFolder : public Folder {
  public:
-  MemoryFolder(const std::string& path, std::vector<Entry> entries) {
+  MemoryFolder(const std::string& path, const Node& node, std::vector<Entry> entries) {
     path_ = path;
     entries_ = std::move(entries);
+    identity_ = IdentityOf(node);
+    is_mount_point_ = node.is_mount_point;
   }
 };
 
@@ -92,7 +96,7 @@ Result<std::unique_ptr<Folder>> MemoryFileSystem::OpenFolder(const std::string& 
   if ((*node)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
   std::vector<Entry> entries;
   for (const NodePtr& child : (*node)->children) entries.push_back(EntryOf(child, Join(path, child->name)));
-  return std::unique_ptr<Folder>(std::make_unique<MemoryFolder>(path, std::move(entries)));
+  return std::unique_ptr<Folder>(std::make_unique<MemoryFolder>(path, **node, std::move(entries)));
 }
 
 Result<Entry> MemoryFileSystem::Look(const std::string& path) {
@@ -108,6 +112,12 @@ Result<std::string> MemoryFileSystem::RealPath(const std::string& path) {
   return std::move(place->path);
 }
 
+std::optional<FolderIdentity> MemoryFileSystem::IdentityOf(const std::string& path) {
+  const auto node = Find(path);
+  if (!node.ok() || (*node)->kind != NodeKind::kFolder) return std::nullopt;
+  return memory::IdentityOf(**node);
+}
+
 std::optional<Error> MemoryFileSystem::MoveBlocks(const Node& source, const CopyWatcher& watcher) const {
   std::int64_t done = 0;
   if (watcher && !watcher(0)) return MakeError(ErrorKind::kCancelled);
@@ -120,7 +130,7 @@ std::optional<Error> MemoryFileSystem::MoveBlocks(const Node& source, const Copy
 }
 
 Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                               const CopyWatcher& watcher) {
+                                               TargetName name, const CopyWatcher& watcher) {
   const std::string target_path = Join(target.path(), file.name);
   const std::string source_path = Join(source.path(), file.name);
   if (auto error = Enter(Call::kCopyFile, target_path)) return *error;
@@ -138,6 +148,7 @@ Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry
 
   NodePtr to = FindChild(**folder, file.name, ignore_case_);
   if (to && to->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
+  if (to && name == TargetName::kFree) return MakeError(ErrorKind::kNameTaken);
   const std::int64_t freed = to && to->kind == NodeKind::kFile ? to->size : 0;
   if (!to) to = (*folder)->children.emplace_back(std::make_shared<Node>());
   const Node& read = **from;
@@ -151,11 +162,10 @@ Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry
              read.size,
              as_listed ? *file.modified : read.modified,
              attributes & kSystem,
-             {}};
+             {},
+             false};
   return CopyOutcome{to->size, attributes, to->attributes};
 }
-
-void MemoryFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
 
 Status MemoryFileSystem::CreateFolder(const std::string& path) {
   if (auto error = Enter(Call::kCreateFolder, path)) return *error;
@@ -243,8 +253,9 @@ Status MemoryFileSystem::ReplaceFile(const std::string& path, const std::string&
   return Put(path, content);
 }
 
-Status MemoryFileSystem::Flush(const std::string& path) {
+Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) {
   if (auto error = Enter(Call::kFlush, path)) return *error;
+  if (waiting) waiting();
   return Done{};
 }
 

@@ -54,6 +54,10 @@ class MemoryFileSystem : public FileSystem {
   /// A link; `destination` is absolute.
   void AddLink(const std::string& path, const std::string& destination);
   void AddPipe(const std::string& path);
+  /// A folder on which another volume is mounted.
+  void AddMountPoint(const std::string& path);
+  /// The folder once more in another one, under its own name, as by a bind mount.
+  void MountAgain(const std::string& folder, const std::string& in);
   void Remove(const std::string& path);  ///< with everything below it
 
   // --- Looking at it.
@@ -91,9 +95,9 @@ class MemoryFileSystem : public FileSystem {
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
+  std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
+  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
                                const CopyWatcher& watcher) override;
-  void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
   Status CreateFolder(const std::string& path) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
@@ -104,7 +108,7 @@ class MemoryFileSystem : public FileSystem {
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
-  Status Flush(const std::string& path) override;
+  Status Flush(const std::string& path, const Waiting& waiting) override;
   std::string NameKey(const std::string& name) const override;
 
  private:

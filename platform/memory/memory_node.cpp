@@ -74,6 +74,7 @@ Error MakeError(ErrorKind kind) {
     case ErrorKind::kDiskFull:
       return {kind, 28, "No space left on device"};
     case ErrorKind::kAlreadyExists:
+    case ErrorKind::kNameTaken:
       return {kind, 17, "File exists"};
     case ErrorKind::kNotAFolder:
       return {kind, 20, "Not a directory"};

@@ -25,6 +25,7 @@ struct Node {
   FileTime modified;
   Attributes attributes = 0;
   std::string destination;  ///< of a link: an absolute path
+  bool is_mount_point = false;
 };
 
 /// Whether the last part of a path is followed when it is a link.

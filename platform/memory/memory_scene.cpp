@@ -54,6 +54,16 @@ void MemoryFileSystem::AddLink(const std::string& path, const std::string& desti
 
 void MemoryFileSystem::AddPipe(const std::string& path) { MakeNode(path)->kind = NodeKind::kPipe; }
 
+void MemoryFileSystem::AddMountPoint(const std::string& path) {
+  AddFolder(path);
+  Find(path).value()->is_mount_point = true;
+}
+
+void MemoryFileSystem::MountAgain(const std::string& folder, const std::string& in) {
+  AddFolder(in);
+  Find(in).value()->children.push_back(Find(folder).value());
+}
+
 void MemoryFileSystem::Remove(const std::string& path) {
   const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
   const auto parent = Walk(root_, ParentOf(path, PathStyle::kPosix), LastLink::kFollow, ignore_case_);

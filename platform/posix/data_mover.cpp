@@ -41,7 +41,7 @@ Status DataMover::MoveBySystem(std::int64_t expected) {
 
 Status DataMover::MoveByBlocks(std::int64_t expected) {
   for (;;) {
-    if ((moved_ == 0 || moved_ < expected) && !MayGoOn()) return ErrorOf(ECANCELED);
+    if ((moved_ == 0 || moved_ != expected) && !MayGoOn()) return ErrorOf(ECANCELED);
     const ssize_t length = read(source_, block_.data(), block_.size());
     if (length < 0 && errno == EINTR) continue;
     if (length < 0) return LastError();

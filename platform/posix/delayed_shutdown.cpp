@@ -1,9 +1,12 @@
 #include "platform/posix/delayed_shutdown.h"
 
 #include <signal.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "platform/posix/child_process.h"
 #include "platform/posix/posix_error.h"
@@ -29,15 +32,17 @@ Status DelayedShutdown::Begin(const std::string& reason) {
   if (shell.empty() || shutdown.empty()) return ErrorOf(ENOENT);
   const auto started = StartProgram(shell, {"sh", "-c", kWaitAndShutDown, shutdown, reason}, {});
   if (!started) return started.error();
-  waiting_ = *started;
-  return Done{};
+  waiting_.Reset(static_cast<int>(syscall(SYS_pidfd_open, *started, 0)));
+  if (waiting_) return Done{};
+  const Error error = LastError();
+  kill(*started, SIGTERM);  // a shutdown that cannot be called off is none
+  return error;
 }
 
 Status DelayedShutdown::CallOff() {
-  if (waiting_ == 0) return ErrorOf(ESRCH);
-  const int result = kill(waiting_, SIGTERM);
-  waiting_ = 0;
-  if (result != 0) return ErrorOf(errno);
+  const FileDescriptor process = std::move(waiting_);
+  if (!process) return ErrorOf(ESRCH);
+  if (syscall(SYS_pidfd_send_signal, process.get(), SIGTERM, nullptr, 0) != 0) return LastError();
   return Done{};
 }
 

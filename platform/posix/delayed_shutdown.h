@@ -1,10 +1,9 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <string>
 #include <vector>
 
+#include "platform/posix/file_descriptor.h"
 #include "platform/result.h"
 
 namespace platform::posix {
@@ -22,7 +21,7 @@ class DelayedShutdown {
   Status Begin(const std::string& reason);
   Status CallOff();
 
-  pid_t waiting_ = 0;
+  FileDescriptor waiting_;  ///< of the shell's process: unlike a number, it never stands for another one
 };
 
 }  // namespace platform::posix

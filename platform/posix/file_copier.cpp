@@ -51,7 +51,7 @@ Status CarryTime(int target, const struct stat& facts) {
 FileCopier::FileCopier() : block_(new char[kBlockSize]), mask_(FileModeMask()) {}
 
 Result<CopyOutcome> FileCopier::Copy(const PosixFolder& source, const Entry& file, PosixFolder& target,
-                                     const CopyWatcher& watcher) {
+                                     TargetName name, const CopyWatcher& watcher) {
   auto ready = read_ahead_.Take(source, file.name);
   auto input = ready ? std::move(*ready) : OpenSource(source.handle(), file.name);
   if (!input) return input.error();
@@ -69,7 +69,7 @@ Result<CopyOutcome> FileCopier::Copy(const PosixFolder& source, const Entry& fil
   // A volume without permissions refuses this, and the copy is whole all the same.
   if ((mode & mask_) != 0) static_cast<void>(fchmod(output.handle(), mode) == 0);
   if (const Status carried = CarryTime(output.handle(), input->facts); !carried) return carried.error();
-  if (const Status published = output.Publish(file.name); !published) return published.error();
+  if (const Status published = output.Publish(file.name, name); !published) return published.error();
   return outcome;
 }
 

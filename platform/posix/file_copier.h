@@ -22,7 +22,7 @@ class FileCopier {
     read_ahead_.Expect(source, files);
   }
 
-  Result<CopyOutcome> Copy(const PosixFolder& source, const Entry& file, PosixFolder& target,
+  Result<CopyOutcome> Copy(const PosixFolder& source, const Entry& file, PosixFolder& target, TargetName name,
                            const CopyWatcher& watcher);
 
  private:

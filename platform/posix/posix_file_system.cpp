@@ -62,9 +62,17 @@ Result<std::string> PosixFileSystem::RealPath(const std::string& path) {
   return JoinPath(*parent, entry->name, PathStyle::kPosix);
 }
 
+std::optional<FolderIdentity> PosixFileSystem::IdentityOf(const std::string& path) {
+  const auto place = Reach(path);
+  struct stat facts = {};
+  if (!place || fstatat(place->at(), place->rest, &facts, 0) != 0 || !S_ISDIR(facts.st_mode))
+    return std::nullopt;
+  return FolderIdentity{facts.st_dev, facts.st_ino};
+}
+
 Result<CopyOutcome> PosixFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                              const CopyWatcher& watcher) {
-  return copier_.Copy(static_cast<const PosixFolder&>(source), file, static_cast<PosixFolder&>(target),
+                                              TargetName name, const CopyWatcher& watcher) {
+  return copier_.Copy(static_cast<const PosixFolder&>(source), file, static_cast<PosixFolder&>(target), name,
                       watcher);
 }
 
@@ -117,7 +125,9 @@ Status PosixFileSystem::ReplaceFile(const std::string& path, const std::string& 
   return ReplaceWhole(real ? *real : path, content);
 }
 
-Status PosixFileSystem::Flush(const std::string& path) { return FlushVolumeOf(path); }
+Status PosixFileSystem::Flush(const std::string& path, const Waiting& waiting) {
+  return FlushVolumeOf(path, waiting);
+}
 
 std::string PosixFileSystem::NameKey(const std::string& name) const { return name; }
 

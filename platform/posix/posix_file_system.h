@@ -15,7 +15,8 @@ class PosixFileSystem : public FileSystem {
   void ExpectFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
+  std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
+  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
                                const CopyWatcher& watcher) override;
   void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
   Status CreateFolder(const std::string& path) override;
@@ -28,7 +29,7 @@ class PosixFileSystem : public FileSystem {
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
-  Status Flush(const std::string& path) override;
+  Status Flush(const std::string& path, const Waiting& waiting) override;
   std::string NameKey(const std::string& name) const override;
 
  private:

@@ -2,6 +2,8 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 #include <string_view>
 
@@ -26,6 +28,7 @@ Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) 
   auto handle = OpenPath(path, O_RDONLY | O_DIRECTORY);
   if (!handle) return handle.error();
   std::unique_ptr<PosixFolder> folder(new PosixFolder(path, std::move(*handle)));
+  folder->Identify();
   if (const Status listed = folder->List(); !listed) return listed.error();
   folder->uses_unnamed_files_ = folder->entries_.empty();
   return folder;
@@ -34,6 +37,13 @@ Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) 
 PosixFolder::PosixFolder(std::string path, FileDescriptor handle)
     : handle_(std::make_shared<const FileDescriptor>(std::move(handle))) {
   path_ = std::move(path);
+}
+
+void PosixFolder::Identify() {
+  struct statx facts = {};
+  if (statx(handle(), "", AT_EMPTY_PATH, STATX_INO, &facts) != 0) return;
+  identity_ = FolderIdentity{makedev(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
+  is_mount_point_ = (facts.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
 Status PosixFolder::List() {

@@ -16,7 +16,7 @@ class PosixFolder : public Folder {
 
   int handle() const { return handle_->get(); }
 
-  /// For a reader that must not use the handle any more, nor keep it open, once the folder is closed.
+  /// For a reader in the background: it may still be reading when the folder is closed.
   const std::shared_ptr<const FileDescriptor>& shared_handle() const { return handle_; }
 
   /// Whether files without a name are worth trying here; ForgoUnnamedFiles() when the volume refused one.
@@ -27,6 +27,7 @@ class PosixFolder : public Folder {
 
  private:
   PosixFolder(std::string path, FileDescriptor handle);
+  void Identify();
   Status List();
   void Take(const char* block, std::size_t length);
 

@@ -1,6 +1,9 @@
 #include "platform/posix/target_file.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
+#include <sys/statfs.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -18,6 +21,26 @@ bool LinkDescriptor(int file, int folder, const char* name) {
   if (linkat(file, "", folder, name, AT_EMPTY_PATH) == 0) return true;
   if (errno == EEXIST) return false;
   return linkat(AT_FDCWD, PathOfDescriptor(file).c_str(), folder, name, AT_SYMLINK_FOLLOW) == 0;
+}
+
+Error PublishError() {
+  Error error = LastNameError();
+  if (error.kind == ErrorKind::kAlreadyExists) error.kind = ErrorKind::kNameTaken;
+  return error;
+}
+
+/// Whether the volume itself sees to it that the data of a file is on the disk before the file replaces
+/// another one: ext4 does, unless it is told not to (auto_da_alloc in the kernel's admin-guide/ext4).
+bool OrdersDataBeforeRenames(int file) {
+  struct statfs facts = {};
+  return fstatfs(file, &facts) == 0 && facts.f_type == EXT4_SUPER_MAGIC;
+}
+
+Status FlushBeforeRename(int file) {
+  if (OrdersDataBeforeRenames(file) || fdatasync(file) == 0) return Done{};
+  // What cannot be flushed one by one is left to the end of the run.
+  if (errno == EINVAL || errno == ENOSYS) return Done{};
+  return LastError();
 }
 
 }  // namespace
@@ -46,25 +69,46 @@ Status TargetFile::CreateNamed(int folder, mode_t mode) {
   return Done{};
 }
 
-Status TargetFile::Publish(const std::string& name) {
-  return temporary_.empty() ? LinkTo(name) : RenameTo(name);
+Status TargetFile::Publish(const std::string& name, TargetName listed) {
+  return temporary_.empty() ? LinkTo(name, listed) : RenameTo(name, listed);
 }
 
-Status TargetFile::LinkTo(const std::string& name) {
+Status TargetFile::LinkTo(const std::string& name, TargetName listed) {
   if (LinkDescriptor(handle(), folder_, name.c_str())) return Done{};
-  if (errno != EEXIST) return LastNameError();
+  if (errno != EEXIST || listed == TargetName::kFree) return PublishError();
   std::string between = MakeTemporaryName();
   if (!LinkDescriptor(handle(), folder_, between.c_str())) return LastError();
   temporary_ = std::move(between);
-  return RenameTo(name);
+  return RenameTo(name, listed);
 }
 
-Status TargetFile::RenameTo(const std::string& name) {
-  // Closing first: a network volume tells only then that it had no room for the data.
-  if (close(handle_.Release()) != 0 && errno != EINTR) return LastError();
-  if (renameat(folder_, temporary_.c_str(), folder_, name.c_str()) != 0) return LastNameError();
+Status TargetFile::RenameTo(const std::string& name, TargetName listed) {
+  if (listed == TargetName::kTaken) {
+    if (Status flushed = FlushBeforeRename(handle()); !flushed) return flushed;
+  }
+  if (Status closed = Close(); !closed) return closed;
+  if (!Rename(name.c_str(), listed)) return PublishError();
   temporary_.clear();
   return Done{};
+}
+
+/// Before the file gets its name: a network volume tells only then that it had no room for the data.
+Status TargetFile::Close() {
+  if (close(handle_.Release()) != 0 && errno != EINTR) return LastError();
+  return Done{};
+}
+
+bool TargetFile::Rename(const char* name, TargetName listed) const {
+  if (listed == TargetName::kFree) {
+    if (renameat2(folder_, temporary_.c_str(), folder_, name, RENAME_NOREPLACE) == 0) return true;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // The volume knows no such renaming.
+    if (faccessat(folder_, name, F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+      errno = EEXIST;
+      return false;
+    }
+  }
+  return renameat(folder_, temporary_.c_str(), folder_, name) == 0;
 }
 
 void TargetFile::Discard() {

@@ -26,12 +26,15 @@ class TargetFile {
 
   int handle() const { return handle_.get(); }
 
-  /// Closes the file and gives it its final name, in place of what bears it.
-  Status Publish(const std::string& name);
+  /// Gives the file its final name, in place of what bears it; with TargetName::kFree only where nothing
+  /// does, else kNameTaken. A file that replaces another is on the disk before it does.
+  Status Publish(const std::string& name, TargetName listed);
 
  private:
-  Status LinkTo(const std::string& name);
-  Status RenameTo(const std::string& name);
+  Status LinkTo(const std::string& name, TargetName listed);
+  Status RenameTo(const std::string& name, TargetName listed);
+  Status Close();
+  bool Rename(const char* name, TargetName listed) const;
   void Discard();
 
   FileDescriptor handle_;

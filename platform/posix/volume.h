@@ -15,7 +15,7 @@ std::int64_t LargestFileAt(const std::string& path);
 /// The mount point; empty when it cannot be told. `path` is without links.
 std::string MountPointOf(const std::string& path);
 
-/// Returns when everything written to the volume so far is on the disk.
-Status FlushVolumeOf(const std::string& path);
+/// See FileSystem::Flush().
+Status FlushVolumeOf(const std::string& path, const Waiting& waiting);
 
 }  // namespace platform::posix

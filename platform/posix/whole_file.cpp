@@ -22,6 +22,7 @@ Status WriteAll(int file, const std::string& content) {
     const ssize_t written = write(file, content.data() + at, content.size() - at);
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return LastError();
+    if (written == 0) return ErrorOf(ENOSPC);
     at += static_cast<std::size_t>(written);
   }
   return Done{};
@@ -70,8 +71,10 @@ Status ReplaceWhole(const std::string& path, const std::string& content) {
   if (replaces) static_cast<void>(fchmod(file.handle(), old.st_mode & kNewFile) == 0);
   if (Status written = WriteAll(file.handle(), content); !written) return written;
   if (Status flushed = FlushHandle(file.handle()); !flushed) return flushed;
-  if (Status published = file.Publish(name); !published) return published;
-  return FlushHandle(folder->get());
+  if (Status published = file.Publish(name, TargetName::kTaken); !published) return published;
+  // The new content is there; a volume whose folders cannot be flushed takes nothing of that back.
+  static_cast<void>(FlushHandle(folder->get()));
+  return Done{};
 }
 
 }  // namespace platform::posix

@@ -92,7 +92,7 @@ Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
 }
 
 Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                                const CopyWatcher& watcher) {
+                                                TargetName, const CopyWatcher& watcher) {
   const std::wstring name = Widen(file.name);
   const std::wstring& target_folder = static_cast<const WindowsFolder&>(target).long_path();
   auto outcome = state_->copier.Copy(static_cast<const WindowsFolder&>(source).long_path() + name, file.size,
@@ -100,8 +100,6 @@ Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entr
   if (outcome) state_->recent.Add(target_folder + name);
   return outcome;
 }
-
-void WindowsFileSystem::ExpectCopies(const Folder&, const std::vector<const Entry*>&) {}
 
 Status WindowsFileSystem::CreateFolder(const std::string& path) {
   return StatusOf(::CreateDirectoryW(LongPath(path).c_str(), nullptr));
@@ -188,7 +186,7 @@ Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string
   return file->ReplaceOnto(long_path);
 }
 
-Status WindowsFileSystem::Flush(const std::string& path) {
+Status WindowsFileSystem::Flush(const std::string& path, const Waiting&) {
   if (!FlushVolume(path)) return state_->recent.Flush();
   state_->recent.Forget();
   return Done{};

@@ -38,7 +38,7 @@ class WindowsFileSystem : public FileSystem {
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
-  Status Flush(const std::string& path) override;
+  Status Flush(const std::string& path, const Waiting& waiting) override;
   /// In upper case, letter by letter, as NTFS compares names.
   std::string NameKey(const std::string& name) const override;
 

@@ -87,9 +87,19 @@ TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
 TEST(CopyPass, CancelInsideABigFileKeepsItsOldCopyAndCountsItAsNotMet) {
   Scene scene({"/src/big=0123456789", "/dst/big=old"});
   scene.files.SetBlockSize(3);
+  scene.files.Fail(Call::kReadSource, "", {ErrorKind::kCancelled, 125, {}}, 1);
+  EXPECT_EQ(scene.BackUp(), "modified 1, failed 1") << "the volume's own error";
   scene.on_copy = [&scene] { scene.stop = true; };
   EXPECT_EQ(scene.BackUp(), "cancelled 1");
   EXPECT_EQ(scene.Copies(), "big=old");
+}
+
+TEST(CopyPass, AFileThatTheListingDidNotShowIsNotReplaced) {
+  Scene scene({"/src/a"});
+  scene.on_copy = [&scene] { scene.files.AddFile("/dst/a", "other"); };
+  EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
+  EXPECT_EQ(scene.Copies(), "a=other");
+  EXPECT_TRUE(scene.Wrote("a. Name taken."));
 }
 
 }  // namespace engine::test

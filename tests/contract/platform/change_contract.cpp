@@ -46,7 +46,7 @@ TEST_P(FileSystemContract, WrittenAndReplacedFilesHoldTheNewContentAlone) {
   ASSERT_TRUE(files().ReplaceFile(At("from/new"), ""));
   EXPECT_EQ(ContentOf("from/file"), "replaced");
   EXPECT_EQ(NamesIn("from"), (Names{"file", "new"}));
-  EXPECT_TRUE(files().Flush(At("from")));
+  EXPECT_TRUE(files().Flush(At("from"), {}));
 }
 
 TEST_P(FileSystemContract, WhatIsMissingIsNotFound) {

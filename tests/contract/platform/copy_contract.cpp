@@ -25,14 +25,23 @@ TEST_P(FileSystemContract, CopyHasTheDataTheTimeAndOfTheAttributesSystem) {
   EXPECT_EQ(NamesIn("to"), NamesIn("from"));
 }
 
-TEST_P(FileSystemContract, FirstCopyIntoAnEmptyFolderReplacesWhatAppearedMeanwhile) {
+TEST_P(FileSystemContract, WhatAppearedMeanwhileIsReplacedOnlyWhereTheNameIsKnownAsTaken) {
   AddFile("from/file", "source");
   const auto from = Open("from");
-  const auto to = Open("to");
-  AddFile("to/file", "appeared");
-  ASSERT_TRUE(files().CopyFile(*from, Named(*from, "file"), *to, {}));
-  EXPECT_EQ(ContentOf("to/file"), "source");
-  EXPECT_EQ(NamesIn("to"), Names{"file"});
+  for (const bool first_copy : {true, false}) {
+    if (!first_copy) AddFile("to/other", "");
+    const auto to = Open("to");
+    AddFile("to/file", "appeared");
+    const auto copy = [&](TargetName name) {
+      return files().CopyFile(*from, Named(*from, "file"), *to, name, {});
+    };
+    EXPECT_EQ(copy(TargetName::kFree).error().kind, ErrorKind::kNameTaken);
+    EXPECT_EQ(ContentOf("to/file"), "appeared");
+    ASSERT_TRUE(copy(TargetName::kTaken));
+    EXPECT_EQ(ContentOf("to/file"), "source");
+    EXPECT_EQ(NamesIn("to"), first_copy ? Names{"file"} : (Names{"file", "other"}));
+    ASSERT_TRUE(files().RemoveFile(At("to/file")));
+  }
 }
 
 TEST_P(FileSystemContract, AReadOnlyFileIsReplacedOrStaysWhole) {
@@ -96,6 +105,19 @@ TEST_P(FileSystemContract, ASourceThatChangesItsLengthGivesACopyOfWhatItHasAtThe
   }
 }
 
+TEST_P(FileSystemContract, ACopyOfAFileThatGrowsOnAndOnCanBeStopped) {
+  AddFile("from/file", "begin");
+  bool grew = false;
+  int asked = 0;
+  const auto outcome = Copy("file", [&](std::int64_t bytes) {
+    grew = files().WriteFile(At("from/file"), Noise(static_cast<std::size_t>(bytes) + 5 * kBlock)).ok();
+    return ++asked < 5;
+  });
+  if (!grew) GTEST_SKIP() << "a file that is being copied cannot be changed here";
+  ASSERT_FALSE(outcome);
+  EXPECT_EQ(outcome.error().kind, ErrorKind::kCancelled);
+}
+
 TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
   AddFile("from/file", "x");
   AddFolder("to/file");
@@ -152,7 +174,7 @@ TEST_P(FileSystemContract, ExpectedFilesAreCopiedAsAnyOthersAndThoseThatWentAway
   for (const char* gone : {"from/7", "from/151"}) ASSERT_TRUE(files().RemoveFile(At(gone)));
   for (const Entry& entry : from->entries()) {
     if (entry.size % 3 == 0) continue;  // never asked for
-    const auto outcome = files().CopyFile(*from, entry, *to, {});
+    const auto outcome = files().CopyFile(*from, entry, *to, TargetName::kTaken, {});
     if (entry.name == "7" || entry.name == "151") {
       EXPECT_EQ(outcome.error().kind, ErrorKind::kNotFound);
       continue;

@@ -93,7 +93,7 @@ class SceneTest : public testing::Test {
   /// Copies from/`name` to "to".
   Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {}) {
     const auto from = Open("from");
-    return files().CopyFile(*from, Named(*from, name), *Open("to"), watcher);
+    return files().CopyFile(*from, Named(*from, name), *Open("to"), TargetName::kTaken, watcher);
   }
 
   static constexpr FileTime kOldTime{1'500'000'000, 123'456'700};

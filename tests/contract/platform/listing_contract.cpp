@@ -80,14 +80,14 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   // Wine tells no real path of more than 260 letters, by this number.
   EXPECT_TRUE(real ? *real == *files().RealPath(At("from")) + rest : real.error().code == 234);
   EXPECT_TRUE(files().Space(At(file)));
-  EXPECT_TRUE(files().Flush(At(file)));
+  EXPECT_TRUE(files().Flush(At(file), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
   const auto folder = Open(deep);
-  ASSERT_TRUE(files().CopyFile(*folder, Named(*folder, "file"), *Open("to"), {}));
+  ASSERT_TRUE(files().CopyFile(*folder, Named(*folder, "file"), *Open("to"), TargetName::kTaken, {}));
   EXPECT_EQ(ContentOf("to/file"), "content");
   EXPECT_TRUE(files().RemoveFile(At(file)));
   const auto to = Open("to");
-  ASSERT_TRUE(files().CopyFile(*to, Named(*to, "file"), *folder, {}));
+  ASSERT_TRUE(files().CopyFile(*to, Named(*to, "file"), *folder, TargetName::kTaken, {}));
   EXPECT_TRUE(files().ReplaceFile(At(file), "new"));
   EXPECT_EQ(ContentOf(file), "new");
 }

@@ -79,7 +79,8 @@ TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
     AddFile("from/file", "x");
     ASSERT_EQ(chmod(At("from/file").c_str(), mode), 0);
     const auto from = strict.OpenFolder(At("from"));
-    ASSERT_TRUE(strict.CopyFile(**from, Named(**from, "file"), **strict.OpenFolder(At("to")), {}));
+    ASSERT_TRUE(strict.CopyFile(**from, Named(**from, "file"), **strict.OpenFolder(At("to")),
+                                TargetName::kTaken, {}));
     EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
   }
@@ -91,7 +92,7 @@ TEST_F(PosixFiles, APipeThatTakesTheFilesPlaceDoesNotHoldTheCopyUp) {
   const auto from = Open("from");
   ASSERT_TRUE(files().RemoveFile(At("from/file")));
   ASSERT_TRUE(scene_->MakePipe(At("from/file")));
-  EXPECT_FALSE(files().CopyFile(*from, Named(*from, "file"), *Open("to"), {}));
+  EXPECT_FALSE(files().CopyFile(*from, Named(*from, "file"), *Open("to"), TargetName::kTaken, {}));
   EXPECT_EQ(NamesIn("to"), Names{});
 }
 
@@ -103,6 +104,9 @@ TEST_F(PosixFiles, AVolumeThatCannotBeWrittenIsToldFromARefusal) {
   EXPECT_EQ(files().CreateFolder(At("to/new")).error().kind, ErrorKind::kReadOnlyMedium);
   EXPECT_EQ(files().DriveOf(At("to/new")), *files().RealPath(At("to")));
   EXPECT_NE(files().DriveOf(At("from")), files().DriveOf(At("to")));
+  EXPECT_TRUE(Open("to")->is_mount_point() && !Open("from")->is_mount_point());
+  EXPECT_TRUE(Open("to")->identity() == files().IdentityOf(At("to")) && files().IdentityOf(At("to")));
+  EXPECT_NE(files().IdentityOf(At("to")), files().IdentityOf(At("from")));
 }
 
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
