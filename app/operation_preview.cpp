@@ -77,7 +77,7 @@ void OperationPreview::LookInto(const Pending& folder) {
 /// Links to folders are not followed by a run either, but they are there.
 bool OperationPreview::IsThere(const std::string& path) {
   const auto entry = files_.Look(path);
-  const bool there = entry && (entry->kind == EntryKind::kFolder || entry->kind == EntryKind::kFolderLink);
+  const bool there = entry && platform::IsFolder(entry->kind);
   if (!there) findings_.folders_gone.emplace_back(platform::NameOf(path));
   return entry && entry->kind == EntryKind::kFolder;
 }

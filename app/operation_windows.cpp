@@ -107,9 +107,9 @@ void OperationWindows::Refuse(const std::string& text, const std::string& title)
 
 void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note); }
 
-bool OperationWindows::ConfirmOperation(Operation operation) {
+bool OperationWindows::ConfirmOperation(const engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
-  frmConfirmOperation window(context_, RequestFor(operation));
+  frmConfirmOperation window(context_, request);
   const bool confirmed = window.Confirm(main_);
   main_.SkipConfirmation = window.NotAgain();
   return confirmed;
@@ -144,9 +144,7 @@ void OperationWindows::RefreshFreeSpace() { main_.RefreshFreeSpaceLabel(); }
 
 void OperationWindows::LockControls() { main_.LockControls(); }
 
-void OperationWindows::WriteSummary(Operation, const engine::Totals& totals) {
-  run_report_->WriteSummary(totals);
-}
+void OperationWindows::WriteSummary(const engine::Totals& totals) { run_report_->WriteSummary(totals); }
 
 void OperationWindows::CloseReport(const std::string& close_caption) {
   ReportWindow().SetReportButtons(close_caption);

@@ -47,11 +47,11 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   void PrepareFor(Operation operation) override;
   void Refuse(const std::string& text, const std::string& title) override;
   void ShowNote(const std::string& note) override;
-  bool ConfirmOperation(Operation operation) override;
+  bool ConfirmOperation(const engine::RunRequest& request) override;
   engine::Listener& OpenReport(Operation operation, const engine::ReportHeading& heading) override;
   void RefreshFreeSpace() override;
   void LockControls() override;
-  void WriteSummary(Operation operation, const engine::Totals& totals) override;
+  void WriteSummary(const engine::Totals& totals) override;
   void CloseReport(const std::string& close_caption) override;
   void UnlockControls() override;
   void RefreshFolderDisplays() override;

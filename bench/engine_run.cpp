@@ -30,11 +30,11 @@ class SilentHost : public engine::RunHost {
   void PrepareFor(app::Operation) override {}
   void Refuse(const std::string&, const std::string&) override {}
   void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(app::Operation) override { return true; }
+  bool ConfirmOperation(const engine::RunRequest&) override { return true; }
   engine::Listener& OpenReport(app::Operation, const engine::ReportHeading&) override { return listener_; }
   void RefreshFreeSpace() override {}
   void LockControls() override {}
-  void WriteSummary(app::Operation, const engine::Totals&) override {}
+  void WriteSummary(const engine::Totals&) override {}
   void CloseReport(const std::string&) override {}
   void UnlockControls() override {}
   void RefreshFolderDisplays() override {}

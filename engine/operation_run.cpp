@@ -97,7 +97,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
     outcome.terminated |= !FlushTarget(host, tools, plan, listener);
   }
   if (outcome.cancelled) listener.WriteLine(tools.texts.GetProgramText(text::kCancelledByUser));
-  host.WriteSummary(request.operation, outcome.totals);
+  host.WriteSummary(outcome.totals);
 
   host.CloseReport(tools.texts.GetProgramText(text::kClose));
   host.UnlockControls();
@@ -118,8 +118,7 @@ RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& req
                         std::string* statusText) {
   host.PrepareFor(request.operation);
   if (const auto refusal = Validate(host, tools, request)) return Refused(host, *refusal, statusText);
-  if (IsCopyOperation(request.operation) && statusText == nullptr &&
-      !host.ConfirmOperation(request.operation)) {
+  if (IsCopyOperation(request.operation) && statusText == nullptr && !host.ConfirmOperation(request)) {
     RunOutcome outcome;
     outcome.status = kNotConfirmed;
     return outcome;

@@ -8,6 +8,8 @@
 
 namespace engine {
 
+struct RunRequest;
+
 /// The heading of a report.
 struct ReportHeading {
   std::string caption;             ///< the report window's title
@@ -29,7 +31,7 @@ class RunHost {
   virtual void ShowNote(const std::string& note) = 0;
 
   /// Shows the settings of a copying run; false: the user does not want it.
-  virtual bool ConfirmOperation(app::Operation operation) = 0;
+  virtual bool ConfirmOperation(const RunRequest& request) = 0;
 
   /// Opens the report, empty but for its heading, and hands out the listener of the run.
   virtual Listener& OpenReport(app::Operation operation, const ReportHeading& heading) = 0;
@@ -38,7 +40,7 @@ class RunHost {
   virtual void LockControls() = 0;
 
   /// The report routine's last act: writes the summary.
-  virtual void WriteSummary(app::Operation operation, const Totals& totals) = 0;
+  virtual void WriteSummary(const Totals& totals) = 0;
 
   /// Sets the report's buttons to their end state, with this caption for the one that closes it.
   virtual void CloseReport(const std::string& close_caption) = 0;

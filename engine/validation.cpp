@@ -97,7 +97,7 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
     return refusal;
   }
   const auto target = tools.files.Look(setup.TargetFolder);
-  if (!target || (target->kind != EntryKind::kFolder && target->kind != EntryKind::kFolderLink)) {
+  if (!target || !platform::IsFolder(target->kind)) {
     const char* const kMissing = "Target folder does not exist";
     return Refusal{kTargetMissing, "Target folder " + setup.TargetFolder + " does not exist.", kMissing,
                    kMissing};

@@ -30,6 +30,9 @@ enum class EntryKind {
   kOther,       ///< a pipe, socket or device
 };
 
+/// Whether it is a folder or leads to one.
+inline bool IsFolder(EntryKind kind) { return kind == EntryKind::kFolder || kind == EntryKind::kFolderLink; }
+
 /// The most bytes that a file may have on FAT.
 inline constexpr std::int64_t kLargestOnFat = 0xFFFFFFFF;
 

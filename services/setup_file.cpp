@@ -36,8 +36,7 @@ ParsedSetup ReadSetup(platform::FileSystem& files, const std::string& path) {
 
 bool FolderExists(platform::FileSystem& files, const std::string& path) {
   const auto entry = files.Look(path);
-  return entry &&
-         (entry->kind == platform::EntryKind::kFolder || entry->kind == platform::EntryKind::kFolderLink);
+  return entry && platform::IsFolder(entry->kind);
 }
 
 std::string DoesNotExist(const std::string& which, const std::string& folder) {

@@ -32,9 +32,10 @@ enum class Call {
   kFlush,
 };
 
-/// A file system in memory with "/" paths. It holds the same contract as the real ones, records every call,
-/// and can be told to fail per call and path. Folders yield their entries in the order in which they were
-/// made. What WriteFile() and ReplaceFile() make bears the time 1,700,000,000, at which MemoryClock stands.
+/// A file system in memory with "/" paths. It holds the same contract as the real ones, records the calls
+/// that `Call` names, and can be told to let them fail, each on every path or on one. Folders yield their
+/// entries in the order in which they were made. What WriteFile() and ReplaceFile() make bears the time
+/// 1,700,000,000, at which MemoryClock stands.
 class MemoryFileSystem : public FileSystem {
  public:
   struct Touch {

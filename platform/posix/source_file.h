@@ -21,8 +21,8 @@ struct SourceFile {
 /// Opens the file `name` in the open folder `folder`. Fails on everything but a regular file.
 Result<SourceFile> OpenSource(int folder, const std::string& name);
 
-/// Reads the whole content and closes the file. False when the file has more than `limit` bytes or changed
-/// its length meanwhile.
+/// Reads the whole content and closes the file. False when the file has more than `limit` bytes, changed its
+/// length meanwhile or could not be read: it is then to be opened anew.
 bool ReadContent(SourceFile& file, std::size_t limit);
 
 }  // namespace platform::posix

@@ -63,7 +63,7 @@ class Scene : public RunHost, public Listener {
     steps += "refuse " + title + ": " + text + "|";
   }
   void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(app::Operation) override {
+  bool ConfirmOperation(const RunRequest&) override {
     steps += "confirm|";
     return confirm;
   }
@@ -75,7 +75,7 @@ class Scene : public RunHost, public Listener {
   }
   void RefreshFreeSpace() override { steps += "space|"; }
   void LockControls() override { steps += "lock|"; }
-  void WriteSummary(app::Operation, const Totals&) override { steps += "summary|"; }
+  void WriteSummary(const Totals&) override { steps += "summary|"; }
   void CloseReport(const std::string& caption) override { steps += caption + "|"; }
   void UnlockControls() override { steps += "unlock|"; }
   void RefreshFolderDisplays() override { steps += "refresh|"; }
