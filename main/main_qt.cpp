@@ -1,6 +1,7 @@
 #include <cstdio>
 #include <string>
 
+#include "base/program_name.h"
 #include "main/program.h"
 #include "platform/path.h"
 #include "platform/posix/file_settings_store.h"
@@ -34,7 +35,7 @@ int main(int argc, char** argv) {
   platform::posix::PosixLocale locale;
   platform::posix::PosixShell shell;
   platform::posix::FileSettingsStore settings(
-      platform::JoinPath(platform::JoinPath(shell.ApplicationDataFolder(), "Quorvane"), "settings"));
+      platform::JoinPath(platform::JoinPath(shell.ApplicationDataFolder(), base::kProgramName), "settings"));
 
   if (!has_display) {
     ui::headless::HeadlessFrontEnd front_end;
