@@ -1,3 +1,4 @@
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -21,8 +22,9 @@ constexpr int kExitRefused = 4;
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // whoever reads the report may go away; the backup goes on
   const std::string command_line = program::CommandLine(argc, argv);
-  const bool has_display = ui::qt::QtFrontEnd::HasDisplay();
+  const bool has_display = ui::qt::QtFrontEnd::HasDisplay(argc, argv);
   if (!has_display && command_line.empty()) {
     std::fputs(
         "Quorvane needs a display for its windows. With any command line it backs up unattended without "
