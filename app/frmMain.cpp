@@ -1,5 +1,7 @@
 #include "app/frmMain.h"
 
+#include "base/program_name.h"
+
 namespace app {
 
 frmMain::frmMain(Context& context)
@@ -8,7 +10,7 @@ frmMain::frmMain(Context& context)
       operation_windows_(context, *this),
       pop_up_(context.front_end),
       hint_(context.front_end) {
-  SetText("Quorvane");
+  SetText(base::kProgramName);
   SetCaptions();
   SetSpokenNamesAndKeys();
   ConnectHandlers();
@@ -33,10 +35,10 @@ void frmMain::SetCaptions() {
   chkPauseAfterFirstCopy.SetText("Pause after first copy of files from a folder");
   chkSuppressDetailedReports.SetText("Suppress display of detailed report");
   chkSaveSetupOnQuit.SetText("On quit save setup for next run");
-  cmdListSubFolders.SetText("List included subfolders");
-  cmdCheckBackupState.SetText("Check backup state");
-  cmdBackupAllFiles.SetText("Back up all files in setup");
-  cmdBackupModifiedFiles.SetText("Back up new and modified");
+  cmdListSubFolders.SetText(OperationName(Operation::kListIncludedSubfolders));
+  cmdCheckBackupState.SetText(OperationName(Operation::kCheckBackupState));
+  cmdBackupAllFiles.SetText(OperationName(Operation::kBackupAllFiles));
+  cmdBackupModifiedFiles.SetText(OperationName(Operation::kBackupModifiedFiles));
   cmdReportScreen.SetText("Display report screen");
   cmdSetup.SetText("Setup");
   cmdHelp.SetText("Help");

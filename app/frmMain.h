@@ -108,8 +108,8 @@ class frmMain : public ui::Form {
   bool IgnoreMouseUp = false;
   bool SetupJustSaved = false;
   bool SkipConfirmation = false;  ///< "Do not show this again while the program runs"
-  bool SkipPictureCaches =
-      false;                   ///< the picture caches of file managers are not backed up; no control sets it
+  /// The picture caches of file managers are not backed up; no control sets it.
+  bool SkipPictureCaches = false;
   bool SetupLoadMode = false;  ///< fraSaveSetup's buttons load instead of save
   bool AnyIncludedFolderHasSubfolders = false;
   Operation CurrentOperation = Operation::kCheckBackupState;

@@ -12,7 +12,6 @@ namespace {
 using ui::Twips;
 
 constexpr std::int64_t kLargestFile = 4 * 1024 * 1024;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr ui::Size kOuterSize{11'400, 10'200};
 constexpr ui::Size kSmallest{9'000, 3'600};  ///< inside
@@ -60,8 +59,7 @@ bool frmView::ShowFile(const std::string& title, const std::string& path, const 
   txbText.SetSpokenName(title);
   const auto content = context_.files.ReadFile(path, kLargestFile);
   if (content) {
-    const bool marked = content->starts_with(kByteOrderMark);
-    txbText.SetText(marked ? content->substr(kByteOrderMark.size()) : *content);
+    txbText.SetText(std::string(base::utf8::WithoutByteOrderMark(*content)));
   } else {
     txbText.SetText("This file cannot be read:\r\n" + base::utf8::Printable(path) + "\r\n\r\n" +
                     content.error().text);

@@ -168,10 +168,6 @@ void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts
 
 }  // namespace
 
-std::string OperationName(Operation operation) {
-  return operation == Operation::kBackupAllFiles ? "Back up all files in setup" : "Back up new and modified";
-}
-
 std::string OperationExplained(Operation operation) {
   return std::string(operation == Operation::kBackupAllFiles
                          ? "Copies every file, whether or not the target already holds it."

@@ -33,15 +33,13 @@ struct FactsToTell {
   const text::NumberMarks& marks;
 };
 
-std::string OperationName(Operation operation);
 /// What a copying operation does and does not do, in one or two sentences.
 std::string OperationExplained(Operation operation);
 
 /// From where, to where, what, how much: as far as it is known, in the order in which it is shown.
 std::vector<Fact> FactsOf(const FactsToTell& tell);
 
-/// What in the setup is worth a second look; empty when nothing is. `files` is asked where the two folders
-/// really lie.
+/// What in the setup is worth a second look; empty when nothing is.
 std::vector<std::string> DoubtsOf(const FactsToTell& tell);
 
 }  // namespace app

@@ -4,8 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "base/ascii_case.h"
 #include "base/utf8.h"
-#include "platform/ascii_case.h"
 #include "platform/path.h"
 #include "report/str_proc.h"
 
@@ -50,8 +50,7 @@ platform::Status SubfolderList::ReadNames(const std::vector<std::string>& select
   std::set<std::string> selected_keys;
   for (const std::string& name : selected) selected_keys.insert(files_.NameKey(name));
   for (const platform::Entry& entry : (*listing)->entries()) {
-    if (entry.kind != platform::EntryKind::kFolder || platform::LowerAscii(entry.name) == kRecycleBin)
-      continue;
+    if (entry.kind != platform::EntryKind::kFolder || base::LowerAscii(entry.name) == kRecycleBin) continue;
     Subfolder subfolder;
     subfolder.name = entry.name;
     subfolder.selected = selected_keys.count(files_.NameKey(entry.name)) != 0;

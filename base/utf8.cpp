@@ -1,5 +1,7 @@
 #include "base/utf8.h"
 
+#include "base/ascii_case.h"
+
 namespace base::utf8 {
 namespace {
 
@@ -10,8 +12,6 @@ std::size_t ExpectedBytes(unsigned char first) {
   if (first >= 0xC2 && first < 0xE0) return 2;
   return 1;
 }
-
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; }
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
@@ -62,6 +62,12 @@ void AppendPrintableByte(std::string& text, unsigned char byte) {
 }
 
 }  // namespace
+
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  return text;
+}
 
 std::string_view First(std::string_view text) {
   if (text.empty()) return text;

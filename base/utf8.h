@@ -8,6 +8,9 @@
 /// character of its own and passes through unchanged, so any sequence of bytes can be worked on.
 namespace base::utf8 {
 
+/// A file's text without the mark that some editors put at its front.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
 /// One character's bytes from the front of a text; empty only for an empty text.
 std::string_view First(std::string_view text);
 

@@ -11,29 +11,15 @@
 namespace engine {
 namespace {
 
-std::string NameOf(app::Operation operation) {
-  switch (operation) {
-    case app::Operation::kListIncludedSubfolders:
-      return "List included subfolders";
-    case app::Operation::kCheckBackupState:
-      return "Check backup state";
-    case app::Operation::kBackupAllFiles:
-      return "Back up all files in setup";
-    case app::Operation::kBackupModifiedFiles:
-      break;
-  }
-  return "Back up new and modified";
-}
-
 ReportHeading HeadingOf(const Tools& tools, const RunRequest& request) {
   const app::Setup& setup = request.setup;
   ReportHeading heading;
-  heading.caption = NameOf(request.operation);
+  heading.caption = app::OperationName(request.operation);
   if (IsListOperation(request.operation)) {
     heading.caption = "Counting files and folders";
     heading.lines.push_back("Now counting files and folders ...");
   }
-  std::string title = NameOf(request.operation) + " (" + setup.SourceFolder + ")";
+  std::string title = app::OperationName(request.operation) + " (" + setup.SourceFolder + ")";
   if (!setup.FileExtension.empty()) title += " with file extension '" + setup.FileExtension + "'";
   heading.lines.push_back(std::move(title));
   heading.lines.push_back("{" + tools.texts.GetProgramText(text::kSourceFolder) +

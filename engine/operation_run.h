@@ -36,8 +36,8 @@ struct RunOutcome {
   std::int16_t status = 0;  ///< 0, or why it did not start
   Totals totals;
   bool cancelled = false;
-  bool terminated =
-      false;  ///< ended early: target drive full, an answer that stops, data not safe on the disk
+  /// Ended early: target drive full, an answer that stops, data not safe on the disk.
+  bool terminated = false;
 };
 
 /// What holds for every file of such a run.

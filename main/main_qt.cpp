@@ -1,6 +1,8 @@
+#include <csignal>
 #include <cstdio>
 #include <string>
 
+#include "base/program_name.h"
 #include "main/program.h"
 #include "platform/path.h"
 #include "platform/posix/file_settings_store.h"
@@ -20,8 +22,9 @@ constexpr int kExitRefused = 4;
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // whoever reads the report may go away; the backup goes on
   const std::string command_line = program::CommandLine(argc, argv);
-  const bool has_display = ui::qt::QtFrontEnd::HasDisplay();
+  const bool has_display = ui::qt::QtFrontEnd::HasDisplay(argc, argv);
   if (!has_display && command_line.empty()) {
     std::fputs(
         "Quorvane needs a display for its windows. With any command line it backs up unattended without "
@@ -34,7 +37,7 @@ int main(int argc, char** argv) {
   platform::posix::PosixLocale locale;
   platform::posix::PosixShell shell;
   platform::posix::FileSettingsStore settings(
-      platform::JoinPath(platform::JoinPath(shell.ApplicationDataFolder(), "Quorvane"), "settings"));
+      platform::JoinPath(platform::JoinPath(shell.ApplicationDataFolder(), base::kProgramName), "settings"));
 
   if (!has_display) {
     ui::headless::HeadlessFrontEnd front_end;

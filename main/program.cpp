@@ -16,6 +16,7 @@ std::string TextFile(const Parts& parts, const std::string& language) {
   return content ? *content : std::string();
 }
 
+/// Fails without a word: a backup is not worth less when nobody reads its report or a log cannot take it.
 void PrintLine(const std::string& line) {
   std::fwrite(line.data(), 1, line.size(), stdout);
   std::fputc('\n', stdout);

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws windows/quorvane.ico from quorvane.svg, with ImageMagick's convert.
+"""Draws windows/quorvane.ico and linux/quorvane.png from quorvane.svg, with ImageMagick's convert.
 
 ImageMagick reads SVG only with a renderer beside it; the shapes used here it can draw itself.
 """
@@ -40,6 +40,9 @@ def main():
     shapes = list(drawing(xml.parse(FOLDER / "quorvane.svg").getroot()))
     pictures = [part for size in SIZES for part in picture(shapes, size)]
     subprocess.run(["convert", *pictures, "-depth", "8", str(FOLDER / "windows" / "quorvane.ico")], check=True)
+    # Not every desktop can draw an SVG.
+    subprocess.run(["convert", *picture(shapes, SIZES[0]), "-depth", "8", "-strip",
+                    str(FOLDER / "linux" / "quorvane.png")], check=True)
 
 
 if __name__ == "__main__":

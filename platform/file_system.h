@@ -43,8 +43,8 @@ inline constexpr std::int64_t kUnknownSize = -1;
 struct Entry {
   std::string name;  ///< the last part of the path
   EntryKind kind = EntryKind::kFile;
-  std::int64_t size =
-      kUnknownSize;  ///< bytes; kUnknownSize for all but readable files; of the file a link leads to
+  /// Bytes; of the file that a link leads to; kUnknownSize for all but readable files.
+  std::int64_t size = kUnknownSize;
   std::optional<FileTime> modified;  ///< of a file; empty when it could not be read
   /// As far as the listing itself tells: read-only everywhere, hidden and system where the system's listing
   /// carries them. FileSystem::GetAttributes() always tells all three.

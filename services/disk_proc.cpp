@@ -1,6 +1,6 @@
 #include "services/disk_proc.h"
 
-#include "platform/ascii_case.h"
+#include "base/ascii_case.h"
 #include "platform/path.h"
 
 namespace DiskProc {
@@ -14,7 +14,7 @@ constexpr double kGigabyte = 1024 * kMegabyte;
 /// What the file system is asked about for a path's disk.
 std::string DiskOf(const std::string& path) {
   if (platform::NativePathStyle() == platform::PathStyle::kPosix) return path;
-  const std::string disk = platform::LowerAscii(path.substr(0, 2));
+  const std::string disk = base::LowerAscii(path.substr(0, 2));
   return disk.ends_with(':') ? platform::FolderForm(disk) : disk;
 }
 

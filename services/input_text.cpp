@@ -2,12 +2,11 @@
 
 #include <charconv>
 
+#include "base/utf8.h"
 #include "services/setup_text.h"
 
 namespace services {
 namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view WithoutLast(std::string_view text, char last) {
   if (text.ends_with(last)) text.remove_suffix(1);
@@ -16,9 +15,7 @@ std::string_view WithoutLast(std::string_view text, char last) {
 
 }  // namespace
 
-InputText::InputText(std::string_view content) : rest_(content) {
-  if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
-}
+InputText::InputText(std::string_view content) : rest_(base::utf8::WithoutByteOrderMark(content)) {}
 
 std::optional<std::string> InputText::Item() {
   SkipBlanks();

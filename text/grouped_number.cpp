@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/digits.h"
+
 namespace text {
 namespace {
 
@@ -21,12 +23,6 @@ std::string DigitsOf(double whole) {
   char buffer[320];
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, whole, std::chars_format::fixed, 0).ptr;
   return std::string(buffer, end);
-}
-
-std::string PaddedWithZeros(std::string digits, int width) {
-  const auto wanted = static_cast<std::size_t>(width);
-  if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), '0');
-  return digits;
 }
 
 }  // namespace
@@ -49,7 +45,8 @@ std::string GroupedNumber(double value, int decimals, const NumberMarks& marks) 
   const std::string sign = value < 0 && (whole > 0 || fraction > 0) ? "-" : "";
   if (decimals == 0) return sign + Grouped(DigitsOf(whole), marks.thousands);
   const std::string before = whole > 0 ? Grouped(DigitsOf(whole), marks.thousands) : "";
-  return sign + before + marks.decimal + PaddedWithZeros(DigitsOf(fraction), decimals);
+  return sign + before + marks.decimal +
+         base::PaddedWithZeros(DigitsOf(fraction), static_cast<std::size_t>(decimals));
 }
 
 }  // namespace text

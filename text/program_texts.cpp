@@ -10,7 +10,6 @@ namespace text {
 namespace {
 
 constexpr std::size_t kLongestText = 1024;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// What an escape of one letter stands for; the escape itself when it means nothing.
 std::string_view Unescaped(std::string_view escape) {
@@ -41,7 +40,6 @@ std::optional<std::pair<int, std::string>> ParseLine(std::string_view line) {
 }
 
 void AddTexts(std::string_view content, std::unordered_map<int, std::string>& texts) {
-  if (content.starts_with(kByteOrderMark)) content.remove_prefix(kByteOrderMark.size());
   while (!content.empty()) {
     const std::size_t length = content.find('\n');
     if (auto line = ParseLine(content.substr(0, length))) texts[line->first] = std::move(line->second);
@@ -53,8 +51,8 @@ void AddTexts(std::string_view content, std::unordered_map<int, std::string>& te
 }  // namespace
 
 ProgramTexts::ProgramTexts(std::string_view english, std::string_view translated) {
-  AddTexts(english, texts_);
-  AddTexts(translated, texts_);
+  AddTexts(base::utf8::WithoutByteOrderMark(english), texts_);
+  AddTexts(base::utf8::WithoutByteOrderMark(translated), texts_);
 }
 
 std::string ProgramTexts::GetProgramText(int number) const {

@@ -13,22 +13,18 @@
 /// Without peers the same windows run headless.
 ///
 /// The rules of the events, for every control and front end:
-///  - Only the user raises events; a change made by the program raises none. Exceptions: a control that loses
-///  the
-///    focus raises on_lost_focus whoever moved it, a window raises on_resize and on_activate whatever the
-///    cause, and timers tick by themselves.
+///  - Only the user raises events; a change made by the program raises none. Exceptions: a control that
+///    loses the focus raises on_lost_focus whoever moved it, a window raises on_resize and on_activate
+///    whatever the cause, and timers tick by themselves.
 ///  - What the user cannot reach raises nothing: hidden and disabled controls, controls inside a hidden or
-///  disabled
-///    frame or window, and everything behind an open dialog. Timers go on.
+///    disabled frame or window, and everything behind an open dialog. Timers go on.
 ///  - A button acts on release of the left mouse button over it, on Space or Enter while it has the focus,
-///  and on
-///    its access key, which also gives it the focus: all of them raise on_mouse_up, once.
+///    and on its access key, which also gives it the focus: all of them raise on_mouse_up, once.
 ///  - An event may arrive inside any call that runs pending events, and only there or in the event loop.
 ///    on_lost_focus and on_resize may also arrive inside the call that moves the focus or sets the size.
 ///  - A handler that still runs is not run again by its own control, unless the control allows it.
-///  - Every window remembers its own focus: coming to the front or going behind another moves none. A control
-///  that
-///    is hidden or disabled gives its focus up, to no other, and raises nothing then.
+///  - Every window remembers its own focus: coming to the front or going behind another moves none. A
+///    control that is hidden or disabled gives its focus up, to no other, and raises nothing then.
 ///  - A handler may be empty. A control lives longer than its running handlers.
 namespace ui {
 

@@ -36,12 +36,6 @@ void DropDownList::SetItems(std::vector<std::string> items) {
   Mirror(Property::kValue);
 }
 
-void DropDownList::AddItem(std::string item) {
-  items_.push_back(std::move(item));
-  Mirror(Property::kItems);
-  Mirror(Property::kValue);
-}
-
 void DropDownList::RemoveItem(int index) {
   if (index < 0 || index >= count()) return;
   items_.erase(items_.begin() + index);

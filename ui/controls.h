@@ -61,8 +61,7 @@ class DropDownList : public Control {
   using Control::Control;
   const std::vector<std::string>& items() const { return items_; }
   void SetItems(std::vector<std::string> items);  ///< selects none
-  void AddItem(std::string item);
-  void RemoveItem(int index);  ///< selects none when the selected one goes
+  void RemoveItem(int index);                     ///< selects none when the selected one goes
   void Clear() { SetItems({}); }
   int count() const { return static_cast<int>(items_.size()); }
   /// From 0; -1: none is selected.

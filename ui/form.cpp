@@ -1,21 +1,13 @@
 #include "ui/form.h"
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
+#include "base/ascii_case.h"
 #include "ui/controls.h"
 #include "ui/front_end.h"
 
 namespace ui {
-namespace {
-
-/// Whether two letters are the same without regard to case.
-bool SameKey(char a, char b) {
-  return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-}
-
-}  // namespace
 
 Form::Form(FrontEnd& front_end, std::string name, FormStyle style)
     : Container(nullptr, std::move(name)), front_end_(front_end), style_(style) {
@@ -111,9 +103,12 @@ bool Form::UserPressedEscape() {
 }
 
 bool Form::UserPressedAccessKey(char letter) {
+  const auto has_key = [small = base::LowerAscii(letter)](const Control& control) {
+    return base::LowerAscii(control.access_key()) == small;
+  };
   Control* meant = nullptr;
   ForEach([&](Control& control) {
-    if (meant == nullptr && SameKey(control.access_key(), letter) && control.reachable()) meant = &control;
+    if (meant == nullptr && has_key(control) && control.reachable()) meant = &control;
   });
   if (meant == nullptr) return false;
   if (dynamic_cast<Label*>(meant) != nullptr) meant = AfterInTabOrder(meant);

@@ -34,7 +34,7 @@ class Peer {
   virtual ~Peer() = default;
 
   /// Shows the new state of one property, read from the control.
-  virtual void Mirror(Property property) = 0;
+  void Mirror(Property property);
 
   /// Adds text at the end of a text box without rewriting the rest, and scrolls it into view. The control
   /// already holds it.
@@ -48,6 +48,21 @@ class Peer {
 
   /// Draws at once what has changed.
   virtual void Repaint() {}
+
+ protected:
+  // --- One for each property; a peer overrides those that its kind of control has.
+  virtual void MirrorText() {}
+  virtual void MirrorSpokenName() {}  ///< with the text too, which is the name where no other is set
+  virtual void MirrorVisible() {}
+  virtual void MirrorEnabled() {}
+  virtual void MirrorBounds() {}
+  virtual void MirrorHelp() {}
+  virtual void MirrorColours() {}
+  virtual void MirrorFont() {}
+  virtual void MirrorValue() {}
+  virtual void MirrorItems() {}
+  virtual void MirrorSelection() {}
+  virtual void MirrorState() {}
 };
 
 }  // namespace ui

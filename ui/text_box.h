@@ -37,7 +37,6 @@ class TextBox : public Control {
   /// What the program last asked for by Select() and the like, for a peer to mirror.
   const Selection& wanted_selection() const { return selection_; }
   void Select(Selection selection);  ///< cut to what is there
-  void MoveCaretToEnd() { Select({length_, 0}); }
 
   Handler on_change;    ///< the user edited the text
   Handler on_mouse_up;  ///< the left button was released over it

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace app {
 
@@ -11,6 +12,21 @@ enum class Operation : std::int16_t {
   kBackupAllFiles = 3,
   kBackupModifiedFiles = 4,
 };
+
+/// As its button is called.
+inline std::string OperationName(Operation operation) {
+  switch (operation) {
+    case Operation::kListIncludedSubfolders:
+      return "List included subfolders";
+    case Operation::kCheckBackupState:
+      return "Check backup state";
+    case Operation::kBackupAllFiles:
+      return "Back up all files in setup";
+    case Operation::kBackupModifiedFiles:
+      break;
+  }
+  return "Back up new and modified";
+}
 
 constexpr bool IsListOperation(Operation operation) {
   return operation == Operation::kListIncludedSubfolders;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/ascii_case.h"
+#include "base/ascii_case.h"
 #include "platform/memory/memory_node.h"
 #include "platform/path.h"
 
@@ -260,7 +260,7 @@ Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) 
 }
 
 std::string MemoryFileSystem::NameKey(const std::string& name) const {
-  return ignore_case_ ? LowerAscii(name) : name;
+  return ignore_case_ ? base::LowerAscii(name) : name;
 }
 
 }  // namespace platform::memory

@@ -2,7 +2,7 @@
 
 #include <deque>
 
-#include "platform/ascii_case.h"
+#include "base/ascii_case.h"
 
 namespace platform::memory {
 namespace {
@@ -31,7 +31,7 @@ Place PlaceOf(const std::vector<NodePtr>& trail) {
 NodePtr FindChild(const Node& folder, std::string_view name, bool ignore_case) {
   for (const NodePtr& child : folder.children) {
     if (child->name == name) return child;
-    if (ignore_case && LowerAscii(child->name) == LowerAscii(name)) return child;
+    if (ignore_case && base::LowerAscii(child->name) == base::LowerAscii(name)) return child;
   }
   return nullptr;
 }

@@ -1,6 +1,7 @@
 #include "platform/memory/memory_system.h"
 
-#include "platform/ascii_case.h"
+#include "base/ascii_case.h"
+#include "base/digits.h"
 
 namespace platform::memory {
 namespace {
@@ -11,12 +12,6 @@ FileTime Later(FileTime time, std::chrono::milliseconds duration) {
   const std::int64_t nanoseconds = time.nanoseconds + duration.count() % 1000 * 1'000'000;
   return {time.seconds + duration.count() / 1000 + nanoseconds / kNanosecondsInSecond,
           static_cast<std::int32_t>(nanoseconds % kNanosecondsInSecond)};
-}
-
-std::string Digits(int number, std::size_t width) {
-  std::string text = std::to_string(number);
-  if (text.size() < width) text.insert(0, width - text.size(), '0');
-  return text;
 }
 
 class CountingGuard : public AwakeGuard {
@@ -48,11 +43,11 @@ void MemoryClock::Advance(std::chrono::milliseconds duration) {
 }
 
 std::string MemoryLocale::ShortDate(const CalendarTime& time) {
-  return Digits(time.year, 4) + '-' + Digits(time.month, 2) + '-' + Digits(time.day, 2);
+  return base::Digits(time.year, 4) + '-' + base::Digits(time.month, 2) + '-' + base::Digits(time.day, 2);
 }
 
 std::string MemoryLocale::TimeOfDay(const CalendarTime& time) {
-  return Digits(time.hour, 2) + ':' + Digits(time.minute, 2) + ':' + Digits(time.second, 2);
+  return base::Digits(time.hour, 2) + ':' + base::Digits(time.minute, 2) + ':' + base::Digits(time.second, 2);
 }
 
 SettingsStore::WriteResult MemorySettingsStore::Write(const std::string& key, const std::string& name,
@@ -60,20 +55,20 @@ SettingsStore::WriteResult MemorySettingsStore::Write(const std::string& key, co
   WriteResult result;
   result.create_code = create_code_;
   if (create_code_ != kStoreSuccess) return result;
-  const auto [place, is_new] = keys_.try_emplace(LowerAscii(key));
+  const auto [place, is_new] = keys_.try_emplace(base::LowerAscii(key));
   result.disposition = is_new ? Disposition::kCreated : Disposition::kOpened;
   result.set_code = set_code_;
-  if (set_code_ == kStoreSuccess) place->second[LowerAscii(name)] = value;
+  if (set_code_ == kStoreSuccess) place->second[base::LowerAscii(name)] = value;
   return result;
 }
 
-bool MemorySettingsStore::HasKey(const std::string& key) { return keys_.contains(LowerAscii(key)); }
+bool MemorySettingsStore::HasKey(const std::string& key) { return keys_.contains(base::LowerAscii(key)); }
 
 SettingsStore::ReadResult MemorySettingsStore::Read(const std::string& key, const std::string& name) {
   if (read_code_ != kStoreSuccess) return {read_code_, false, {}};
-  const auto values = keys_.find(LowerAscii(key));
+  const auto values = keys_.find(base::LowerAscii(key));
   if (values == keys_.end()) return {kStoreNotFound, false, {}};
-  const auto value = values->second.find(LowerAscii(name));
+  const auto value = values->second.find(base::LowerAscii(name));
   if (value == values->second.end()) return {kStoreNotFound, false, {}};
   return {kStoreSuccess, true, value->second};
 }

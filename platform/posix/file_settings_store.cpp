@@ -4,7 +4,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/ascii_case.h"
+#include "base/ascii_case.h"
 #include "platform/path.h"
 #include "platform/posix/whole_file.h"
 
@@ -57,7 +57,7 @@ std::string TakeUntil(char end, std::string_view& line) {
 template <typename Entry>
 Entry* FindByName(std::vector<Entry>& entries, std::string Entry::*member, const std::string& name) {
   for (Entry& entry : entries) {
-    if (LowerAscii(entry.*member) == LowerAscii(name)) return &entry;
+    if (base::LowerAscii(entry.*member) == base::LowerAscii(name)) return &entry;
   }
   return nullptr;
 }

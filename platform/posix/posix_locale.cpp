@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "base/digits.h"
+
 namespace platform::posix {
 namespace {
 
@@ -71,13 +73,6 @@ std::string Formatted(const char* format, const CalendarTime& time, locale_t loc
   return {text.data(), strftime_l(text.data(), text.size(), format, &parts, locale)};
 }
 
-/// For the plain formats, which need no name of a locale.
-std::string Digits(int number, std::size_t width) {
-  std::string text = std::to_string(number);
-  if (text.size() < width) text.insert(0, width - text.size(), '0');
-  return text;
-}
-
 }  // namespace
 
 PosixLocale::PosixLocale()
@@ -91,12 +86,12 @@ PosixLocale::PosixLocale()
 
 std::string PosixLocale::ShortDate(const CalendarTime& time) {
   if (times_) return Formatted("%x", time, times_.get());
-  return Digits(time.year, 4) + '-' + Digits(time.month, 2) + '-' + Digits(time.day, 2);
+  return base::Digits(time.year, 4) + '-' + base::Digits(time.month, 2) + '-' + base::Digits(time.day, 2);
 }
 
 std::string PosixLocale::TimeOfDay(const CalendarTime& time) {
   if (times_) return Formatted("%X", time, times_.get());
-  return Digits(time.hour, 2) + ':' + Digits(time.minute, 2);
+  return base::Digits(time.hour, 2) + ':' + base::Digits(time.minute, 2);
 }
 
 }  // namespace platform::posix

@@ -17,16 +17,16 @@ class FormPeer : public Peer {
  public:
   FormPeer(HeadlessFrontEnd& front_end, Form& form) : front_end_(front_end), form_(form) {}
 
-  void Mirror(Property property) override {
-    if (property == Property::kBounds) {
-      const Size frame = form_.style() == FormStyle::kPopUp ? Size{} : kFrame;
-      form_.InnerSizeIs(
-          {std::max(form_.width() - frame.width, 0), std::max(form_.height() - frame.height, 0)});
-    } else if (property == Property::kVisible && form_.visible()) {
-      front_end_.Post([this, alive = std::weak_ptr(alive_)] {
-        if (!alive.expired()) form_.UserActivated();
-      });
-    }
+ protected:
+  void MirrorBounds() override {
+    const Size frame = form_.style() == FormStyle::kPopUp ? Size{} : kFrame;
+    form_.InnerSizeIs({std::max(form_.width() - frame.width, 0), std::max(form_.height() - frame.height, 0)});
+  }
+  void MirrorVisible() override {
+    if (!form_.visible()) return;
+    front_end_.Post([this, alive = std::weak_ptr(alive_)] {
+      if (!alive.expired()) form_.UserActivated();
+    });
   }
 
  private:
@@ -44,10 +44,6 @@ class TimerPeer : public Peer {
   }
   ~TimerPeer() override { std::erase(front_end_.timers_, this); }
 
-  void Mirror(Property property) override {
-    if (property == Property::kValue) left_ = timer_.interval();
-  }
-
   bool running() const { return timer_.running(); }
   /// Milliseconds until the next tick.
   int left() const { return left_; }
@@ -61,6 +57,9 @@ class TimerPeer : public Peer {
       if (!alive.expired()) timer_.Tick();
     });
   }
+
+ protected:
+  void MirrorValue() override { left_ = timer_.interval(); }
 
  private:
   HeadlessFrontEnd& front_end_;

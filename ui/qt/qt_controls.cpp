@@ -98,15 +98,9 @@ DropDownListPeer::DropDownListPeer(DropDownList& list)
   connect(&widget_, &QComboBox::activated, this, [this](int index) { list_.UserSelected(index); });
 }
 
-/// Leaves the entries that stay, so that a list can be filled one by one.
 void DropDownListPeer::MirrorItems() {
-  const auto& items = list_.items();
-  const auto [old_end, new_end] = std::mismatch(shown_.begin(), shown_.end(), items.begin(), items.end());
-  const int kept = static_cast<int>(old_end - shown_.begin());
-  while (widget_.count() > kept) widget_.removeItem(widget_.count() - 1);
-  for (auto item = new_end; item != items.end(); ++item) widget_.addItem(ToQString(*item));
-  shown_.erase(old_end, shown_.end());
-  shown_.insert(shown_.end(), new_end, items.end());
+  widget_.clear();
+  for (const std::string& item : list_.items()) widget_.addItem(ToQString(item));
 }
 
 void DropDownListPeer::MirrorValue() { widget_.setCurrentIndex(list_.list_index()); }

@@ -6,8 +6,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
-#include <string>
-#include <vector>
 
 #include "ui/controls.h"
 #include "ui/qt/qt_widget_peer.h"
@@ -69,7 +67,6 @@ class DropDownListPeer : public WidgetPeer {
  private:
   DropDownList& list_;
   QComboBox& widget_;
-  std::vector<std::string> shown_;
 };
 
 class ProgressBarPeer : public WidgetPeer {

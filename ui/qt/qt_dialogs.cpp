@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMessageBox>
 
+#include "base/program_name.h"
 #include "ui/form.h"
 #include "ui/qt/qt_look.h"
 #include "ui/qt/qt_scale.h"
@@ -32,7 +33,7 @@ QMessageBox::Icon ToQIcon(Icon icon) {
 }
 
 QString TitleOf(const std::string& title) {
-  return title.empty() ? QString::fromUtf8(kProgramName) : ToQString(title);
+  return title.empty() ? QString::fromUtf8(base::kProgramName) : ToQString(title);
 }
 
 void Fill(QMessageBox& widget, const MessageBox& box, QMessageBox::StandardButtons buttons) {

@@ -17,8 +17,10 @@ class QtDialogs;
 
 class QtFrontEnd : public FrontEnd {
  public:
-  /// Whether windows can be shown here. Without a display Qt would end the whole program.
-  static bool HasDisplay();
+  /// Whether windows can be shown here: the environment names a display, and it answers. Qt ends the whole
+  /// program where it finds none, so a child tries; call it before any thread is started. The arguments are
+  /// those of main(), and stay as they are.
+  static bool HasDisplay(int argc, char** argv);
 
   /// Makes the QApplication, unless there is one already. Both arguments live as long as the front end. Only
   /// one front end at a time.

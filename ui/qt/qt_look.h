@@ -5,10 +5,9 @@
 
 #include "ui/geometry.h"
 
-/// Colours and names that the whole front end shares.
+/// Colours and the name that the whole front end shares.
 namespace ui::qt {
 
-inline constexpr char kProgramName[] = "Quorvane";
 /// The desktop file without its extension; also the name of the icon.
 inline constexpr char kDesktopFile[] = "quorvane";
 

@@ -12,8 +12,8 @@ class TimerPeer : public Peer {
     QObject::connect(&ticker_, &QTimer::timeout, &ticker_, [this] { timer_.Tick(); });
   }
 
-  void Mirror(Property property) override {
-    if (property != Property::kValue) return;
+ protected:
+  void MirrorValue() override {
     if (timer_.running()) {
       ticker_.start(timer_.interval());
     } else {

@@ -64,37 +64,10 @@ void WidgetPeer::Watch(QWidget* part) {
   part->setMouseTracking(true);
 }
 
-void WidgetPeer::Mirror(Property property) {
-  switch (property) {
-    case Property::kText:
-      MirrorSpokenName();  // where no other is set it is the text
-      return MirrorText();
-    case Property::kVisible:
-      return MirrorVisible();
-    case Property::kEnabled:
-      return MirrorEnabled();
-    case Property::kBounds:
-      return MirrorBounds();
-    case Property::kHelp:
-      return MirrorHelp();
-    case Property::kColours:
-      return MirrorColours();
-    case Property::kFont:
-      return widget_->setFont(ToQFont(control_.font()));
-    case Property::kValue:
-      return MirrorValue();
-    case Property::kItems:
-      return MirrorItems();
-    case Property::kSelection:
-      return MirrorSelection();
-    case Property::kState:
-      return MirrorState();
-  }
-}
-
 void WidgetPeer::MirrorEnabled() { widget_->setEnabled(control_.enabled()); }
 void WidgetPeer::MirrorBounds() { widget_->setGeometry(ToPixels(control_.bounds())); }
 void WidgetPeer::MirrorVisible() { widget_->setVisible(control_.visible()); }
+void WidgetPeer::MirrorFont() { widget_->setFont(ToQFont(control_.font())); }
 
 void WidgetPeer::MirrorHelp() {
   widget_->setToolTip(ToPlainTip(control_.tool_tip()));

@@ -19,7 +19,6 @@ class WidgetPeer : public QObject, public Peer {
   WidgetPeer(Control& control, QWidget* widget, Background background = Background::kAround);
   ~WidgetPeer() override;
 
-  void Mirror(Property property) override;
   void TakeFocus() override { widget_->setFocus(); }
   void Repaint() override;
 
@@ -30,22 +29,18 @@ class WidgetPeer : public QObject, public Peer {
  protected:
   /// Also watches a part of the widget that gets the mouse in its place.
   void Watch(QWidget* part);
-  virtual void MirrorText() {}
-  virtual void MirrorValue() {}
-  virtual void MirrorItems() {}
-  virtual void MirrorEnabled();
-  virtual void MirrorBounds();
-  virtual void MirrorVisible();
-  virtual void MirrorHelp();
-  virtual void MirrorSelection() {}
-  virtual void MirrorState() {}
+  void MirrorEnabled() override;
+  void MirrorBounds() override;
+  void MirrorVisible() override;
+  void MirrorHelp() override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void MirrorSpokenName();
+  void MirrorSpokenName() override;
+  void MirrorFont() override;
+  void MirrorColours() override;
   void MirrorAccessKey();
-  void MirrorColours();
 
   Control& control_;
   QPointer<QWidget> widget_;

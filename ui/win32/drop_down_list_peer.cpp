@@ -63,16 +63,11 @@ void DropDownListPeer::HandleChoice() {
   });
 }
 
-/// Leaves the entries that stay, so that a list can be filled one by one.
 void DropDownListPeer::MirrorItems() {
-  const auto& items = list_.items();
-  const auto [old_end, new_end] = std::mismatch(shown_.begin(), shown_.end(), items.begin(), items.end());
-  const auto kept = static_cast<WPARAM>(old_end - shown_.begin());
-  for (std::size_t last = shown_.size(); last > kept; --last) window().Send(CB_DELETESTRING, last - 1);
-  for (auto item = new_end; item != items.end(); ++item) {
-    window().Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(*item).c_str()));
+  window().Send(CB_RESETCONTENT);
+  for (const std::string& item : list_.items()) {
+    window().Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(item).c_str()));
   }
-  shown_ = items;
 }
 
 void DropDownListPeer::MirrorValue() {
@@ -110,10 +105,10 @@ void DropDownListPeer::Draw(const DRAWITEMSTRUCT& entry) const {
                                    GetSysColor(enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
   if (marked) behind = UseColours(entry.hDC, GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_HIGHLIGHTTEXT));
   FillRect(entry.hDC, &entry.rcItem, behind);
-  if (entry.itemID < shown_.size()) {
+  if (entry.itemID < list_.items().size()) {
     RECT place = entry.rcItem;
     place.left += ToPixels(kIndent, dpi());
-    DrawTextW(entry.hDC, ToWide(shown_[entry.itemID]).c_str(), -1, &place,
+    DrawTextW(entry.hDC, ToWide(list_.items()[entry.itemID]).c_str(), -1, &place,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
   }
   if ((entry.itemState & ODS_FOCUS) != 0) DrawFocusRect(entry.hDC, &entry.rcItem);

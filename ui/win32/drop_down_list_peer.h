@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "ui/controls.h"
 #include "ui/win32/window_peer.h"
 
@@ -27,7 +24,6 @@ class DropDownListPeer : public WindowPeer {
   bool IsDropped() const { return window().Send(CB_GETDROPPEDSTATE) != 0; }
 
   DropDownList& list_;
-  std::vector<std::string> shown_;
 };
 
 }  // namespace ui::win32

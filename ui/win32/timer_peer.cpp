@@ -14,8 +14,7 @@ TimerPeer::TimerPeer(Timer& timer) : timer_(timer), window_({PlainWindowClass()}
   });
 }
 
-void TimerPeer::Mirror(Property property) {
-  if (property != Property::kValue) return;
+void TimerPeer::MirrorValue() {
   if (timer_.running()) {
     SetTimer(window_.handle(), kTick, static_cast<UINT>(timer_.interval()), nullptr);
   } else {

@@ -9,7 +9,9 @@ namespace ui::win32 {
 class TimerPeer : public Peer {
  public:
   explicit TimerPeer(Timer& timer);
-  void Mirror(Property property) override;
+
+ protected:
+  void MirrorValue() override;
 
  private:
   Timer& timer_;

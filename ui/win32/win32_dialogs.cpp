@@ -1,5 +1,6 @@
 #include "ui/win32/win32_dialogs.h"
 
+#include "base/program_name.h"
 #include "ui/form.h"
 #include "ui/win32/file_dialog.h"
 #include "ui/win32/folder_dialog.h"
@@ -12,7 +13,7 @@ namespace ui::win32 {
 namespace {
 
 /// A box without a title of its own has the name of the program.
-std::string TitleOf(const std::string& title) { return title.empty() ? "Quorvane" : title; }
+std::string TitleOf(const std::string& title) { return title.empty() ? base::kProgramName : title; }
 
 UINT StyleOf(Icon icon) {
   switch (icon) {

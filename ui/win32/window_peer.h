@@ -15,7 +15,6 @@ class WindowPeer : public Peer {
  public:
   ~WindowPeer() override;
 
-  void Mirror(Property property) override;
   void TakeFocus() override;
   void Repaint() override;
 
@@ -26,17 +25,13 @@ class WindowPeer : public Peer {
  protected:
   WindowPeer(Control& control, Toolkit& toolkit, const WindowKind& kind);
 
-  virtual void MirrorText();
-  virtual void MirrorVisible();
-  virtual void MirrorEnabled();
-  virtual void MirrorBounds();
-  virtual void MirrorHelp();
-  virtual void MirrorColours();
-  virtual void MirrorFont();
-  virtual void MirrorValue() {}
-  virtual void MirrorItems() {}
-  virtual void MirrorSelection() {}
-  virtual void MirrorState() {}
+  void MirrorText() override;
+  void MirrorVisible() override;
+  void MirrorEnabled() override;
+  void MirrorBounds() override;
+  void MirrorHelp() override;
+  void MirrorColours() override;
+  void MirrorFont() override;
   /// The window has got the keyboard focus, and has done its own part.
   virtual void FocusArrived();
   /// The colours of the control; none: those of the system for its kind.
@@ -50,7 +45,7 @@ class WindowPeer : public Peer {
   bool Contains(const Message& mouse) const;
 
  private:
-  void MirrorSpokenName();
+  void MirrorSpokenName() override;
   void HandleFocus();
   void HandlePointer();
   void HandleColours();

@@ -35,6 +35,10 @@ class LinuxUnattended(OnLinux, Unattended, Story):
     pass
 
 
+class GoneScreen:
+    environment = {"DISPLAY": ":9999"}
+
+
 class WithoutAScreen(OnLinux, Story):
     def test_the_run_ends_by_itself_and_names_what_it_could_not_copy(self):
         self.write(INCLUDED)
@@ -51,6 +55,16 @@ class WithoutAScreen(OnLinux, Story):
         self.assertIn("dangling", report)
         left_out = ("Letters/one.txt", "Letters/2024")
         self.check_copies({path: data for path, data in INCLUDED.items() if not path.startswith(left_out)})
+
+    def test_neither_a_display_nor_a_reader_that_is_gone_stops_the_run(self):
+        self.write(INCLUDED)
+        self.save_setup(FOLDERS)
+        for command in (["bash", "-o", "pipefail", "-c", '"$0" "$@" | :', desktop.PROGRAM], [desktop.PROGRAM]):
+            program = accessible.Program(self.place.home, ["nightly"], GoneScreen, command)
+            self.addCleanup(program.end)
+            self.assertEqual(program.exit_code(), 0)
+            self.check_copies(INCLUDED)
+        self.assertEqual(program.wait_for_result()["status"], "ok")
 
 
 class LinuxFirstDay(OnLinux, FirstDay, Story):
