@@ -19,11 +19,14 @@ Widget& As(WidgetPeer& peer) {
 }  // namespace
 
 ButtonPeer::ButtonPeer(Button& button)
-    : WidgetPeer(button, new QPushButton(ClientAround(button)), Background::kItself),
+    : LateFocusPeer(button, new QPushButton(ClientAround(button)), Background::kItself),
       button_(button),
       widget_(As<QPushButton>(*this)) {
   // "released" would also come when the mouse is dragged off the button first.
-  connect(&widget_, &QPushButton::clicked, this, [this] { button_.UserPressed(); });
+  connect(&widget_, &QPushButton::clicked, this, [this] {
+    TellFocus();
+    button_.UserPressed();
+  });
 }
 
 void ButtonPeer::MirrorText() { widget_.setText(ToCaption(button_.text(), button_.access_key())); }
@@ -78,10 +81,13 @@ bool LabelPeer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 CheckBoxPeer::CheckBoxPeer(CheckBox& box)
-    : WidgetPeer(box, new QCheckBox(ClientAround(box))), box_(box), widget_(As<QCheckBox>(*this)) {
+    : LateFocusPeer(box, new QCheckBox(ClientAround(box))), box_(box), widget_(As<QCheckBox>(*this)) {
   widget_.setBackgroundRole(QPalette::Window);  // not the one of a button
   // Not "clicked": a screen reader ticks the box without a click.
-  connect(&widget_, &QCheckBox::toggled, this, [this](bool ticked) { box_.UserTicked(ticked ? 1 : 0); });
+  connect(&widget_, &QCheckBox::toggled, this, [this](bool ticked) {
+    TellFocus();
+    box_.UserTicked(ticked ? 1 : 0);
+  });
 }
 
 void CheckBoxPeer::MirrorText() { widget_.setText(ToCaption(box_.text(), box_.access_key())); }

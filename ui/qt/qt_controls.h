@@ -8,12 +8,13 @@
 #include <QScrollBar>
 
 #include "ui/controls.h"
+#include "ui/qt/qt_late_focus.h"
 #include "ui/qt/qt_widget_peer.h"
 
 /// The peers of the small controls.
 namespace ui::qt {
 
-class ButtonPeer : public WidgetPeer {
+class ButtonPeer : public LateFocusPeer {
  public:
   explicit ButtonPeer(Button& button);
 
@@ -42,7 +43,7 @@ class LabelPeer : public WidgetPeer {
   QLabel& widget_;
 };
 
-class CheckBoxPeer : public WidgetPeer {
+class CheckBoxPeer : public LateFocusPeer {
  public:
   explicit CheckBoxPeer(CheckBox& box);
 

@@ -27,6 +27,7 @@ class WidgetPeer : public QObject, public Peer {
   virtual QWidget* client() { return widget_; }
 
  protected:
+  Control& control() { return control_; }
   /// Also watches a part of the widget that gets the mouse in its place.
   void Watch(QWidget* part);
   void MirrorEnabled() override;

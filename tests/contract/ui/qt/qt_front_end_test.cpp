@@ -1,3 +1,4 @@
+#include <QtTest>
 #include <QtWidgets>
 #include <limits>
 
@@ -20,6 +21,20 @@ TEST_F(QtFrontEndTest, AnAppendedTextLeavesTheRestUntouchedAndComesIntoView) {
   window_.report.Append("last\r\n");
   EXPECT_GE(first_touched, 100 * 16 - 1);
   EXPECT_GE(edit->verticalScrollBar()->value(), edit->verticalScrollBar()->maximum() - 1);
+}
+
+TEST_F(QtFrontEndTest, TheFocusThatAClickMovesIsToldOnItsRelease) {
+  window_.line.on_lost_focus = Count();
+  for (ui::Control* clicked : std::initializer_list<ui::Control*>{&window_.first, &window_.check}) {
+    window_.line.SetFocus();
+    const auto before = count_;
+    window_.first.on_mouse_up = window_.check.on_click = [&] { EXPECT_EQ(count_, before + 1); };
+    const QPoint spot = WidgetOf(*clicked)->mapTo(WidgetOf(window_), QPoint(5, 5));
+    QTest::mousePress(WidgetOf(window_)->windowHandle(), Qt::LeftButton, {}, spot);
+    EXPECT_EQ(count_, before);
+    QTest::mouseRelease(WidgetOf(window_)->windowHandle(), Qt::LeftButton, {}, spot);
+    EXPECT_TRUE(clicked->has_focus());
+  }
 }
 
 TEST_F(QtFrontEndTest, EveryTextIsReadableOnThePaleGreenWindowWhateverTheDesktop) {
