@@ -11,8 +11,8 @@ namespace platform::windows {
 /// The file system of Windows.
 ///
 /// A copy is flushed before it replaces an older one: whenever the power fails, one of the two is there
-/// whole. A copy under a new name is not, because it would take longer than to copy it; Flush() at the end of
-/// a run has to do for all of them.
+/// whole. A copy under a new name is not, which would take longer than to copy it: until Flush() has written
+/// it out, a power cut may leave it incomplete.
 ///
 /// What Flush() can promise depends on the user's rights. Whoever may open the volume (administrators) has
 /// all of it written out. For everybody else Windows flushes single files only. Then the copies of the last
