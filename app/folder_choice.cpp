@@ -14,12 +14,6 @@ void ReplaceSample(std::string& text, const std::string& sample, const std::stri
   if (at != std::string::npos) text.replace(at, sample.size(), with);
 }
 
-std::string WithoutSeparatorsAtEnds(std::string_view name) {
-  while (!name.empty() && platform::IsSeparator(name.front())) name.remove_prefix(1);
-  while (!name.empty() && platform::IsSeparator(name.back())) name.remove_suffix(1);
-  return std::string(name);
-}
-
 }  // namespace
 
 bool frmMain::IsInRecycleBin(const std::string& path) const {
@@ -109,7 +103,7 @@ void frmMain::cmdCreateSubFolder_MouseUp() {
   const ui::Twips below = top() + fraTarget.top() + cmdCreateSubFolder.bounds().bottom() + 500;
   const auto answer =
       dialogs.AskText(*this, {prompt, {}, left() + fraTarget.left() + cmdCreateSubFolder.left(), below});
-  const std::string name = WithoutSeparatorsAtEnds(answer.value_or(std::string()));
+  const std::string name = platform::TypedFolderName(answer.value_or(std::string()));
   const bool blank = name.find_first_not_of(' ') == std::string::npos;
   if (!blank) CreateSubfolder(platform::JoinPath(target, name));
 }

@@ -20,7 +20,6 @@ function(qv_windows_program target)
 endfunction()
 
 function(qv_windows_resource target script)
-  enable_language(RC)
   set(folder ${PROJECT_SOURCE_DIR}/packaging/windows)
   target_sources(${target} PRIVATE ${folder}/${script})
   set_source_files_properties(

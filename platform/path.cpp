@@ -67,6 +67,15 @@ std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style) 
   return std::string(folder);
 }
 
+std::string TypedFolderName(std::string_view typed, PathStyle style) {
+  const auto may_end_it = [style](char c) {
+    return !IsSeparator(c, style) && (style == PathStyle::kPosix || (c != ' ' && c != '.'));
+  };
+  while (!typed.empty() && IsSeparator(typed.front(), style)) typed.remove_prefix(1);
+  while (!typed.empty() && !may_end_it(typed.back())) typed.remove_suffix(1);
+  return std::string(typed);
+}
+
 bool IsSpecified(std::string_view folder, PathStyle style) {
   return style == PathStyle::kWindows ? folder.size() >= 3 : !folder.empty();
 }

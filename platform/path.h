@@ -39,6 +39,10 @@ std::string FolderForm(std::string_view path, PathStyle style = NativePathStyle(
 /// The folder without separators at its end; a root ("C:\", "/") keeps its one.
 std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style = NativePathStyle());
 
+/// A new folder's name as somebody types it: without separators at its ends, and on Windows without blanks
+/// and dots at its end, with which Explorer could neither open nor delete the folder.
+std::string TypedFolderName(std::string_view typed, PathStyle style = NativePathStyle());
+
 /// Whether a folder text counts as chosen: three characters or more on Windows ("E:\"), not empty on Linux.
 bool IsSpecified(std::string_view folder, PathStyle style = NativePathStyle());
 

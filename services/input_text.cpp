@@ -1,5 +1,6 @@
 #include "services/input_text.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "base/utf8.h"

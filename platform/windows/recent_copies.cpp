@@ -1,5 +1,8 @@
 #include "platform/windows/recent_copies.h"
 
+#include "platform/windows/windows_api.h"
+
+// After windows_api.h: it needs its types.
 #include <winternl.h>
 
 #include <utility>

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/windows/open_file.h"
 #include "platform/windows/system_error.h"
 
 namespace platform::windows {
@@ -30,16 +31,20 @@ bool CannotDoThis(DWORD code) {
          code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION;
 }
 
+enum class Existing { kStays, kGoes };
+
 /// 0 or the system's number of the failure.
-DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way) {
+DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, Existing existing) {
   const std::size_t name_bytes = to.size() * sizeof(wchar_t);
   const std::size_t bytes = sizeof(FILE_RENAME_INFO) + name_bytes;
   std::vector<std::max_align_t> buffer(bytes / sizeof(std::max_align_t) + 1);
   auto* info = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
-  if (way == Way::kPosix) {
-    info->Flags = kReplaceIfExists | kPosixSemantics | kIgnoreReadOnly;
-  } else {
-    info->ReplaceIfExists = TRUE;
+  if (existing == Existing::kGoes) {
+    if (way == Way::kPosix) {
+      info->Flags = kReplaceIfExists | kPosixSemantics | kIgnoreReadOnly;
+    } else {
+      info->ReplaceIfExists = TRUE;
+    }
   }
   info->FileNameLength = static_cast<DWORD>(name_bytes);
   std::memcpy(info->FileName, to.c_str(), name_bytes + sizeof(wchar_t));
@@ -48,25 +53,43 @@ DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way) {
                                                                                          : ::GetLastError();
 }
 
-DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstring& to) {
+DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstring& to, Existing existing) {
   file.Close();
-  return ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : ::GetLastError();
+  const DWORD flags = existing == Existing::kGoes ? MOVEFILE_REPLACE_EXISTING : 0;
+  return ::MoveFileExW(from.c_str(), to.c_str(), flags) ? 0 : ::GetLastError();
+}
+
+bool IsDecided(DWORD code) { return code == 0 || code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS; }
+
+/// By the best way that works.
+DWORD Rename(FileHandle& file, const std::wstring& from, const std::wstring& to, Existing existing) {
+  DWORD code = ERROR_NOT_SUPPORTED;
+  if (g_way == Way::kPosix) {
+    code = RenameByHandle(file, to, Way::kPosix, existing);
+    if (CannotDoThis(code)) g_way = Way::kPlain;
+  }
+  if (!IsDecided(code) && g_way != Way::kByPath) {
+    code = RenameByHandle(file, to, Way::kPlain, existing);
+    if (CannotDoThis(code)) g_way = Way::kByPath;
+  }
+  return IsDecided(code) ? code : RenameByPath(file, from, to, existing);
+}
+
+bool WriteOut(FileHandle& file, const std::wstring& path) {
+  if (!file) {
+    file = FileHandle(
+        ::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  }
+  return file && ::FlushFileBuffers(file.get());
 }
 
 }  // namespace
 
 Status RenameOver(FileHandle& file, const std::wstring& from, const std::wstring& to) {
-  DWORD code = ERROR_NOT_SUPPORTED;
-  if (g_way == Way::kPosix) {
-    code = RenameByHandle(file, to, Way::kPosix);
-    if (CannotDoThis(code)) g_way = Way::kPlain;
-  }
-  if (code != 0 && g_way != Way::kByPath) {
-    code = RenameByHandle(file, to, Way::kPlain);
-    if (CannotDoThis(code)) g_way = Way::kByPath;
-  }
-  if (code != 0) code = RenameByPath(file, from, to);
-  if (code != 0) return FileError(to, code);
+  // Most names are new: whether one is taken this attempt tells for nothing.
+  if (Rename(file, from, to, Existing::kStays) == 0) return Done{};
+  if (!WriteOut(file, from)) return LastError();
+  if (const DWORD code = Rename(file, from, to, Existing::kGoes); code != 0) return FileError(to, code);
   return Done{};
 }
 

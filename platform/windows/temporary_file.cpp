@@ -10,12 +10,19 @@
 #include "platform/windows/wide_text.h"
 
 namespace platform::windows {
+namespace {
+
+FileHandle OpenOrMake(const std::wstring& path, DWORD which) {
+  return FileHandle(::CreateFileW(path.c_str(), GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE,
+                                  FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, which, FILE_ATTRIBUTE_ARCHIVE,
+                                  nullptr));
+}
+
+}  // namespace
 
 Result<TemporaryFile> TemporaryFile::Create(const std::wstring& folder) {
   TemporaryFile result = Reserve(folder);
-  result.file_ = FileHandle(::CreateFileW(result.path_.c_str(), GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE,
-                                          FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, CREATE_NEW,
-                                          FILE_ATTRIBUTE_ARCHIVE, nullptr));
+  result.file_ = OpenOrMake(result.path_, CREATE_NEW);
   if (result.file_) return result;
   const DWORD code = ::GetLastError();
   result.path_.clear();
@@ -39,8 +46,11 @@ TemporaryFile::~TemporaryFile() {
 }
 
 Status TemporaryFile::Open() {
-  file_ = FileHandle(::CreateFileW(path_.c_str(), FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES | DELETE,
-                                   FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr));
+  const DWORD attributes = ::GetFileAttributesW(path_.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    ::SetFileAttributesW(path_.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+  }
+  file_ = OpenOrMake(path_, OPEN_EXISTING);
   if (!file_) return LastError();
   return Done{};
 }

@@ -26,7 +26,7 @@ class TemporaryFile {
   const std::wstring& path() const { return path_; }
   const FileHandle& file() const { return file_; }
 
-  /// Opens a reserved file for all but its content.
+  /// Opens a reserved file, which is no longer read-only then.
   Status Open();
 
   Status Write(const char* data, std::size_t size);
@@ -34,7 +34,7 @@ class TemporaryFile {
   /// kShort unless the file is so long.
   Status CheckLength(std::int64_t length) const;
 
-  /// Gives the file its final name in one atomic step, replacing a file that bears it.
+  /// Gives the file its final name in one atomic step, replacing a file that bears it; flushed before that.
   Status ReplaceOnto(const std::wstring& final_path);
 
  private:

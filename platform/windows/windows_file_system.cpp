@@ -27,6 +27,30 @@ Status StatusOf(BOOL success) {
   return Done{};
 }
 
+/// What the system knows of a path without a search. A link stands for itself.
+Result<WIN32_FIND_DATAW> KnownOf(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return LastError();
+  WIN32_FIND_DATAW known{};
+  known.dwFileAttributes = data.dwFileAttributes;
+  known.ftLastWriteTime = data.ftLastWriteTime;
+  known.nFileSizeHigh = data.nFileSizeHigh;
+  known.nFileSizeLow = data.nFileSizeLow;
+  return known;
+}
+
+/// The path of an open file without links and short names. Empty on failure.
+std::wstring FinalPath(const FileHandle& file, DWORD flags) {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length =
+        ::GetFinalPathNameByHandleW(file.get(), path.data(), static_cast<DWORD>(path.size()), flags);
+    const bool fits = length < path.size();
+    path.resize(length);
+    if (fits) return path;
+  }
+}
+
 /// A name that is a link to a folder, which the system removes like a folder.
 bool IsFolderLink(const std::wstring& path) {
   WIN32_FIND_DATAW found;
@@ -62,33 +86,29 @@ Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string&
 
 Result<Entry> WindowsFileSystem::Look(const std::string& path) {
   const std::wstring long_path = LongPath(path);
-  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return LastError();
+  const auto known = KnownOf(long_path);
+  if (!known) return known.error();
   if (HasWildcard(path)) return SystemError(ERROR_INVALID_NAME);
   WIN32_FIND_DATAW found;
   const SearchHandle search(
       ::FindFirstFileExW(long_path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0));
   if (search) return EntryOf(found, long_path.substr(0, long_path.rfind(L'\\') + 1));
-  // The root of a volume is in no folder, so no search finds it.
-  Entry root;
-  root.name = NameOf(path);
-  root.kind = EntryKind::kFolder;
-  root.attributes = attributes & kKnownAttributes;
-  return root;
+  // No search finds the root of a volume, nor what lies in a folder that the user may not list.
+  Entry entry = EntryOf(*known, {});
+  entry.name = NameOf(path);
+  return entry;
 }
 
 Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
   const FileHandle file = OpenForAttributes(LongPath(path));
   if (!file) return LastError();
-  std::wstring name(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = ::GetFinalPathNameByHandleW(file.get(), name.data(), static_cast<DWORD>(name.size()),
-                                                     FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
-    if (length == 0) return LastError();
-    const bool fits = length < name.size();
-    name.resize(length);
-    if (fits) return PlainPath(name);
+  std::wstring name = FinalPath(file, FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
+  // On a share that needs the right to read every folder above.
+  if (name.empty() && ::GetLastError() == ERROR_ACCESS_DENIED) {
+    name = FinalPath(file, FILE_NAME_OPENED | VOLUME_NAME_DOS);
   }
+  if (name.empty()) return LastError();
+  return PlainPath(name);
 }
 
 Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
@@ -182,7 +202,7 @@ Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string
   auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
-  if (!::FlushFileBuffers(file->file().get())) return LastError();
+  if (!::FlushFileBuffers(file->file().get())) return LastError();  // also where no older one is replaced
   return file->ReplaceOnto(long_path);
 }
 

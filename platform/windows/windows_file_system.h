@@ -10,12 +10,15 @@ namespace platform::windows {
 
 /// The file system of Windows.
 ///
+/// A copy is flushed before it replaces an older one: whenever the power fails, one of the two is there
+/// whole. A copy under a new name is not, which would take longer than to copy it: until Flush() has written
+/// it out, a power cut may leave it incomplete.
+///
 /// What Flush() can promise depends on the user's rights. Whoever may open the volume (administrators) has
 /// all of it written out. For everybody else Windows flushes single files only. Then the copies of the last
 /// 15 seconds are written out one by one, the newest first and for about a second, and the disk is told to
 /// empty its own cache. The others are left to the system, whose lazy writer hands an eighth of the changed
-/// pages to the disk each second. That is no promise, but to flush every file of a run would take longer than
-/// to copy it.
+/// pages to the disk each second. That is no promise.
 class WindowsFileSystem : public FileSystem {
  public:
   WindowsFileSystem();

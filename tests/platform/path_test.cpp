@@ -35,6 +35,14 @@ TEST(Path, TakesNameAndParentApart) {
   }
 }
 
+TEST(Path, MakesANameThatEveryProgramCanUseOfATypedOne) {
+  for (const char* typed : {"Photos", "\\Photos\\", "/Photos/ . \\", "Photos ...", "Photos. "}) {
+    EXPECT_EQ(TypedFolderName(typed, kWin), "Photos") << typed;
+  }
+  EXPECT_EQ(TypedFolderName(" .a b.c", kWin), " .a b.c");
+  EXPECT_EQ(TypedFolderName("//a. \\. //", kLin), "a. \\. ");
+}
+
 TEST(Path, KnowsWhatLiesInsideWhat) {
   const std::tuple<PathStyle, const char*, const char*, bool> cases[] = {
       {kLin, "/a/b", "/a", true},    {kLin, "/a", "/a", true},         {kLin, "/ab", "/a", false},

@@ -44,8 +44,9 @@ void Accessibility::SetIsGroup(HWND window) const {
 }
 
 void Accessibility::Forget(HWND window) const {
-  constexpr std::array kAll = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION, PROPID_ACC_ROLE};
-  if (services_) services_->ClearHwndProps(window, kClient, CHILDID_SELF, kAll.data(), kAll.size());
+  const std::array all = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION, PROPID_ACC_ROLE};
+  if (!services_) return;
+  services_->ClearHwndProps(window, kClient, CHILDID_SELF, all.data(), static_cast<int>(all.size()));
 }
 
 }  // namespace ui::win32

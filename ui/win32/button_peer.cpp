@@ -10,8 +10,9 @@ constexpr WindowKind kButton{WC_BUTTONW,
 
 }  // namespace
 
-ButtonPeer::ButtonPeer(Button& button, Toolkit& toolkit) : WindowPeer(button, toolkit, kButton) {
-  window().OnNotice(WM_COMMAND, BN_CLICKED, [&button](const Message&) -> Answer {
+ButtonPeer::ButtonPeer(Button& button, Toolkit& toolkit) : LateFocusPeer(button, toolkit, kButton) {
+  window().OnNotice(WM_COMMAND, BN_CLICKED, [this, &button](const Message&) -> Answer {
+    TellFocus();
     button.UserPressed();
     return 0;
   });
@@ -25,7 +26,7 @@ ButtonPeer::ButtonPeer(Button& button, Toolkit& toolkit) : WindowPeer(button, to
 /// The button that Enter presses has the system's mark of a default button: the one with the focus.
 void ButtonPeer::FocusArrived() {
   Mark(BS_DEFPUSHBUTTON);
-  WindowPeer::FocusArrived();
+  LateFocusPeer::FocusArrived();
 }
 
 void ButtonPeer::Mark(DWORD style) { window().Send(BM_SETSTYLE, style | BS_MULTILINE, TRUE); }

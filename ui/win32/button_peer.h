@@ -1,12 +1,12 @@
 #pragma once
 
 #include "ui/controls.h"
-#include "ui/win32/window_peer.h"
+#include "ui/win32/late_focus_peer.h"
 
 namespace ui::win32 {
 
 /// The system's push button: it tells of a press by mouse, Space and Enter in one way.
-class ButtonPeer : public WindowPeer {
+class ButtonPeer : public LateFocusPeer {
  public:
   ButtonPeer(Button& button, Toolkit& toolkit);
 

@@ -9,8 +9,10 @@ constexpr WindowKind kCheckBox{WC_BUTTONW, WS_CHILD | WS_TABSTOP | WS_CLIPSIBLIN
 
 }  // namespace
 
-CheckBoxPeer::CheckBoxPeer(CheckBox& box, Toolkit& toolkit) : WindowPeer(box, toolkit, kCheckBox), box_(box) {
+CheckBoxPeer::CheckBoxPeer(CheckBox& box, Toolkit& toolkit)
+    : LateFocusPeer(box, toolkit, kCheckBox), box_(box) {
   window().OnNotice(WM_COMMAND, BN_CLICKED, [this](const Message&) -> Answer {
+    TellFocus();
     box_.UserTicked(box_.value() == 0 ? 1 : 0);
     return 0;
   });

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ui/controls.h"
-#include "ui/win32/window_peer.h"
+#include "ui/win32/late_focus_peer.h"
 
 namespace ui::win32 {
 
-class CheckBoxPeer : public WindowPeer {
+class CheckBoxPeer : public LateFocusPeer {
  public:
   CheckBoxPeer(CheckBox& box, Toolkit& toolkit);
 

@@ -13,6 +13,7 @@ inline void ReleaseComObject(IUnknown* object) { object->Release(); }
 template <typename Interface>
 class ComPointer {
  public:
+  ComPointer() = default;
   ComPointer(const CLSID& kind, const IID& interface_id) {
     void* made = nullptr;
     if (SUCCEEDED(CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, interface_id, &made))) {

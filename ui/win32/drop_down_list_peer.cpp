@@ -23,7 +23,7 @@ constexpr UINT kChosen = WM_APP;
 }  // namespace
 
 DropDownListPeer::DropDownListPeer(DropDownList& list, Toolkit& toolkit)
-    : WindowPeer(list, toolkit, kList), list_(list) {
+    : LateFocusPeer(list, toolkit, kList), list_(list) {
   HandleChoice();
   // The system would leave the text at the top of the closed part.
   window().OnNotice(WM_DRAWITEM, 0, [this](const Message& message) -> Answer {
@@ -56,9 +56,15 @@ void DropDownListPeer::HandleChoice() {
     if (!IsDropped()) PostMessageW(handle(), kChosen, TRUE, 0);
     return 0;
   });
+  window().OnNotice(WM_COMMAND, CBN_CLOSEUP, [this](const Message&) -> Answer {
+    TellFocusSoon();
+    return 0;
+  });
   window().On(kChosen, [this](const Message& message) -> Answer {
-    const bool told_before = message.wparam != 0 && Selected() == list_.list_index();
-    if (!told_before) list_.UserSelected(Selected());
+    const int chosen = Selected();
+    TellFocus();  // a message that this brings up would take the choice back
+    const bool told_before = message.wparam != 0 && chosen == list_.list_index();
+    if (!told_before) list_.UserSelected(chosen);
     return 0;
   });
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ui/controls.h"
-#include "ui/win32/window_peer.h"
+#include "ui/win32/late_focus_peer.h"
 
 namespace ui::win32 {
 
-class DropDownListPeer : public WindowPeer {
+class DropDownListPeer : public LateFocusPeer {
  public:
   DropDownListPeer(DropDownList& list, Toolkit& toolkit);
 
@@ -16,6 +16,7 @@ class DropDownListPeer : public WindowPeer {
   void MirrorBounds() override;
   void MirrorFont() override;
   std::optional<Colours> ColoursToDraw() const override;
+  bool IsHeld() const override { return IsDropped(); }
 
  private:
   void HandleChoice();

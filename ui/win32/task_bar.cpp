@@ -4,7 +4,9 @@
 
 namespace ui::win32 {
 
-TaskBar::TaskBar() : list_(CLSID_TaskbarList, IID_ITaskbarList3) {}
+TaskBar::TaskBar() : list_(CLSID_TaskbarList, IID_ITaskbarList3) {
+  if (list_ && FAILED(list_->HrInit())) list_ = {};
+}
 TaskBar::~TaskBar() = default;
 
 void TaskBar::ShowProgress(HWND window, std::optional<double> fraction) const {

@@ -35,8 +35,9 @@ class OpenedClipboard {
 Handle<HGLOBAL, &GlobalFree> ToMemory(const std::wstring& text) {
   const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   Handle<HGLOBAL, &GlobalFree> memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
-  if (!memory) return memory;
-  std::memcpy(GlobalLock(memory.get()), text.c_str(), bytes);
+  void* const place = memory ? GlobalLock(memory.get()) : nullptr;
+  if (place == nullptr) return {};
+  std::memcpy(place, text.c_str(), bytes);
   GlobalUnlock(memory.get());
   return memory;
 }
@@ -61,8 +62,11 @@ void Win32Clipboard::SetText(const std::string& text) {
 std::string Win32Clipboard::Text() {
   const OpenedClipboard opened(owner_.handle());
   const HGLOBAL memory = opened ? GetClipboardData(CF_UNICODETEXT) : nullptr;
-  if (memory == nullptr) return {};
-  const std::string text = FromWide(static_cast<const wchar_t*>(GlobalLock(memory)));
+  const auto* place = memory != nullptr ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
+  if (place == nullptr) return {};
+  // The program that put it there may have forgotten the zero.
+  const std::wstring_view whole(place, GlobalSize(memory) / sizeof(wchar_t));
+  const std::string text = FromWide(whole.substr(0, whole.find(L'\0')));
   GlobalUnlock(memory);
   return text;
 }

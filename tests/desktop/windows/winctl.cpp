@@ -168,9 +168,7 @@ class TheirMemory {
 std::wstring SelectedIn(HWND dialog) {
   HWND tree = nullptr;
   Visitor visitor = [&](HWND control) {
-    wchar_t name[32] = {};
-    GetClassNameW(control, name, 32);
-    if (std::wstring(name) == WC_TREEVIEWW) tree = control;
+    if (ClassOf(control) == WC_TREEVIEWW) tree = control;
   };
   EnumChildWindows(dialog, &Visit, reinterpret_cast<LPARAM>(&visitor));
   wchar_t text[MAX_PATH] = {};

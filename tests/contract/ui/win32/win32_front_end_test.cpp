@@ -29,6 +29,17 @@ TEST_F(Win32FrontEndTest, AListThatIsLeftByEscapeKeepsItsChoice) {
   EXPECT_EQ(count_, 0);
 }
 
+TEST_F(Win32FrontEndTest, TheFocusThatAClickMovesIsToldBetweenTheReleaseAndTheClick) {
+  window_.check.on_click = [this] { EXPECT_TRUE(window_.check.has_focus()); };
+  for (ui::Control* clicked : std::vector<ui::Control*>{&window_.first, &window_.check}) {
+    window_.line.SetFocus();
+    SendMessageW(HandleOf(*clicked), WM_LBUTTONDOWN, 0, 0);
+    EXPECT_TRUE(window_.line.has_focus());
+    SendMessageW(HandleOf(*clicked), WM_LBUTTONUP, 0, 0);
+    EXPECT_TRUE(clicked->has_focus());
+  }
+}
+
 TEST(Win32Text, AZeroDoesNotEndAText) { EXPECT_EQ(ui::win32::ToWide({"a\0", 2}), L"a\xFFFD"); }
 
 }  // namespace contract
