@@ -9,6 +9,7 @@
 
 #include "platform/file_time.h"
 #include "platform/result.h"
+#include "platform/waiting.h"
 
 /// The file system as the program sees it. Paths are absolute UTF-8 texts; names pass through without loss:
 /// on Linux the bytes as they are, on Windows UTF-16 turned into UTF-8 with unpaired surrogates kept as three
@@ -85,9 +86,6 @@ enum class TargetName { kFree, kTaken };
 /// Asked between the blocks of a copy, and before its first one. bytes_written counts this file's bytes from
 /// 0. Returning false ends the copy with ErrorKind::kCancelled.
 using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
-
-/// Called about ten times a second while a call that takes long is under way, from the thread of the call.
-using Waiting = std::function<void()>;
 
 struct CopyOutcome {
   std::int64_t bytes = 0;            ///< the length of the copy

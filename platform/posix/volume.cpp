@@ -7,10 +7,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <chrono>
 #include <climits>
-#include <future>
 
 #include "platform/path.h"
 #include "platform/posix/long_path.h"
@@ -18,8 +15,6 @@
 
 namespace platform::posix {
 namespace {
-
-constexpr std::chrono::milliseconds kWaitingStep{100};
 
 std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
 
@@ -75,13 +70,12 @@ std::string MountPointOf(const std::string& path) {
 Status FlushVolumeOf(const std::string& path, const Waiting& waiting) {
   const auto place = OpenOnVolume(path, O_RDONLY | O_NONBLOCK);
   if (!place) return place.error();
-  std::future<int> error =
-      std::async(std::launch::async, [&place] { return syncfs(place->get()) == 0 ? 0 : errno; });
-  while (error.wait_for(kWaitingStep) != std::future_status::ready) {
-    if (waiting) waiting();
-  }
-  if (const int number = error.get(); number != 0) return ErrorOf(number);
-  return Done{};
+  return DoMeanwhile(
+      [&place]() -> Status {
+        if (syncfs(place->get()) != 0) return LastError();
+        return Done{};
+      },
+      waiting);
 }
 
 }  // namespace platform::posix

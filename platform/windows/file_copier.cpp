@@ -62,7 +62,7 @@ Result<TemporaryFile> FileCopier::CopyBlocks(SourceFile& source, const std::wstr
 
 Result<CopyOutcome> FileCopier::Copy(const std::wstring& source_path, std::int64_t listed_size,
                                      const std::wstring& target_folder, const std::wstring& target_name,
-                                     const CopyWatcher& watcher) {
+                                     TargetName listed, const CopyWatcher& watcher) {
   auto source = SourceFile::Open(source_path);
   if (!source) return source.error();
   CopyOutcome outcome;
@@ -75,7 +75,7 @@ Result<CopyOutcome> FileCopier::Copy(const std::wstring& source_path, std::int64
   }
   const auto attributes = CarryOver(source->info(), *copy);
   if (!attributes) return attributes.error();
-  if (const Status done = copy->ReplaceOnto(target_folder + target_name); !done) return done.error();
+  if (const Status done = copy->Publish(target_folder + target_name, listed); !done) return done.error();
   outcome.source_attributes = source->info().FileAttributes & kKnownAttributes;
   outcome.target_attributes = *attributes;
   return outcome;

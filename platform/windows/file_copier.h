@@ -20,7 +20,7 @@ class FileCopier {
   /// said.
   Result<CopyOutcome> Copy(const std::wstring& source_path, std::int64_t listed_size,
                            const std::wstring& target_folder, const std::wstring& target_name,
-                           const CopyWatcher& watcher);
+                           TargetName listed, const CopyWatcher& watcher);
 
  private:
   Result<TemporaryFile> CopyBlocks(SourceFile& source, const std::wstring& target_folder,

@@ -31,15 +31,13 @@ bool CannotDoThis(DWORD code) {
          code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION;
 }
 
-enum class Existing { kStays, kGoes };
-
 /// 0 or the system's number of the failure.
-DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, Existing existing) {
+DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, TargetName name) {
   const std::size_t name_bytes = to.size() * sizeof(wchar_t);
   const std::size_t bytes = sizeof(FILE_RENAME_INFO) + name_bytes;
   std::vector<std::max_align_t> buffer(bytes / sizeof(std::max_align_t) + 1);
   auto* info = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
-  if (existing == Existing::kGoes) {
+  if (name == TargetName::kTaken) {
     if (way == Way::kPosix) {
       info->Flags = kReplaceIfExists | kPosixSemantics | kIgnoreReadOnly;
     } else {
@@ -53,26 +51,28 @@ DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, Ex
                                                                                          : ::GetLastError();
 }
 
-DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstring& to, Existing existing) {
+DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName name) {
   file.Close();
-  const DWORD flags = existing == Existing::kGoes ? MOVEFILE_REPLACE_EXISTING : 0;
+  const DWORD flags = name == TargetName::kTaken ? MOVEFILE_REPLACE_EXISTING : 0;
   return ::MoveFileExW(from.c_str(), to.c_str(), flags) ? 0 : ::GetLastError();
 }
 
-bool IsDecided(DWORD code) { return code == 0 || code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS; }
+bool IsTaken(DWORD code) { return code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS; }
+
+bool IsDecided(DWORD code) { return code == 0 || IsTaken(code); }
 
 /// By the best way that works.
-DWORD Rename(FileHandle& file, const std::wstring& from, const std::wstring& to, Existing existing) {
+DWORD Rename(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName name) {
   DWORD code = ERROR_NOT_SUPPORTED;
   if (g_way == Way::kPosix) {
-    code = RenameByHandle(file, to, Way::kPosix, existing);
+    code = RenameByHandle(file, to, Way::kPosix, name);
     if (CannotDoThis(code)) g_way = Way::kPlain;
   }
   if (!IsDecided(code) && g_way != Way::kByPath) {
-    code = RenameByHandle(file, to, Way::kPlain, existing);
+    code = RenameByHandle(file, to, Way::kPlain, name);
     if (CannotDoThis(code)) g_way = Way::kByPath;
   }
-  return IsDecided(code) ? code : RenameByPath(file, from, to, existing);
+  return IsDecided(code) ? code : RenameByPath(file, from, to, name);
 }
 
 bool WriteOut(FileHandle& file, const std::wstring& path) {
@@ -85,12 +85,17 @@ bool WriteOut(FileHandle& file, const std::wstring& path) {
 
 }  // namespace
 
-Status RenameOver(FileHandle& file, const std::wstring& from, const std::wstring& to) {
-  // Most names are new: whether one is taken this attempt tells for nothing.
-  if (Rename(file, from, to, Existing::kStays) == 0) return Done{};
-  if (!WriteOut(file, from)) return LastError();
-  if (const DWORD code = Rename(file, from, to, Existing::kGoes); code != 0) return FileError(to, code);
-  return Done{};
+Status RenameOver(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName listed) {
+  // Most names are new, and whether one is taken this attempt tells for nothing.
+  DWORD code = Rename(file, from, to, TargetName::kFree);
+  if (code != 0 && listed == TargetName::kTaken) {
+    if (!WriteOut(file, from)) return LastError();
+    code = Rename(file, from, to, TargetName::kTaken);
+  }
+  if (code == 0) return Done{};
+  Error error = FileError(to, code);
+  if (IsTaken(code)) error.kind = ErrorKind::kNameTaken;
+  return error;
 }
 
 }  // namespace platform::windows

@@ -75,8 +75,8 @@ Status TemporaryFile::CheckLength(std::int64_t length) const {
   return Done{};
 }
 
-Status TemporaryFile::ReplaceOnto(const std::wstring& final_path) {
-  const Status renamed = RenameOver(file_, path_, final_path);
+Status TemporaryFile::Publish(const std::wstring& final_path, TargetName listed) {
+  const Status renamed = RenameOver(file_, path_, final_path, listed);
   if (renamed) path_.clear();
   return renamed;
 }

@@ -4,13 +4,13 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/result.h"
+#include "platform/file_system.h"
 #include "platform/windows/handle.h"
 
 namespace platform::windows {
 
 /// A file on its way to its final name: created under a temporary one in the same folder, and removed again
-/// unless ReplaceOnto() succeeds. One handle serves from creation to the final step.
+/// unless Publish() succeeds. One handle serves from creation to the final step.
 class TemporaryFile {
  public:
   /// `folder` is in the long form and ends in a separator.
@@ -34,8 +34,9 @@ class TemporaryFile {
   /// kShort unless the file is so long.
   Status CheckLength(std::int64_t length) const;
 
-  /// Gives the file its final name in one atomic step, replacing a file that bears it; flushed before that.
-  Status ReplaceOnto(const std::wstring& final_path);
+  /// Gives the file its final name in one atomic step, in place of a file that bears it, and flushed before
+  /// that; with TargetName::kFree only where nothing does, else kNameTaken.
+  Status Publish(const std::wstring& final_path, TargetName listed);
 
  private:
   explicit TemporaryFile(std::wstring path) : path_(std::move(path)) {}

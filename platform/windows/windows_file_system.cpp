@@ -112,11 +112,11 @@ Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
 }
 
 Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                                TargetName, const CopyWatcher& watcher) {
+                                                TargetName listed, const CopyWatcher& watcher) {
   const std::wstring name = Widen(file.name);
   const std::wstring& target_folder = static_cast<const WindowsFolder&>(target).long_path();
   auto outcome = state_->copier.Copy(static_cast<const WindowsFolder&>(source).long_path() + name, file.size,
-                                     target_folder, name, watcher);
+                                     target_folder, name, listed, watcher);
   if (outcome) state_->recent.Add(target_folder + name);
   return outcome;
 }
@@ -203,13 +203,16 @@ Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
   if (!::FlushFileBuffers(file->file().get())) return LastError();  // also where no older one is replaced
-  return file->ReplaceOnto(long_path);
+  return file->Publish(long_path, TargetName::kTaken);
 }
 
-Status WindowsFileSystem::Flush(const std::string& path, const Waiting&) {
-  if (!FlushVolume(path)) return state_->recent.Flush();
-  state_->recent.Forget();
-  return Done{};
+Status WindowsFileSystem::Flush(const std::string& path, const Waiting& waiting) {
+  const auto flush = [this, &path]() -> Status {
+    if (!FlushVolume(path)) return state_->recent.Flush();
+    state_->recent.Forget();
+    return Done{};
+  };
+  return DoMeanwhile(flush, waiting);
 }
 
 std::string WindowsFileSystem::NameKey(const std::string& name) const { return NameKeyOf(name); }

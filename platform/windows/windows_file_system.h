@@ -27,10 +27,8 @@ class WindowsFileSystem : public FileSystem {
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
+  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
                                const CopyWatcher& watcher) override;
-  /// Does nothing: the system reads ahead by itself.
-  void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
   Status CreateFolder(const std::string& path) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;

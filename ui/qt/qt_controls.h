@@ -8,7 +8,7 @@
 #include <QScrollBar>
 
 #include "ui/controls.h"
-#include "ui/qt/qt_late_focus.h"
+#include "ui/qt/qt_late_focus_peer.h"
 #include "ui/qt/qt_widget_peer.h"
 
 /// The peers of the small controls.

@@ -1,4 +1,4 @@
-#include "ui/qt/qt_late_focus.h"
+#include "ui/qt/qt_late_focus_peer.h"
 
 #include <QFocusEvent>
 #include <utility>
