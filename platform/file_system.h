@@ -83,10 +83,6 @@ class Folder {
 /// Whether the caller's listing of the target has something under the name of a file that is to be copied.
 enum class TargetName { kFree, kTaken };
 
-/// Asked between the blocks of a copy, and before its first one. bytes_written counts this file's bytes from
-/// 0. Returning false ends the copy with ErrorKind::kCancelled.
-using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
-
 struct CopyOutcome {
   std::int64_t bytes = 0;            ///< the length of the copy
   Attributes source_attributes = 0;  ///< all three bits of the source
@@ -128,14 +124,14 @@ class FileSystem {
   /// length check, modification time, attributes (read-only and hidden are dropped, system is kept), then one
   /// atomic step gives it its final name and replaces a file that stands there. `target` need not be a fresh
   /// listing. Whatever fails, and whenever the program ends, the final name holds the whole old file or the
-  /// whole new one, also when the power fails; a temporary file is removed on failure, and after a kill is
-  /// recognised by IsTemporaryName(). Where the name was free and the power fails before Flush(), the new
-  /// file may be missing or short. With TargetName::kFree nothing is replaced: kNameTaken when something
-  /// bears the name all the same, such as a name in other letters where the volume does not heed case. A
-  /// read-only or hidden file at the final name is replaced where the system allows it, else kAccessDenied.
-  /// Follows a link at the source; replaces a link at the target. kIsAFolder when a folder bears the final
-  /// name. A source that grows or shrinks meanwhile gives the copy its length at the end of reading; its
-  /// modification time is then read anew.
+  /// whole new one, also when the power fails: a file that replaces another is on the disk before it does; a
+  /// temporary file is removed on failure, and after a kill is recognised by IsTemporaryName(). Where the
+  /// name was free and the power fails before Flush(), the new file may be missing, short, or hold zeros.
+  /// With TargetName::kFree nothing is replaced: kNameTaken when something bears the name all the same, such
+  /// as a name in other letters where the volume does not heed case. A read-only or hidden file at the final
+  /// name is replaced where the system allows it, else kAccessDenied. Follows a link at the source; replaces
+  /// a link at the target. kIsAFolder when a folder bears the final name. A source that grows or shrinks
+  /// meanwhile gives the copy its length at the end of reading; its modification time is then read anew.
   virtual Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
                                        TargetName name, const CopyWatcher& watcher) = 0;
 

@@ -13,4 +13,11 @@ Status DoMeanwhile(const std::function<Status()>& work, const Waiting& waiting) 
   return done.get();
 }
 
+Status DoMeanwhile(const std::function<Status()>& work, const CopyWatcher& watcher, std::int64_t bytes) {
+  bool goes_on = true;
+  const Status done = DoMeanwhile(work, [&] { goes_on = goes_on && (!watcher || watcher(bytes)); });
+  if (done && !goes_on) return Error{ErrorKind::kCancelled, 0, {}};
+  return done;
+}
+
 }  // namespace platform

@@ -69,6 +69,10 @@ Result<CopyOutcome> FileCopier::Copy(const PosixFolder& source, const Entry& fil
   // A volume without permissions refuses this, and the copy is whole all the same.
   if ((mode & mask_) != 0) static_cast<void>(fchmod(output.handle(), mode) == 0);
   if (const Status carried = CarryTime(output.handle(), input->facts); !carried) return carried.error();
+  if (name == TargetName::kTaken && output.NeedsWriteOut()) {
+    const Status safe = DoMeanwhile([&output] { return output.WriteOut(); }, watcher, outcome.bytes);
+    if (!safe) return safe.error();
+  }
   if (const Status published = output.Publish(file.name, name); !published) return published.error();
   return outcome;
 }

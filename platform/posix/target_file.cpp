@@ -29,20 +29,6 @@ Error PublishError() {
   return error;
 }
 
-/// Whether the volume itself sees to it that the data of a file is on the disk before the file replaces
-/// another one: ext4 does, unless it is told not to (auto_da_alloc in the kernel's admin-guide/ext4).
-bool OrdersDataBeforeRenames(int file) {
-  struct statfs facts = {};
-  return fstatfs(file, &facts) == 0 && facts.f_type == EXT4_SUPER_MAGIC;
-}
-
-Status FlushBeforeRename(int file) {
-  if (OrdersDataBeforeRenames(file) || fdatasync(file) == 0) return Done{};
-  // What cannot be flushed one by one is left to the end of the run.
-  if (errno == EINVAL || errno == ENOSYS) return Done{};
-  return LastError();
-}
-
 }  // namespace
 
 Status TargetFile::Create(PosixFolder& folder, mode_t mode) {
@@ -69,6 +55,20 @@ Status TargetFile::CreateNamed(int folder, mode_t mode) {
   return Done{};
 }
 
+/// The kernel's admin-guide/ext4 promises that for the mount option auto_da_alloc, which is on unless it is
+/// switched off.
+bool TargetFile::NeedsWriteOut() const {
+  struct statfs facts = {};
+  return fstatfs(handle(), &facts) != 0 || facts.f_type != EXT4_SUPER_MAGIC;
+}
+
+Status TargetFile::WriteOut() const {
+  if (fdatasync(handle()) == 0) return Done{};
+  // What cannot be flushed one by one is left to the end of the run.
+  if (errno == EINVAL || errno == ENOSYS) return Done{};
+  return LastError();
+}
+
 Status TargetFile::Publish(const std::string& name, TargetName listed) {
   return temporary_.empty() ? LinkTo(name, listed) : RenameTo(name, listed);
 }
@@ -83,9 +83,6 @@ Status TargetFile::LinkTo(const std::string& name, TargetName listed) {
 }
 
 Status TargetFile::RenameTo(const std::string& name, TargetName listed) {
-  if (listed == TargetName::kTaken) {
-    if (Status flushed = FlushBeforeRename(handle()); !flushed) return flushed;
-  }
   if (Status closed = Close(); !closed) return closed;
   if (!Rename(name.c_str(), listed)) return PublishError();
   temporary_.clear();

@@ -26,8 +26,13 @@ class TargetFile {
 
   int handle() const { return handle_.get(); }
 
+  /// Whether WriteOut() is to be called before the file replaces another one: ext4 sees to that itself.
+  bool NeedsWriteOut() const;
+  /// Returns when the data is on the disk.
+  Status WriteOut() const;
+
   /// Gives the file its final name, in place of what bears it; with TargetName::kFree only where nothing
-  /// does, else kNameTaken. A file that replaces another is on the disk before it does.
+  /// does, else kNameTaken.
   Status Publish(const std::string& name, TargetName listed);
 
  private:

@@ -75,6 +75,10 @@ Result<CopyOutcome> FileCopier::Copy(const std::wstring& source_path, std::int64
   }
   const auto attributes = CarryOver(source->info(), *copy);
   if (!attributes) return attributes.error();
+  if (listed == TargetName::kTaken) {
+    const Status safe = DoMeanwhile([&copy] { return copy->WriteOut(); }, watcher, outcome.bytes);
+    if (!safe) return safe.error();
+  }
   if (const Status done = copy->Publish(target_folder + target_name, listed); !done) return done.error();
   outcome.source_attributes = source->info().FileAttributes & kKnownAttributes;
   outcome.target_attributes = *attributes;

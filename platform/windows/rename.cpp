@@ -61,8 +61,8 @@ bool IsTaken(DWORD code) { return code == ERROR_ALREADY_EXISTS || code == ERROR_
 
 bool IsDecided(DWORD code) { return code == 0 || IsTaken(code); }
 
-/// By the best way that works.
-DWORD Rename(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName name) {
+/// By the best way that works. 0 or the system's number of the failure.
+DWORD RenameSomehow(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName name) {
   DWORD code = ERROR_NOT_SUPPORTED;
   if (g_way == Way::kPosix) {
     code = RenameByHandle(file, to, Way::kPosix, name);
@@ -75,23 +75,10 @@ DWORD Rename(FileHandle& file, const std::wstring& from, const std::wstring& to,
   return IsDecided(code) ? code : RenameByPath(file, from, to, name);
 }
 
-bool WriteOut(FileHandle& file, const std::wstring& path) {
-  if (!file) {
-    file = FileHandle(
-        ::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
-  }
-  return file && ::FlushFileBuffers(file.get());
-}
-
 }  // namespace
 
-Status RenameOver(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName listed) {
-  // Most names are new, and whether one is taken this attempt tells for nothing.
-  DWORD code = Rename(file, from, to, TargetName::kFree);
-  if (code != 0 && listed == TargetName::kTaken) {
-    if (!WriteOut(file, from)) return LastError();
-    code = Rename(file, from, to, TargetName::kTaken);
-  }
+Status Rename(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName listed) {
+  const DWORD code = RenameSomehow(file, from, to, listed);
   if (code == 0) return Done{};
   Error error = FileError(to, code);
   if (IsTaken(code)) error.kind = ErrorKind::kNameTaken;

@@ -75,8 +75,13 @@ Status TemporaryFile::CheckLength(std::int64_t length) const {
   return Done{};
 }
 
+Status TemporaryFile::WriteOut() const {
+  if (!::FlushFileBuffers(file_.get())) return LastError();
+  return Done{};
+}
+
 Status TemporaryFile::Publish(const std::wstring& final_path, TargetName listed) {
-  const Status renamed = RenameOver(file_, path_, final_path, listed);
+  const Status renamed = Rename(file_, path_, final_path, listed);
   if (renamed) path_.clear();
   return renamed;
 }

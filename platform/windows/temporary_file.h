@@ -34,8 +34,11 @@ class TemporaryFile {
   /// kShort unless the file is so long.
   Status CheckLength(std::int64_t length) const;
 
-  /// Gives the file its final name in one atomic step, in place of a file that bears it, and flushed before
-  /// that; with TargetName::kFree only where nothing does, else kNameTaken.
+  /// Returns when the data is on the disk.
+  Status WriteOut() const;
+
+  /// Gives the file its final name in one atomic step, in place of a file that bears it; with
+  /// TargetName::kFree only where nothing does, else kNameTaken.
   Status Publish(const std::wstring& final_path, TargetName listed);
 
  private:
