@@ -72,7 +72,7 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
   for (const auto& [words, commands] : cases) {
     Program program({"/src/a"});
     program.context.has_display = words != "shutdown without display";
-    program.front_end.when_idle = [&] {
+    program.front_end.when_idle = [&, by_click = words == "shutdown"] {
       frmMain& main = *program.window;
       if (!main.PopUpWindow().visible()) return;
       EXPECT_EQ(
@@ -81,7 +81,7 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
       EXPECT_EQ(main.PopUpWindow().Timer1.interval(), 60'000);
       EXPECT_EQ(program.shell.commands, Commands{called_off[0]});
       EXPECT_FALSE(main.cmdBackupAllFiles.reachable() || main.cmdSpecifyDirectory[0].reachable());
-      words == "shutdown" ? Click(main.PopUpWindow().lblMessage) : main.UserPressedEscape();
+      by_click ? Click(main.PopUpWindow().lblMessage) : main.UserPressedEscape();
     };
     program.StartWithSetup(words);
     EXPECT_EQ(program.shell.commands, commands) << words;
