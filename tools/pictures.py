@@ -65,10 +65,11 @@ def linux(root, prefix):
         screen.end()
 
 
-def windows(prefix):
+def windows(root, prefix):
     import wine_desktop
     screen = desktop.Screen()
     wine = wine_desktop.Wine(screen)
+    wine.drive("q", root)
     program = wine_desktop.Program(wine, [])
     try:
         take_all(program, prefix)

@@ -61,7 +61,7 @@ QtFrontEnd::QtFrontEnd(int& argc, char** argv) {
   QApplication::setStyle(new CalmStyle);  // the application owns it
   QApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setDesktopFileName(kDesktopFile);
-  QGuiApplication::setWindowIcon(QIcon::fromTheme(kDesktopFile));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(kDesktopFile, QIcon(":/quorvane.png")));
   dialogs_ = std::make_unique<QtDialogs>(*this);
   clipboard_ = std::make_unique<QtClipboard>();
 }
