@@ -85,7 +85,7 @@ std::string LeftOutText(const FactsToTell& tell) {
   const PreviewFindings& findings = tell.findings;
   std::string text = "Files whose path holds one of these:";
   for (const PreviewFindings::Hits& hits : findings.hits) {
-    text += "\r\n" + Quoted(hits.pattern);
+    text += "\r\n" + Quoted(hits.typed);
     if (!findings.first_level_known) continue;
     text += ": ";
     if (hits.names.empty()) {
@@ -133,10 +133,10 @@ void DoubtThePatterns(const FactsToTell& tell, std::vector<std::string>& doubts)
   std::vector<std::string> short_ones;
   for (const PreviewFindings::Hits& hits : tell.findings.hits) {
     if (source.find(hits.pattern) != std::string::npos) {
-      doubts.push_back("The path of the source folder itself holds " + Quoted(hits.pattern) +
+      doubts.push_back("The path of the source folder itself holds " + Quoted(hits.typed) +
                        ", so every file is left out.");
     } else if (base::utf8::Length(hits.pattern) <= kShortPattern) {
-      short_ones.push_back(Quoted(hits.pattern));
+      short_ones.push_back(Quoted(hits.typed));
     }
   }
   if (short_ones.empty()) return;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "engine/wildcard_match.h"
 #include "platform/path.h"
 
 namespace app {
@@ -36,7 +37,8 @@ OperationPreview::OperationPreview(platform::FileSystem& files, const engine::Ru
       rules_(engine::RulesOf(request)) {
   findings_.target_in_source = nesting_.TargetIsInSource();
   findings_.source_in_target = nesting_.SourceIsInTarget();
-  for (const std::string& pattern : rules_.filters.skip_patterns) findings_.hits.push_back({pattern, {}});
+  for (const std::string& typed : engine::SplitSkipFilepaths(setup_.SkipFilepaths))
+    findings_.hits.push_back({typed, engine::NormaliseForMatch(typed), {}});
   for (auto name = setup_.IncludedFolders.rbegin(); name != setup_.IncludedFolders.rend(); ++name) {
     pending_.push_back({platform::JoinPath(setup_.SourceFolder, *name),
                         platform::JoinPath(setup_.TargetFolder, *name), Level::kIncluded});

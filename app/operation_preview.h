@@ -16,7 +16,8 @@ namespace app {
 struct PreviewFindings {
   /// What one skip pattern leaves out among the source's own files and the included folders.
   struct Hits {
-    std::string pattern;
+    std::string typed;
+    std::string pattern;  ///< in the form of engine::NormaliseForMatch()
     std::vector<std::string> names;
   };
 

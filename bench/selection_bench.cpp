@@ -22,4 +22,4 @@ BENCHMARK_CAPTURE(DecideOnAFile, without_filters, {});
 BENCHMARK_CAPTURE(DecideOnAFile, with_an_extension, {"txt", {}, {}});
 BENCHMARK_CAPTURE(DecideOnAFile, with_a_wildcard, {"t*t", {}, {}});
 BENCHMARK_CAPTURE(DecideOnAFile, with_five_patterns,
-                  {{}, engine::SplitSkipFilepaths("cache/, .tmp, /old/, thumbs.db, backup of"), {}});
+                  {{}, engine::SkipPatterns("cache/, .tmp, /old/, thumbs.db, backup of"), {}});

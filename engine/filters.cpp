@@ -21,10 +21,16 @@ std::vector<std::string> SplitSkipFilepaths(std::string_view skip_filepaths) {
   while (true) {
     const std::size_t comma = skip_filepaths.find(',');
     const std::string_view pattern = TrimBlanks(skip_filepaths.substr(0, comma));
-    if (!pattern.empty()) patterns.push_back(NormaliseForMatch(pattern));
+    if (!pattern.empty()) patterns.emplace_back(pattern);
     if (comma == std::string_view::npos) return patterns;
     skip_filepaths.remove_prefix(comma + 1);
   }
+}
+
+std::vector<std::string> SkipPatterns(std::string_view skip_filepaths) {
+  std::vector<std::string> patterns = SplitSkipFilepaths(skip_filepaths);
+  for (std::string& pattern : patterns) pattern = NormaliseForMatch(pattern);
+  return patterns;
 }
 
 bool FileMatchesExtension(std::string_view path, std::string_view pattern, bool without_extension) {

@@ -96,7 +96,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
 SelectionRules RulesOf(const RunRequest& request) {
   const app::Setup& setup = request.setup;
   return {request.operation,
-          {setup.FileExtension, SplitSkipFilepaths(setup.SkipFilepaths), request.modified_since},
+          {setup.FileExtension, SkipPatterns(setup.SkipFilepaths), request.modified_since},
           request.skip_picture_caches};
 }
 

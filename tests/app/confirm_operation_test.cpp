@@ -79,10 +79,10 @@ TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopy) {
 TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevelAndScrollsToTheLast) {
   tree::Add(files, {"/src/Temp/", "/src/other/", "/src/template/", "/src/temp.txt"});
   request.setup.IncludedFolders = {"Temp", "other"};
-  request.setup.SkipFilepaths = "/temp/, temp, nothing";
+  request.setup.SkipFilepaths = "/Temp/, temp, nothing";
   EXPECT_EQ(FactAtTheEnd("Left out"),
             "Files whose path holds one of these:\r\n"
-            "\"/temp/\": 1 of 3 names on the first level: Temp\r\n"
+            "\"/Temp/\": 1 of 3 names on the first level: Temp\r\n"
             "\"temp\": 2 of 3 names on the first level: Temp, temp.txt\r\n"
             "\"nothing\": none of the 3 names on the first level");
   for (int i = 0; i < 60; ++i) request.setup.SkipFilepaths += ",pattern " + std::to_string(i);

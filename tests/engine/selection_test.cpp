@@ -37,8 +37,8 @@ TEST(WildcardMatch, KnowsAnyRunAndOneCharacterAndStaysQuickWhenItBacktracks) {
 }
 
 TEST(Filters, SkipPatternsAreTrimmedLoweredAndWithoutEmptyOnes) {
-  EXPECT_EQ(SplitSkipFilepaths(" \\Temp ,, ,x y,"), (std::vector<std::string>{"/temp", "x y"}));
-  EXPECT_TRUE(PathMatchesSkipFilepaths("/src/TEMP/a.txt", SplitSkipFilepaths("b.doc,\\temp\\")));
+  EXPECT_EQ(SkipPatterns(" \\Temp ,, ,x y,"), (std::vector<std::string>{"/temp", "x y"}));
+  EXPECT_TRUE(PathMatchesSkipFilepaths("/src/TEMP/a.txt", SkipPatterns("b.doc,\\temp\\")));
 }
 
 TEST(Filters, ExtensionIsWhatFollowsTheLastDotOfTheLastPart) {
