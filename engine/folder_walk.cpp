@@ -36,11 +36,6 @@ void Add(const FileCounts& folder, FileCounts& totals) {
   totals.due += folder.due;
 }
 
-/// A name that does not lead out of the folder, nor deeper into it than one level.
-bool IsPlainName(const std::string& name) {
-  return !name.empty() && name != "." && name != ".." && platform::NameOf(name) == name;
-}
-
 std::optional<EntryKind> KindAt(platform::FileSystem& files, const std::string& path) {
   const auto entry = files.Look(path);
   return entry ? std::optional(entry->kind) : std::nullopt;
@@ -98,7 +93,7 @@ std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
 /// Nothing, and a line, when the name stands for no subfolder of the source that may be walked.
 std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string& name) {
   const std::string source = platform::JoinPath(plan_.source, name);
-  const auto kind = IsPlainName(name) ? KindAt(tools_.files, source) : std::nullopt;
+  const auto kind = platform::IsPlainName(name) ? KindAt(tools_.files, source) : std::nullopt;
   if (kind != EntryKind::kFolder) {
     const bool is_link = kind == EntryKind::kFolderLink;
     Warn(NoticeLine(tools_, is_link ? text::kLinkNotFollowed : text::kIncludedFolderGone, source));

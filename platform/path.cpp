@@ -1,5 +1,7 @@
 #include "platform/path.h"
 
+#include <algorithm>
+
 namespace platform {
 namespace {
 
@@ -40,6 +42,12 @@ std::string JoinPath(std::string_view folder, std::string_view name, PathStyle s
   std::string result = FolderForm(folder, style);
   result += name;
   return result;
+}
+
+bool IsPlainName(std::string_view name, PathStyle style) {
+  return !name.empty() && name != "." && name != ".." &&
+         std::none_of(name.begin(), name.end(),
+                      [style](char c) { return c == '\0' || IsSeparator(c, style); });
 }
 
 std::string_view NameOf(std::string_view path, PathStyle style) {

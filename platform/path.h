@@ -26,6 +26,10 @@ std::string_view BehindRoot(std::string_view path, PathStyle style = NativePathS
 /// alone.
 std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style = NativePathStyle());
 
+/// Whether a text can be the name of one file or folder: not empty, neither "." nor "..", without separators
+/// and zeros.
+bool IsPlainName(std::string_view name, PathStyle style = NativePathStyle());
+
 /// The part behind the last separator; the whole path when it has none.
 std::string_view NameOf(std::string_view path, PathStyle style = NativePathStyle());
 

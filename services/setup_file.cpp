@@ -1,8 +1,5 @@
 #include "services/setup_file.h"
 
-#include <algorithm>
-#include <string_view>
-
 #include "base/utf8.h"
 #include "platform/path.h"
 #include "services/date_pr2.h"
@@ -43,18 +40,12 @@ std::string DoesNotExist(const std::string& which, const std::string& folder) {
   return which + " folder " + base::utf8::Printable(folder) + " does not exist.";
 }
 
-/// Whether a line can be the name of a first-level subfolder. A file from elsewhere could otherwise lead out
-/// of the source folder.
-bool IsPlainName(std::string_view name) {
-  return !name.empty() && name != "." && name != ".." &&
-         std::ranges::none_of(name, [](char c) { return c == '\0' || platform::IsSeparator(c); });
-}
-
+/// A file from elsewhere could otherwise lead out of the source folder by a name.
 void KeepExistingFolders(platform::FileSystem& files, LoadedSetup& loaded) {
   const std::string& source = loaded.setup.SourceFolder;
   if (source.empty()) return loaded.setup.IncludedFolders.clear();
   std::erase_if(loaded.setup.IncludedFolders, [&](const std::string& name) {
-    const bool exists = IsPlainName(name) && FolderExists(files, platform::JoinPath(source, name));
+    const bool exists = platform::IsPlainName(name) && FolderExists(files, platform::JoinPath(source, name));
     if (!exists) loaded.gone.push_back(DoesNotExist("Included", name));
     return !exists;
   });
