@@ -212,7 +212,6 @@ class frmMain : public ui::Form {
 
   void OpenSaveSetupFrame(bool load);
   services::LoadedSetup LoadOperationFile(const std::string& path);
-  std::vector<std::string> WhatWasLost(const services::LoadedSetup& loaded) const;
   void LoadSetupFromFile();
   void SaveSetupInFile();
   bool SaveSetup(const std::string& path, bool show_pop_up);
@@ -233,8 +232,10 @@ class frmMain : public ui::Form {
   report::frmPopUp hint_;
   const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
   Setup restore_snapshot_;
-  /// What the start-up found missing and said nothing about; an unattended run reports it.
-  std::vector<std::string> lost_at_start_;
+  /// What the start-up found wrong with the last-run setup and said nothing about; an unattended run reports
+  /// it: why the setup could be read only in part, and what of it is missing.
+  std::string not_read_at_start_;
+  std::vector<std::string> gone_at_start_;
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;

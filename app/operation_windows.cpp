@@ -96,6 +96,12 @@ void OperationWindows::EndWithProgram() {
   if (report_) report_->Hide();
 }
 
+void OperationWindows::RefuseUnattended(const std::string& reason) {
+  engine::RunOutcome outcome;
+  outcome.status = engine::kSetupNotRead;
+  ReportUnattended(outcome, reason, 0);
+}
+
 void OperationWindows::PrepareFor(Operation operation) {
   main_.CurrentOperation = operation;
   if (!IsListOperation(operation)) main_.RefreshFreeSpaceLabel();

@@ -39,6 +39,8 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   /// For an unattended run: when it began, and what of its setup was lost while it was loaded. The report
   /// begins with these lines; what was lost counts as warnings.
   void SetUnattendedHeading(std::string begin, std::vector<std::string> lost);
+  /// Reports that an unattended run does not begin, for this reason.
+  void RefuseUnattended(const std::string& reason);
   /// The program ends: stops a run that is still on its way and hides the report.
   void EndWithProgram();
 
@@ -61,7 +63,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool SuppressDetailedReports() const override;
   bool PauseAfterFirstCopy() const override;
   bool Unattended() const override;
-  bool SnipFullReport() const override { return IsCopyOperation(operation_); }
+  bool SnipFullReport() const override { return IsListOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;
   report::RunningCounts Counts() const override;

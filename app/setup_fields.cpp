@@ -67,16 +67,6 @@ services::LoadedSetup frmMain::LoadOperationFile(const std::string& path) {
   return loaded;
 }
 
-/// A sentence for each thing that a setup file says and the loaded setup does not.
-std::vector<std::string> frmMain::WhatWasLost(const services::LoadedSetup& loaded) const {
-  std::vector<std::string> lost = loaded.gone;
-  if (loaded.result != 0) {
-    lost.push_back(Text(text::kSetupNotRead) + " " + LastRunSetupPath + " " +
-                   services::InputErrorText(loaded.result));
-  }
-  return lost;
-}
-
 void frmMain::LoadLastRunSetup(bool show_message) {
   const auto file = context_.files.Look(LastRunSetupPath);
   if (file && file->kind == platform::EntryKind::kFile) {
@@ -85,7 +75,11 @@ void frmMain::LoadLastRunSetup(bool show_message) {
           *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
     }
     const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
-    if (!FormLoaded) lost_at_start_ = WhatWasLost(loaded);
+    if (!FormLoaded) gone_at_start_ = loaded.gone;
+    if (!FormLoaded && loaded.result != 0) {
+      not_read_at_start_ =
+          Text(text::kSetupNotRead) + " " + LastRunSetupPath + " " + services::InputErrorText(loaded.result);
+    }
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();

@@ -87,9 +87,14 @@ void frmMain::RunUnattended() {
   Show();
   RunningFromCommandLine = true;
   operation_windows_.SetUnattendedHeading(DatePr2::TimeStamp(context_.clock, context_.locale),
-                                          lost_at_start_);
-  chkSaveSetupOnQuit.SetValue(1);
-  cmdBackupModifiedFiles_MouseUp();
+                                          gone_at_start_);
+  // A part of a setup may name another target: what was read of it is shown, not run, and not saved.
+  if (not_read_at_start_.empty()) {
+    chkSaveSetupOnQuit.SetValue(1);
+    cmdBackupModifiedFiles_MouseUp();
+  } else {
+    operation_windows_.RefuseUnattended(not_read_at_start_);
+  }
   RunningFromCommandLine = false;
   // Ended by the user during the run: only now is it known what came of it.
   if (context_.front_end.quitting()) return EndProgram();

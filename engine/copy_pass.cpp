@@ -1,7 +1,5 @@
 #include "engine/copy_pass.h"
 
-#include <utility>
-
 #include "base/utf8.h"
 #include "engine/failure_text.h"
 #include "engine/file_proc.h"
@@ -47,12 +45,8 @@ bool IsLink(platform::FileSystem& files, const std::string& folder, const std::s
 }  // namespace
 
 CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
-                   std::string target_root)
-    : tools_(tools),
-      listener_(listener),
-      pulse_(pulse),
-      totals_(totals),
-      target_root_(std::move(target_root)) {}
+                   const TargetRoot& target_root)
+    : tools_(tools), listener_(listener), pulse_(pulse), totals_(totals), target_root_(target_root) {}
 
 CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
   if (!HasSpaceFor(file) || !HasTargetFolder(folders, file) || !CanBeReplaced(folders, file)) {
@@ -86,7 +80,7 @@ std::optional<double> CopyPass::FreeBytes(double wanted) {
   double total_bytes = 0;
   free_bytes_.reset();
   free_bytes_asked_ = now;
-  if (tools_.GetDiskSpace(target_root_, free_bytes, total_bytes) == 0) free_bytes_ = free_bytes;
+  if (tools_.GetDiskSpace(target_root_.path(), free_bytes, total_bytes) == 0) free_bytes_ = free_bytes;
   return free_bytes_;
 }
 
@@ -156,7 +150,7 @@ void CopyPass::Fail(const Candidate& file, const platform::Error& error) {
 }
 
 void CopyPass::FailForTarget(const Candidate& file, const platform::Error& error) {
-  listener_.WriteLine(TargetFailureLine(tools_, file.SourcePath(), error));
+  listener_.WriteLine(TargetFailureLine(tools_, text::kNotCopied, file.SourcePath(), error));
 }
 
 }  // namespace engine

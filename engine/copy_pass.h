@@ -20,7 +20,8 @@ enum class CopyResult { kCopied, kFailed, kCancelled };
 class CopyPass {
  public:
   /// `target_root`: the setup's target folder; its disk's free space counts.
-  CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, std::string target_root);
+  CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
+           const TargetRoot& target_root);
 
   CopyResult Copy(FolderPair& folders, const Candidate& file);
 
@@ -44,7 +45,7 @@ class CopyPass {
   Listener& listener_;
   Pulse& pulse_;
   Totals& totals_;
-  std::string target_root_;
+  const TargetRoot& target_root_;
   std::string folder_given_up_;  ///< a target folder that was asked about: nothing goes there or below
   platform::Error why_given_up_;
   std::optional<double> free_bytes_;  ///< when last asked, less what was copied since

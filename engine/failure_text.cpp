@@ -63,9 +63,10 @@ std::string FailureLine(const Tools& tools, int lead_text, const std::string& pa
   return Line(tools, lead_text, path, SentenceOf(error.kind), error);
 }
 
-std::string TargetFailureLine(const Tools& tools, const std::string& path, const platform::Error& error) {
+std::string TargetFailureLine(const Tools& tools, int lead_text, const std::string& path,
+                              const platform::Error& error) {
   const bool gone = error.kind == platform::ErrorKind::kNotFound;
-  return Line(tools, text::kNotCopied, path, gone ? text::kReasonTargetGone : SentenceOf(error.kind), error);
+  return Line(tools, lead_text, path, gone ? text::kReasonTargetGone : SentenceOf(error.kind), error);
 }
 
 }  // namespace engine

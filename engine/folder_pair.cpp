@@ -32,9 +32,10 @@ Status FolderPair::OpenTarget() {
   return platform::Done{};
 }
 
-Status FolderPair::EnsureTarget(const std::string& root) {
+Status FolderPair::EnsureTarget(const TargetRoot& root) {
   if (target_) return platform::Done{};
-  const Status created = CreateWithParents(target_path_, root);
+  if (!root.IsThere()) return platform::Error{ErrorKind::kNotFound, 0, {}};
+  const Status created = CreateWithParents(target_path_, root.path());
   if (!created && created.error().kind != ErrorKind::kAlreadyExists) return created;
   const Status opened = OpenTarget();
   // A file or a dead link bears the name of the folder, or that of one above it.

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/target_root.h"
 #include "platform/file_system.h"
 
 namespace engine {
@@ -22,9 +23,9 @@ class FolderPair {
   platform::Status OpenTarget();
 
   /// Makes sure that the target folder is there and open, creating it and the folders above it where they are
-  /// missing. `root`, the target of the run, is never created: where it has gone, its disk has. kNotFound
-  /// then.
-  platform::Status EnsureTarget(const std::string& root);
+  /// missing. `root`, the target of the run, is never created, nor is anything made where it lay: kNotFound
+  /// when it is gone.
+  platform::Status EnsureTarget(const TargetRoot& root);
 
   const platform::Folder& source() const { return *source_; }
   const std::string& target_path() const { return target_path_; }

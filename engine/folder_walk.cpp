@@ -48,8 +48,9 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       listener_(listener),
       plan_(std::move(plan)),
       nesting_(tools.files, plan_.source, plan_.left_out),
+      target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
-      copy_pass_(tools, listener, pulse_, totals_, plan_.target) {}
+      copy_pass_(tools, listener, pulse_, totals_, target_root_) {}
 
 const Totals& FolderWalk::Run() {
   PushRoots();
@@ -159,6 +160,12 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
 /// False when nothing can be said about the files because the target folder cannot be read.
 bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   if (folder.target.empty() || !folder.target_may_exist) return true;
+  if (!target_root_.IsThere()) {
+    ++totals_.unread_folders;
+    const platform::Error gone{platform::ErrorKind::kNotFound, 0, {}};
+    listener_.WriteLine(TargetFailureLine(tools_, text::kNotRead, folder.target, gone));
+    return false;
+  }
   const platform::Status opened = pair.OpenTarget();
   if (opened) return true;
   const auto kind = opened.error().kind;

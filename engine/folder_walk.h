@@ -85,6 +85,7 @@ class FolderWalk {
   Listener& listener_;
   WalkPlan plan_;
   Nesting nesting_;
+  TargetRoot target_root_;
   Totals totals_;
   Pulse pulse_;
   CopyPass copy_pass_;

@@ -82,6 +82,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
   if (IsCopyOperation(request.operation) && outcome.totals.counts.copied > 0) {
     outcome.terminated |= !FlushTarget(host, tools, plan, listener);
   }
+  if (walk.OperationTerminated()) listener.WriteLine(tools.texts.GetProgramText(text::kEndedEarly));
   if (outcome.cancelled) listener.WriteLine(tools.texts.GetProgramText(text::kCancelledByUser));
   host.WriteSummary(outcome.totals);
 

@@ -23,6 +23,7 @@ inline constexpr std::int16_t kTargetWriteProtected = -106;
 inline constexpr std::int16_t kTargetIsSource = -107;
 inline constexpr std::int16_t kSourceNotReadable = -108;
 inline constexpr std::int16_t kNotConfirmed = -109;
+inline constexpr std::int16_t kSetupNotRead = -110;
 
 /// What is to be run.
 struct RunRequest {

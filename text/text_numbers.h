@@ -109,6 +109,8 @@ inline constexpr int kNotFlushed = 533;          ///< lead word: why
 inline constexpr int kMountNotFollowed = 534;    ///< lead word
 inline constexpr int kFolderNameTaken = 535;     ///< lead word
 inline constexpr int kFlushing = 536;
+inline constexpr int kChangedMeanwhile = 537;  ///< lead word
+inline constexpr int kEndedEarly = 538;
 
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;

@@ -42,6 +42,7 @@ TEST(CopyPass, AsksOnceAboutAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
     scene.go_on = go_on;
     EXPECT_EQ(scene.BackUp(), go_on ? "new 4, copied 1, failed 3" : "new 1, failed 1, terminated 1");
     EXPECT_EQ(scene.questions, 1);
+    EXPECT_NE(scene.Wrote("Ended early."), go_on);
   }
 }
 

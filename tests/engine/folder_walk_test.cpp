@@ -89,14 +89,20 @@ TEST(FolderWalk, TwoFoldersThatTheTargetTakesForOneDoNotMix) {
   EXPECT_TRUE(scene.Wrote("Same name: /src/docs|") && scene.Wrote("Same name: /src/Docs/in|"));
 }
 
-TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnew) {
-  Scene scene({"/src/in/a"}, {"in"});
-  scene.files.Before([&scene](auto, const std::string& path) {
-    if (path == "/dst/in") scene.files.Remove("/dst");
-  });
-  EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
-  EXPECT_TRUE(scene.Wrote("Not copied: /src/in/a. Target gone.")) << scene.lines;
-  EXPECT_FALSE(scene.files.Exists("/dst"));
+TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnewNorTakenForAnotherFolder) {
+  for (const bool bare_mount_point : {false, true}) {
+    Scene scene({"/src/in/a", "/src/next/b"}, {"in", "next"});
+    scene.files.Before([&](platform::memory::Call call, const std::string& path) {
+      if (path != "/dst/in" || call != platform::memory::Call::kOpenFolder) return;
+      scene.files.MountAgain("/dst", "/elsewhere");
+      scene.files.Remove("/dst");
+      if (bare_mount_point) scene.files.AddFolder("/dst");
+    });
+    EXPECT_EQ(scene.BackUp(), "new 1, failed 1, unread 1");
+    EXPECT_TRUE(scene.Wrote("Not copied: /src/in/a. Target gone.") &&
+                scene.Wrote("Not read: /dst/next. Target gone."));
+    EXPECT_EQ(scene.Copies(), "");
+  }
 }
 
 TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {

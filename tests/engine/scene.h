@@ -106,7 +106,7 @@ class Scene : public RunHost, public Listener {
       "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n520 Not "
       "read:\n521 Link:\n522 Dead:\n523 Special:\n"
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
-      "533 Not flushed:\n534 Mount:\n535 Same name:\n"};
+      "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,
