@@ -63,6 +63,10 @@ CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
     return CopyResult::kFailed;
   }
   CarryAttributes(folders, file, *outcome);
+  if (outcome->changed) {
+    ++totals_.warnings;
+    listener_.WriteLine(NoticeLine(tools_, text::kChangedMeanwhile, file.SourcePath()));
+  }
   if (free_bytes_) *free_bytes_ -= static_cast<double>(outcome->bytes);
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome->bytes);

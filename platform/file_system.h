@@ -80,6 +80,10 @@ class Folder {
   bool is_mount_point_ = false;
 };
 
+/// How much earlier than its source a copy is dated whose source changed meanwhile: nobody takes it for a
+/// difference of clocks or time zones. Seconds.
+inline constexpr std::int64_t kEarlierWhenChanged = 600;
+
 /// Whether the caller's listing of the target has something under the name of a file that is to be copied.
 enum class TargetName { kFree, kTaken };
 
@@ -87,6 +91,8 @@ struct CopyOutcome {
   std::int64_t bytes = 0;            ///< the length of the copy
   Attributes source_attributes = 0;  ///< all three bits of the source
   Attributes target_attributes = 0;  ///< all three bits of the copy as it now is
+  /// The source was written to meanwhile: the copy may hold old parts and new ones.
+  bool changed = false;
 };
 
 /// Bytes on the volume that holds a path.
@@ -130,8 +136,10 @@ class FileSystem {
   /// With TargetName::kFree nothing is replaced: kNameTaken when something bears the name all the same, such
   /// as a name in other letters where the volume does not heed case. A read-only or hidden file at the final
   /// name is replaced where the system allows it, else kAccessDenied. Follows a link at the source; replaces
-  /// a link at the target. kIsAFolder when a folder bears the final name. A source that grows or shrinks
-  /// meanwhile gives the copy its length at the end of reading; its modification time is then read anew.
+  /// a link at the target. kIsAFolder when a folder bears the final name. A source that is written to
+  /// meanwhile gives the copy its length at the end of reading; the copy's time then lies kEarlierWhenChanged
+  /// before the source's, so that it does not count as up to date. With files that take one read, and where a
+  /// system tells of writes late, this can go unnoticed.
   virtual Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target,
                                        TargetName name, const CopyWatcher& watcher) = 0;
 

@@ -1,6 +1,7 @@
 #include "platform/memory/memory_file_system.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/ascii_case.h"
 #include "platform/memory/memory_node.h"
@@ -144,6 +145,7 @@ Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry
   if ((*from)->kind != NodeKind::kFile) return MakeError(ErrorKind::kOther);
   const auto folder = Find(target.path());
   if (!folder.ok()) return folder.error();
+  const std::pair before((*from)->size, (*from)->modified);
   if (auto error = MoveBlocks(**from, watcher)) return *error;
 
   NodePtr to = FindChild(**folder, file.name, ignore_case_);
@@ -152,19 +154,14 @@ Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry
   const std::int64_t freed = to && to->kind == NodeKind::kFile ? to->size : 0;
   if (!to) to = (*folder)->children.emplace_back(std::make_shared<Node>());
   const Node& read = **from;
-  const bool as_listed = read.size == file.size && file.modified;
+  const bool changed = before != std::pair(read.size, read.modified);
+  FileTime modified = read.size == file.size && file.modified && !changed ? *file.modified : read.modified;
+  if (changed) modified.seconds -= kEarlierWhenChanged;
   TakeSpace(read.size - freed);
   const Attributes attributes = read.attributes;
-  *to = Node{file.name,
-             NodeKind::kFile,
-             {},
-             read.content,
-             read.size,
-             as_listed ? *file.modified : read.modified,
-             attributes & kSystem,
-             {},
-             false};
-  return CopyOutcome{to->size, attributes, to->attributes};
+  *to = Node{file.name, NodeKind::kFile,      {}, read.content, read.size,
+             modified,  attributes & kSystem, {}, false};
+  return CopyOutcome{to->size, attributes, to->attributes, changed};
 }
 
 Status MemoryFileSystem::CreateFolder(const std::string& path) {

@@ -6,6 +6,7 @@
 
 #include "platform/posix/data_mover.h"
 #include "platform/posix/dos_attributes.h"
+#include "platform/posix/file_facts.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/source_file.h"
 #include "platform/posix/target_file.h"
@@ -25,7 +26,8 @@ mode_t FileModeMask() {
 Error ShortError() { return {ErrorKind::kShort, EIO, "The file ended before its length was read."}; }
 
 /// Moves all data and leaves in source.facts what the source is at the end. A file whose length is not the
-/// expected one is looked at anew: it may have been written to meanwhile.
+/// expected one is looked at anew, and so is one that took more than one read: it may have been written to
+/// meanwhile.
 Status MoveData(DataMover& mover, SourceFile& source) {
   struct stat& facts = source.facts;
   if (source.content)
@@ -33,15 +35,22 @@ Status MoveData(DataMover& mover, SourceFile& source) {
   for (;;) {
     const std::int64_t before = mover.moved();
     if (Status moved = mover.MoveToEnd(facts.st_size); !moved) return moved;
-    if (mover.moved() == facts.st_size) return Done{};
+    const bool is_done = mover.moved() == facts.st_size;
+    if (is_done && mover.moved() <= static_cast<std::int64_t>(kBlockSize)) return Done{};
     if (fstat(source.handle.get(), &facts) != 0) return LastError();
+    if (is_done) return Done{};
     if (mover.moved() >= facts.st_size) return Done{};
     if (mover.moved() == before) return ShortError();
   }
 }
 
-Status CarryTime(int target, const struct stat& facts) {
-  const struct timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
+bool Differ(const struct stat& a, const struct stat& b) {
+  return a.st_size != b.st_size || ModifiedOf(a) != ModifiedOf(b);
+}
+
+Status CarryTime(int target, const struct stat& facts, bool changed) {
+  struct timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
+  if (changed) times[1].tv_sec -= kEarlierWhenChanged;
   if (futimens(target, times) != 0) return LastError();
   return Done{};
 }
@@ -60,15 +69,17 @@ Result<CopyOutcome> FileCopier::Copy(const PosixFolder& source, const Entry& fil
   TargetFile output;
   if (const Status created = output.Create(target, mode); !created) return created.error();
 
+  const struct stat before = input->facts;
   DataMover mover(input->handle.get(), output.handle(), {block_.get(), kBlockSize}, watcher);
   if (const Status moved = MoveData(mover, *input); !moved) return moved.error();
 
-  CopyOutcome outcome{mover.moved(), input->attributes, 0};
+  CopyOutcome outcome{mover.moved(), input->attributes, 0, Differ(before, input->facts)};
   const bool is_system = (input->attributes & kSystem) != 0;
   if (is_system && MarkNewFile(output.handle(), kSystem)) outcome.target_attributes = kSystem;
   // A volume without permissions refuses this, and the copy is whole all the same.
   if ((mode & mask_) != 0) static_cast<void>(fchmod(output.handle(), mode) == 0);
-  if (const Status carried = CarryTime(output.handle(), input->facts); !carried) return carried.error();
+  if (const Status carried = CarryTime(output.handle(), input->facts, outcome.changed); !carried)
+    return carried.error();
   if (name == TargetName::kTaken && output.NeedsWriteOut()) {
     const Status safe = DoMeanwhile([&output] { return output.WriteOut(); }, watcher, outcome.bytes);
     if (!safe) return safe.error();

@@ -7,6 +7,7 @@
 #include "platform/windows/system_copy.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/volume.h"
+#include "platform/windows/windows_time.h"
 
 namespace platform::windows {
 namespace {
@@ -19,13 +20,14 @@ constexpr std::int64_t kBigFile = 16 << 20;
 
 /// Modification time and attributes of the source: read-only and hidden are dropped, the rest stays as the
 /// copy has it.
-Result<Attributes> CarryOver(const FILE_BASIC_INFO& source, const TemporaryFile& copy) {
+Result<Attributes> CarryOver(const FILE_BASIC_INFO& source, const TemporaryFile& copy, bool changed) {
   auto info = BasicInfo(copy.file());
   if (!info) return info.error();
   const DWORD attributes =
       (info->FileAttributes & ~DWORD{kKnownAttributes}) | (source.FileAttributes & kSystem);
   FILE_BASIC_INFO wanted{};  // what is 0 stays as it is
   wanted.LastWriteTime = source.LastWriteTime;
+  if (changed) wanted.LastWriteTime.QuadPart -= kEarlierWhenChanged * kTicksPerSecond;
   if (attributes != info->FileAttributes) {
     wanted.FileAttributes = attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
   }
@@ -70,10 +72,13 @@ Result<CopyOutcome> FileCopier::Copy(const std::wstring& source_path, std::int64
   auto copy = by_system ? CopyBySystem(source_path, target_folder, watcher, outcome.bytes)
                         : CopyBlocks(*source, target_folder, watcher, outcome.bytes);
   if (!copy) return Explain(copy.error(), target_folder, listed_size);
-  if (outcome.bytes != listed_size) {
+  const LONGLONG written_before = source->info().LastWriteTime.QuadPart;
+  const bool other_length = outcome.bytes != listed_size;
+  if (other_length || outcome.bytes > static_cast<std::int64_t>(kBlockSize)) {
     if (const Status known = source->Refresh(); !known) return known.error();
   }
-  const auto attributes = CarryOver(source->info(), *copy);
+  outcome.changed = other_length || source->info().LastWriteTime.QuadPart != written_before;
+  const auto attributes = CarryOver(source->info(), *copy, outcome.changed);
   if (!attributes) return attributes.error();
   if (listed == TargetName::kTaken) {
     const Status safe = DoMeanwhile([&copy] { return copy->WriteOut(); }, watcher, outcome.bytes);

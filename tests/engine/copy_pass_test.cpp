@@ -95,6 +95,15 @@ TEST(CopyPass, CancelInsideABigFileKeepsItsOldCopyAndCountsItAsNotMet) {
   EXPECT_EQ(scene.Copies(), "big=old");
 }
 
+TEST(CopyPass, AFileThatIsWrittenToMeanwhileIsAWarningAndCopiedAgain) {
+  Scene scene({"/src/a=0123456789"});
+  scene.on_copy = [&scene] { scene.clock.Advance(std::chrono::milliseconds{100}); };
+  scene.on_breath = [&scene] { scene.files.AddFile("/src/a", "9876543210", {7'000, 0}); };
+  EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 1");
+  EXPECT_TRUE(scene.Wrote("Changed: /src/a|"));
+  EXPECT_EQ(scene.Check(), "modified 1, due 1");
+}
+
 TEST(CopyPass, AFileThatTheListingDidNotShowIsNotReplaced) {
   Scene scene({"/src/a"});
   scene.on_copy = [&scene] { scene.files.AddFile("/dst/a", "other"); };

@@ -89,7 +89,10 @@ class Scene : public RunHost, public Listener {
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
   void Progress(double fraction) override { progress.push_back(fraction); }
-  void Breathe() override { ++breaths; }
+  void Breathe() override {
+    ++breaths;
+    if (on_breath) on_breath();
+  }
   bool StopRequested() override { return stop; }
   bool AskWhetherToGoOn(const Question&) override {
     ++questions;
@@ -128,7 +131,7 @@ class Scene : public RunHost, public Listener {
   std::vector<double> progress;
   int breaths = 0, questions = 0;
   bool confirm = true, go_on = true, stop = false, pause_wished = false;
-  std::function<void()> on_copy;
+  std::function<void()> on_copy, on_breath;
 };
 
 }  // namespace engine::test
