@@ -78,7 +78,7 @@ void frmMain::LoadLastRunSetup(bool show_message) {
     if (!FormLoaded) gone_at_start_ = loaded.gone;
     if (!FormLoaded && loaded.result != 0) {
       not_read_at_start_ =
-          Text(text::kSetupNotRead) + " " + LastRunSetupPath + " " + services::InputErrorText(loaded.result);
+          Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + services::InputErrorText(loaded.result);
     }
   }
   RefreshSourceFolderDisplay();

@@ -48,6 +48,15 @@ TEST_F(UnattendedRun, SaysWhatHasGoneAndWhyItDidNotStart) {
   EXPECT_NE(printed[2].find("The backup did not start:"), std::string::npos) << printed[2];
 }
 
+TEST_F(UnattendedRun, DoesNotRunASetupThatWasReadInPart) {
+  setup.TargetFolder = "/dst, new";
+  StartWithSetup("x");
+  EXPECT_EQ(tree::Below(files, "/dst"), "");
+  EXPECT_NE(printed[1].find("qvr.usr. A number is expected"), std::string::npos) << printed[1];
+  EXPECT_TRUE(printed.back().starts_with("RESULT status=refused"));
+  EXPECT_EQ(window->chkSaveSetupOnQuit.value(), 0);
+}
+
 TEST_F(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
   for (const bool at_once : {false, true}) {
     Program program({"/src/a"});
