@@ -16,6 +16,7 @@ class SilentListener : public engine::Listener {
   void WriteLine(const std::string& text) override { std::fprintf(stderr, "%s\n", text.c_str()); }
   void CopyBegun(const std::string&) override {}
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void Saving(bool) override {}
   void Progress(double) override {}
   void Breathe() override {}
   bool StopRequested() override { return false; }

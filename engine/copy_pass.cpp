@@ -1,5 +1,8 @@
 #include "engine/copy_pass.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/utf8.h"
 #include "engine/failure_text.h"
 #include "engine/file_proc.h"
@@ -9,10 +12,14 @@
 namespace engine {
 namespace {
 
-/// Of the target's free space: how much beyond the file at hand is plenty, and for how long an answer then
-/// holds.
+/// Of the target's free space: how much beyond the files on their way is plenty, and for how long an answer
+/// then holds.
 constexpr double kPlenty = 256.0 * 1024 * 1024;
 constexpr std::chrono::milliseconds kSpaceHolds{100};
+
+constexpr std::chrono::milliseconds kOneWait{50};
+/// After so many waits for the disk alone it is worth saying.
+constexpr int kWaitsToTell = 6;
 
 constexpr const char* kDriveFullLine = "The target drive is full.";
 constexpr const char* kDriveFullMessage =
@@ -44,117 +51,281 @@ bool IsLink(platform::FileSystem& files, const std::string& folder, const std::s
 
 }  // namespace
 
-CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
-                   const TargetRoot& target_root)
-    : tools_(tools), listener_(listener), pulse_(pulse), totals_(totals), target_root_(target_root) {}
+std::string CopyJob::SourcePath() const { return platform::JoinPath(folders->source().path(), file->name); }
 
-CopyResult CopyPass::Copy(FolderPair& folders, const Candidate& file) {
-  if (!HasSpaceFor(file) || !HasTargetFolder(folders, file) || !CanBeReplaced(folders, file)) {
-    return CopyResult::kFailed;
+void Count(const Selection& selection, const platform::Entry& file, FolderCounts& counts) {
+  ++counts.counts.met;
+  if (selection.finding == Finding::kNew) ++counts.counts.new_files;
+  if (selection.finding == Finding::kModified) ++counts.counts.modified_files;
+  if (selection.finding != Finding::kFilteredOut) counts.bytes_met += std::max<std::int64_t>(file.size, 0);
+}
+
+CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
+                   UnfinishedRun& unfinished, const std::string& source_root, const TargetRoot& target_root)
+    : tools_(tools),
+      listener_(listener),
+      pulse_(pulse),
+      totals_(totals),
+      order_(order),
+      unfinished_(unfinished),
+      source_root_(source_root),
+      target_root_(target_root) {}
+
+void CopyPass::Copy(CopyJob job) {
+  if (unfinished_.IsDueToMove()) {
+    Finish();
+    unfinished_.MoveOn();
   }
-  listener_.CopyBegun(file.SourcePath());
-  const auto outcome = CopyFileTo(folders, file);
-  if (!outcome) {
-    // A volume has an error of that name, too.
-    const bool cancelled = outcome.error().kind == platform::ErrorKind::kCancelled;
-    if (cancelled && listener_.StopRequested()) return CopyResult::kCancelled;
-    free_bytes_.reset();
-    Fail(file, outcome.error());
-    return CopyResult::kFailed;
+  if (!CheckSpace(job) || !EnsureTargetFolder(job) || !MakeReplaceable(job)) return;
+  listener_.CopyBegun(job.SourcePath());
+  if (listener_.StopRequested()) return;
+  Begin(std::move(job));
+  if (is_scarce_) return Finish();
+  while (IsBusy() && Wait()) {
   }
-  CarryAttributes(folders, file, *outcome);
-  if (outcome->changed) {
-    ++totals_.warnings;
-    listener_.WriteLine(NoticeLine(tools_, text::kChangedMeanwhile, file.SourcePath()));
-  }
-  if (free_bytes_) *free_bytes_ -= static_cast<double>(outcome->bytes);
-  ++totals_.counts.copied;
-  totals_.bytes_copied += FileSizeOf(outcome->bytes);
-  listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
-  return CopyResult::kCopied;
 }
 
 /// On a disk elsewhere in the network the question takes longer than a small file. With plenty of room the
 /// answer holds for a moment; a disk that other programs fill meanwhile fails the copy instead.
-std::optional<double> CopyPass::FreeBytes(double wanted) {
+std::optional<double> CopyPass::FreeBytes() {
   const std::chrono::milliseconds now = tools_.clock.Monotonic();
-  const bool is_plenty = free_bytes_ && *free_bytes_ - wanted > kPlenty;
-  if (is_plenty && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
+  if (free_bytes_ && !is_scarce_ && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
   double free_bytes = 0;
   double total_bytes = 0;
   free_bytes_.reset();
   free_bytes_asked_ = now;
-  if (tools_.GetDiskSpace(target_root_.path(), free_bytes, total_bytes) == 0) free_bytes_ = free_bytes;
+  if (tools_.GetDiskSpace(target_root_.path(), free_bytes, total_bytes) == 0)
+    free_bytes_ = free_bytes - bytes_on_their_way_;
   return free_bytes_;
 }
 
-bool CopyPass::HasSpaceFor(const Candidate& file) {
-  const std::int32_t source_size = FileSizeOf(file.source);
-  const std::optional<double> free_bytes = FreeBytes(source_size);
+/// Where the space may not suffice for all that is on its way, the files before this one come first.
+std::optional<double> CopyPass::FreeBytesFor(double wanted) {
+  std::optional<double> free_bytes = FreeBytes();
+  is_scarce_ = free_bytes && *free_bytes - wanted <= kPlenty;
+  if (!is_scarce_ || pending_.empty()) return free_bytes;
+  Finish();
+  return FreeBytes();
+}
+
+bool CopyPass::CheckSpace(const CopyJob& job) {
+  const std::int32_t source_size = FileSizeOf(*job.file);
+  const std::optional<double> free_bytes = FreeBytesFor(source_size);
+  if (is_scarce_ && !pending_.empty()) return false;  // the user stops
   if (!free_bytes) return true;
   if (*free_bytes <= 0) {
-    listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()));
+    Fail(job, NoticeLine(tools_, text::kNotCopied, job.SourcePath()));
     listener_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
     listener_.Tell(kDriveFullMessage);
     Terminate();
     return false;
   }
   if (static_cast<double>(source_size) < *free_bytes) return true;
-  listener_.WriteLine(NoticeLine(tools_, text::kNotCopied, file.SourcePath()) + ". " + kNoSpaceForFile +
-                      " (" + text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
+  Fail(job, NoticeLine(tools_, text::kNotCopied, job.SourcePath()) + ". " + kNoSpaceForFile + " (" +
+                text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
   return false;
 }
 
-bool CopyPass::HasTargetFolder(FolderPair& folders, const Candidate& file) {
-  if (!folder_given_up_.empty() && platform::IsInside(folders.target_path(), folder_given_up_)) {
-    FailForTarget(file, why_given_up_);
+bool CopyPass::EnsureTargetFolder(const CopyJob& job) {
+  const std::string& target = job.folders->target_path();
+  const auto fail = [&](const platform::Error& error) {
+    Fail(job, TargetFailureLine(tools_, text::kNotCopied, job.SourcePath(), error));
     return false;
-  }
-  const platform::Status ready = folders.EnsureTarget(target_root_);
+  };
+  if (!folder_given_up_.empty() && platform::IsInside(target, folder_given_up_)) return fail(why_given_up_);
+  const platform::Status ready = job.folders->EnsureTarget(target_root_);
   if (ready) return true;
-  FailForTarget(file, ready.error());
-  folder_given_up_ = folders.target_path();
+  folder_given_up_ = target;
   why_given_up_ = ready.error();
+  Finish();
+  if (!pending_.empty()) return false;  // the user stops
+  fail(ready.error());
   if (!listener_.AskWhetherToGoOn({FolderQuestion(tools_, folder_given_up_), {}})) Terminate();
   return false;
 }
 
-bool CopyPass::CanBeReplaced(const FolderPair& folders, const Candidate& file) {
-  if (!file.TargetFileExists() || !IsReadOnly(file.target->attributes)) return true;
-  const std::string path = platform::JoinPath(folders.target_path(), file.target->name);
+bool CopyPass::MakeReplaceable(const CopyJob& job) {
+  const platform::Entry* const old = job.selection.target;
+  if (old == nullptr || old->kind != platform::EntryKind::kFile || !IsReadOnly(old->attributes)) return true;
+  const std::string path = platform::JoinPath(job.folders->target_path(), old->name);
   // The copy takes the place of a link; what the link leads to stays as it is.
-  if (IsLink(tools_.files, folders.target_path(), path)) return true;
+  if (IsLink(tools_.files, job.folders->target_path(), path)) return true;
   if (ClearReadOnly(tools_.files, path)) return true;
-  Fail(file, {platform::ErrorKind::kAccessDenied, 0, {}});
+  Finish();
+  if (!pending_.empty()) return false;  // the user stops
+  Fail(job,
+       FailureLine(tools_, text::kNotCopied, job.SourcePath(), {platform::ErrorKind::kAccessDenied, 0, {}}));
   if (!listener_.AskWhetherToGoOn({ReadOnlyQuestion(tools_, path), {}})) Terminate();
   return false;
 }
 
-platform::Result<platform::CopyOutcome> CopyPass::CopyFileTo(FolderPair& folders, const Candidate& file) {
-  const bool taken = file.TargetFileExists() || folders.TargetHolds(file.source.name);
-  const auto name = taken ? platform::TargetName::kTaken : platform::TargetName::kFree;
-  return tools_.files.CopyFile(folders.source(), file.source, folders.target(), name, [this](std::int64_t) {
-    pulse_.Beat();
-    return !listener_.StopRequested();
+void CopyPass::Begin(CopyJob job) {
+  if (!copier_) copier_ = tools_.files.MakeCopier(source_root_, target_root_.path());
+  if (const platform::Status marked = unfinished_.Begin(); !marked) {
+    ++totals_.warnings;
+    listener_.WriteLine(FailureLine(tools_, text::kNotMarked, unfinished_.path(), marked.error()));
+  }
+  order_.Hold();
+  pending_.push_back({std::move(job), std::make_shared<Bytes>(0), std::nullopt, is_scarce_});
+  Start(pending_.back());
+}
+
+void CopyPass::Start(Pending& pending) {
+  const CopyJob& job = pending.job;
+  const auto name =
+      job.selection.target != nullptr ? platform::TargetName::kTaken : platform::TargetName::kFree;
+  const double size = std::max(0.0, static_cast<double>(job.file->size));
+  ++on_their_way_;
+  bytes_on_their_way_ += size;
+  if (free_bytes_) *free_bytes_ -= size;
+  copier_->Start({job.folders->shared_source(), job.file, job.folders->shared_target(), name,
+                  [written = pending.written](std::int64_t bytes) {
+                    *written = bytes;
+                    return true;
+                  }});
+}
+
+bool CopyPass::IsBusy() {
+  Settle();
+  return !copier_->HasRoom() || (!pending_.empty() && pending_.front().outcome);
+}
+
+void CopyPass::Finish() {
+  if (!copier_ || listener_.StopRequested()) return;
+  copier_->Save();
+  while (!pending_.empty() && Wait()) {
+  }
+  ShowStage(platform::CopyStage::kIdle);
+}
+
+bool CopyPass::Wait() {
+  if (listener_.StopRequested()) return false;
+  const platform::CopyStage stage = copier_->Wait(kOneWait);
+  Settle();
+  ShowStage(stage);
+  pulse_.Beat(Reached(0));
+  return !listener_.StopRequested();
+}
+
+void CopyPass::Beat(double fraction) {
+  if (!pulse_.IsDue()) return;
+  Settle();
+  pulse_.Beat(Reached(fraction));
+}
+
+void CopyPass::GiveUp() {
+  copier_.reset();
+  pending_.clear();
+  order_.GiveUp();
+}
+
+void CopyPass::Settle() {
+  while (copier_) {
+    if (!pending_.empty() && pending_.front().outcome) {
+      Pending& first = pending_.front();
+      if (!NeedsSecondTry(first)) {
+        SettleFirst();
+        continue;
+      }
+      if (on_their_way_ == 0) {
+        TrySecondTime(first);
+        continue;
+      }
+    }
+    auto outcome = copier_->Collect();
+    if (!outcome) return;
+    const auto its = std::find_if(pending_.begin(), pending_.end(),
+                                  [](const Pending& pending) { return !pending.outcome; });
+    its->outcome = std::move(outcome);
+    --on_their_way_;
+    bytes_on_their_way_ -= std::max(0.0, static_cast<double>(its->job.file->size));
+  }
+}
+
+/// Space may have been short only because of the others.
+bool CopyPass::NeedsSecondTry(const Pending& pending) const {
+  if (pending.outcome->ok() || pending.had_second_try) return false;
+  const platform::ErrorKind kind = pending.outcome->error().kind;
+  return kind == platform::ErrorKind::kShort ||
+         (kind == platform::ErrorKind::kDiskFull && !pending.was_alone);
+}
+
+void CopyPass::TrySecondTime(Pending& pending) {
+  pending.had_second_try = true;
+  pending.outcome.reset();
+  Start(pending);
+  copier_->Save();
+}
+
+void CopyPass::SettleFirst() {
+  const Pending first = std::move(pending_.front());
+  pending_.pop_front();
+  order_.Settle([&] {
+    const CopyJob& job = first.job;
+    if (first.outcome->ok()) return TellCopied(job, first.outcome->value());
+    free_bytes_.reset();
+    ++job.counts->counts.failed;
+    Count(job.selection, *job.file, *job.counts);
+    listener_.WriteLine(FailureLine(tools_, text::kNotCopied, job.SourcePath(), first.outcome->error()));
   });
 }
 
-void CopyPass::CarryAttributes(const FolderPair& folders, const Candidate& file,
-                               const platform::CopyOutcome& outcome) {
+void CopyPass::TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {
+  CarryAttributes(job, outcome);
+  Count(job.selection, *job.file, *job.counts);
+  ++job.counts->counts.copied;
+  if (outcome.changed) {
+    ++totals_.warnings;
+    listener_.WriteLine(NoticeLine(tools_, text::kChangedMeanwhile, job.SourcePath()));
+  }
+  ++totals_.counts.copied;
+  totals_.bytes_copied += FileSizeOf(outcome.bytes);
+  listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
+}
+
+void CopyPass::CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome) {
   const bool set = IsSystemFile(outcome.source_attributes) && !IsSystemFile(outcome.target_attributes);
   const bool clear = (outcome.target_attributes & (platform::kReadOnly | platform::kHidden)) != 0;
   if (!set && !clear) return;
-  const std::string path = platform::JoinPath(folders.target_path(), file.source.name);
+  const std::string path = platform::JoinPath(job.folders->target_path(), job.file->name);
   if (set) SetSystemFile(tools_.files, path);
   if (clear) ClearReadOnlyAndHidden(tools_.files, path);
 }
 
-void CopyPass::Fail(const Candidate& file, const platform::Error& error) {
-  listener_.WriteLine(FailureLine(tools_, text::kNotCopied, file.SourcePath(), error));
+/// The first file that is still being written.
+const CopyPass::Pending* CopyPass::Unwritten() const {
+  const auto found = std::find_if(pending_.begin(), pending_.end(), [](const Pending& pending) {
+    return !pending.outcome && *pending.written < pending.job.file->size;
+  });
+  return found == pending_.end() ? nullptr : &*found;
 }
 
-void CopyPass::FailForTarget(const Candidate& file, const platform::Error& error) {
-  listener_.WriteLine(TargetFailureLine(tools_, text::kNotCopied, file.SourcePath(), error));
+void CopyPass::ShowStage(platform::CopyStage stage) {
+  const Pending* const unwritten = Unwritten();
+  if (unwritten != nullptr) listener_.CopyBegun(unwritten->job.SourcePath());
+  saving_waits_ = stage == platform::CopyStage::kSaving ? saving_waits_ + 1 : 0;
+  if (is_saving_ == (saving_waits_ >= kWaitsToTell)) return;
+  is_saving_ = !is_saving_;
+  listener_.Saving(is_saving_);
+}
+
+/// How much of the run is done when so much of it is walked.
+double CopyPass::Reached(double walked) const {
+  if (pending_.empty()) return walked;
+  const Pending* const unwritten = Unwritten();
+  if (unwritten == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
+  const CopyJob& job = unwritten->job;
+  const auto size = static_cast<double>(std::max<std::int64_t>(job.file->size, 1));
+  return job.share_begin + job.share * static_cast<double>(*unwritten->written) / size;
+}
+
+void CopyPass::Fail(const CopyJob& job, const std::string& line) {
+  order_.Tell(
+      [this, counts = job.counts, selection = job.selection, file = job.file, folders = job.folders, line] {
+        ++counts->counts.failed;
+        Count(selection, *file, *counts);
+        listener_.WriteLine(line);
+      });
 }
 
 }  // namespace engine

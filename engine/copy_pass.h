@@ -1,54 +1,118 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
+#include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
 #include "engine/pulse.h"
+#include "engine/report_order.h"
 #include "engine/selection.h"
 #include "engine/tools.h"
+#include "engine/unfinished_run.h"
 
 namespace engine {
 
-enum class CopyResult { kCopied, kFailed, kCancelled };
+/// A selected file. It keeps its folders open until it is settled.
+struct CopyJob {
+  std::shared_ptr<FolderPair> folders;
+  const platform::Entry* file = nullptr;  ///< an entry of folders->source()
+  Selection selection;
+  std::shared_ptr<FolderCounts> counts;  ///< of its folder
+  double share_begin = 0;                ///< of the whole run, as of a folder in the walk
+  double share = 0;
 
-/// Copies selected files, one call a file: guards against a full target drive, makes a read-only old copy
-/// writable, copies as one transaction, and tells the listener. Whatever is not copied has left its line in
-/// the report.
+  std::string SourcePath() const;
+};
+
+/// Adds a file to the counts of its folder, but for what became of it.
+void Count(const Selection& selection, const platform::Entry& file, FolderCounts& counts);
+
+/// Copies selected files: guards against a full target drive, makes a read-only old copy writable, lets the
+/// file system copy many at a time, and tells the listener what came of each, in the order in which they were
+/// handed over. Whatever is not copied has left its line in the report.
+///
+/// Near the end of the space, and before it asks the user something, it works file by file: what was handed
+/// over before is settled first. A file that does not fit although it should have, or whose source shrank
+/// while it was read, is tried once more.
 class CopyPass {
  public:
-  /// `target_root`: the setup's target folder; its disk's free space counts.
-  CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals,
-           const TargetRoot& target_root);
+  /// `target_root`: the setup's target folder; its disk's free space counts. `source_root`: its source.
+  CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
+           UnfinishedRun& unfinished, const std::string& source_root, const TargetRoot& target_root);
 
-  CopyResult Copy(FolderPair& folders, const Candidate& file);
+  /// Hands a file over. Returns when there is room for the next one, or when the user wants to stop.
+  void Copy(CopyJob job);
+
+  /// Waits until everything handed over is settled, or until the user wants to stop.
+  void Finish();
+
+  /// Settles what can be settled without waiting, and shows how far the run is: `fraction` of it is walked.
+  void Beat(double fraction);
+
+  /// The user has cancelled: what is not settled counts as not met.
+  void GiveUp();
 
   /// Set when the run must stop: the target drive is full, or an answer stopped it.
   bool OperationTerminated() const { return operation_terminated_; }
 
  private:
-  /// The target disk's, for a file that wants so many; nothing when they cannot be told.
-  std::optional<double> FreeBytes(double wanted);
-  bool HasSpaceFor(const Candidate& file);
-  bool HasTargetFolder(FolderPair& folders, const Candidate& file);
-  bool CanBeReplaced(const FolderPair& folders, const Candidate& file);
-  platform::Result<platform::CopyOutcome> CopyFileTo(FolderPair& folders, const Candidate& file);
-  void CarryAttributes(const FolderPair& folders, const Candidate& file,
-                       const platform::CopyOutcome& outcome);
-  void Fail(const Candidate& file, const platform::Error& error);
-  void FailForTarget(const Candidate& file, const platform::Error& error);
+  using Bytes = std::atomic<std::int64_t>;
+  struct Pending {
+    CopyJob job;
+    std::shared_ptr<Bytes> written;  ///< of its copy, so far
+    std::optional<platform::Result<platform::CopyOutcome>> outcome;
+    bool was_alone = false;
+    bool had_second_try = false;
+  };
+
+  /// The target disk's, less what is on its way; nothing when they cannot be told.
+  std::optional<double> FreeBytes();
+  std::optional<double> FreeBytesFor(double wanted);
+  bool CheckSpace(const CopyJob& job);
+  bool EnsureTargetFolder(const CopyJob& job);
+  bool MakeReplaceable(const CopyJob& job);
+
+  void Begin(CopyJob job);
+  void Start(Pending& pending);
+  bool IsBusy();
+  bool Wait();
+  void Settle();
+  bool NeedsSecondTry(const Pending& pending) const;
+  void TrySecondTime(Pending& pending);
+  void SettleFirst();
+  void TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
+  void CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome);
+  const Pending* Unwritten() const;
+  void ShowStage(platform::CopyStage stage);
+  double Reached(double walked) const;
+
+  /// Counts the file as failed and writes the line.
+  void Fail(const CopyJob& job, const std::string& line);
   void Terminate() { operation_terminated_ = true; }
 
   const Tools& tools_;
   Listener& listener_;
   Pulse& pulse_;
   Totals& totals_;
+  ReportOrder& order_;
+  UnfinishedRun& unfinished_;
+  const std::string source_root_;
   const TargetRoot& target_root_;
+  std::unique_ptr<platform::Copier> copier_;  ///< made for the first file
+  std::deque<Pending> pending_;               ///< handed over and not settled, the oldest first
+  std::size_t on_their_way_ = 0;              ///< of these, those that the copier has
+  double bytes_on_their_way_ = 0;
+  int saving_waits_ = 0;
+  bool is_saving_ = false;
+  bool is_scarce_ = false;       ///< the space: work goes file by file
   std::string folder_given_up_;  ///< a target folder that was asked about: nothing goes there or below
   platform::Error why_given_up_;
-  std::optional<double> free_bytes_;  ///< when last asked, less what was copied since
+  std::optional<double> free_bytes_;  ///< when last asked, less what was handed over since
   std::chrono::milliseconds free_bytes_asked_{0};
   bool operation_terminated_ = false;
 };

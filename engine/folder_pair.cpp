@@ -70,12 +70,7 @@ const Entry* FolderPair::TargetOf(const Entry& source_file) {
     if (place == entries.size()) return nullptr;
     next_ = place;
   }
-  const Entry& entry = entries[next_++];
-  return entry.kind == EntryKind::kFile ? &entry : nullptr;
-}
-
-bool FolderPair::TargetHolds(const std::string& name) {
-  return target_ && PlaceInTarget(name) < target_->entries().size();
+  return &entries[next_++];
 }
 
 bool FolderPair::IsOneFolder() const {

@@ -12,7 +12,7 @@
 namespace engine {
 
 /// A source folder and its target folder, each listed once and joined by name. All decisions about the files
-/// in them are made from these two listings.
+/// in them are made from these two listings. Copies that are on their way share the folders.
 class FolderPair {
  public:
   /// Lists the source folder.
@@ -28,16 +28,15 @@ class FolderPair {
   platform::Status EnsureTarget(const TargetRoot& root);
 
   const platform::Folder& source() const { return *source_; }
+  const std::shared_ptr<const platform::Folder>& shared_source() const { return source_; }
   const std::string& target_path() const { return target_path_; }
   bool has_target() const { return target_ != nullptr; }
-  platform::Folder& target() { return *target_; }
+  const platform::Folder& target() const { return *target_; }
+  const std::shared_ptr<platform::Folder>& shared_target() const { return target_; }
 
-  /// The file that the target listing has under the name of a source file; null for none. Fastest when it is
-  /// asked in the order of the source listing.
+  /// What the target listing has under the name of a source file, which need not be a file; null for nothing.
+  /// Fastest when it is asked in the order of the source listing.
   const platform::Entry* TargetOf(const platform::Entry& source_file);
-
-  /// Whether the target listing has anything under that name.
-  bool TargetHolds(const std::string& name);
 
   /// Whether the target folder is the source folder, whatever paths lead to them.
   bool IsOneFolder() const;
@@ -56,9 +55,9 @@ class FolderPair {
   std::size_t PlaceInTarget(const std::string& name);
 
   platform::FileSystem* files_;
-  std::unique_ptr<platform::Folder> source_;
+  std::shared_ptr<const platform::Folder> source_;
   std::string target_path_;
-  std::unique_ptr<platform::Folder> target_;
+  std::shared_ptr<platform::Folder> target_;
   /// Two listings of one file system mostly come in the same order, so the next entry is tried before the
   /// index.
   std::size_t next_ = 0;

@@ -15,15 +15,12 @@ namespace {
 using platform::Entry;
 using platform::EntryKind;
 
+/// How many of the folders that come next may be listed ahead.
+constexpr std::size_t kExpected = 16;
+
 /// How many files, subfolders and so on share a folder's part of the progress: at least one.
 double UnitsOf(const FolderPair& pair) {
   return std::max(1.0, static_cast<double>(pair.source().entries().size()));
-}
-
-void Count(const Selection& selection, FileCounts& counts) {
-  ++counts.met;
-  if (selection.finding == Finding::kNew) ++counts.new_files;
-  if (selection.finding == Finding::kModified) ++counts.modified_files;
 }
 
 void Add(const FileCounts& folder, FileCounts& totals) {
@@ -50,17 +47,29 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       nesting_(tools.files, plan_.source, plan_.left_out),
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
-      copy_pass_(tools, listener, pulse_, totals_, target_root_) {}
+      unfinished_(tools, plan_.target),
+      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_) {}
 
 const Totals& FolderWalk::Run() {
+  if (unfinished_.error())
+    Warn(FailureLine(tools_, text::kMarkNotRead, unfinished_.path(), *unfinished_.error()));
+  if (unfinished_.was_found()) Write(kLineIndent + tools_.texts.GetProgramText(text::kUnfinishedRunFound));
   PushRoots();
   while (!pending_.empty() && !Ended()) {
+    ExpectNext();
     const Pending folder = std::move(pending_.back());
     pending_.pop_back();
     BackupFolder(folder);
   }
+  copy_pass_.Finish();
   if (!Ended()) listener_.Progress(1.0);
   return totals_;
+}
+
+void FolderWalk::EndUnfinished() {
+  const bool all_seen =
+      !cancelled_ && !OperationTerminated() && totals_.counts.failed == 0 && totals_.unread_folders == 0;
+  if (IsCopyOperation(plan_.rules.operation)) unfinished_.End(all_seen);
 }
 
 void FolderWalk::PushRoots() {
@@ -111,43 +120,63 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
 }
 
 void FolderWalk::BackupFolder(const Pending& folder) {
-  pulse_.Beat(folder.share_begin);
+  copy_pass_.Beat(folder.share_begin);
   auto opened = FolderPair::Open(tools_.files, folder.source, folder.target);
   if (!opened) return FailFolder(folder.source, opened.error());
-  FolderPair& pair = *opened;
-  if (!BelongsToSource(pair.source()) || !OpenTarget(folder, pair) || !TargetIsItsOwn(folder, pair)) return;
-  const bool target_was_there = pair.has_target();
-  ExpectNextTarget(folder, pair);
+  const auto pair = std::make_shared<FolderPair>(std::move(*opened));
+  if (!BelongsToSource(pair->source()) || !OpenTarget(folder, *pair) || !TargetIsItsOwn(folder, *pair))
+    return;
+  const bool target_was_there = pair->has_target();
 
-  const std::vector<Selection> selections = SelectFiles(pair);
-  FolderCounts counts;
-  counts.path = folder.source;
-  counts.files_in_folder = static_cast<std::int64_t>(
-      std::count_if(pair.source().entries().begin(), pair.source().entries().end(),
-                    [](const Entry& entry) { return entry.kind == EntryKind::kFile; }));
+  const std::vector<Selection> selections = SelectFiles(*pair);
+  const auto counts = CountsOf(*pair, selections);
+  TellBegin(counts);
+  RemoveLeftovers(*pair);
+  WarnAboutLinks(folder, *pair);
+  ActOnFiles(folder, pair, selections, counts);
+  TellEnd(counts);
+  if (Ended()) return;
+  PauseIfWished(*counts);
+  if (folder.with_subfolders) PushSubfolders(folder, *pair, target_was_there);
+}
+
+std::shared_ptr<FolderCounts> FolderWalk::CountsOf(const FolderPair& pair,
+                                                   const std::vector<Selection>& selections) {
+  const std::vector<Entry>& entries = pair.source().entries();
+  auto counts = std::make_shared<FolderCounts>();
+  counts->path = pair.source().path();
+  counts->files_in_folder = std::count_if(entries.begin(), entries.end(),
+                                          [](const Entry& entry) { return entry.kind == EntryKind::kFile; });
   if (IsListOperation(plan_.rules.operation)) {
-    counts.files_in_folder =
+    counts->files_in_folder =
         std::count_if(selections.begin(), selections.end(),
                       [](const Selection& selection) { return selection.finding == Finding::kListed; });
   }
-  ++totals_.folders;
-  if (counts.files_in_folder > 0) ++totals_.non_empty_folders;
+  counts->files_to_copy = std::count_if(selections.begin(), selections.end(),
+                                        [](const Selection& selection) { return selection.selected; });
+  return counts;
+}
 
-  listener_.FolderBegun(counts);
-  RemoveLeftovers(pair);
-  WarnAboutLinks(folder, pair);
-  ActOnFiles(folder, pair, selections, counts);
-  Add(counts.counts, totals_.counts);
-  listener_.FolderEnded(counts);
-  if (Ended()) return;
-  PauseIfWished(counts);
-  if (folder.with_subfolders) PushSubfolders(folder, pair, target_was_there);
+void FolderWalk::TellBegin(const std::shared_ptr<FolderCounts>& counts) {
+  order_.Tell([this, counts] {
+    ++totals_.folders;
+    if (counts->files_in_folder > 0) ++totals_.non_empty_folders;
+    listener_.FolderBegun(*counts);
+  });
+}
+
+void FolderWalk::TellEnd(const std::shared_ptr<FolderCounts>& counts) {
+  order_.TellEndOfFolder([this, counts] {
+    Add(counts->counts, totals_.counts);
+    totals_.bytes_met += counts->bytes_met;
+    listener_.FolderEnded(*counts);
+  });
 }
 
 /// What only the open folder tells: that it is the target, or another volume.
 bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
   if (nesting_.IsTarget(folder)) {
-    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.path()));
+    Write(NoticeLine(tools_, text::kTargetInSource, folder.path()));
     return false;
   }
   if (folder.is_mount_point() && folder.path() != plan_.source) {
@@ -161,9 +190,8 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
 bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   if (folder.target.empty() || !folder.target_may_exist) return true;
   if (!target_root_.IsThere()) {
-    ++totals_.unread_folders;
     const platform::Error gone{platform::ErrorKind::kNotFound, 0, {}};
-    listener_.WriteLine(TargetFailureLine(tools_, text::kNotRead, folder.target, gone));
+    WriteUnread(TargetFailureLine(tools_, text::kNotRead, folder.target, gone));
     return false;
   }
   const platform::Status opened = pair.OpenTarget();
@@ -183,22 +211,19 @@ bool FolderWalk::TargetIsItsOwn(const Pending& folder, const FolderPair& pair) {
   if (folder.twin_target.empty() || !pair.has_target()) return true;
   const auto identity = tools_.files.IdentityOf(folder.target);
   if (!identity || identity != tools_.files.IdentityOf(folder.twin_target)) return true;
-  ++totals_.unread_folders;
-  listener_.WriteLine(NoticeLine(tools_, text::kFolderNameTaken, folder.source));
+  WriteUnread(NoticeLine(tools_, text::kFolderNameTaken, folder.source));
   return false;
 }
 
-/// Lets the target folder be listed that is wanted next: that of the first subfolder, or else of the folder
-/// that waits longest.
-void FolderWalk::ExpectNextTarget(const Pending& folder, const FolderPair& pair) {
-  if (folder.target.empty()) return;
-  const std::vector<Entry>& entries = pair.source().entries();
-  const auto subfolder = std::find_if(entries.begin(), entries.end(),
-                                      [](const Entry& entry) { return entry.kind == EntryKind::kFolder; });
-  if (folder.with_subfolders && subfolder != entries.end()) {
-    if (pair.has_target()) tools_.files.ExpectFolder(platform::JoinPath(folder.target, subfolder->name));
-  } else if (!pending_.empty() && pending_.back().target_may_exist) {
-    tools_.files.ExpectFolder(pending_.back().target);
+void FolderWalk::ExpectNext() {
+  const std::size_t last = pending_.size();
+  for (std::size_t i = last; i > 0 && last - i < kExpected; --i) {
+    Pending& next = pending_[i - 1];
+    if (next.is_expected) continue;
+    next.is_expected = true;
+    tools_.files.ExpectFolder(next.source);
+    if (!next.target.empty() && next.target_may_exist && next.twin_target.empty())
+      tools_.files.ExpectFolder(next.target);
   }
 }
 
@@ -225,47 +250,41 @@ std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
   const std::vector<Entry>& entries = pair.source().entries();
   std::vector<Selection> selections(entries.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (entries[i].kind != EntryKind::kFile) continue;
-    selections[i] = SelectFile(plan_.rules, {pair.source().path(), entries[i], pair.TargetOf(entries[i])});
+    if (entries[i].kind == EntryKind::kFile) selections[i] = SelectFileOf(pair, entries[i]);
   }
   return selections;
 }
 
-void FolderWalk::ExpectCopies(const FolderPair& pair, const std::vector<Selection>& selections) {
-  std::vector<const Entry*> expected;
-  for (std::size_t i = 0; i < selections.size(); ++i) {
-    if (selections[i].selected) expected.push_back(&pair.source().entries()[i]);
-  }
-  if (!expected.empty()) tools_.files.ExpectCopies(pair.source(), expected);
+Selection FolderWalk::SelectFileOf(FolderPair& pair, const Entry& file) {
+  const Candidate candidate{pair.source().path(), file, pair.TargetOf(file)};
+  Selection selection = SelectFile(plan_.rules, candidate);
+  const bool is_doubted = selection.finding == Finding::kUpToDate && unfinished_.was_found() &&
+                          unfinished_.Doubts(platform::JoinPath(pair.target_path(), candidate.target->name));
+  if (is_doubted) selection = SelectFile(plan_.rules, {candidate.folder, file, candidate.target, true});
+  return selection;
 }
 
-void FolderWalk::ActOnFiles(const Pending& folder, FolderPair& pair, const std::vector<Selection>& selections,
-                            FolderCounts& counts) {
-  ExpectCopies(pair, selections);
-  const double unit = folder.share / UnitsOf(pair);
+void FolderWalk::ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
+                            const std::vector<Selection>& selections,
+                            const std::shared_ptr<FolderCounts>& counts) {
+  const double unit = folder.share / UnitsOf(*pair);
   double done = folder.share_begin;
   for (std::size_t i = 0; i < selections.size() && !Ended(); ++i) {
-    const Entry& entry = pair.source().entries()[i];
+    const Entry& entry = pair->source().entries()[i];
     if (entry.kind != EntryKind::kFile) continue;
-    if (!ActOnFile(pair, entry, selections[i], counts.counts)) return;
+    ActOnFile({pair, &entry, selections[i], counts, done, unit});
     done += unit;
-    pulse_.Beat(done);
+    copy_pass_.Beat(done);
   }
 }
 
-/// False when the file was given up because the user cancelled: it then counts as not met.
-bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection& selection,
-                           FileCounts& counts) {
-  if (selection.selected) {
-    const CopyResult result = copy_pass_.Copy(pair, {pair.source().path(), file, selection.target});
-    if (result == CopyResult::kCancelled) {
-      cancelled_ = true;
-      return false;
-    }
-    ++(result == CopyResult::kCopied ? counts.copied : counts.failed);
-  } else if (selection.skip_text != 0) {
+void FolderWalk::ActOnFile(CopyJob job) {
+  const Selection selection = job.selection;
+  if (selection.selected) return copy_pass_.Copy(std::move(job));
+  FileCounts& counts = job.counts->counts;
+  if (selection.skip_text != 0) {
     ++counts.filtered_out;
-    listener_.WriteLine(NoticeLine(tools_, selection.skip_text, file.name) + ".");
+    Write(NoticeLine(tools_, selection.skip_text, job.file->name) + ".");
   } else if (selection.finding == Finding::kFilteredOut) {
     ++counts.filtered_out;
   } else if (selection.finding == Finding::kUpToDate) {
@@ -273,19 +292,21 @@ bool FolderWalk::ActOnFile(FolderPair& pair, const Entry& file, const Selection&
   } else {
     ++counts.due;
   }
-  Count(selection, counts);
-  if (selection.finding != Finding::kFilteredOut) totals_.bytes_met += std::max<std::int64_t>(file.size, 0);
-  return true;
+  Count(selection, *job.file, *job.counts);
 }
 
 bool FolderWalk::Ended() {
   if (OperationTerminated()) return true;
-  if (!cancelled_) cancelled_ = listener_.StopRequested();
-  return cancelled_;
+  if (cancelled_ || !listener_.StopRequested()) return cancelled_;
+  cancelled_ = true;
+  copy_pass_.GiveUp();
+  return true;
 }
 
 void FolderWalk::PauseIfWished(const FolderCounts& counts) {
-  if (paused_ || counts.counts.copied == 0 || !listener_.PauseWished()) return;
+  if (paused_ || counts.files_to_copy == 0 || !listener_.PauseWished()) return;
+  copy_pass_.Finish();
+  if (Ended() || counts.counts.copied == 0) return;
   paused_ = true;
   listener_.Pause();
 }
@@ -328,7 +349,7 @@ void FolderWalk::MarkTwin(Pending& folder, FirstSpellings& spellings) {
 /// The target inside the source is left out; so is a folder whose copies would land in the source.
 bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
   if (nesting_.IsTarget(folder.source)) {
-    listener_.WriteLine(NoticeLine(tools_, text::kTargetInSource, folder.source));
+    Write(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
   if (!folder.target.empty() && nesting_.LandsInSource(folder.target, target_is_link)) {
@@ -338,14 +359,26 @@ bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
   return true;
 }
 
+void FolderWalk::Write(const std::string& line) {
+  order_.Tell([this, line] { listener_.WriteLine(line); });
+}
+
 void FolderWalk::Warn(const std::string& line) {
-  ++totals_.warnings;
-  listener_.WriteLine(line);
+  order_.Tell([this, line] {
+    ++totals_.warnings;
+    listener_.WriteLine(line);
+  });
+}
+
+void FolderWalk::WriteUnread(const std::string& line) {
+  order_.Tell([this, line] {
+    ++totals_.unread_folders;
+    listener_.WriteLine(line);
+  });
 }
 
 void FolderWalk::FailFolder(const std::string& path, const platform::Error& error) {
-  ++totals_.unread_folders;
-  listener_.WriteLine(FailureLine(tools_, text::kNotRead, path, error));
+  WriteUnread(FailureLine(tools_, text::kNotRead, path, error));
 }
 
 }  // namespace engine

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,8 +12,10 @@
 #include "engine/listener/listener.h"
 #include "engine/nesting.h"
 #include "engine/pulse.h"
+#include "engine/report_order.h"
 #include "engine/selection.h"
 #include "engine/tools.h"
+#include "engine/unfinished_run.h"
 
 namespace engine {
 
@@ -29,8 +32,12 @@ struct WalkPlan {
 
 /// Walks over the source folder's own files, the included folders and, when wished, everything below them,
 /// folder by folder: the files of a folder come before its subfolders. Decides for each file what the
-/// operation does with it, and does it. Keeps one folder pair open at a time and no more of the tree than the
-/// names still to be visited.
+/// operation does with it, and does it. Keeps no more of the tree than the names still to be visited, and the
+/// folder pairs whose copies are on their way; folders that come next may be listed ahead.
+///
+/// It decides folder by folder, and goes on while copies are on their way; what it tells the listener comes
+/// in the order of the walk all the same (see ReportOrder), and a run that is cancelled tells nothing of what
+/// came after the last file that was settled.
 class FolderWalk {
  public:
   FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan);
@@ -42,6 +49,9 @@ class FolderWalk {
   bool OperationTerminated() const { return copy_pass_.OperationTerminated(); }
   bool cancelled() const { return cancelled_; }
 
+  /// Everything is on the disk, or the run was cancelled: the next run need not doubt its copies.
+  void EndUnfinished();
+
  private:
   struct Pending {
     std::string source;
@@ -52,6 +62,7 @@ class FolderWalk {
     double share = 0;
     /// The target of a folder before it whose name differs only in case; mostly empty.
     std::string twin_target = {};
+    bool is_expected = false;  ///< may be listed already
   };
 
   void PushRoots();
@@ -62,15 +73,18 @@ class FolderWalk {
   bool BelongsToSource(const platform::Folder& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
   bool TargetIsItsOwn(const Pending& folder, const FolderPair& pair);
-  void ExpectNextTarget(const Pending& folder, const FolderPair& pair);
+  /// Lets the folders be listed that come next.
+  void ExpectNext();
   void RemoveLeftovers(FolderPair& pair);
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
-  void ExpectCopies(const FolderPair& pair, const std::vector<Selection>& selections);
-  void ActOnFiles(const Pending& folder, FolderPair& pair, const std::vector<Selection>& selections,
-                  FolderCounts& counts);
-  bool ActOnFile(FolderPair& pair, const platform::Entry& file, const Selection& selection,
-                 FileCounts& counts);
+  Selection SelectFileOf(FolderPair& pair, const platform::Entry& file);
+  std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
+  void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
+                  const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
+  void ActOnFile(CopyJob job);
+  void TellBegin(const std::shared_ptr<FolderCounts>& counts);
+  void TellEnd(const std::shared_ptr<FolderCounts>& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there);
   static void MarkTwin(Pending& folder, FirstSpellings& spellings);
   Pending Below(const Pending& folder, const std::string& name) const;
@@ -78,7 +92,10 @@ class FolderWalk {
   void PauseIfWished(const FolderCounts& counts);
   /// Asks the listener, too.
   bool Ended();
+  void Write(const std::string& line);
   void Warn(const std::string& line);
+  /// A folder, or a part of the target, that could not be read.
+  void WriteUnread(const std::string& line);
   void FailFolder(const std::string& path, const platform::Error& error);
 
   const Tools& tools_;
@@ -88,6 +105,8 @@ class FolderWalk {
   TargetRoot target_root_;
   Totals totals_;
   Pulse pulse_;
+  ReportOrder order_;
+  UnfinishedRun unfinished_;
   CopyPass copy_pass_;
   std::vector<Pending> pending_;  ///< the next one at the end
   bool cancelled_ = false;

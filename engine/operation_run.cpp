@@ -58,14 +58,31 @@ RunOutcome Refused(RunHost& host, const Refusal& refusal, std::string* statusTex
   return outcome;
 }
 
-/// Brings what was copied safely to the disk.
-bool FlushTarget(RunHost& host, const Tools& tools, const WalkPlan& plan, Listener& listener) {
-  host.ShowNote(tools.texts.GetProgramText(text::kFlushing));
-  const platform::Status flushed = tools.files.Flush(plan.target, [&listener] { listener.Breathe(); });
-  host.ShowNote({});
-  if (flushed) return true;
-  listener.WriteLine(FailureLine(tools, text::kNotFlushed, plan.target, flushed.error()));
-  return false;
+/// Brings what was copied safely to the disk. The user may cancel: the names of the last copies are then
+/// left to the system.
+platform::Status FlushTarget(const Tools& tools, const std::string& target, Listener& listener) {
+  listener.Saving(true);
+  platform::Status flushed = tools.files.Flush(target, [&listener] {
+    listener.Breathe();
+    return !listener.StopRequested();
+  });
+  listener.Saving(false);
+  return flushed;
+}
+
+/// The last act of a copying run.
+void EndCopying(const Tools& tools, const WalkPlan& plan, FolderWalk& walk, Listener& listener,
+                RunOutcome& outcome) {
+  if (outcome.totals.counts.copied > 0 && !outcome.cancelled) {
+    const platform::Status flushed = FlushTarget(tools, plan.target, listener);
+    outcome.cancelled = !flushed && listener.StopRequested();
+    if (!flushed && !outcome.cancelled) {
+      outcome.terminated = true;
+      listener.WriteLine(FailureLine(tools, text::kNotFlushed, plan.target, flushed.error()));
+      return;
+    }
+  }
+  walk.EndUnfinished();
 }
 
 RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& request) {
@@ -79,9 +96,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
   outcome.totals = walk.Run();
   outcome.cancelled = walk.cancelled();
   outcome.terminated = walk.OperationTerminated();
-  if (IsCopyOperation(request.operation) && outcome.totals.counts.copied > 0) {
-    outcome.terminated |= !FlushTarget(host, tools, plan, listener);
-  }
+  if (IsCopyOperation(request.operation)) EndCopying(tools, plan, walk, listener, outcome);
   if (walk.OperationTerminated()) listener.WriteLine(tools.texts.GetProgramText(text::kEndedEarly));
   if (outcome.cancelled) listener.WriteLine(tools.texts.GetProgramText(text::kCancelledByUser));
   host.WriteSummary(outcome.totals);

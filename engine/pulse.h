@@ -21,10 +21,11 @@ class Pulse {
     Beat();
   }
 
+  bool IsDue() const { return clock_.Monotonic() - last_ >= std::chrono::milliseconds{100}; }
+
   void Beat() {
-    const std::chrono::milliseconds now = clock_.Monotonic();
-    if (now - last_ < std::chrono::milliseconds{100}) return;
-    last_ = now;
+    if (!IsDue()) return;
+    last_ = clock_.Monotonic();
     listener_.Progress(fraction_);
     listener_.Breathe();
   }

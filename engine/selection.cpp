@@ -2,6 +2,7 @@
 
 #include "base/utf8.h"
 #include "engine/file_proc.h"
+#include "engine/unfinished_run.h"
 #include "engine/wildcard_match.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
@@ -9,13 +10,19 @@
 namespace engine {
 namespace {
 
+bool IsTheProgramsOwn(const std::string& name) {
+  return platform::IsTemporaryName(name) || name == kUnfinishedMark;
+}
+
 Finding FindingOf(const SelectionRules& rules, const Candidate& file) {
+  if (IsTheProgramsOwn(file.source.name)) return Finding::kFilteredOut;
   if (!PassesFilters(rules.filters, file.folder, file.source)) return Finding::kFilteredOut;
   if (rules.skip_picture_caches && IsPictureCache(file.source.name)) return Finding::kFilteredOut;
   if (IsListOperation(rules.operation)) return Finding::kListed;
   if (rules.operation == app::Operation::kBackupAllFiles) return Finding::kUnconditional;
   if (!file.TargetFileExists()) return Finding::kNew;
-  return FileTimesDiffer(file.source, *file.target) ? Finding::kModified : Finding::kUpToDate;
+  return file.is_doubted || FileTimesDiffer(file.source, *file.target) ? Finding::kModified
+                                                                       : Finding::kUpToDate;
 }
 
 bool IsDue(Finding finding) {

@@ -23,9 +23,10 @@ struct SelectionRules {
 struct Candidate {
   const std::string& folder;  ///< path of the source folder
   const platform::Entry& source;
-  const platform::Entry* target = nullptr;  ///< null: there is none
+  const platform::Entry* target = nullptr;  ///< null: there is nothing
+  bool is_doubted = false;                  ///< the copy is not to be believed: see UnfinishedRun
 
-  bool TargetFileExists() const { return target != nullptr; }
+  bool TargetFileExists() const { return target != nullptr && target->kind == platform::EntryKind::kFile; }
   std::string SourcePath() const;
 };
 
@@ -48,7 +49,9 @@ struct Selection {
 /// Whether the lower-cased path without the blanks around it ends in "thumbs.db".
 bool IsPictureCache(std::string_view path);
 
-/// Decides whether the operation acts on a file. Keeps nothing between files and asks no disk.
+/// Decides whether the operation acts on a file. What the program itself keeps in a target (temporary files,
+/// the mark of an unfinished run) is filtered out where a target is a source. Keeps nothing between files and
+/// asks no disk.
 Selection SelectFile(const SelectionRules& rules, const Candidate& file);
 
 }  // namespace engine

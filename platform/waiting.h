@@ -1,24 +1,18 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 
 #include "platform/result.h"
+#include "platform/workers.h"
 
 namespace platform {
 
-/// Called about ten times a second while a call that takes long is under way, from the thread of the call.
-using Waiting = std::function<void()>;
+/// Called about twenty times a second while a call that takes long is under way, from the thread of the call.
+/// False: the caller does not want to wait any longer.
+using Waiting = std::function<bool()>;
 
-/// Asked between the blocks of a copy, before its first one, and while a call that takes long is under way.
-/// bytes_written counts this file's bytes from 0. Returning false ends the copy with ErrorKind::kCancelled.
-using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
-
-/// Does the work on a thread of its own and gives what it gives. `waiting` may be empty.
-Status DoMeanwhile(const std::function<Status()>& work, const Waiting& waiting);
-
-/// The same as a part of a copy that has so many bytes. A watcher that wishes to stop is heard when the work
-/// is done: kCancelled then.
-Status DoMeanwhile(const std::function<Status()>& work, const CopyWatcher& watcher, std::int64_t bytes);
+/// Does the work in the background and gives what it gives; kCancelled when `waiting`, which may be empty, is
+/// false before that. The work goes on then, so it must own what it works with.
+Status WaitFor(Workers& workers, std::function<Status()> work, const Waiting& waiting);
 
 }  // namespace platform

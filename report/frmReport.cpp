@@ -1,6 +1,7 @@
 #include "report/frmReport.h"
 
 #include "report/window_look.h"
+#include "text/text_numbers.h"
 #include "ui/front_end.h"
 
 namespace report {
@@ -89,6 +90,12 @@ void frmReport::ShowFileBeingCopied(const std::string& path) {
   Label1.SetVisible(!path.empty());
   lblFileName.SetText(path);
   lblFileName.SetToolTip(path);
+}
+
+void frmReport::ShowSaving() {
+  Label1.SetVisible(false);
+  lblFileName.SetText(texts_.GetProgramText(text::kFlushing));
+  lblFileName.SetToolTip("");
 }
 
 void frmReport::ShowProgress(double fraction) {

@@ -52,6 +52,8 @@ class frmReport : public ui::Form {
   // --- What is shown beside the report.
   /// The file that is being copied; none when empty.
   void ShowFileBeingCopied(const std::string& path);
+  /// In its place: that what was copied is being brought safely to the disk.
+  void ShowSaving();
   /// What has been copied: "Copied: " and so on.
   void ShowBytesCopied(const std::string& text) { lblBytesCopied.SetText(text); }
   /// 0 to 1; in the window and on the system's task bar.

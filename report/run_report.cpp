@@ -52,7 +52,8 @@ void RunReport::FolderBegun(const engine::FolderCounts& folder) {
   folder_ = folder.path;
   files_in_folder_ = folder.files_in_folder;
   counts_.files_in_folders += std::max<std::int64_t>(folder.files_in_folder, 0);
-  if (ShowsEveryFolder(files_in_folder_)) WriteHeadLine();
+  const bool shows_copies = facts_.operation == app::Operation::kBackupModifiedFiles;
+  if (ShowsEveryFolder(files_in_folder_) || (shows_copies && folder.files_to_copy > 0)) WriteHeadLine();
 }
 
 void RunReport::WriteHeadLine() {
@@ -91,7 +92,6 @@ void RunReport::WriteLine(const std::string& text) {
 }
 
 void RunReport::CopyBegun(const std::string& source_path) {
-  if (facts_.operation == app::Operation::kBackupModifiedFiles && in_folder_) WriteHeadLine();
   file_ = source_path;
   ShowWhenDue();
 }
@@ -100,6 +100,11 @@ void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) 
   copied_ = Copied{bytes_copied, files_copied};
   counts_.files_copied = files_copied;
   ShowWhenDue();
+}
+
+void RunReport::Saving(bool is_saving) {
+  file_.reset();
+  is_saving ? window_.ShowSaving() : window_.ShowFileBeingCopied("");
 }
 
 void RunReport::Progress(double fraction) {

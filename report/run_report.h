@@ -55,6 +55,7 @@ class RunReport : public engine::Listener {
   void WriteLine(const std::string& text) override;
   void CopyBegun(const std::string& source_path) override;
   void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) override;
+  void Saving(bool is_saving) override;
   void Progress(double fraction) override;
   void Breathe() override;
   bool StopRequested() override;

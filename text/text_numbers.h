@@ -111,6 +111,9 @@ inline constexpr int kFolderNameTaken = 535;     ///< lead word
 inline constexpr int kFlushing = 536;
 inline constexpr int kChangedMeanwhile = 537;  ///< lead word
 inline constexpr int kEndedEarly = 538;
+inline constexpr int kUnfinishedRunFound = 540;
+inline constexpr int kNotMarked = 541;    ///< lead word
+inline constexpr int kMarkNotRead = 542;  ///< lead word
 
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;

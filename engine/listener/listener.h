@@ -12,13 +12,15 @@ struct Question {
   std::string title;
 };
 
-/// Told by the engine what happens during a run, and asked by it. All calls come on the one thread, between
-/// FolderBegun() and FolderEnded() of a folder or outside of any; folders do not nest.
+/// Told by the engine what happens during a run, and asked by it. All calls come on the one thread. Folders
+/// do not nest; they, the lines and the copied files come in the order of the walk, and a file counts as
+/// copied only when it bears its name. Since many copies are on their way at a time, that may be some seconds
+/// after CopyBegun() of the file.
 class Listener {
  public:
   virtual ~Listener() = default;
 
-  /// A folder's files have been counted and are worked on from now on.
+  /// A folder's files have been counted and selected; what came of them is told from now on.
   virtual void FolderBegun(const FolderCounts& folder) = 0;
   /// All files of the folder are dealt with, or the run was stopped among them.
   virtual void FolderEnded(const FolderCounts& folder) = 0;
@@ -26,10 +28,13 @@ class Listener {
   /// A line that the report shows in every case: a failure, a refusal, a warning. No line end.
   virtual void WriteLine(const std::string& text) = 0;
 
-  /// A file is about to be copied.
+  /// A file is about to be copied, or is what the run now waits for. To be shown; tells nothing of the order.
   virtual void CopyBegun(const std::string& source_path) = 0;
   /// A file has been copied; the sums of the run so far.
   virtual void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) = 0;
+
+  /// Whether the run now waits until what was copied is safely on the disk.
+  virtual void Saving(bool is_saving) = 0;
 
   /// How much of the run is done: 0 to 1, never less than before.
   virtual void Progress(double fraction) = 0;
@@ -37,7 +42,8 @@ class Listener {
   /// Lets pending events run. Called often enough to keep a window alive, at most every 100 ms.
   virtual void Breathe() = 0;
 
-  /// Whether the user has asked to stop. Asked between files and between the blocks of a big file.
+  /// Whether the user has asked to stop. Asked between files, and about twenty
+  /// times a second while the run waits for copies.
   virtual bool StopRequested() = 0;
 
   /// Yes: go on. In an unattended run the answer is No.

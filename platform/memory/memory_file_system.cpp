@@ -40,6 +40,7 @@ MemoryFileSystem::~MemoryFileSystem() = default;
 std::optional<Error> MemoryFileSystem::Enter(Call call, const std::string& path) {
   if (before_) before_(call, path);
   touched_.push_back({call, path});
+  if (is_dead_) return MakeError(ErrorKind::kOther);
   for (auto fault = faults_.begin(); fault != faults_.end(); ++fault) {
     if (fault->call != call || (!fault->path.empty() && fault->path != path)) continue;
     Error error = fault->error;
@@ -119,51 +120,6 @@ std::optional<FolderIdentity> MemoryFileSystem::IdentityOf(const std::string& pa
   return memory::IdentityOf(**node);
 }
 
-std::optional<Error> MemoryFileSystem::MoveBlocks(const Node& source, const CopyWatcher& watcher) const {
-  std::int64_t done = 0;
-  if (watcher && !watcher(0)) return MakeError(ErrorKind::kCancelled);
-  while (done < source.size) {
-    done += std::min(block_size_, source.size - done);
-    if (!HasSpaceFor(done)) return MakeError(ErrorKind::kDiskFull);
-    if (done < source.size && watcher && !watcher(done)) return MakeError(ErrorKind::kCancelled);
-  }
-  return std::nullopt;
-}
-
-Result<CopyOutcome> MemoryFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                               TargetName name, const CopyWatcher& watcher) {
-  const std::string target_path = Join(target.path(), file.name);
-  const std::string source_path = Join(source.path(), file.name);
-  if (auto error = Enter(Call::kCopyFile, target_path)) return *error;
-  if (auto error = Enter(Call::kReadSource, source_path)) return *error;
-  if (IsReadOnlyPlace(target_path)) return MakeError(ErrorKind::kReadOnlyMedium);
-  if (kept_read_only_.contains(target_path)) return MakeError(ErrorKind::kAccessDenied);
-
-  const auto from = Find(source_path);
-  if (!from.ok()) return from.error();
-  if ((*from)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
-  if ((*from)->kind != NodeKind::kFile) return MakeError(ErrorKind::kOther);
-  const auto folder = Find(target.path());
-  if (!folder.ok()) return folder.error();
-  const std::pair before((*from)->size, (*from)->modified);
-  if (auto error = MoveBlocks(**from, watcher)) return *error;
-
-  NodePtr to = FindChild(**folder, file.name, ignore_case_);
-  if (to && to->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
-  if (to && name == TargetName::kFree) return MakeError(ErrorKind::kNameTaken);
-  const std::int64_t freed = to && to->kind == NodeKind::kFile ? to->size : 0;
-  if (!to) to = (*folder)->children.emplace_back(std::make_shared<Node>());
-  const Node& read = **from;
-  const bool changed = before != std::pair(read.size, read.modified);
-  FileTime modified = read.size == file.size && file.modified && !changed ? *file.modified : read.modified;
-  if (changed) modified.seconds -= kEarlierWhenChanged;
-  TakeSpace(read.size - freed);
-  const Attributes attributes = read.attributes;
-  *to = Node{file.name, NodeKind::kFile,      {}, read.content, read.size,
-             modified,  attributes & kSystem, {}, false};
-  return CopyOutcome{to->size, attributes, to->attributes, changed};
-}
-
 Status MemoryFileSystem::CreateFolder(const std::string& path) {
   if (auto error = Enter(Call::kCreateFolder, path)) return *error;
   if (Exists(path)) return MakeError(ErrorKind::kAlreadyExists);
@@ -171,6 +127,7 @@ Status MemoryFileSystem::CreateFolder(const std::string& path) {
   const auto parent = Find(Parent(path));
   if (!parent.ok()) return parent.error();
   if ((*parent)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
+  WillChange(*parent, std::string(NameOf(path, PathStyle::kPosix)));
   AddFolder(path);
   return Done{};
 }
@@ -182,6 +139,7 @@ Status MemoryFileSystem::RemoveFile(const std::string& path) {
   if (place->node->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
   if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
   if (place->node->kind == NodeKind::kFile) TakeSpace(-place->node->size);
+  if (const auto parent = Find(Parent(path))) WillChange(*parent, place->node->name);
   Remove(path);
   return Done{};
 }
@@ -235,6 +193,7 @@ Status MemoryFileSystem::Put(const std::string& path, const std::string& content
   TakeSpace(size - (old.ok() ? (*old)->size : 0));
   AddFile(old.ok() ? RealPath(path).value() : path, content, kTimeOfWrites,
           old.ok() ? (*old)->attributes : Attributes{0});
+  Find(path).value()->changed = Change();
   return Done{};
 }
 
@@ -252,7 +211,8 @@ Status MemoryFileSystem::ReplaceFile(const std::string& path, const std::string&
 
 Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) {
   if (auto error = Enter(Call::kFlush, path)) return *error;
-  if (waiting) waiting();
+  FlushAll();
+  if (waiting && !waiting()) return MakeError(ErrorKind::kCancelled);
   return Done{};
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/grouped_copier.h"
 
 namespace platform::memory {
 
@@ -19,8 +20,12 @@ using NodePtr = std::shared_ptr<Node>;
 enum class Call {
   kOpenFolder,
   kLook,
-  kCopyFile,    ///< path: the target file
-  kReadSource,  ///< the reading side of CopyFile; path: the source file
+  kCopyFile,    ///< the writing of a copy; path: the target file
+  kReadSource,  ///< the reading side of that; path: the source file
+  kReadBlock,   ///< after each block of that; path: the source file. Not recorded and cannot fail
+  kSaveData,    ///< a group's data is brought to the disk; path: the first target file
+  kPublish,     ///< a copy gets its final name; path: the target file
+  kSaveNames,   ///< a group's names are brought to the disk; path: the first target file
   kCreateFolder,
   kRemoveFile,
   kGetAttributes,
@@ -89,6 +94,13 @@ class MemoryFileSystem : public FileSystem {
   void Before(std::function<void(Call, const std::string& path)> hook) { before_ = std::move(hook); }
   /// Copies move this many bytes between two questions to the watcher (default 256 KiB).
   void SetBlockSize(std::int64_t bytes) { block_size_ = bytes; }
+  /// How many files a copier saves at a time (default 20).
+  void SetGroupSize(std::size_t files) { group_size_ = files; }
+  /// What a disk without a journal would hold if the power failed now: of the names that were not flushed
+  /// each is as it was or as it is, as `random` has it; a file that was not flushed holds zeros; one whose
+  /// space was given free holds something else. Every call fails from then on until PowerOn().
+  void CutPower(unsigned random);
+  void PowerOn() { is_dead_ = false; }
   /// Names are compared without regard to the case of ASCII letters.
   void IgnoreCase(bool ignore) { ignore_case_ = ignore; }
 
@@ -97,8 +109,8 @@ class MemoryFileSystem : public FileSystem {
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
-                               const CopyWatcher& watcher) override;
+  std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  Result<FileTime> ChangedAt(const std::string& path) override;
   Status CreateFolder(const std::string& path) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
@@ -113,6 +125,15 @@ class MemoryFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
+  friend class MemoryDraft;
+  friend class MemoryCopyVolume;
+
+  /// A name as the disk has it while the change of it is not flushed.
+  struct NameOnDisk {
+    NodePtr folder;
+    std::string name;
+    NodePtr node;  ///< null: none
+  };
   struct Fault {
     Call call;
     std::string path;  ///< empty: every path
@@ -127,7 +148,13 @@ class MemoryFileSystem : public FileSystem {
   bool IsReadOnlyPlace(const std::string& path) const;
   bool HasSpaceFor(std::int64_t bytes) const;
   void TakeSpace(std::int64_t bytes);
-  std::optional<Error> MoveBlocks(const Node& source, const CopyWatcher& watcher) const;
+  std::optional<Error> MoveBlocks(const std::string& path, const Node& source,
+                                  const CopyWatcher& watcher) const;
+  /// To be called before the name is made, taken away or given to something else.
+  void WillChange(const NodePtr& folder, const std::string& name);
+  void FlushAll();
+  /// The time of the next change: each comes two seconds after the last.
+  FileTime Change() { return {changes_ += 2, 0}; }
   Status Put(const std::string& path, const std::string& content);
   NodePtr MakeNode(const std::string& path);
 
@@ -141,6 +168,12 @@ class MemoryFileSystem : public FileSystem {
   std::function<void(Call, const std::string&)> before_;
   std::int64_t block_size_ = std::int64_t{256} * 1024;
   bool ignore_case_ = false;
+  std::size_t group_size_ = 20;
+  std::int64_t changes_ = 0;
+  std::vector<NameOnDisk> names_on_disk_;
+  std::vector<NodePtr> not_on_disk_;  ///< files whose content is not flushed
+  bool is_dead_ = false;
+  CopyThreads copy_threads_;
 };
 
 }  // namespace platform::memory

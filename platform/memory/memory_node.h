@@ -26,6 +26,9 @@ struct Node {
   Attributes attributes = 0;
   std::string destination;  ///< of a link: an absolute path
   bool is_mount_point = false;
+  FileTime changed = {};     ///< when it came to be or was changed last; counts on with each change
+  bool is_on_disk = true;    ///< whether a power cut leaves the content of the file
+  bool is_given_up = false;  ///< its space may hold something else by now
 };
 
 /// Whether the last part of a path is followed when it is a link.

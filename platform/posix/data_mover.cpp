@@ -53,13 +53,6 @@ Status DataMover::MoveByBlocks(std::int64_t expected) {
   }
 }
 
-Status DataMover::MoveFromMemory(std::span<const char> content) {
-  if (!MayGoOn()) return ErrorOf(ECANCELED);
-  if (Status written = Write(content); !written) return written;
-  moved_ += static_cast<std::int64_t>(content.size());
-  return Done{};
-}
-
 Status DataMover::Write(std::span<const char> bytes) {
   while (!bytes.empty()) {
     const ssize_t written = write(target_, bytes.data(), bytes.size());

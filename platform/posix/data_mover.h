@@ -18,9 +18,6 @@ class DataMover {
   /// before each block of those.
   Status MoveToEnd(std::int64_t expected);
 
-  /// Writes what is in memory already as the next bytes, after asking the watcher.
-  Status MoveFromMemory(std::span<const char> content);
-
   /// The bytes moved so far, by all calls together.
   std::int64_t moved() const { return moved_; }
 

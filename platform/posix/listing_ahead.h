@@ -1,42 +1,44 @@
 #pragma once
 
 #include <chrono>
-#include <future>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <unordered_map>
 
 #include "platform/posix/posix_folder.h"
-#include "platform/posix/worker.h"
+#include "platform/workers.h"
 
 namespace platform::posix {
 
-/// Lists folders, and the one that is wanted next already while the program still works on another one.
+/// Lists folders, and those that are wanted next already while the program still works on others. To be used
+/// from one thread.
 class ListingAhead {
  public:
   using Listing = Result<std::unique_ptr<PosixFolder>>;
 
-  /// Begins to list `path` in the background, unless listings are so quick that it would not pay. What was
-  /// begun before and not taken is dropped.
+  ListingAhead();
+  ~ListingAhead();
+
+  /// Begins to list `path` in the background, unless listings are so quick that it would not pay, or many are
+  /// there that nobody has taken.
   void Begin(const std::string& path);
 
-  /// The listing of `path`: the one begun, while it is fresh, or a new one.
+  /// The listing of `path`: the one begun, while it is fresh, or a new one. That a folder is missing is
+  /// looked at anew in any case: the program may have made it meanwhile.
   Listing Take(const std::string& path);
 
  private:
-  using Clock = std::chrono::steady_clock;
+  struct Task;
+  struct Shared;
 
-  struct Timed {
-    Listing listing;
-    Clock::time_point begun;
-    Clock::duration took;
-  };
+  void DropStale();
 
-  static Timed List(const std::string& path);
-
-  std::string path_;
-  std::future<Timed> next_;
-  Clock::duration last_took_{};
-  Worker worker_;
+  std::shared_ptr<Shared> shared_;
+  std::unordered_map<std::string, std::shared_ptr<Task>> tasks_;
+  std::chrono::steady_clock::duration last_took_{};
+  Workers workers_;
 };
 
 }  // namespace platform::posix

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 
@@ -11,6 +12,7 @@
 #include "platform/posix/attribute_change.h"
 #include "platform/posix/file_facts.h"
 #include "platform/posix/long_path.h"
+#include "platform/posix/posix_copy_volume.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/volume.h"
 #include "platform/posix/whole_file.h"
@@ -70,14 +72,20 @@ std::optional<FolderIdentity> PosixFileSystem::IdentityOf(const std::string& pat
   return FolderIdentity{facts.st_dev, facts.st_ino};
 }
 
-Result<CopyOutcome> PosixFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                              TargetName name, const CopyWatcher& watcher) {
-  return copier_.Copy(static_cast<const PosixFolder&>(source), file, static_cast<PosixFolder&>(target), name,
-                      watcher);
+std::unique_ptr<Copier> PosixFileSystem::MakeCopier(const std::string& source, const std::string& target) {
+  return std::make_unique<GroupedCopier>(std::make_shared<PosixCopyVolume>(source, target), copy_threads_);
 }
 
-void PosixFileSystem::ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) {
-  copier_.Expect(static_cast<const PosixFolder&>(source), files);
+Result<FileTime> PosixFileSystem::ChangedAt(const std::string& path) {
+  const auto place = Reach(path);
+  if (!place) return place.error();
+  struct statx facts = {};
+  if (statx(place->at(), place->rest, AT_SYMLINK_NOFOLLOW, STATX_CTIME | STATX_BTIME, &facts) != 0)
+    return LastError();
+  // FAT and exFAT keep no time of change, but the one of the file's birth; a copy is born when it is made.
+  const FileTime changed{facts.stx_ctime.tv_sec, static_cast<std::int32_t>(facts.stx_ctime.tv_nsec)};
+  const FileTime born{facts.stx_btime.tv_sec, static_cast<std::int32_t>(facts.stx_btime.tv_nsec)};
+  return (facts.stx_mask & STATX_BTIME) != 0 ? std::max(changed, born) : changed;
 }
 
 Status PosixFileSystem::CreateFolder(const std::string& path) {
@@ -126,7 +134,8 @@ Status PosixFileSystem::ReplaceFile(const std::string& path, const std::string& 
 }
 
 Status PosixFileSystem::Flush(const std::string& path, const Waiting& waiting) {
-  return FlushVolumeOf(path, waiting);
+  copy_threads_.saver.Allow(1);
+  return FlushVolumeOf(path, copy_threads_.saver, waiting);
 }
 
 std::string PosixFileSystem::NameKey(const std::string& name) const { return name; }

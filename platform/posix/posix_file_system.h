@@ -3,12 +3,12 @@
 #include <memory>
 
 #include "platform/file_system.h"
-#include "platform/posix/file_copier.h"
+#include "platform/grouped_copier.h"
 #include "platform/posix/listing_ahead.h"
 
 namespace platform::posix {
 
-/// The file system of Linux. To be used from one thread; folders may outlive it.
+/// The file system of Linux. To be used from one thread.
 class PosixFileSystem : public FileSystem {
  public:
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
@@ -16,9 +16,8 @@ class PosixFileSystem : public FileSystem {
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
-                               const CopyWatcher& watcher) override;
-  void ExpectCopies(const Folder& source, const std::vector<const Entry*>& files) override;
+  std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  Result<FileTime> ChangedAt(const std::string& path) override;
   Status CreateFolder(const std::string& path) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
@@ -33,7 +32,7 @@ class PosixFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
-  FileCopier copier_;
+  CopyThreads copy_threads_;
   ListingAhead listing_ahead_;
 };
 

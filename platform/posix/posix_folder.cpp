@@ -30,12 +30,10 @@ Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) 
   std::unique_ptr<PosixFolder> folder(new PosixFolder(path, std::move(*handle)));
   folder->Identify();
   if (const Status listed = folder->List(); !listed) return listed.error();
-  folder->uses_unnamed_files_ = folder->entries_.empty();
   return folder;
 }
 
-PosixFolder::PosixFolder(std::string path, FileDescriptor handle)
-    : handle_(std::make_shared<const FileDescriptor>(std::move(handle))) {
+PosixFolder::PosixFolder(std::string path, FileDescriptor handle) : handle_(std::move(handle)) {
   path_ = std::move(path);
 }
 

@@ -2,27 +2,25 @@
 
 #include <sys/stat.h>
 
-#include <memory>
 #include <string>
 
-#include "platform/file_system.h"
+#include "platform/copier.h"
 #include "platform/posix/file_descriptor.h"
 
 namespace platform::posix {
 
-/// A file that is about to be copied: open, or read already.
+/// A file that is about to be copied, open for reading.
 struct SourceFile {
-  FileDescriptor handle;            ///< none when `content` is there
-  struct stat facts = {};           ///< as the file was when it was opened
-  Attributes attributes = 0;        ///< all three bits
-  std::unique_ptr<char[]> content;  ///< all of the file, facts.st_size bytes; null: still to be read
+  FileDescriptor handle;
+  struct stat facts = {};     ///< as the file was when it was opened
+  Attributes attributes = 0;  ///< all three bits
+  /// It was written to so shortly before that one more write might leave its time as it is.
+  bool is_fresh = false;
 };
 
-/// Opens the file `name` in the open folder `folder`. Fails on everything but a regular file.
-Result<SourceFile> OpenSource(int folder, const std::string& name);
-
-/// Reads the whole content and closes the file. False when the file has more than `limit` bytes, changed its
-/// length meanwhile or could not be read: it is then to be opened anew.
-bool ReadContent(SourceFile& file, std::size_t limit);
+/// Opens the file `name` in the open folder `folder`. Fails on everything but a regular file. A file that was
+/// written to within the present tick of the system's clock is opened when that is over (4 ms mostly); where
+/// the volume's times are coarser than that, it is told by is_fresh.
+Result<SourceFile> OpenSource(int folder, const std::string& name, bool has_coarse_times);
 
 }  // namespace platform::posix

@@ -8,6 +8,8 @@
 #include <unistd.h>
 
 #include <climits>
+#include <memory>
+#include <utility>
 
 #include "platform/path.h"
 #include "platform/posix/long_path.h"
@@ -67,12 +69,14 @@ std::string MountPointOf(const std::string& path) {
   return place;
 }
 
-Status FlushVolumeOf(const std::string& path, const Waiting& waiting) {
-  const auto place = OpenOnVolume(path, O_RDONLY | O_NONBLOCK);
+Status FlushVolumeOf(const std::string& path, Workers& worker, const Waiting& waiting) {
+  auto place = OpenOnVolume(path, O_RDONLY | O_NONBLOCK);
   if (!place) return place.error();
-  return DoMeanwhile(
-      [&place]() -> Status {
-        if (syncfs(place->get()) != 0) return LastError();
+  const auto file = std::make_shared<const FileDescriptor>(std::move(*place));
+  return WaitFor(
+      worker,
+      [file]() -> Status {
+        if (syncfs(file->get()) != 0) return LastError();
         return Done{};
       },
       waiting);

@@ -15,7 +15,7 @@ std::int64_t LargestFileAt(const std::string& path);
 /// The mount point; empty when it cannot be told. `path` is without links.
 std::string MountPointOf(const std::string& path);
 
-/// See FileSystem::Flush().
-Status FlushVolumeOf(const std::string& path, const Waiting& waiting);
+/// See FileSystem::Flush(); `worker` does it.
+Status FlushVolumeOf(const std::string& path, Workers& worker, const Waiting& waiting);
 
 }  // namespace platform::posix

@@ -10,7 +10,7 @@
 #include "platform/path.h"
 #include "platform/posix/long_path.h"
 #include "platform/posix/posix_error.h"
-#include "platform/posix/target_file.h"
+#include "platform/posix/temporary_file.h"
 
 namespace platform::posix {
 namespace {
@@ -65,12 +65,13 @@ Status ReplaceWhole(const std::string& path, const std::string& content) {
 
   struct stat old = {};
   const bool replaces = fstatat(folder->get(), name.c_str(), &old, 0) == 0;
-  TargetFile file;
-  if (Status created = file.CreateNamed(folder->get(), kNewFile); !created) return created;
+  TemporaryFile file;
+  if (Status created = file.Create(folder->get(), kNewFile); !created) return created;
   // Who may read the old file may read the new one; a volume without permissions may refuse.
   if (replaces) static_cast<void>(fchmod(file.handle(), old.st_mode & kNewFile) == 0);
   if (Status written = WriteAll(file.handle(), content); !written) return written;
   if (Status flushed = FlushHandle(file.handle()); !flushed) return flushed;
+  if (Status closed = file.Close(); !closed) return closed;
   if (Status published = file.Publish(name, TargetName::kTaken); !published) return published;
   // The new content is there; a volume whose folders cannot be flushed takes nothing of that back.
   static_cast<void>(FlushHandle(folder->get()));

@@ -1,3 +1,6 @@
+#include <utility>
+
+#include "engine/unfinished_run.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -70,7 +73,8 @@ TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
     Scene scene({"/src/in/good", "/src/in/bad/x=new", "/dst/in/bad/x=old!"}, {"in"});
     scene.files.Fail(call, path, kNoAccess);
     const std::string words = scene.BackUp();
-    EXPECT_EQ(scene.Copies(), path.empty() ? "in/bad/x=new in/good=1" : "in/bad/x=old! in/good=1");
+    const std::string mark = call == Call::kFlush ? std::string(kUnfinishedMark) + "= " : "";
+    EXPECT_EQ(scene.Copies(), path.empty() ? mark + "in/bad/x=new in/good=1" : "in/bad/x=old! in/good=1");
     EXPECT_TRUE(scene.Wrote("      " + line + ". No permission. (13: Permission denied)|") || line.empty())
         << line;
     return words;
@@ -78,6 +82,7 @@ TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
   const std::string one_failed = "new 1, modified 1, copied 1, failed 1";
   EXPECT_EQ(outcome(Call::kReadSource, "/src/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
   EXPECT_EQ(outcome(Call::kCopyFile, "/dst/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
+  EXPECT_EQ(outcome(Call::kPublish, "/dst/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
   const std::string one_unread = "new 1, copied 1, unread 1";
   EXPECT_EQ(outcome(Call::kOpenFolder, "/src/in/bad", "Not read: /src/in/bad"), one_unread);
   EXPECT_EQ(outcome(Call::kOpenFolder, "/dst/in/bad", "Not read: /dst/in/bad"), one_unread);
@@ -85,23 +90,71 @@ TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
   EXPECT_EQ(outcome(Call::kSpace, "", ""), "new 1, modified 1, copied 2");
 }
 
-TEST(CopyPass, CancelInsideABigFileKeepsItsOldCopyAndCountsItAsNotMet) {
-  Scene scene({"/src/big=0123456789", "/dst/big=old"});
-  scene.files.SetBlockSize(3);
-  scene.files.Fail(Call::kReadSource, "", {ErrorKind::kCancelled, 125, {}}, 1);
-  EXPECT_EQ(scene.BackUp(), "modified 1, failed 1") << "the volume's own error";
-  scene.on_copy = [&scene] { scene.stop = true; };
-  EXPECT_EQ(scene.BackUp(), "cancelled 1");
-  EXPECT_EQ(scene.Copies(), "big=old");
+TEST(CopyPass, CancelKeepsTheOldCopiesOfAllThatDoNotBearTheirNamesYetAndCountsThemAsNotMet) {
+  const auto cancel_at = [](const std::string& path) {
+    Scene scene({"/src/a=0123456789", "/src/b=new", "/dst/a=old", "/dst/b=old!", "/src/c/d", "/src/c/e"},
+                {"c"});
+    scene.files.SetGroupSize(3);
+    scene.on_copy = [&, path] { scene.stop = scene.copied.ends_with(path + "|"); };
+    const std::string words = scene.BackUp();
+    return words + " | " + scene.Copies() + " | " + scene.visited;
+  };
+  EXPECT_EQ(cancel_at("/src/b"), "cancelled 1 | a=old b=old! | /src|");
+  EXPECT_EQ(cancel_at("/src/c/d"), "cancelled 1 | a=old b=old! | /src|");
+  EXPECT_EQ(cancel_at("/src/c/e"),
+            "new 1, modified 2, copied 3, cancelled 1 | a=0123456789 b=new c/d=1 | /src|/src/c|");
 }
 
-TEST(CopyPass, AFileThatIsWrittenToMeanwhileIsAWarningAndCopiedAgain) {
+TEST(CopyPass, AnErrorOfTheVolumeThatIsCalledCancelledIsAFailure) {
+  Scene scene({"/src/a"});
+  scene.files.Fail(Call::kReadSource, "", {ErrorKind::kCancelled, 125, {}}, 1);
+  EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
+}
+
+TEST(CopyPass, AFileThatIsWrittenToMeanwhileIsAWarningAndCopiedAgainWhateverItsTimeWillBe) {
   Scene scene({"/src/a=0123456789"});
-  scene.on_copy = [&scene] { scene.clock.Advance(std::chrono::milliseconds{100}); };
-  scene.on_breath = [&scene] { scene.files.AddFile("/src/a", "9876543210", {7'000, 0}); };
+  bool is_written = false;
+  scene.files.Before([&](Call call, const std::string&) {
+    if (call == Call::kReadBlock && !std::exchange(is_written, true))
+      scene.files.AddFile("/src/a", "9876543210", {7'000, 0});
+  });
   EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 1");
   EXPECT_TRUE(scene.Wrote("Changed: /src/a|"));
-  EXPECT_EQ(scene.Check(), "modified 1, due 1");
+  for (const std::int64_t later : {0, 20 * 60, 3'600, 86'400, 31 * 86'400, 365 * 86'400}) {
+    scene.files.AddFile("/src/a", "9876543210", {7'000 + later, 0});
+    EXPECT_EQ(scene.Check(), "modified 1, due 1") << later;
+  }
+}
+
+TEST(CopyPass, ASourceThatShrinksIsTriedOnceMoreAndThenFailsAndTheOldCopyStays) {
+  for (const int times : {1, 2}) {
+    Scene scene({"/src/a=0123456789", "/src/b", "/dst/a=old"});
+    int left = times;
+    scene.files.Before([&](Call call, const std::string& path) {
+      if (call == Call::kReadBlock && path == "/src/a" && left > 0)
+        scene.files.AddFile("/src/a", std::string(static_cast<std::size_t>(3 + left--), 'x'));
+    });
+    EXPECT_EQ(scene.BackUp(),
+              times == 1 ? "new 1, modified 1, copied 2" : "new 1, modified 1, copied 1, failed 1");
+    EXPECT_EQ(scene.Copies(), times == 1 ? "a=xxxx b=1" : "a=old b=1");
+  }
+}
+
+TEST(CopyPass, AFileThatFindsNoRoomAmongOthersIsTriedOnceMoreByItself) {
+  Scene scene({"/src/a=new", "/src/b=new", "/dst/a=old!", "/dst/b=old!"});
+  scene.files.Fail(Call::kCopyFile, "/dst/b", {ErrorKind::kDiskFull, 28, {}}, 1);
+  EXPECT_EQ(scene.BackUp(), "modified 2, copied 2");
+  scene.files.Fail(Call::kCopyFile, "/dst/b", {ErrorKind::kDiskFull, 28, {}}, 2);
+  EXPECT_EQ(scene.BackUpAll(), "copied 1, failed 1");
+}
+
+TEST(CopyPass, AGroupThatDoesNotReachTheDiskFailsWithEachOfItsNames) {
+  Scene scene({"/src/a=new", "/src/b", "/src/c", "/dst/a=old!"});
+  scene.files.SetGroupSize(2);
+  scene.files.Fail(Call::kSaveData, "", {ErrorKind::kOther, 5, "I/O error"}, 1);
+  EXPECT_EQ(scene.BackUp(), "new 2, modified 1, copied 1, failed 2");
+  EXPECT_TRUE(scene.Wrote("Not copied: /src/a. ") && scene.Wrote("Not copied: /src/b. "));
+  EXPECT_EQ(scene.Copies(), "a=old! c=1");
 }
 
 TEST(CopyPass, AFileThatTheListingDidNotShowIsNotReplaced) {

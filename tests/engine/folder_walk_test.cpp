@@ -1,6 +1,10 @@
+#include <random>
+
 #include "tests/engine/scene.h"
 
 namespace engine::test {
+
+using platform::memory::Call;
 
 TEST(FolderWalk, VisitsWhatTheSetupIncludes) {
   const auto visited = [](bool source_files, bool below) {
@@ -149,6 +153,32 @@ TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
   scene.pause_wished = true;
   scene.BackUp();
   EXPECT_EQ(scene.paused_after, "/src/y/a|");
+}
+
+TEST(FolderWalk, TellsTheSameWhateverTheSizeOfTheGroups) {
+  const auto told = [](std::size_t group, unsigned seed) {
+    Scene scene({}, {"d0", "d1", "d2"});
+    std::minstd_rand random(seed);
+    const auto roll = [&random](unsigned sides) { return (random() >> 8) % sides; };
+    for (int i = 0; i < 40; ++i) {
+      const std::string path =
+          "/d" + std::to_string(roll(4)) + (roll(2) != 0 ? "/s/" : "/") + std::to_string(roll(20));
+      scene.files.AddFile("/src" + path, std::string(roll(9), 'x'));
+      if (roll(3) == 0) scene.files.AddFile("/dst" + path, std::string(roll(9), 'y'));
+      if (roll(9) == 0)
+        scene.files.Fail(Call::kCopyFile, "/dst" + path, {platform::ErrorKind::kOther, 5, {}});
+      if (roll(9) == 0)
+        scene.files.Fail(Call::kReadSource, "/src" + path, {platform::ErrorKind::kShort, 0, {}}, 1);
+      if (roll(15) == 0) scene.files.AddLink("/src" + path + "l", "/nowhere");
+    }
+    scene.files.SetGroupSize(group);
+    return scene.BackUp() + scene.lines + scene.visited + scene.Copies();
+  };
+  for (unsigned seed = 1; seed <= 100; ++seed) {
+    const std::string one_by_one = told(1, seed);
+    EXPECT_EQ(told(3, seed), one_by_one) << seed;
+    EXPECT_EQ(told(1'000, seed), one_by_one) << seed;
+  }
 }
 
 }  // namespace engine::test

@@ -88,6 +88,7 @@ class Scene : public RunHost, public Listener {
     if (on_copy) on_copy();
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void Saving(bool) override {}
   void Progress(double fraction) override { progress.push_back(fraction); }
   void Breathe() override {
     ++breaths;
@@ -109,7 +110,8 @@ class Scene : public RunHost, public Listener {
       "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n520 Not "
       "read:\n521 Link:\n522 Dead:\n523 Special:\n"
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
-      "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"};
+      "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"
+      "540 Interrupted.\n541 Not marked:\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,

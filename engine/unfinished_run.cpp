@@ -1,0 +1,99 @@
+#include "engine/unfinished_run.h"
+
+#include <algorithm>
+#include <limits>
+#include <sstream>
+
+#include "platform/path.h"
+
+namespace engine {
+namespace {
+
+constexpr std::chrono::minutes kMovesEvery{5};
+constexpr std::int64_t kLongestMark = 1 << 20;
+constexpr platform::FileTime kNever{std::numeric_limits<std::int64_t>::max(), 0};
+
+}  // namespace
+
+UnfinishedRun::UnfinishedRun(const Tools& tools, const std::string& target) : tools_(tools) {
+  if (target.empty()) return;
+  path_ = platform::JoinPath(target, kUnfinishedMark);
+  const auto set_at = tools.files.ChangedAt(path_);
+  if (!set_at) {
+    if (set_at.error().kind != platform::ErrorKind::kNotFound) error_ = set_at.error();
+    return;
+  }
+  const auto content = tools.files.ReadFile(path_, kLongestMark);
+  if (content) {
+    ReadSpans(*content);
+  } else {
+    error_ = content.error();
+  }
+  doubted_.push_back({*set_at, kNever});
+  last_is_open_ = true;
+}
+
+/// A line for each: the seconds at which it begins and ends, by the target's clock.
+void UnfinishedRun::ReadSpans(const std::string& content) {
+  std::istringstream lines(content);
+  for (Span span; lines >> span.begin.seconds >> span.end.seconds;) doubted_.push_back(span);
+}
+
+std::string UnfinishedRun::Content() const {
+  std::string content;
+  for (const Span& span : doubted_)
+    content += std::to_string(span.begin.seconds) + " " + std::to_string(span.end.seconds) + "\n";
+  return content;
+}
+
+bool UnfinishedRun::IsDoubted(platform::FileTime changed) const {
+  return std::any_of(doubted_.begin(), doubted_.end(),
+                     [&](const Span& span) { return span.begin <= changed && changed < span.end; });
+}
+
+bool UnfinishedRun::Doubts(const std::string& copy) const {
+  if (doubted_.empty()) return false;
+  const auto changed = tools_.files.ChangedAt(copy);
+  return !changed || IsDoubted(*changed);
+}
+
+platform::Status UnfinishedRun::Begin() {
+  if (has_begun_ || path_.empty()) return platform::Done{};
+  has_begun_ = true;
+  if (platform::Status written = Write(); !written) return written;
+  return last_is_open_ ? CloseLastSpan() : platform::Status(platform::Done{});
+}
+
+/// What the run before left doubtful ends where this one begins: when the mark was written just now.
+platform::Status UnfinishedRun::CloseLastSpan() {
+  const auto set_at = tools_.files.ChangedAt(path_);
+  if (!set_at) return set_at.error();
+  doubted_.back().end = {set_at->seconds + 1, 0};
+  last_is_open_ = false;
+  return Write();
+}
+
+bool UnfinishedRun::IsDueToMove() const {
+  return has_begun_ && tools_.clock.Monotonic() - written_ >= kMovesEvery;
+}
+
+void UnfinishedRun::MoveOn() { static_cast<void>(Write()); }
+
+platform::Status UnfinishedRun::Write() {
+  written_ = tools_.clock.Monotonic();
+  return tools_.files.ReplaceFile(path_, Content());
+}
+
+void UnfinishedRun::End(bool all_seen) {
+  const bool is_there = has_begun_ || was_found();
+  if (!is_there) return;
+  // What cannot be written or taken away makes the next run copy more than it need.
+  if (all_seen || !was_found()) {
+    static_cast<void>(tools_.files.RemoveFile(path_));
+  } else if (has_begun_) {
+    static_cast<void>(Write());
+  }
+  has_begun_ = false;
+}
+
+}  // namespace engine

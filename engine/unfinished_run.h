@@ -1,0 +1,69 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/tools.h"
+
+namespace engine {
+
+/// The file in the target folder that says: a run into it has begun and not ended.
+inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
+
+/// A second net below the copies, which are on the disk before they bear their names: where a disk, a cable
+/// or a file system did not keep that promise in an accident, nobody could tell the copies by size and time.
+/// So a run leaves a mark in the target while it lasts. The next one that finds it takes no copy for up to
+/// date that was made since the mark was set.
+///
+/// The mark moves on with what is known to be on the disk, so that a first backup that is interrupted every
+/// evening comes to its end. It is set and read by the target's own clock.
+class UnfinishedRun {
+ public:
+  /// Looks for the mark of an earlier run in the folder `target`, which may be empty: then there is none.
+  UnfinishedRun(const Tools& tools, const std::string& target);
+
+  /// The mark's.
+  const std::string& path() const { return path_; }
+
+  /// Why it is not known whether there is a mark, if so.
+  const std::optional<platform::Error>& error() const { return error_; }
+
+  /// Whether there was one.
+  bool was_found() const { return !doubted_.empty(); }
+
+  /// Whether the copy at this path may be one that an unfinished run left.
+  bool Doubts(const std::string& copy) const;
+
+  /// Sets the mark, unless it was done before. To be called before anything is copied.
+  platform::Status Begin();
+  /// Whether the mark has stood for five minutes.
+  bool IsDueToMove() const;
+  /// Everything copied so far is on the disk, and nothing is on its way: moves the mark.
+  void MoveOn();
+  /// The run has ended and its copies are on the disk: takes the mark away. With `all_seen` false, when there
+  /// were files that it did not come to or could not copy, what was doubted before stays so.
+  void End(bool all_seen);
+
+ private:
+  struct Span {
+    platform::FileTime begin;
+    platform::FileTime end;
+  };
+  std::string Content() const;
+  void ReadSpans(const std::string& content);
+  platform::Status CloseLastSpan();
+  platform::Status Write();
+  bool IsDoubted(platform::FileTime changed) const;
+
+  const Tools& tools_;
+  std::string path_;
+  std::vector<Span> doubted_;  ///< of earlier runs; the last one may have no end yet
+  bool last_is_open_ = false;
+  bool has_begun_ = false;
+  std::chrono::milliseconds written_{0};
+  std::optional<platform::Error> error_;
+};
+
+}  // namespace engine

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "platform/folder.h"
+#include "platform/result.h"
+
+namespace platform {
+
+/// Told how far a copy is: before its first byte (0), between its blocks, and at its end. Returning false
+/// ends the copy with kCancelled. Called from a thread of the copier, one call at a time for one file.
+using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
+
+/// Whether the caller's listing of the target has something under the name of a file that is to be copied.
+enum class TargetName { kFree, kTaken };
+
+/// A file that is to be copied to the same name in another folder.
+struct CopyOrder {
+  std::shared_ptr<const Folder> source;
+  const Entry* file = nullptr;  ///< one of source->entries()
+  std::shared_ptr<Folder> target;
+  TargetName name = TargetName::kFree;
+  CopyWatcher watcher = {};  ///< may be empty
+};
+
+/// How much earlier than its source a copy is dated whose source changed meanwhile: so much that the two lie
+/// in different months whatever the source's time will be in the years to come. Seconds; 400 days.
+inline constexpr std::int64_t kEarlierWhenChanged = std::int64_t{400} * 24 * 60 * 60;
+
+struct CopyOutcome {
+  std::int64_t bytes = 0;            ///< the length of the copy
+  Attributes source_attributes = 0;  ///< all three bits of the source
+  Attributes target_attributes = 0;  ///< all three bits of the copy as it now is
+  /// The source was written to meanwhile: the copy may hold old parts and new ones.
+  bool changed = false;
+};
+
+/// What a copier is at when it has nothing to hand out yet.
+enum class CopyStage {
+  kIdle,     ///< nothing is on its way
+  kReady,    ///< Collect() has something, or HasRoom() is true again
+  kWriting,  ///< copies are being written
+  kSaving,   ///< all that was written is being brought to the disk
+};
+
+/// Copies files, many at a time, each as one transaction:
+///
+///  1. The copy is written under a temporary name in the target folder, with the data, the modification time
+///     and of the attributes the system bit; read-only and hidden are dropped.
+///  2. Its data is brought to the disk, with that of its group: some hundred files that were started one
+///     after the other.
+///  3. Only then it gets its final name, in one atomic step, and replaces what bears it.
+///  4. On a volume without a journal the new names are brought to the disk before the space of what was
+///     replaced can be used again.
+///
+/// So whatever fails, and whenever the program ends, the medium is pulled out or the power fails, the final
+/// name holds the whole old file, the whole new one or, where there was none, nothing. A temporary file goes
+/// with a failed copy; one that a killed run left is recognised by IsTemporaryName().
+///
+/// What can happen to a file:
+///  - With TargetName::kFree nothing is replaced: kNameTaken when something bears the name all the same, such
+///    as a name in other letters where the volume does not heed case. With kTaken a read-only or hidden file
+///    is replaced where the system allows it, else kAccessDenied.
+///  - A link at the source is followed; a link at the target is replaced. kIsAFolder when a folder bears the
+///    final name.
+///  - A source that changes while it is read gives a copy of what it had at the end of reading, dated
+///    kEarlierWhenChanged before it, so that it does not count as up to date. So does one that was written to
+///    so shortly before that its time could not tell another change.
+///  - A source that is shorter at the end than its bytes that were read, or that ends too early, gives kShort
+///    and no copy.
+///  - When the data of a group cannot be brought to the disk, none of its files gets its final name: each has
+///    that error.
+///
+/// To be used from one thread. Threads work below; how many, the copier knows by the kinds of volume. Results
+/// do not depend on it.
+class Copier {
+ public:
+  /// Gives up what is not collected: no more final names are given, and temporary files go, in the
+  /// background. Does not wait for the disk.
+  virtual ~Copier() = default;
+
+  /// Whether Start() should be called now. False while as much is on its way as makes sense.
+  virtual bool HasRoom() = 0;
+
+  /// Hands a file over. Returns at once.
+  virtual void Start(CopyOrder order) = 0;
+
+  /// Lets everything started so far be saved and get its name without waiting for more.
+  virtual void Save() = 0;
+
+  /// What came of the file that was started first and not collected yet; nothing while that is not known.
+  virtual std::optional<Result<CopyOutcome>> Collect() = 0;
+
+  /// Waits until Collect() has something, or HasRoom() becomes true, but no longer than that.
+  virtual CopyStage Wait(std::chrono::milliseconds longest) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/copier.h"
+
+/// What a GroupedCopier needs of a system. Everything here is called from its threads, many at a time, but
+/// for one draft one call at a time.
+namespace platform {
+
+/// A copy under its temporary name.
+class Draft {
+ public:
+  /// Takes the temporary file away unless Publish() succeeded, and lets go of what the copy replaced.
+  virtual ~Draft() = default;
+
+  /// Writes the copy: steps 1 of a Copier. Asks the watcher, which may be empty.
+  virtual Result<CopyOutcome> Write(const CopyWatcher& watcher) = 0;
+
+  /// Gives the copy its final name: step 3. On a volume without a journal the file that it replaces keeps its
+  /// space until the draft goes.
+  virtual Status Publish() = 0;
+};
+
+using Drafts = std::vector<Draft*>;
+
+/// How many copies may be on their way on a volume.
+struct CopyLimits {
+  std::size_t workers = 1;  ///< threads that write; 0: the caller's own does everything, for tests
+  // Of one group.
+  std::size_t files = 1;
+  std::int64_t bytes = 1;
+  std::size_t folders = 1;              ///< how often the folder may change
+  std::chrono::milliseconds age{2000};  ///< how long files are added to it
+};
+
+/// The volume that receives the copies.
+class CopyVolume {
+ public:
+  virtual ~CopyVolume() = default;
+
+  virtual CopyLimits limits() const = 0;
+
+  /// Quick; asks no disk.
+  virtual std::unique_ptr<Draft> Prepare(const CopyOrder& order) = 0;
+
+  /// Returns when the data of these drafts is on the disk, with their temporary names: step 2.
+  virtual Status SaveData(const Drafts& drafts) = 0;
+
+  /// Returns when their final names are on the disk as well, as far as step 4 needs it.
+  virtual Status SaveNames(const Drafts& drafts) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <mutex>
+
+#include "platform/posix/posix_draft.h"
+
+namespace platform::posix {
+
+/// Where copies from one folder and what lies below it go to another one. How their data gets to the disk,
+/// by the kind of volume on which the target folder at hand lies:
+///  - journaled: one syncfs() a group, which since Linux 5.8 also reports what could not be written. The
+///    renames after it need none: the journal keeps their order, and the data is there already. ext4 alone
+///    would not see to that: with its default options its journal does not wait for the data of new files,
+///    nor of those that replace others (auto_da_alloc only starts writing them out).
+///  - unordered: syncfs(), the renames, an fsync() of each folder, and syncfs() once more; a file that was
+///    replaced is held open until then, and so its blocks are not given to the next copies.
+///  - served: fdatasync() of each file by the thread that writes it.
+class PosixCopyVolume : public CopyVolume {
+ public:
+  /// Asks the system for the process's file mode mask, by setting it for a moment. Both folders exist.
+  PosixCopyVolume(const std::string& source, const std::string& target);
+
+  CopyLimits limits() const override { return limits_; }
+  std::unique_ptr<Draft> Prepare(const CopyOrder& order) override;
+  Status SaveData(const Drafts& drafts) override;
+  Status SaveNames(const Drafts& drafts) override;
+
+ private:
+  /// A link below the target folder may lead to another volume.
+  VolumeKind KindOf(const PosixFolder& folder);
+
+  CopyLimits limits_;
+  DraftSetting setting_;
+  std::mutex mutex_;
+  std::map<std::uint64_t, VolumeKind> kinds_;  ///< by FolderIdentity::volume
+};
+
+}  // namespace platform::posix

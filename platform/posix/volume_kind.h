@@ -1,0 +1,24 @@
+#pragma once
+
+/// What a volume promises about the order in which it brings things to the disk.
+namespace platform::posix {
+
+enum class VolumeKind {
+  /// With a journal, or written in whole states: a new name reaches the disk in one step and takes nothing
+  /// away before it. Flushing the volume brings the data of many files to the disk at once.
+  kJournaled,
+  /// Names, sizes and the list of free space reach the disk in any order. Also what is not known.
+  kUnordered,
+  /// Somebody else keeps it: a server, or a program (FUSE). Each call may be a round trip, the kernel does
+  /// not
+  /// pass the flush of a volume on, and a file that is held open may not be replaced.
+  kServed,
+};
+
+/// The kind of the volume of an open file or folder.
+VolumeKind KindOfVolume(int file);
+
+/// Whether it keeps times of modification in steps of two seconds, as FAT does.
+bool HasCoarseTimes(int file);
+
+}  // namespace platform::posix

@@ -1,0 +1,125 @@
+#include <map>
+
+#include "engine/unfinished_run.h"
+#include "tests/engine/scene.h"
+
+namespace engine::test {
+
+using platform::memory::Call;
+
+/// A target with copies of all but some files of the source, all of them outdated.
+void Prepare(Scene& scene) {
+  for (const std::string name : {"a", "b", "in/c", "in/d", "in/deep/e", "in/f", "tail/g"})
+    tree::Add(scene.files, {"/src/" + name + "=new content of " + name});
+  tree::Add(scene.files,
+            {"/dst/a=older content of a", "/dst/in/c=older content of in/c", "/dst/in/deep/e=old"});
+  scene.setup.IncludedFolders = {"in", "tail"};
+  scene.files.SetGroupSize(3);
+}
+
+/// Runs a backup and cuts the power before its call number `step`. False: there is no such call.
+bool RunUntil(Scene& scene, std::size_t step, unsigned random) {
+  bool is_cut = false;
+  scene.files.Before([&](Call call, const std::string&) {
+    if (call == Call::kReadBlock || is_cut || scene.files.touched().size() < step) return;
+    is_cut = true;
+    scene.files.CutPower(random);
+  });
+  scene.BackUp();
+  scene.files.Before({});
+  scene.files.PowerOn();
+  return is_cut;
+}
+
+/// What the disk holds is the old file, the new one or, where there was none, nothing.
+void ExpectWholeFiles(Scene& scene, const std::string& folder, const std::string& told) {
+  for (const std::string& name : scene.files.NamesIn("/dst/" + folder)) {
+    if (platform::IsTemporaryName(name) || name == kUnfinishedMark) continue;
+    const std::string path = folder + name;
+    if (scene.files.Look("/dst/" + path)->kind == platform::EntryKind::kFolder) {
+      ExpectWholeFiles(scene, path + "/", told);
+      continue;
+    }
+    const std::string content = scene.files.ContentOf("/dst/" + path);
+    const bool is_old = content == "older content of " + path || (content == "old" && path == "in/deep/e");
+    EXPECT_TRUE(is_old || content == "new content of " + path) << path << ": " << content << told;
+  }
+  if (!folder.empty()) return;
+  for (const char* had_copy : {"a", "in/c", "in/deep/e"})
+    EXPECT_TRUE(scene.files.Exists(std::string("/dst/") + had_copy)) << had_copy << told;
+}
+
+TEST(PowerCut, AtAnyMomentLeavesWholeFilesAndTheNextRunCompletesThem) {
+  std::size_t step = 0;
+  for (bool was_cut = true; was_cut; ++step) {
+    for (unsigned random = 1; random <= 8; ++random) {
+      Scene scene;
+      Prepare(scene);
+      was_cut = RunUntil(scene, step, random);
+      const std::string told =
+          " (power cut before call " + std::to_string(step) + ", seed " + std::to_string(random) + ")";
+      ExpectWholeFiles(scene, "", told);
+      scene.BackUp();
+      EXPECT_EQ(scene.Copies(),
+                "a=new content of a b=new content of b in/c=new content of in/c in/d=new content of in/d "
+                "in/deep/e=new content of in/deep/e in/f=new content of in/f tail/g=new content of tail/g")
+          << told;
+    }
+  }
+  EXPECT_GT(step, 40U);
+}
+
+/// As a disk would have it that says it wrote what it did not: the name is there with its size and time.
+void Spoil(Scene& scene, const std::string& path) {
+  scene.files.AddFile(path, std::string(scene.files.ContentOf(path).size(), '#'),
+                      scene.files.ModifiedOf(path));
+}
+
+TEST(UnfinishedRun, DoubtsWhatWasCopiedSinceItsBeginAndNothingElse) {
+  Scene scene({"/src/a/early"}, {"a"});
+  scene.BackUp();
+  EXPECT_FALSE(scene.files.Exists(std::string("/dst/") + kUnfinishedMark));
+  tree::Add(scene.files, {"/src/a/late", "/src/a/z"});
+  scene.files.SetGroupSize(1);
+  scene.files.Before([&](Call call, const std::string& path) {
+    if (call == Call::kCopyFile && path == "/dst/a/z") scene.files.CutPower(0);
+  });
+  scene.BackUp();
+  scene.files.Before({});
+  scene.files.PowerOn();
+  Spoil(scene, "/dst/a/early");
+  Spoil(scene, "/dst/a/late");
+  EXPECT_EQ(scene.Check(), "new 1, modified 1, up to date 1, due 2");
+  EXPECT_EQ(scene.BackUp(), "new 1, modified 1, copied 2, up to date 1");
+  EXPECT_TRUE(scene.Wrote("Interrupted."));
+  EXPECT_EQ(scene.Copies(), "a/early=# a/late=1 a/z=1");
+  EXPECT_EQ(scene.Check(), "up to date 3");
+}
+
+TEST(UnfinishedRun, AMarkThatCannotBeSetOrReadIsAWarning) {
+  Scene scene({"/src/a"});
+  scene.files.Fail(Call::kReplaceFile, "", {platform::ErrorKind::kOther, 5, "I/O error"}, 1);
+  EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 1");
+  EXPECT_TRUE(scene.Wrote("Not marked: /dst/.quorvane-unfinished"));
+}
+
+TEST(UnfinishedRun, MovesOnSoThatALongBackupThatIsInterruptedAgainAndAgainComesToItsEnd) {
+  Scene scene;
+  for (char name = 'a'; name <= 'h'; ++name) tree::Add(scene.files, {std::string("/src/") + name});
+  scene.files.SetGroupSize(1);
+  int copies_left = 3;
+  scene.on_copy = [&] {
+    scene.clock.Advance(std::chrono::minutes{3});
+    if (copies_left-- == 0) scene.files.CutPower(0);
+  };
+  int runs = 0;
+  for (; runs < 9 && scene.outcome.totals.counts.up_to_date + scene.outcome.totals.counts.copied < 8;
+       ++runs) {
+    copies_left = 3;
+    scene.BackUp();
+    scene.files.PowerOn();
+  }
+  EXPECT_LE(runs, 7) << "each run gets some files further";
+}
+
+}  // namespace engine::test
