@@ -22,9 +22,9 @@ struct FileCounts {
 struct FolderCounts {
   std::string path;  ///< of the source folder, as the user knows it
   std::int64_t files_in_folder = 0;
-  std::int64_t files_to_copy = 0;  ///< how many of them are selected
   FileCounts counts;
-  std::int64_t bytes_met = 0;  ///< as in Totals
+  std::int64_t files_to_copy = 0;  ///< how many of them are selected
+  std::int64_t bytes_met = 0;      ///< as in Totals
 };
 
 /// The whole run.

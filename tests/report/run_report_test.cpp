@@ -49,13 +49,14 @@ TEST(RunReport, ShowsTheFoldersThatTheOperationIsAbout) {
   }
 }
 
-TEST(RunReport, TheHeadLineComesWithTheFirstCopyAndGoesOnBehindThePhraseThatIsLeftOpen) {
+TEST(RunReport, TheHeadLineComesWhenSomethingIsToBeCopiedAndGoesOnBehindThePhraseThatIsLeftOpen) {
   RunScene scene(kModified);
   const std::string due = "  0 modified files and 3 files not previously backed up.  2 files copied.";
   const std::string head = "    5 files in {source folder}/";
-  scene.run.FolderBegun({"/data/a", 5, {}});
+  scene.run.FolderBegun({"/data/none", 5, {}, 0});
   EXPECT_EQ(scene.window.txbText.text(), "");
-  scene.run.CopyBegun("/data/a/f");
+  scene.run.FolderEnded({"/data/none", 5, {}, 0});
+  scene.run.FolderBegun({"/data/a", 5, {}, 3});
   EXPECT_EQ(scene.window.txbText.text(), head + "a");
   scene.run.FolderEnded({"/data/a", 5, {0, 3, 0, 2}});
   scene.Folder("/data/b", 5, 3, 2);

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -10,6 +11,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_locale.h"
 #include "tests/contract/platform/file_system_contract.h"
+#include "tests/contract/platform/posix/system_calls.h"
 #include "tests/contract/platform/system_contract.h"
 #include "tests/platform/posix/scratch.h"
 
@@ -104,6 +106,54 @@ TEST_F(PosixFiles, AVolumeThatCannotBeWrittenIsToldFromARefusal) {
   EXPECT_TRUE(Open("to")->is_mount_point() && !Open("from")->is_mount_point());
   EXPECT_TRUE(Open("to")->identity() == files().IdentityOf(At("to")) && files().IdentityOf(At("to")));
   EXPECT_NE(files().IdentityOf(At("to")), files().IdentityOf(At("from")));
+}
+
+constexpr const char* kJournaled = "syncfs rename rename rename ";
+constexpr const char* kUnordered = "syncfs rename rename rename fsync syncfs ";
+constexpr const char* kServed = "fdatasync fdatasync fdatasync rename rename rename ";
+
+TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
+  const std::pair<unsigned long, const char*> volumes[] = {{BTRFS_SUPER_MAGIC, kJournaled},
+                                                           {TMPFS_MAGIC, kJournaled},
+                                                           {MSDOS_SUPER_MAGIC, kUnordered},
+                                                           {0x2011BAB0, kUnordered},
+                                                           {0, nullptr},
+                                                           {FUSE_SUPER_MAGIC, kServed},
+                                                           {NFS_SUPER_MAGIC, kServed}};
+  for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
+  for (const auto& [magic, expected] : volumes) {
+    AddFile("to/b", "old");
+    posix::test::Calls() = {};
+    posix::test::Calls().volume = magic;
+    for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
+      EXPECT_TRUE(outcome);
+    const std::string made = posix::test::Calls().made;
+    EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
+        << magic << ": " << made;
+    EXPECT_TRUE(expected != kUnordered || posix::test::Calls().held_open == 1) << "space of a replaced file";
+    posix::test::Calls() = {};
+    for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
+  }
+}
+
+TEST_F(PosixFiles, AGroupThatDoesNotReachTheDiskGivesNoNames) {
+  for (const char* name : {"a", "b"}) AddFile(std::string("from/") + name, name);
+  AddFile("to/b", "old");
+  posix::test::Calls() = {};
+  posix::test::Calls().error_of_syncfs = EIO;
+  for (const auto& outcome : CopyAll(Open("from"), {"a", "b"}, Open("to"), TargetName::kTaken))
+    EXPECT_TRUE(!outcome && outcome.error().code == EIO);
+  EXPECT_FALSE(files().Flush(At("to"), {}));
+  posix::test::Calls() = {};
+  EXPECT_EQ(NamesIn("to"), Names{"b"});
+  EXPECT_EQ(ContentOf("to/b"), "old");
+}
+
+TEST_F(PosixFiles, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
+  static_cast<void>(Open("from"));
+  files().ExpectFolder(At("later"));
+  AddFolder("later");
+  EXPECT_TRUE(files().OpenFolder(At("later")));
 }
 
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
