@@ -9,6 +9,8 @@ import subprocess
 import sys
 import time
 
+from volumes import Folder, drop_caches
+
 
 # --- Trees of files, from a fixed seed
 
@@ -19,18 +21,6 @@ def write_file(path, size, stamp, data):
             file.write(data[: min(left, len(data))])
             left -= len(data)
     os.utime(path, (stamp, stamp))
-
-
-def build_tree(root, files, folders, size_of):
-    if os.path.exists(root):
-        return
-    dice = random.Random(20_071_111)
-    data = dice.randbytes(1 << 20)
-    for f in range(folders):
-        folder = os.path.join(root, f"group {f // 100:02d}", f"folder {f:05d}") if folders > 1 else root
-        os.makedirs(folder, exist_ok=True)
-        for n in range(files // folders):
-            write_file(os.path.join(folder, f"file {n:05d}.dat"), size_of(dice), 1_600_000_000 + dice.randrange(10**7), data)
 
 
 def small_size(dice):
@@ -46,21 +36,36 @@ def mixed_size(dice):
     return dice.randrange(1 << 20, 3 << 20)
 
 
+def build_tree(root, files, folders, size_of=small_size):
+    if os.path.exists(root):
+        return
+    dice = random.Random(20_071_111)
+    data = dice.randbytes(1 << 20)
+    for f in range(folders):
+        folder = os.path.join(root, f"group {f // 100:02d}", f"folder {f:05d}") if folders > 1 else root
+        os.makedirs(folder, exist_ok=True)
+        for n in range(files // folders):
+            write_file(os.path.join(folder, f"file {n:05d}.dat"), size_of(dice), 1_600_000_000 + dice.randrange(10**7), data)
+
+
 TREES = {
-    "small": lambda root: build_tree(root, 100_000, 2_000, small_size),
-    "fewer": lambda root: build_tree(root, 20_000, 400, small_size),
+    "small": lambda root: build_tree(root, 100_000, 2_000),
+    "fewer": lambda root: build_tree(root, 20_000, 400),
+    "far": lambda root: build_tree(root, 5_000, 500),
+    "far few": lambda root: build_tree(root, 1_000, 50),
     "mixed": lambda root: build_tree(root, 20_000, 400, mixed_size),
     "big": lambda root: build_tree(root, 4, 1, lambda dice: 1 << 30),
     "million": lambda root: build_tree(root, 1_000_000, 20_000, lambda dice: dice.randrange(32)),
 }
 
 
-def change_one_percent(root, round_number):
+def change_files(root, every, round_number):
+    """Lengthens every so-many-th file, others in each round."""
     number = 0
     for folder, _, names in sorted(os.walk(root)):
         for name in sorted(names):
             number += 1
-            if number % 100 == round_number % 100:
+            if number % every == round_number % every:
                 with open(os.path.join(folder, name), "ab") as file:
                     file.write(b"x")
 
@@ -71,9 +76,13 @@ def change_one_percent(root, round_number):
 class Work:
     title: str
     tree: str
-    before: str  # what is done before each run: "keep" a full copy, "empty" the target, or "change" the source
+    before: str  # what the target is before each run: "keep" the copy of the run before it, or "empty"
     operation: str  # the engine's
-    peers: dict  # name of a peer -> the highest ratio of the first tool's time to the peer's that is wanted
+    peers: dict  # name of a peer -> the highest ratio of the first tool's time to the peer's that is wanted, or None
+    change_every: int = 0  # of how many files of the source one is changed before each round; 0: none
+    cold: bool = False  # the system's caches are dropped before each run
+    safe: bool = False  # the engine's copies, all of them, are safe on the disk at its end
+    far: bool = False  # the target is a slow one
 
 
 def run_process(command, environment=None):
@@ -89,50 +98,60 @@ def run_process(command, environment=None):
     return seconds, usage.ru_maxrss / 1024
 
 
-def prepare_targets(work, source, targets):
-    for target in targets.values():
-        shutil.rmtree(target, ignore_errors=True)
-        if work.before == "empty":
-            os.makedirs(target)
-        else:
-            subprocess.run(["cp", "-a", "-T", source, target], check=True)
+def prepare(work, source, volumes):
+    for volume in volumes.values():
+        volume.clear()
+        if work.before == "keep":
+            subprocess.run(["cp", "-a", "-T", source, volume.inside], check=True)
 
 
-def measure(work, run, folder, rounds):
-    """Times the engine and its peers by `run(tool, source, target)`, which gives seconds and MiB. Returns the seconds of
-    each tool, round by round, and the most memory that the engine took."""
-    source = os.path.join(folder, work.tree)
-    print(f"{work.title} ...", flush=True)
-    TREES[work.tree](source)
-    targets = {tool: os.path.join(folder, "target-" + tool.split()[0]) for tool in ("engine", *work.peers)}
-    prepare_targets(work, source, targets)
-    times = {tool: [] for tool in targets}
+def run_once(work, run, tool, source, volume):
+    if work.before == "empty":
+        volume.clear()
+    subprocess.run(["sync"], check=True)  # so that no tool pays for the one before it
+    if work.cold:
+        drop_caches()
+    with volume.reached() as target:
+        return run(tool, source, target)
+
+
+def run_rounds(work, run, source, volumes, rounds):
+    times = {tool: [] for tool in volumes}
     memory = 0
     for round_number in range(rounds + 1):
-        if work.before == "change":
-            change_one_percent(source, round_number)
-        for tool in list(targets) if round_number % 2 else reversed(targets):
-            if work.before == "empty":
-                shutil.rmtree(targets[tool])
-                os.makedirs(targets[tool])
-            subprocess.run(["sync"], check=True)  # so that no tool pays for the one before it
-            seconds, peak = run(tool, source, targets[tool])
+        if work.change_every:
+            change_files(source, work.change_every, round_number)
+        for tool in list(volumes) if round_number % 2 else reversed(volumes):
+            seconds, peak = run_once(work, run, tool, source, volumes[tool])
             if round_number > 0:  # the first round warms the caches up
                 times[tool].append(seconds)
             if tool == "engine":
                 memory = max(memory, peak)
-    for target in targets.values():
-        shutil.rmtree(target)
-    if work.before == "change":
-        shutil.rmtree(source)
     return times, memory
 
 
-def row(title, work, times, memory, judged=True):
+def measure(work, run, folder, rounds, volume_in=Folder):
+    """Times the engine and its peers by `run(tool, source, target)`, which gives seconds and MiB. Returns the seconds of
+    each tool, round by round, and the most memory that the engine took. `volume_in(place)` makes a tool's volume."""
+    source = os.path.join(folder, work.tree)
+    print(f"{work.title} ...", flush=True)
+    TREES[work.tree](source)
+    volumes = {tool: volume_in(os.path.join(folder, "target-" + tool.split()[0])) for tool in ("engine", *work.peers)}
+    try:
+        prepare(work, source, volumes)
+        return run_rounds(work, run, source, volumes, rounds)
+    finally:
+        for volume in volumes.values():
+            volume.remove()
+        if work.change_every:
+            shutil.rmtree(source)
+
+
+def row(work, times, memory):
     """A line of the table: medians, and the medians of the rounds' ratios."""
     cells = [f"{tool} {statistics.median(seconds):.2f} s" for tool, seconds in times.items()]
     for peer, bar in work.peers.items():
         ratio = statistics.median(a / b for a, b in zip(times["engine"], times[peer]))
-        mark = (" ok" if ratio <= bar else f" ABOVE {bar:.2f}") if judged else ""
+        mark = "" if bar is None else " ok" if ratio <= bar else f" ABOVE {bar:.2f}"
         cells.append(f"engine / {peer}: {ratio:.2f}{mark}")
-    return f"| {title} | " + " | ".join(cells) + f" | {memory:.0f} MiB |"
+    return f"| {work.title} | " + " | ".join(cells) + f" | {memory:.0f} MiB |"
