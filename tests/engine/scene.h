@@ -88,7 +88,7 @@ class Scene : public RunHost, public Listener {
     if (on_copy) on_copy();
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
-  void Saving(bool) override {}
+  void Saving(bool is_saving) override { saving += is_saving ? "saving|" : "done|"; }
   void Progress(double fraction) override { progress.push_back(fraction); }
   void Breathe() override {
     ++breaths;
@@ -129,7 +129,7 @@ class Scene : public RunHost, public Listener {
   app::Setup setup;
   RunOutcome outcome;
 
-  std::string steps, lines, visited, copied, told, paused_after;
+  std::string steps, lines, visited, copied, told, paused_after, saving;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
   bool confirm = true, go_on = true, stop = false, pause_wished = false;

@@ -1,0 +1,79 @@
+#include <memory>
+#include <utility>
+
+#include "tests/engine/scene.h"
+
+namespace engine::test {
+
+using platform::CopyStage;
+
+/// One file on a disk that takes its time: 5 waits of 100 ms to write it, and 7 to save it.
+class SlowCopier : public platform::Copier {
+ public:
+  explicit SlowCopier(platform::memory::MemoryClock& clock) : clock_(clock) {}
+  bool HasRoom() override { return !is_begun_; }
+  void Start(platform::CopyOrder order) override {
+    order_ = std::move(order);
+    is_begun_ = true;
+  }
+  void Save() override {}
+  std::optional<platform::Result<platform::CopyOutcome>> Collect() override {
+    if (waits_ < 12 || !std::exchange(is_begun_, false)) return std::nullopt;
+    return platform::Result<platform::CopyOutcome>(platform::CopyOutcome{order_.file->size, 0, 0, false});
+  }
+  CopyStage Wait(std::chrono::milliseconds) override {
+    clock_.Advance(std::chrono::milliseconds{100});
+    if (++waits_ > 12) return CopyStage::kReady;
+    if (waits_ <= 5) order_.watcher(order_.file->size * waits_ / 5);
+    return waits_ <= 5 ? CopyStage::kWriting : CopyStage::kSaving;
+  }
+
+ private:
+  platform::memory::MemoryClock& clock_;
+  platform::CopyOrder order_;
+  bool is_begun_ = false;
+  int waits_ = 0;
+};
+
+class SlowFiles : public platform::memory::MemoryFileSystem {
+ public:
+  std::unique_ptr<platform::Copier> MakeCopier(const std::string&, const std::string&) override {
+    return std::make_unique<SlowCopier>(*clock);
+  }
+  platform::memory::MemoryClock* clock = nullptr;
+};
+
+struct SlowScene : Scene {
+  SlowScene() {
+    tree::Add(slow, {"/dst/"});
+    slow.AddHugeFile("/src/big", std::int64_t{4} << 30);
+    slow.clock = &clock;
+  }
+  SlowFiles slow;
+  Tools slow_tools{slow, clock, texts, {}, tools.GetDiskSpace, tools.IsWriteProtected};
+
+  RunOutcome BackUpSlowly() {
+    return RunOperation(*this, slow_tools, {setup, app::Operation::kBackupModifiedFiles, {}, false});
+  }
+};
+
+TEST(WaitingForCopies, MovesTheBarInsideABigFileAndSaysWhenTheDiskIsWaitedFor) {
+  SlowScene scene;
+  EXPECT_EQ(scene.BackUpSlowly().totals.counts.copied, 1);
+  ASSERT_GE(scene.progress.size(), 5U);
+  EXPECT_GT(scene.progress[0], 0);
+  for (std::size_t i = 1; i < 5; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
+  EXPECT_EQ(scene.saving, "saving|done|saving|done|") << "the file, and the whole at the end";
+}
+
+TEST(WaitingForCopies, EndsWithinABlinkWhenTheUserCancels) {
+  for (const int breaths : {2, 8}) {
+    SlowScene scene;
+    scene.on_breath = [&] { scene.stop = scene.breaths >= breaths; };
+    const RunOutcome outcome = scene.BackUpSlowly();
+    EXPECT_TRUE(outcome.cancelled && outcome.totals.counts.met == 0) << breaths;
+    EXPECT_EQ(scene.breaths, breaths);
+  }
+}
+
+}  // namespace engine::test
