@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <random>
@@ -82,7 +83,7 @@ class SceneTest : public testing::Test {
   }
   std::string ContentOf(const std::string& relative) { return Must(files().ReadFile(At(relative), 1 << 30)); }
   Entry EntryAt(const std::string& relative) { return Must(files().Look(At(relative))); }
-  std::unique_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }
+  std::shared_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }
   Names NamesIn(const std::string& relative) {
     Names names;
     const auto folder = Open(relative);
@@ -90,10 +91,30 @@ class SceneTest : public testing::Test {
     std::sort(names.begin(), names.end());
     return names;
   }
+  /// Copies these files of a folder; what came of each, in their order.
+  std::vector<Result<CopyOutcome>> CopyAll(std::shared_ptr<const Folder> from, const Names& names,
+                                           std::shared_ptr<Folder> to, TargetName name,
+                                           const CopyWatcher& watcher = {}) {
+    const auto copier = files().MakeCopier(from->path(), to->path());
+    for (const std::string& file : names) {
+      while (!copier->HasRoom()) copier->Wait(std::chrono::seconds{1});
+      copier->Start({from, &Named(*from, file), to, name, watcher});
+    }
+    copier->Save();
+    std::vector<Result<CopyOutcome>> outcomes;
+    while (outcomes.size() < names.size()) {
+      if (auto outcome = copier->Collect()) {
+        outcomes.push_back(std::move(*outcome));
+      } else {
+        copier->Wait(std::chrono::seconds{1});
+      }
+    }
+    EXPECT_EQ(copier->Wait({}), CopyStage::kIdle);
+    return outcomes;
+  }
   /// Copies from/`name` to "to".
   Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {}) {
-    const auto from = Open("from");
-    return files().CopyFile(*from, Named(*from, name), *Open("to"), TargetName::kTaken, watcher);
+    return CopyAll(Open("from"), {name}, Open("to"), TargetName::kTaken, watcher).front();
   }
 
   static constexpr FileTime kOldTime{1'500'000'000, 123'456'700};

@@ -83,11 +83,11 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   EXPECT_TRUE(files().Flush(At(file), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
   const auto folder = Open(deep);
-  ASSERT_TRUE(files().CopyFile(*folder, Named(*folder, "file"), *Open("to"), TargetName::kTaken, {}));
+  ASSERT_TRUE(CopyAll(folder, {"file"}, Open("to"), TargetName::kTaken).front());
   EXPECT_EQ(ContentOf("to/file"), "content");
   EXPECT_TRUE(files().RemoveFile(At(file)));
   const auto to = Open("to");
-  ASSERT_TRUE(files().CopyFile(*to, Named(*to, "file"), *folder, TargetName::kTaken, {}));
+  ASSERT_TRUE(CopyAll(to, {"file"}, folder, TargetName::kTaken).front());
   EXPECT_TRUE(files().ReplaceFile(At(file), "new"));
   EXPECT_EQ(ContentOf(file), "new");
 }

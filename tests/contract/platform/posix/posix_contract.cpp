@@ -74,13 +74,10 @@ TEST_F(PosixFiles, NamesPassThroughByteByByte) {
 
 TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
   const mode_t old_mask = umask(077);
-  posix::PosixFileSystem strict;
   for (const mode_t mode : {0755u, 0640u, 0444u, 0666u}) {
     AddFile("from/file", "x");
     ASSERT_EQ(chmod(At("from/file").c_str(), mode), 0);
-    const auto from = strict.OpenFolder(At("from"));
-    ASSERT_TRUE(strict.CopyFile(**from, Named(**from, "file"), **strict.OpenFolder(At("to")),
-                                TargetName::kTaken, {}));
+    ASSERT_TRUE(Copy("file"));
     EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
   }
@@ -92,7 +89,7 @@ TEST_F(PosixFiles, APipeThatTakesTheFilesPlaceDoesNotHoldTheCopyUp) {
   const auto from = Open("from");
   ASSERT_TRUE(files().RemoveFile(At("from/file")));
   ASSERT_TRUE(scene_->MakePipe(At("from/file")));
-  EXPECT_FALSE(files().CopyFile(*from, Named(*from, "file"), *Open("to"), TargetName::kTaken, {}));
+  EXPECT_FALSE(CopyAll(from, {"file"}, Open("to"), TargetName::kTaken).front());
   EXPECT_EQ(NamesIn("to"), Names{});
 }
 
