@@ -1,23 +1,16 @@
-#include "platform/windows/recent_copies.h"
+#include "platform/windows/flushing.h"
 
 #include "platform/windows/windows_api.h"
 
 // After windows_api.h: it needs its types.
 #include <winternl.h>
 
-#include <utility>
-
-#include "platform/windows/long_path.h"
-#include "platform/windows/open_file.h"
 #include "platform/windows/system_error.h"
-#include "platform/windows/wide_text.h"
+#include "platform/windows/temporary_file.h"
+#include "platform/windows/volume.h"
 
 namespace platform::windows {
 namespace {
-
-// Milliseconds.
-constexpr std::uint64_t kMemory = 15'000;
-constexpr std::uint64_t kPatience = 1'000;
 
 /// ntifs.h: write the file out, but do not make the disk empty its cache for it.
 constexpr ULONG kNoSync = 2;
@@ -31,51 +24,57 @@ FlushEx FindFlushEx() {
   return reinterpret_cast<FlushEx>(reinterpret_cast<void*>(call));
 }
 
-bool WriteOut(HANDLE file) {
-  static const FlushEx flush = FindFlushEx();
-  IO_STATUS_BLOCK status{};
-  return flush != nullptr && flush(file, kNoSync, nullptr, 0, &status) >= 0;
+bool KnowsNoFlushing(DWORD code) {
+  return code == ERROR_INVALID_FUNCTION || code == ERROR_NOT_SUPPORTED || code == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+/// The folder at a path, or the one above what else is there; with a separator at its end.
+std::wstring FolderAt(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  const bool is_folder =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (is_folder && !path.ends_with(L'\\')) return path + L'\\';
+  return path.substr(0, path.rfind(L'\\') + 1);
+}
+
+/// A file that is made now comes to the disk behind all that a journal has about others.
+Status FlushNewFile(const std::wstring& folder) {
+  auto file = TemporaryFile::Create(folder);
+  if (!file) return file.error();
+  if (Status written = file->Write("", 1); !written) return written;
+  return FlushFully(file->file());
 }
 
 }  // namespace
 
-void RecentCopies::Add(std::wstring long_path) {
-  const std::uint64_t now = ::GetTickCount64();
-  ForgetOld(now);
-  copies_.push_back({now, std::move(long_path)});
+FileHandle OpenVolume(const std::wstring& device) {
+  if (device.empty()) return FileHandle();
+  return FileHandle(::CreateFileW(device.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
-void RecentCopies::ForgetOld(std::uint64_t now) {
-  while (!copies_.empty() && now - copies_.front().when > kMemory) copies_.pop_front();
-}
-
-Status RecentCopies::Flush() {
-  const std::uint64_t begin = ::GetTickCount64();
-  DWORD code = 0;
-  FileHandle newest;
-  for (; !copies_.empty() && ::GetTickCount64() - begin < kPatience; copies_.pop_back()) {
-    FileHandle file(::CreateFileW(copies_.back().path.c_str(), GENERIC_WRITE, kShareAll, nullptr,
-                                  OPEN_EXISTING, 0, nullptr));
-    if (!file) continue;
-    if (!newest) {
-      newest = std::move(file);
-    } else if (!WriteOut(file.get()) && !::FlushFileBuffers(file.get())) {
-      code = ::GetLastError();
-    }
-  }
-  Forget();
-  if (newest && !::FlushFileBuffers(newest.get())) code = ::GetLastError();
-  if (code != 0) return SystemError(code);
-  return Done{};
-}
-
-bool FlushVolume(const std::string& path) {
-  const std::string drive = DriveOfPath(path);
-  if (drive.size() != 2) return false;
-  const FileHandle volume(::CreateFileW((L"\\\\.\\" + Widen(drive)).c_str(), GENERIC_READ | GENERIC_WRITE,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                        nullptr));
+bool FlushVolume(const std::wstring& device) {
+  const FileHandle volume = OpenVolume(device);
   return volume && ::FlushFileBuffers(volume.get());
+}
+
+Status FlushFully(const FileHandle& file) {
+  if (::FlushFileBuffers(file.get())) return Done{};
+  const DWORD code = ::GetLastError();
+  if (KnowsNoFlushing(code)) return Done{};
+  return SystemError(code);
+}
+
+Status WriteOut(const FileHandle& file) {
+  static const FlushEx flush = FindFlushEx();
+  IO_STATUS_BLOCK status{};
+  if (flush != nullptr && flush(file.get(), kNoSync, nullptr, 0, &status) >= 0) return Done{};
+  return FlushFully(file);
+}
+
+Status FlushVolumeOf(const std::wstring& path) {
+  const std::wstring folder = FolderAt(path);
+  return FlushVolume(VolumeOf(folder).device) ? Status(Done{}) : FlushNewFile(folder);
 }
 
 }  // namespace platform::windows

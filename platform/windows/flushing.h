@@ -1,35 +1,30 @@
 #pragma once
 
-#include <cstdint>
-#include <deque>
 #include <string>
 
 #include "platform/result.h"
+#include "platform/windows/handle.h"
 
+/// Bringing to the disk what the system keeps in memory. For a file on a volume that knows no flushing this
+/// is success.
 namespace platform::windows {
 
-/// The files copied within the last 15 seconds, which the system may not have handed to the disk yet.
-class RecentCopies {
- public:
-  void Add(std::wstring long_path);
+/// The volume as a whole, by its name in Volume::device. None when the user may not: as a rule only
+/// administrators may.
+FileHandle OpenVolume(const std::wstring& device);
 
-  /// Flushes them, the newest first and for about a second, and forgets them. A file that has gone meanwhile,
-  /// or is in use, is passed over.
-  Status Flush();
+/// Returns when all that was written to the volume is on the disk; false when that cannot be had.
+bool FlushVolume(const std::wstring& device);
 
-  void Forget() { copies_.clear(); }
+/// FlushFileBuffers(): returns when the file, open for writing, is on the disk, and the disk has emptied its
+/// own cache.
+Status FlushFully(const FileHandle& file);
 
- private:
-  struct Copy {
-    std::uint64_t when;  ///< milliseconds
-    std::wstring path;
-  };
-  void ForgetOld(std::uint64_t now);
+/// Hands a file's data to the disk, which may keep them in its own cache until something on the same disk is
+/// flushed fully. Where the system cannot part the two, the file is flushed fully.
+Status WriteOut(const FileHandle& file);
 
-  std::deque<Copy> copies_;
-};
-
-/// Flushes the volume that holds the path; false when the user may not.
-bool FlushVolume(const std::string& path);
+/// See FileSystem::Flush(): as far as the user's rights go. The path is in the long form.
+Status FlushVolumeOf(const std::wstring& path);
 
 }  // namespace platform::windows

@@ -1,38 +1,37 @@
-#include "platform/windows/file_copier.h"
+#include "platform/windows/windows_draft.h"
 
 #include <utility>
 
+#include "platform/windows/data_mover.h"
+#include "platform/windows/flushing.h"
 #include "platform/windows/listing.h"
 #include "platform/windows/open_file.h"
 #include "platform/windows/system_copy.h"
 #include "platform/windows/system_error.h"
-#include "platform/windows/volume.h"
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_copy_volume.h"
 #include "platform/windows/windows_time.h"
 
 namespace platform::windows {
 namespace {
-
-/// Between two blocks the user may stop the run: about a tenth of a second on a slow stick.
-constexpr std::size_t kBlockSize = 1 << 20;
 
 /// From here on the system's copy is the faster one, or at least not slower.
 constexpr std::int64_t kBigFile = 16 << 20;
 
 /// Modification time and attributes of the source: read-only and hidden are dropped, the rest stays as the
 /// copy has it.
-Result<Attributes> CarryOver(const FILE_BASIC_INFO& source, const TemporaryFile& copy, bool changed) {
-  auto info = BasicInfo(copy.file());
+Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, bool changed) {
+  auto info = BasicInfo(copy);
   if (!info) return info.error();
   const DWORD attributes =
-      (info->FileAttributes & ~DWORD{kKnownAttributes}) | (source.FileAttributes & kSystem);
+      (info->FileAttributes & ~DWORD{kKnownAttributes}) | (source.attributes() & kSystem);
   FILE_BASIC_INFO wanted{};  // what is 0 stays as it is
-  wanted.LastWriteTime = source.LastWriteTime;
+  wanted.LastWriteTime.QuadPart = source.state().written;
   if (changed) wanted.LastWriteTime.QuadPart -= kEarlierWhenChanged * kTicksPerSecond;
   if (attributes != info->FileAttributes) {
     wanted.FileAttributes = attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
   }
-  if (!::SetFileInformationByHandle(copy.file().get(), FileBasicInfo, &wanted, sizeof wanted))
-    return LastError();
+  if (!::SetFileInformationByHandle(copy.get(), FileBasicInfo, &wanted, sizeof wanted)) return LastError();
   return Attributes{attributes & kKnownAttributes};
 }
 
@@ -44,50 +43,71 @@ Error Explain(Error error, const std::wstring& folder, std::int64_t size) {
 
 }  // namespace
 
-Result<TemporaryFile> FileCopier::CopyBlocks(SourceFile& source, const std::wstring& target_folder,
-                                             const CopyWatcher& watcher, std::int64_t& bytes) {
-  if (watcher && !watcher(0)) return SystemError(ERROR_CANCELLED);
-  auto copy = TemporaryFile::Create(target_folder);
-  if (!copy) return copy.error();
-  if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(kBlockSize);
-  for (;;) {
-    const auto got = source.Read(buffer_.get(), kBlockSize);
-    if (!got) return got.error();
-    if (const Status written = copy->Write(buffer_.get(), *got); !written) return written.error();
-    bytes += static_cast<std::int64_t>(*got);
-    if (*got < kBlockSize) break;
-    if (watcher && !watcher(bytes)) return SystemError(ERROR_CANCELLED);
+Result<CopyOutcome> WindowsDraft::Write(const CopyWatcher& watcher) {
+  const std::wstring path =
+      static_cast<const WindowsFolder&>(*order_.source).long_path() + Widen(order_.file->name);
+  auto source = SourceFile::Open(path, volume_.source_has_coarse_times());
+  if (!source) return source.error();
+  auto outcome = CopyFrom(*source, path, watcher);
+  if (!outcome) {
+    file_.reset();  // now, not with its group: the disk may be full
+    return outcome;
   }
-  if (const Status whole = copy->CheckLength(bytes); !whole) return whole.error();
-  return copy;
+  if (const Status flushed = Flush(); !flushed) return flushed.error();
+  return outcome;
 }
 
-Result<CopyOutcome> FileCopier::Copy(const std::wstring& source_path, std::int64_t listed_size,
-                                     const std::wstring& target_folder, const std::wstring& target_name,
-                                     TargetName listed, const CopyWatcher& watcher) {
-  auto source = SourceFile::Open(source_path);
-  if (!source) return source.error();
+Result<CopyOutcome> WindowsDraft::CopyFrom(SourceFile& source, const std::wstring& path,
+                                           const CopyWatcher& watcher) {
+  const SourceState before = source.state();
   CopyOutcome outcome;
-  const bool by_system = listed_size >= kBigFile || source->IsMoreThanBytes();
-  auto copy = by_system ? CopyBySystem(source_path, target_folder, watcher, outcome.bytes)
-                        : CopyBlocks(*source, target_folder, watcher, outcome.bytes);
-  if (!copy) return Explain(copy.error(), target_folder, listed_size);
-  const LONGLONG written_before = source->info().LastWriteTime.QuadPart;
-  const bool other_length = outcome.bytes != listed_size;
-  if (other_length || outcome.bytes > static_cast<std::int64_t>(kBlockSize)) {
-    if (const Status known = source->Refresh(); !known) return known.error();
-  }
-  outcome.changed = other_length || source->info().LastWriteTime.QuadPart != written_before;
-  const auto attributes = CarryOver(source->info(), *copy, outcome.changed);
+  if (const Status filled = Fill(source, path, watcher, outcome.bytes); !filled) return filled.error();
+  outcome.changed = source.is_fresh() || source.state() != before;
+  const auto attributes = CarryOver(source, file(), outcome.changed);
   if (!attributes) return attributes.error();
-  if (listed == TargetName::kTaken) {
-    const Status safe = DoMeanwhile([&copy] { return copy->WriteOut(); }, watcher, outcome.bytes);
-    if (!safe) return safe.error();
-  }
-  if (const Status done = copy->Publish(target_folder + target_name, listed); !done) return done.error();
-  outcome.source_attributes = source->info().FileAttributes & kKnownAttributes;
+  outcome.source_attributes = source.attributes() & kKnownAttributes;
   outcome.target_attributes = *attributes;
+  is_elsewhere_ = volume_.IsElsewhere(order_.target, file());
   return outcome;
+}
+
+Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const CopyWatcher& watcher,
+                          std::int64_t& bytes) {
+  Progress progress(watcher);
+  const std::int64_t size = source.state().size;
+  const bool by_system = size >= kBigFile || source.IsMoreThanBytes();
+  auto copy = by_system ? CopyBySystem(path, target(), progress) : TemporaryFile::Create(target());
+  if (!copy) return Explain(copy.error(), target(), size);
+  file_.emplace(std::move(*copy));
+  if (by_system) {
+    const auto length = file_->GoToEnd();
+    if (!length) return length.error();
+    bytes = *length;
+    if (Status there = source.GoTo(bytes); !there) return there;
+  }
+  const Status moved = MoveData(source, *file_, progress, bytes);
+  if (!moved) return Explain(moved.error(), target(), size);
+  return Done{};
+}
+
+Status WindowsDraft::Flush() {
+  const DataFlush way = is_elsewhere_ ? DataFlush::kEachFully : volume_.data_flush();
+  if (way == DataFlush::kVolume || way == DataFlush::kNever) return Done{};
+  const Status flushed = way == DataFlush::kEachFully ? FlushFully(file()) : WriteOut(file());
+  is_written_out_ = flushed.ok();
+  return flushed;
+}
+
+Status WindowsDraft::Publish() {
+  const std::wstring path = target() + Widen(order_.file->name);
+  if (Status published = file_->Publish(path, order_.name); !published) return published;
+  if (volume_.names_are_ordered() && !is_elsewhere_) {
+    file_->Close();
+    return Done{};
+  }
+  file_->DateBirth();
+  // Where the system could not rename through the handle.
+  return file() ? Status(Done{}) : file_->Reopen(path);
 }
 
 }  // namespace platform::windows
