@@ -10,6 +10,22 @@ FileHandle OpenForAttributes(const std::wstring& long_path, DWORD access) {
                                   FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
+FileHandle OpenLinkForAttributes(const std::wstring& long_path) {
+  return FileHandle(::CreateFileW(long_path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+}
+
+std::wstring FinalPath(const FileHandle& file, DWORD flags) {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length =
+        ::GetFinalPathNameByHandleW(file.get(), path.data(), static_cast<DWORD>(path.size()), flags);
+    const bool fits = length < path.size();
+    path.resize(length);
+    if (fits) return path;
+  }
+}
+
 Result<FILE_BASIC_INFO> BasicInfo(const FileHandle& file) {
   FILE_BASIC_INFO info{};
   if (!::GetFileInformationByHandleEx(file.get(), FileBasicInfo, &info, sizeof info)) return LastError();

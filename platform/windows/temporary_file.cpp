@@ -68,22 +68,28 @@ Status TemporaryFile::Write(const char* data, std::size_t size) {
   return Done{};
 }
 
-Status TemporaryFile::CheckLength(std::int64_t length) const {
-  LARGE_INTEGER size{};
-  if (!::GetFileSizeEx(file_.get(), &size)) return LastError();
-  if (size.QuadPart != length) return SystemError(ERROR_HANDLE_EOF);
-  return Done{};
-}
-
-Status TemporaryFile::WriteOut() const {
-  if (!::FlushFileBuffers(file_.get())) return LastError();
-  return Done{};
+Result<std::int64_t> TemporaryFile::GoToEnd() {
+  LARGE_INTEGER end{};
+  if (!::SetFilePointerEx(file_.get(), LARGE_INTEGER{}, &end, FILE_END)) return LastError();
+  return std::int64_t{end.QuadPart};
 }
 
 Status TemporaryFile::Publish(const std::wstring& final_path, TargetName listed) {
   const Status renamed = Rename(file_, path_, final_path, listed);
   if (renamed) path_.clear();
   return renamed;
+}
+
+Status TemporaryFile::Reopen(const std::wstring& final_path) {
+  file_ = OpenOrMake(final_path, OPEN_EXISTING);
+  if (!file_) return LastError();
+  return Done{};
+}
+
+void TemporaryFile::DateBirth() const {
+  FILETIME now;
+  ::GetSystemTimeAsFileTime(&now);
+  if (file_) ::SetFileTime(file_.get(), &now, nullptr, nullptr);
 }
 
 }  // namespace platform::windows

@@ -10,7 +10,8 @@
 namespace platform::windows {
 
 /// A file on its way to its final name: created under a temporary one in the same folder, and removed again
-/// unless Publish() succeeds. One handle serves from creation to the final step.
+/// unless Publish() succeeds. One handle serves from creation to the final step; others may read, rename and
+/// delete the file meanwhile.
 class TemporaryFile {
  public:
   /// `folder` is in the long form and ends in a separator.
@@ -31,15 +32,22 @@ class TemporaryFile {
 
   Status Write(const char* data, std::size_t size);
 
-  /// kShort unless the file is so long.
-  Status CheckLength(std::int64_t length) const;
-
-  /// Returns when the data is on the disk.
-  Status WriteOut() const;
+  /// The present length in bytes. Write() goes on there from now on.
+  Result<std::int64_t> GoToEnd();
 
   /// Gives the file its final name in one atomic step, in place of a file that bears it; with
   /// TargetName::kFree only where nothing does, else kNameTaken.
   Status Publish(const std::wstring& final_path, TargetName listed);
+
+  /// Dates the birth of the file now, if it is still open: with a name the system may have handed down that
+  /// of the file which bore it up to 15 seconds before ("tunneling"; FAT keeps no other time that tells).
+  void DateBirth() const;
+
+  /// Opens the published file once more, to be flushed.
+  Status Reopen(const std::wstring& final_path);
+
+  /// Lets go of the file, which stays where it was published.
+  void Close() { file_.Close(); }
 
  private:
   explicit TemporaryFile(std::wstring path) : path_(std::move(path)) {}

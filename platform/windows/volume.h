@@ -2,10 +2,28 @@
 
 #include <string>
 
+#include "platform/windows/handle.h"
+
 namespace platform::windows {
 
-/// Whether a folder (long form) lies on a volume of the FAT family (not exFAT). False when that cannot be
-/// told.
+/// What a volume is, as far as copies to it and from it go. What cannot be told is as in the defaults.
+struct Volume {
+  bool is_remote = false;     ///< on a server
+  bool is_journaled = false;  ///< NTFS, ReFS: names reach the disk in the order in which they were given
+  bool is_fat = false;        ///< of the FAT family (not exFAT): keeps times in steps of two seconds
+  DWORD number = 0;           ///< its serial number
+  /// The name by which it can be opened as a whole ("\\?\Volume{...}"); empty when it has none.
+  std::wstring device;
+};
+
+/// The volume of a folder (long form), links followed.
+Volume VolumeOf(const std::wstring& folder);
+
+/// The serial number of an open file's volume; 0 when it cannot be told.
+DWORD VolumeNumberOf(const FileHandle& file);
+
+/// Whether a folder (long form) lies on a volume of the FAT family (not exFAT). The folder may be missing.
+/// False when that cannot be told.
 bool IsOnFat(const std::wstring& folder);
 
 }  // namespace platform::windows

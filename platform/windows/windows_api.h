@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-// The Windows headers rename every later use of these words; they are calls of platform::FileSystem here.
-// Whoever needs the system's own writes CopyFileExW and ReplaceFileW.
-#undef CopyFile
+// The Windows headers rename every later use of this word; it is a call of platform::FileSystem here. Whoever
+// needs the system's own writes ReplaceFileW.
 #undef ReplaceFile

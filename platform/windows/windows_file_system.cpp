@@ -1,20 +1,22 @@
 #include "platform/windows/windows_file_system.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/path.h"
 #include "platform/windows/file_content.h"
-#include "platform/windows/file_copier.h"
+#include "platform/windows/flushing.h"
 #include "platform/windows/listing.h"
 #include "platform/windows/long_path.h"
 #include "platform/windows/name_key.h"
 #include "platform/windows/open_file.h"
-#include "platform/windows/recent_copies.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/temporary_file.h"
 #include "platform/windows/volume.h"
 #include "platform/windows/wide_text.h"
+#include "platform/windows/windows_copy_volume.h"
 #include "platform/windows/windows_folder.h"
+#include "platform/windows/windows_time.h"
 
 namespace platform::windows {
 namespace {
@@ -39,18 +41,6 @@ Result<WIN32_FIND_DATAW> KnownOf(const std::wstring& path) {
   return known;
 }
 
-/// The path of an open file without links and short names. Empty on failure.
-std::wstring FinalPath(const FileHandle& file, DWORD flags) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        ::GetFinalPathNameByHandleW(file.get(), path.data(), static_cast<DWORD>(path.size()), flags);
-    const bool fits = length < path.size();
-    path.resize(length);
-    if (fits) return path;
-  }
-}
-
 /// A name that is a link to a folder, which the system removes like a folder.
 bool IsFolderLink(const std::wstring& path) {
   WIN32_FIND_DATAW found;
@@ -67,14 +57,6 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
 }
 
 }  // namespace
-
-struct WindowsFileSystem::State {
-  FileCopier copier;
-  RecentCopies recent;
-};
-
-WindowsFileSystem::WindowsFileSystem() : state_(std::make_unique<State>()) {}
-WindowsFileSystem::~WindowsFileSystem() = default;
 
 Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path) {
   std::wstring long_path = LongFolder(path);
@@ -111,14 +93,17 @@ Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
   return PlainPath(name);
 }
 
-Result<CopyOutcome> WindowsFileSystem::CopyFile(const Folder& source, const Entry& file, Folder& target,
-                                                TargetName listed, const CopyWatcher& watcher) {
-  const std::wstring name = Widen(file.name);
-  const std::wstring& target_folder = static_cast<const WindowsFolder&>(target).long_path();
-  auto outcome = state_->copier.Copy(static_cast<const WindowsFolder&>(source).long_path() + name, file.size,
-                                     target_folder, name, listed, watcher);
-  if (outcome) state_->recent.Add(target_folder + name);
-  return outcome;
+std::unique_ptr<Copier> WindowsFileSystem::MakeCopier(const std::string& source, const std::string& target) {
+  return std::make_unique<GroupedCopier>(std::make_shared<WindowsCopyVolume>(source, target), copy_threads_);
+}
+
+Result<FileTime> WindowsFileSystem::ChangedAt(const std::string& path) {
+  const FileHandle file = OpenLinkForAttributes(LongPath(path));
+  if (!file) return LastError();
+  const auto info = BasicInfo(file);
+  if (!info) return info.error();
+  // FAT and exFAT keep no time of change, but the one of the file's birth; a copy is born when it is made.
+  return FromTicks(std::max(info->ChangeTime.QuadPart, info->CreationTime.QuadPart));
 }
 
 Status WindowsFileSystem::CreateFolder(const std::string& path) {
@@ -202,17 +187,16 @@ Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string
   auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
-  if (!::FlushFileBuffers(file->file().get())) return LastError();  // also where no older one is replaced
-  return file->Publish(long_path, TargetName::kTaken);
+  if (const Status flushed = FlushFully(file->file()); !flushed) return flushed;
+  if (const Status published = file->Publish(long_path, TargetName::kTaken); !published) return published;
+  file->DateBirth();
+  return Done{};
 }
 
 Status WindowsFileSystem::Flush(const std::string& path, const Waiting& waiting) {
-  const auto flush = [this, &path]() -> Status {
-    if (!FlushVolume(path)) return state_->recent.Flush();
-    state_->recent.Forget();
-    return Done{};
-  };
-  return DoMeanwhile(flush, waiting);
+  copy_threads_.saver.Allow(1);
+  return WaitFor(
+      copy_threads_.saver, [long_path = LongPath(path)] { return FlushVolumeOf(long_path); }, waiting);
 }
 
 std::string WindowsFileSystem::NameKey(const std::string& name) const { return NameKeyOf(name); }

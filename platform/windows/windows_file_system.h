@@ -2,33 +2,27 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/file_system.h"
+#include "platform/grouped_copier.h"
 
 namespace platform::windows {
 
-/// The file system of Windows.
+/// The file system of Windows. To be used from one thread.
 ///
-/// A copy is flushed before it replaces an older one: whenever the power fails, one of the two is there
-/// whole. A copy under a new name is not, which would take longer than to copy it: until Flush() has written
-/// it out, a power cut may leave it incomplete.
-///
-/// What Flush() can promise depends on the user's rights. Whoever may open the volume (administrators) has
-/// all of it written out. For everybody else Windows flushes single files only. Then the copies of the last
-/// 15 seconds are written out one by one, the newest first and for about a second, and the disk is told to
-/// empty its own cache. The others are left to the system, whose lazy writer hands an eighth of the changed
-/// pages to the disk each second. That is no promise.
+/// How copies get to the disk: see WindowsCopyVolume. What Flush() can promise of the names that they were
+/// given last depends on the user's rights. Whoever may open the volume (administrators, as a rule) has all
+/// of it written out. For everybody else Windows flushes single files only; then a small file is made beside
+/// the copies, flushed and removed again. A file system with a journal writes down changes in their order, so
+/// that the names of the copies should be on the disk before it; Microsoft nowhere promises that. When it is
+/// not so, a power cut leaves the copies that were replaced last as they had been, and new ones missing.
 class WindowsFileSystem : public FileSystem {
  public:
-  WindowsFileSystem();
-  ~WindowsFileSystem() override;
-
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  Result<CopyOutcome> CopyFile(const Folder& source, const Entry& file, Folder& target, TargetName name,
-                               const CopyWatcher& watcher) override;
+  std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  Result<FileTime> ChangedAt(const std::string& path) override;
   Status CreateFolder(const std::string& path) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
@@ -44,12 +38,10 @@ class WindowsFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
-  struct State;
-
   /// The long form of a path or, where a link stands there, of what it leads to.
   std::wstring BehindLink(const std::string& path);
 
-  std::unique_ptr<State> state_;
+  CopyThreads copy_threads_;
 };
 
 }  // namespace platform::windows
