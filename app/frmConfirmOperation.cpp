@@ -43,11 +43,13 @@ frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
   lblText.SetColours(report::kPaperColours);
 }
 
-frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request)
+frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request,
+                                         std::vector<std::string> warnings)
     : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
       context_(context),
       request_(std::move(request)),
-      preview_(context.files, request_) {
+      preview_(context.files, request_),
+      warnings_(std::move(warnings)) {
   ConnectHandlers();
 }
 
@@ -121,7 +123,9 @@ void frmConfirmOperation::tmrRead_Timer() {
 void frmConfirmOperation::Refresh() {
   const FactsToTell tell{request_, volume_, preview_.findings(), context_.texts, context_.marks};
   facts_ = FactsOf(tell);
-  doubts_ = DoubtsOf(tell);
+  doubts_ = warnings_;
+  const std::vector<std::string> found = DoubtsOf(tell);
+  doubts_.insert(doubts_.end(), found.begin(), found.end());
   std::string spoken = OperationExplained(request_.operation);
   for (const std::string& doubt : doubts_) spoken += " " + doubt;
   cmdStart.SetDescription(spoken);

@@ -9,7 +9,8 @@ frmMain::frmMain(Context& context)
       context_(context),
       operation_windows_(context, *this),
       pop_up_(context.front_end),
-      hint_(context.front_end) {
+      hint_(context.front_end),
+      last_run_(context.files) {
   SetText(base::kProgramName);
   SetCaptions();
   SetSpokenNamesAndKeys();

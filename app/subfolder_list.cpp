@@ -43,6 +43,15 @@ std::string ContentText(const Subfolder& subfolder) {
   return CountText(subfolder.files, "file") + " and " + below;
 }
 
+std::string AwayText(const std::vector<std::string>& names) {
+  std::string text = names.size() == 1 ? std::string("Keep one included subfolder that is not there now: ")
+                                       : "Keep " + std::to_string(names.size()) +
+                                             " included subfolders that are not there now: ";
+  for (const std::string& name : names)
+    text += (&name == &names.front() ? "" : ", ") + base::utf8::Printable(name);
+  return text;
+}
+
 platform::Status SubfolderList::ReadNames(const std::vector<std::string>& selected) {
   subfolders_.clear();
   const auto listing = files_.OpenFolder(source_);

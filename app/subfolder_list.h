@@ -29,6 +29,9 @@ inline constexpr std::int64_t kMostCounted = 9'999;
 /// known.
 std::string ContentText(const Subfolder& subfolder);
 
+/// What keeping so many included subfolders means that are not there for now: their number and names.
+std::string AwayText(const std::vector<std::string>& names);
+
 /// The subfolders of the source among which the user selects those to be backed up.
 class SubfolderList {
  public:
