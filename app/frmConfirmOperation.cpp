@@ -99,6 +99,8 @@ void frmConfirmOperation::Form_Load() {
   vsbFacts.SetColours(std::nullopt);
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
+  volume_.holds_source =
+      !volume_.drive.empty() && context_.files.DriveOf(request_.setup.SourceFolder) == volume_.drive;
   if (const auto space = context_.files.Space(request_.setup.TargetFolder)) volume_.space = *space;
   volume_.largest_file = context_.files.LargestFile(request_.setup.TargetFolder);
   Refresh();
@@ -114,9 +116,9 @@ void frmConfirmOperation::Form_Activate() {
 
 void frmConfirmOperation::tmrRead_Timer() {
   const auto end = context_.clock.Monotonic() + kSlice;
-  while (preview_.Step() && context_.clock.Monotonic() < end) {
-  }
-  if (preview_.findings().complete) tmrRead.Stop();
+  bool more = preview_.Step();
+  while (more && context_.clock.Monotonic() < end) more = preview_.Step();
+  if (!more) tmrRead.Stop();
   Refresh();
 }
 
