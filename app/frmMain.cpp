@@ -57,6 +57,7 @@ void frmMain::SetCaptions() {
   lblWarningReFilesInUse.SetText("Files being used by another program cannot be backed up.");
   for (ui::TextBox& box : txbDirectory) box.SetReadOnly(true);
   txbSetupFile.SetReadOnly(true);
+  txbExcludedFilepaths.SetLineEndMark(",");  // pasted lines are patterns
 }
 
 void frmMain::SetSpokenNamesAndKeys() {

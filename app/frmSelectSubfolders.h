@@ -92,6 +92,7 @@ class frmSelectSubfolders : public ui::Form {
   std::optional<std::size_t> Current();
   /// Scrolls a subfolder into view and gives its row the focus.
   void GoTo(std::size_t index);
+  bool IsTypingName() const;
   std::optional<std::size_t> FindTyped(const std::string& character);
 
   Context& context_;

@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "app/natural_order.h"
 #include "base/ascii_case.h"
 #include "base/utf8.h"
 #include "platform/path.h"
@@ -65,9 +66,7 @@ platform::Status SubfolderList::ReadNames(const std::vector<std::string>& select
     subfolder.selected = selected_keys.count(files_.NameKey(entry.name)) != 0;
     subfolders_.push_back(std::move(subfolder));
   }
-  std::ranges::sort(subfolders_, {}, [](const Subfolder& subfolder) {
-    return std::pair(base::utf8::ToLower(subfolder.name), subfolder.name);
-  });
+  std::ranges::sort(subfolders_, ComesBefore, &Subfolder::name);
   return platform::Done{};
 }
 

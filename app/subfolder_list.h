@@ -38,8 +38,8 @@ class SubfolderList {
   SubfolderList(platform::FileSystem& files, std::string source)
       : files_(files), source_(std::move(source)) {}
 
-  /// Lists the source once: every folder in it by name, but for links and the recycle bin, sorted without
-  /// regard to case. Those named in `selected` start selected. On failure the list is empty.
+  /// Lists the source once: every folder in it by name, but for links and the recycle bin, in the order
+  /// of app/natural_order.h. Those named in `selected` start selected. On failure the list is empty.
   platform::Status ReadNames(const std::vector<std::string>& selected);
 
   /// Looks into one subfolder: one listing. A folder that cannot be listed counts as denied.
