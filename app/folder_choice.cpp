@@ -39,6 +39,10 @@ void frmMain::ChooseFolder(std::size_t index) {
   const std::string before = txbDirectory[index].text();
   TakeFolder(index, path);
   TellWhatCannotBeSaved(path);
+  if (path == txbDirectory[1 - index].text()) {
+    context_.front_end.dialogs().Show(
+        *this, {Text(text::kSameFolder), Text(text::kTitleSameFolder), ui::Icon::kInformation});
+  }
   if (!before.empty() && before != path) OfferOtherFolder(index);
   SetInitialFocus();
 }
@@ -51,7 +55,8 @@ bool frmMain::MayBeChosen(std::size_t index, const std::string& path) {
   }
   std::string reason;
   if (index == 1 && !platform::IsDiskRoot(path) && DiskProc::IsWriteProtected(context_.files, path, reason)) {
-    dialogs.Show(*this, {"The target folder is on a write-protected disk.", "Disk is write-protected",
+    const std::string why = reason.empty() ? reason : "\r\n(" + reason + ")";  // it may be full instead
+    dialogs.Show(*this, {"The target folder is on a write-protected disk." + why, "Disk is write-protected",
                          ui::Icon::kInformation});
     return false;
   }
@@ -83,6 +88,7 @@ void frmMain::TakeFolder(std::size_t index, const std::string& path) {
     away_.ForgetSource();
     cboIncludedFolders.Clear();
     chkIncludeSubfolders.SetValue(0);
+    chkExcludeFilesInSourceFolder.SetValue(0);
   }
   ShowNote({});
   RefreshSourceFolderDisplay();

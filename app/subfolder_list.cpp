@@ -4,8 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "app/folder_facts.h"
 #include "app/natural_order.h"
-#include "base/ascii_case.h"
 #include "base/utf8.h"
 #include "platform/path.h"
 #include "report/str_proc.h"
@@ -15,8 +15,6 @@ namespace {
 
 using State = Subfolder::State;
 
-/// Windows writes it in capitals on some disks and "$Recycle.Bin" on others.
-constexpr const char* kRecycleBin = "$recycle.bin";
 constexpr int kSizeDecimals = 2;
 
 std::string CountText(std::int64_t count, const std::string& noun) {
@@ -60,7 +58,7 @@ platform::Status SubfolderList::ReadNames(const std::vector<std::string>& select
   std::set<std::string> selected_keys;
   for (const std::string& name : selected) selected_keys.insert(files_.NameKey(name));
   for (const platform::Entry& entry : (*listing)->entries()) {
-    if (entry.kind != platform::EntryKind::kFolder || base::LowerAscii(entry.name) == kRecycleBin) continue;
+    if (entry.kind != platform::EntryKind::kFolder || IsRecycleBin(entry.name)) continue;
     Subfolder subfolder;
     subfolder.name = entry.name;
     subfolder.selected = selected_keys.count(files_.NameKey(entry.name)) != 0;
