@@ -40,14 +40,6 @@ TEST_F(UnattendedRun, EndsWithTheExitCodeOfWhatHappenedAndAsksNobody) {
   ends("refused", 4, [](Program& p) { p.files.Remove("/dst"); });
 }
 
-TEST_F(UnattendedRun, SaysWhatHasGoneAndWhyItDidNotStart) {
-  files.Remove("/dst");
-  StartWithSetup("x");
-  ASSERT_EQ(printed.size(), 4U);
-  EXPECT_TRUE(printed[1].starts_with("Target folder /dst does not exist.")) << printed[1];
-  EXPECT_NE(printed[2].find("The backup did not start:"), std::string::npos) << printed[2];
-}
-
 TEST_F(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
   for (const bool at_once : {false, true}) {
     Program program({"/src/a"});

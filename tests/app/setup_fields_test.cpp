@@ -13,7 +13,7 @@ struct SetupFields : testing::Test, Program {
     setup.IncludedFolders = {"a"};
   }
 
-  void ChooseFolder(std::size_t index, const char* path) {
+  void ChooseFolder(std::size_t index, const std::string& path) {
     dialogs.texts = {path};
     Click(window->cmdSpecifyDirectory[index]);
   }
@@ -34,40 +34,34 @@ struct SetupFields : testing::Test, Program {
 };
 
 TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
-  frmMain* w = nullptr;
-  const std::tuple<const char*, std::function<void()>, std::function<void(app::Setup&)>> fields[] = {
-      {"target", [&] { ChooseFolder(1, "/dst2"); }, [](app::Setup& s) { s.TargetFolder = "/dst2"; }},
-      {"included folders", [&] { w->cboIncludedFolders.SetListIndex(0), Click(w->cmdRemoveSubfolder); },
-       [](app::Setup& s) { s.IncludedFolders.clear(); }},
-      {"source", [&] { ChooseFolder(0, "/other"); },
-       [](app::Setup& s) { s.SourceFolder = "/other", s.IncludedFolders.clear(); }},
-      {"with subfolders", [&] { Tick(w->chkIncludeSubfolders, true); },
-       [](app::Setup& s) { s.IncludeSubfolders = true; }},
-      {"extension", [&] { Type(w->txbFileExtension, "txt"); },
-       [](app::Setup& s) { s.FileExtension = "txt"; }},
-      {"patterns", [&] { Type(w->txbExcludedFilepaths, "z, x"); },
-       [](app::Setup& s) { s.SkipFilepaths = "z, x"; }},
-      {"period", [&] { Select(w->cboModifiedSince, 3); }, [](app::Setup& s) { s.ModifiedSince = 3; }},
-      {"without own files", [&] { Tick(w->chkExcludeFilesInSourceFolder, true); },
-       [](app::Setup& s) { s.ExcludeFilesInSourceFolder = true; }},
-      {"pause", [&] { Tick(w->chkPauseAfterFirstCopy, true); },
-       [](app::Setup& s) { s.PauseAfterFirstCopy = true; }},
-      {"short report", [&] { Tick(w->chkSuppressDetailedReports, true); },
-       [](app::Setup& s) { s.SuppressDetailedReports = true; }},
-      {"save on quit", [&] { Tick(w->chkSaveSetupOnQuit, true); },
-       [](app::Setup& s) { s.SaveSetupOnQuit = true; }}};
-  w = &StartWithSetup();
+  frmMain* w = &StartWithSetup();
   const std::string unchanged = Confirmation();
-  for (const auto& [name, choose, change] : fields) {
+  const auto follow = [&](const char* name, const std::function<void(app::Setup&)>& choose) {
     w = &StartWithSetup();
-    choose();
     app::Setup expected = setup;
-    change(expected);
+    choose(expected);
     EXPECT_EQ(w->CurrentSetup(), expected) << name;
     EXPECT_EQ(Confirmation() != unchanged, !expected.SaveSetupOnQuit) << name;
     Click(w->cmdSetup), Click(w->cmdSaveSetup), Click(w->cmdSaveSetupForNextRun);
     EXPECT_EQ(Start().CurrentSetup(), expected) << name;
-  }
+  };
+  follow("target", [&](app::Setup& s) { ChooseFolder(1, s.TargetFolder = "/dst2"); });
+  follow("source",
+         [&](app::Setup& s) { ChooseFolder(0, s.SourceFolder = "/other"), s.IncludedFolders.clear(); });
+  follow("included", [&](app::Setup& s) { Click(w->cmdRemoveSubfolder), s.IncludedFolders.clear(); });
+  follow("extension", [&](app::Setup& s) { Type(w->txbFileExtension, s.FileExtension = "txt"); });
+  follow("patterns", [&](app::Setup& s) { Type(w->txbExcludedFilepaths, s.SkipFilepaths = "z, x"); });
+  follow("period", [&](app::Setup& s) { Select(w->cboModifiedSince, s.ModifiedSince = 3); });
+  using Box = ui::CheckBox frmMain::*;
+  const std::pair<Box, bool app::Setup::*> boxes[] = {
+      {&frmMain::chkIncludeSubfolders, &app::Setup::IncludeSubfolders},
+      {&frmMain::chkExcludeFilesInSourceFolder, &app::Setup::ExcludeFilesInSourceFolder},
+      {&frmMain::chkPauseAfterFirstCopy, &app::Setup::PauseAfterFirstCopy},
+      {&frmMain::chkSuppressDetailedReports, &app::Setup::SuppressDetailedReports},
+      {&frmMain::chkSaveSetupOnQuit, &app::Setup::SaveSetupOnQuit}};
+  for (const auto& [box, field] : boxes)
+    follow((w->*box).name().c_str(),
+           [&, box = box, field = field](app::Setup& s) { Tick(w->*box, s.*field = true); });
 }
 
 }  // namespace app::test
