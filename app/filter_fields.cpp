@@ -31,7 +31,7 @@ void frmMain::txbExcludedFilepaths_LostFocus() {
 void frmMain::cboModifiedSince_Click() {
   if (!FormLoaded) return;
   SetupEdited();
-  SetInitialFocus();
+  if (cboModifiedSince.choice_finished()) SetInitialFocus();
 }
 
 }  // namespace app

@@ -3,6 +3,7 @@
 #include "base/utf8.h"
 #include "platform/path.h"
 #include "services/disk_proc.h"
+#include "services/setup_text.h"
 #include "text/text_numbers.h"
 
 /// Choosing the source and the target folder, and making a subfolder of the target.
@@ -37,6 +38,11 @@ void frmMain::ChooseFolder(std::size_t index) {
   if (path.empty() || !MayBeChosen(index, path)) return;
   const std::string before = txbDirectory[index].text();
   TakeFolder(index, path);
+  TellWhatCannotBeSaved(path);
+  if (path == txbDirectory[1 - index].text()) {
+    context_.front_end.dialogs().Show(
+        *this, {Text(text::kSameFolder), Text(text::kTitleSameFolder), ui::Icon::kInformation});
+  }
   if (!before.empty() && before != path) OfferOtherFolder(index);
   SetInitialFocus();
 }
@@ -49,11 +55,19 @@ bool frmMain::MayBeChosen(std::size_t index, const std::string& path) {
   }
   std::string reason;
   if (index == 1 && !platform::IsDiskRoot(path) && DiskProc::IsWriteProtected(context_.files, path, reason)) {
-    dialogs.Show(*this, {"The target folder is on a write-protected disk.", "Disk is write-protected",
+    const std::string why = reason.empty() ? reason : "\r\n(" + reason + ")";  // it may be full instead
+    dialogs.Show(*this, {"The target folder is on a write-protected disk." + why, "Disk is write-protected",
                          ui::Icon::kInformation});
     return false;
   }
   return true;
+}
+
+void frmMain::TellWhatCannotBeSaved(const std::string& path) {
+  if (services::SurvivesSaving(path)) return;
+  context_.front_end.dialogs().Show(*this, {Text(text::kPathNotSaved) + "\r\n" + base::utf8::Printable(path) +
+                                                "\r\n\r\n" + Text(text::kPathNotSavedAdvice),
+                                            Text(text::kTitlePathNotSaved), ui::Icon::kExclamation});
 }
 
 void frmMain::TakeFolder(std::size_t index, const std::string& path) {
@@ -61,11 +75,22 @@ void frmMain::TakeFolder(std::size_t index, const std::string& path) {
   txbDirectory[index].SetText(path);
   txbDirectory[index].SetToolTip(path);
   if (changed) SetupEdited();
-  if (index == 1) return RefreshTargetFolderDisplay();
-  if (changed) {
+  if (index == 1) {
+    away_.target.clear();
+    ShowNote({});
+    return RefreshTargetFolderDisplay();
+  }
+  const bool is_back = changed && !path.empty() && path == away_.source;
+  if (is_back) {
+    away_.source.clear();
+    TakeBackWhatIsThere();
+  } else if (changed) {
+    away_.ForgetSource();
     cboIncludedFolders.Clear();
     chkIncludeSubfolders.SetValue(0);
+    chkExcludeFilesInSourceFolder.SetValue(0);
   }
+  ShowNote({});
   RefreshSourceFolderDisplay();
 }
 
@@ -120,6 +145,7 @@ void frmMain::CreateSubfolder(const std::string& path) {
   ReplaceSample(question, "E:\\", path);
   if (dialogs.AskYesNo(*this, {question, {}, ui::Icon::kQuestion})) {
     TakeFolder(1, path);
+    TellWhatCannotBeSaved(path);
   } else {
     RefreshTargetFolderDisplay();
   }

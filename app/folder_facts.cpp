@@ -1,5 +1,7 @@
 #include "app/folder_facts.h"
 
+#include "base/ascii_case.h"
+
 namespace app {
 namespace {
 
@@ -17,6 +19,8 @@ int ErrorNumber(platform::ErrorKind kind) {
 
 }  // namespace
 
+bool IsRecycleBin(const std::string& name) { return base::LowerAscii(name) == "$recycle.bin"; }
+
 FolderContent ContentOf(platform::FileSystem& files, const std::string& folder) {
   FolderContent content;
   const auto listing = files.OpenFolder(folder);
@@ -26,7 +30,8 @@ FolderContent ContentOf(platform::FileSystem& files, const std::string& folder) 
   }
   for (const platform::Entry& entry : (*listing)->entries()) {
     if (entry.kind == platform::EntryKind::kFile) ++content.files;
-    if (entry.kind == platform::EntryKind::kFolder) ++content.subfolders;
+    const bool is_folder = entry.kind == platform::EntryKind::kFolder;
+    if (is_folder && !IsRecycleBin(entry.name)) ++content.subfolders;
   }
   return content;
 }

@@ -12,8 +12,12 @@ struct FolderContent {
   /// then 0.
   int error = 0;
   int files = 0;
-  int subfolders = 0;  ///< without links
+  int subfolders = 0;  ///< without links and the recycle bin
 };
+
+/// Whether a folder's name is that of the recycle bin in the root of a disk, which is listed nowhere. Windows
+/// writes it in capitals on some disks and "$Recycle.Bin" on others.
+bool IsRecycleBin(const std::string& name);
 
 FolderContent ContentOf(platform::FileSystem& files, const std::string& folder);
 

@@ -43,11 +43,13 @@ frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
   lblText.SetColours(report::kPaperColours);
 }
 
-frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request)
+frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request,
+                                         std::vector<std::string> warnings)
     : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
       context_(context),
       request_(std::move(request)),
-      preview_(context.files, request_) {
+      preview_(context.files, request_),
+      warnings_(std::move(warnings)) {
   ConnectHandlers();
 }
 
@@ -97,6 +99,8 @@ void frmConfirmOperation::Form_Load() {
   vsbFacts.SetColours(std::nullopt);
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
+  volume_.holds_source =
+      !volume_.drive.empty() && context_.files.DriveOf(request_.setup.SourceFolder) == volume_.drive;
   if (const auto space = context_.files.Space(request_.setup.TargetFolder)) volume_.space = *space;
   volume_.largest_file = context_.files.LargestFile(request_.setup.TargetFolder);
   Refresh();
@@ -112,16 +116,18 @@ void frmConfirmOperation::Form_Activate() {
 
 void frmConfirmOperation::tmrRead_Timer() {
   const auto end = context_.clock.Monotonic() + kSlice;
-  while (preview_.Step() && context_.clock.Monotonic() < end) {
-  }
-  if (preview_.findings().complete) tmrRead.Stop();
+  bool more = preview_.Step();
+  while (more && context_.clock.Monotonic() < end) more = preview_.Step();
+  if (!more) tmrRead.Stop();
   Refresh();
 }
 
 void frmConfirmOperation::Refresh() {
   const FactsToTell tell{request_, volume_, preview_.findings(), context_.texts, context_.marks};
   facts_ = FactsOf(tell);
-  doubts_ = DoubtsOf(tell);
+  doubts_ = warnings_;
+  const std::vector<std::string> found = DoubtsOf(tell);
+  doubts_.insert(doubts_.end(), found.begin(), found.end());
   std::string spoken = OperationExplained(request_.operation);
   for (const std::string& doubt : doubts_) spoken += " " + doubt;
   cmdStart.SetDescription(spoken);

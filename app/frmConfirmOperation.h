@@ -18,11 +18,12 @@ namespace app {
 /// stands open.
 class frmConfirmOperation : public ui::Form {
  public:
-  frmConfirmOperation(Context& context, engine::RunRequest request);
+  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts.
+  frmConfirmOperation(Context& context, engine::RunRequest request, std::vector<std::string> warnings = {});
 
   /// Shows the window above `owner`. Returns whether the user wants the operation. Called once.
   bool Confirm(ui::Form& owner);
-  /// Whether the user does not want to be asked again, whatever was answered.
+  /// Whether the user does not want to be asked again. Counts only for an operation that is started.
   bool NotAgain() const { return chkDontShowAgain.value() == 1; }
 
   void Form_Load();
@@ -68,6 +69,7 @@ class frmConfirmOperation : public ui::Form {
   engine::RunRequest request_;
   OperationPreview preview_;
   TargetVolume volume_;
+  std::vector<std::string> warnings_;
   std::vector<Fact> facts_;
   std::vector<std::string> doubts_;
   bool activated_ = false;

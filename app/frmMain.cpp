@@ -9,7 +9,8 @@ frmMain::frmMain(Context& context)
       context_(context),
       operation_windows_(context, *this),
       pop_up_(context.front_end),
-      hint_(context.front_end) {
+      hint_(context.front_end),
+      last_run_(context.files) {
   SetText(base::kProgramName);
   SetCaptions();
   SetSpokenNamesAndKeys();
@@ -56,6 +57,7 @@ void frmMain::SetCaptions() {
   lblWarningReFilesInUse.SetText("Files being used by another program cannot be backed up.");
   for (ui::TextBox& box : txbDirectory) box.SetReadOnly(true);
   txbSetupFile.SetReadOnly(true);
+  txbExcludedFilepaths.SetLineEndMark(",");  // pasted lines are patterns
 }
 
 void frmMain::SetSpokenNamesAndKeys() {

@@ -11,6 +11,8 @@
 #include "app/frmView.h"
 #include "app/operation_windows.h"
 #include "report/frmPopUp.h"
+#include "services/away_parts.h"
+#include "services/last_run_file.h"
 #include "services/setup_file.h"
 #include "ui/controls.h"
 #include "ui/form.h"
@@ -41,6 +43,13 @@ class frmMain : public ui::Form {
   // --- The Setup
   /// What the controls say now.
   Setup CurrentSetup() const;
+  /// What is saved: the same with the folders that are away for now.
+  Setup SetupToSave() const { return services::WithAwayParts(CurrentSetup(), away_); }
+  /// Shows the folders again that were away when the setup was loaded and are there by now.
+  void TakeBackWhatIsThere();
+  /// What every report and the confirmation say of the loaded setup: a line for each folder that is away, and
+  /// for what else is missing.
+  std::vector<std::string> SetupWarnings() const;
   /// Puts every control to what the setup says, and refreshes what depends on it.
   void ShowSetup(const Setup& setup);
   void ClearSetupControls();
@@ -49,8 +58,8 @@ class frmMain : public ui::Form {
   /// Sets SetupJustSaved and starts its time over.
   void MarkSetupSaved();
   /// Loads the last-run setup where there is one; in any case refreshes the folder displays and takes the
-  /// snapshot.
-  void LoadLastRunSetup(bool show_message);
+  /// snapshot. Returns whether a setup was loaded whole.
+  bool LoadLastRunSetup(bool show_message);
   /// Keeps the Setup for "Restore setup".
   void SnapshotSetup();
 
@@ -90,7 +99,8 @@ class frmMain : public ui::Form {
   void cmdBackupModifiedFiles_MouseUp() { StartOperation(Operation::kBackupModifiedFiles); }
   void cmdReportScreen_MouseUp();
   void cmdHelp_MouseUp();
-  /// Shows what is going on in place of the introduction; empty: the introduction again.
+  /// Shows what is going on in place of the introduction; empty: the introduction again, or what the user
+  /// has to know of the setup that was loaded.
   void ShowNote(const std::string& note);
   void LockControls();
   void UnlockControls();
@@ -198,6 +208,7 @@ class frmMain : public ui::Form {
   void PlaceOnScreen();
   void ShowPreviousRun();
   void RunUnattended();
+  std::string NoSetupText() const;
   void ShutDownAfterOperation();
   void SetFramesEnabled(bool enabled);
   void EndProgram();
@@ -206,15 +217,20 @@ class frmMain : public ui::Form {
   void ChooseFolder(std::size_t index);
   bool MayBeChosen(std::size_t index, const std::string& path);
   void TakeFolder(std::size_t index, const std::string& path);
+  /// Says so when a saved setup cannot hold this path.
+  void TellWhatCannotBeSaved(const std::string& path);
   void OfferOtherFolder(std::size_t index);
   void CreateSubfolder(const std::string& path);
   void TellFolderNotCreated(const std::string& path);
 
   void OpenSaveSetupFrame(bool load);
   services::LoadedSetup LoadOperationFile(const std::string& path);
+  bool LoadLastRunFile();
   void LoadSetupFromFile();
   void SaveSetupInFile();
-  bool SaveSetup(const std::string& path, bool show_pop_up);
+  /// Says what saving for the next run would destroy, and asks. True when there is nothing, or for Yes.
+  bool MayReplaceLastRun();
+  void ShowSetupSaved();
   bool SaveForNextRunOrTell(bool show_pop_up);
   void TellSetupFailure(const std::string& message);
   void ShowSetupFile(const std::string& path);
@@ -232,10 +248,14 @@ class frmMain : public ui::Form {
   report::frmPopUp hint_;
   const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
   Setup restore_snapshot_;
-  /// What the start-up found wrong with the last-run setup and said nothing about; an unattended run reports
-  /// it: why the setup could be read only in part, and what of it is missing.
-  std::string not_read_at_start_;
-  std::vector<std::string> gone_at_start_;
+  services::AwayParts restore_away_;  ///< what was away at the snapshot
+  services::AwayParts away_;          ///< of the setup that was loaded last
+  services::LastRunFile last_run_;
+  /// Why the last-run setup is not, or not wholly, what the window shows: an unattended run is refused with
+  /// it. Empty: it is.
+  std::string last_run_problem_;
+  bool no_setup_yet_ = false;       ///< nothing has been saved for the next run
+  bool extension_missing_ = false;  ///< in the setup that was loaded last
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;

@@ -17,6 +17,7 @@ constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kTitleHeight = 540;
 constexpr Twips kSummaryHeight = 540;
+constexpr Twips kRowOfOne = 390;  ///< of a check box that stands alone
 constexpr Twips kButtonHeight = 420;
 constexpr Twips kButtonWidth = 1'500;
 constexpr Twips kScrollBarWidth = 270;
@@ -28,11 +29,12 @@ constexpr int kBetweenSlices = 1;
 }  // namespace
 
 frmSelectSubfolders::frmSelectSubfolders(Context& context, std::string source,
-                                         std::vector<std::string> included)
+                                         std::vector<std::string> included, std::vector<std::string> away)
     : Form(context.front_end, "frmSelectSubfolders", ui::FormStyle::kDialog),
       context_(context),
       list_(context.files, std::move(source)),
-      included_(std::move(included)) {
+      included_(std::move(included)),
+      away_(std::move(away)) {
   ConnectHandlers();
 }
 
@@ -64,6 +66,12 @@ void frmSelectSubfolders::Form_Load() {
   picSubfolders.SetSpokenName("Subfolders of the source folder");
   picSubfolders.SetScrollBar(&vsbScrollBar);
   vsbScrollBar.SetSpokenName("Scroll the subfolders");
+  const std::string kept = AwayText(away_);
+  chkKeepAway.SetText(kept);
+  chkKeepAway.SetToolTip(kept);
+  chkKeepAway.SetAccessKey('K');
+  chkKeepAway.SetValue(1);
+  chkKeepAway.SetVisible(!away_.empty());
   cmdSelectDeselectAllSubfolders.SetText("Select all");
   cmdSelectDeselectAllSubfolders.SetAccessKey('S');
   cmdAccept.SetText("Accept");
@@ -95,10 +103,12 @@ void frmSelectSubfolders::Form_Resize() {
   const Twips buttons = height - kMargin - kButtonHeight;
   const Twips summary = buttons - kGap - kSummaryHeight;
   const Twips list = kMargin + kTitleHeight + kGap;
+  const Twips kept = summary - (away_.empty() ? 0 : kRowOfOne);
 
   lblTitle.SetBounds({kMargin, kMargin, width, kTitleHeight});
-  picSubfolders.SetBounds({kMargin, list, width, summary - kGap - list});
+  picSubfolders.SetBounds({kMargin, list, width, kept - kGap - list});
   vsbScrollBar.SetBounds({right - kScrollBarWidth, list, kScrollBarWidth, picSubfolders.height()});
+  chkKeepAway.SetBounds({kMargin, kept, width, kRowOfOne});
   lblSelectionSummary.SetBounds({kMargin, summary, width, kSummaryHeight});
   cmdSelectDeselectAllSubfolders.SetBounds({kMargin, buttons, kButtonWidth, kButtonHeight});
   cmdCancel.SetBounds({right - kButtonWidth, buttons, kButtonWidth, kButtonHeight});

@@ -19,12 +19,17 @@ namespace app {
 /// subfolders when the list is scrolled.
 class frmSelectSubfolders : public ui::Form {
  public:
-  /// `included` are the names that start ticked.
-  frmSelectSubfolders(Context& context, std::string source, std::vector<std::string> included);
+  /// `included` are the names that start ticked; `away` those of included subfolders that are not there for
+  /// now.
+  frmSelectSubfolders(Context& context, std::string source, std::vector<std::string> included,
+                      std::vector<std::string> away = {});
 
   /// Shows the window above `owner`. Returns the names ticked, sorted, when the user accepts them, else
   /// nothing. Called once.
   std::optional<std::vector<std::string>> Choose(ui::Form& owner);
+
+  /// Whether those that are away are to stay included. They do unless the user says otherwise.
+  bool KeepsAway() const { return chkKeepAway.value() == 1; }
 
   void Form_Load();
   /// Begins to fill the list.
@@ -56,6 +61,7 @@ class frmSelectSubfolders : public ui::Form {
   ui::Label lblNothingListed{&picSubfolders, "lblNothingListed"};
   std::vector<std::unique_ptr<Row>> rows;  ///< from top to bottom; those below the last subfolder are hidden
   ui::ScrollBar vsbScrollBar{this, "vsbScrollBar"};
+  ui::CheckBox chkKeepAway{this, "chkKeepAway"};  ///< only where subfolders are away
   ui::Label lblSelectionSummary{this, "lblSelectionSummary"};
   ui::Button cmdSelectDeselectAllSubfolders{this, "cmdSelectDeselectAllSubfolders"};
   ui::Button cmdAccept{this, "cmdAccept"};
@@ -86,11 +92,13 @@ class frmSelectSubfolders : public ui::Form {
   std::optional<std::size_t> Current();
   /// Scrolls a subfolder into view and gives its row the focus.
   void GoTo(std::size_t index);
+  bool IsTypingName() const;
   std::optional<std::size_t> FindTyped(const std::string& character);
 
   Context& context_;
   SubfolderList list_;
   std::vector<std::string> included_;
+  std::vector<std::string> away_;
   bool names_read_ = false;
   std::size_t next_ = 0;    ///< every subfolder before it has been looked into
   std::string typed_;       ///< the beginning of a name, lower-cased, as typed so far

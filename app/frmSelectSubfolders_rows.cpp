@@ -154,6 +154,7 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
       to = last;
       break;
     case ui::Key::kCharacter:
+      if (press.character == " " && !IsTypingName()) return false;  // it ticks the row
       to = FindTyped(press.character);
       break;
   }
@@ -161,13 +162,17 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
   return true;
 }
 
+/// While the beginning of a name is young, what is typed belongs to it, blanks too.
+bool frmSelectSubfolders::IsTypingName() const {
+  return !typed_.empty() && context_.clock.Monotonic().count() - typed_at_ <= kTypingPause;
+}
+
 /// The next subfolder, from the current one on and round, whose name begins with what has been typed. The
 /// same letter again and again goes from one such subfolder to the next.
 std::optional<std::size_t> frmSelectSubfolders::FindTyped(const std::string& character) {
-  const long long now = context_.clock.Monotonic().count();
   const std::string letter = base::utf8::ToLower(character);
-  if (now - typed_at_ > kTypingPause) typed_.clear();
-  typed_at_ = now;
+  if (!IsTypingName()) typed_.clear();
+  typed_at_ = context_.clock.Monotonic().count();
   if (typed_ != letter) typed_ += letter;
   const bool one_letter = typed_ == letter;
   const auto current = Current();

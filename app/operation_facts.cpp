@@ -101,6 +101,10 @@ std::string LeftOutText(const FactsToTell& tell) {
 
 std::string DueText(const FactsToTell& tell) {
   const PreviewFindings& findings = tell.findings;
+  if (findings.complete && findings.files_due == 0 && findings.folders_not_read == 0) {
+    return findings.files_met == 0 ? "Nothing to copy: no file takes part."
+                                   : "Nothing to copy: everything that takes part is backed up.";
+  }
   std::string text = Count(findings.files_due, "file", tell) + ", " + Size(findings.bytes_due, tell);
   text += findings.complete ? "" : " so far . . .";
   if (findings.folders_not_read > 0) {
@@ -118,6 +122,57 @@ std::string OptionsText(const Setup& setup) {
   return text;
 }
 
+/// What stays out although somebody who uses the program for the first time would expect it to be in.
+void DoubtWhatStaysOut(const FactsToTell& tell, std::vector<std::string>& doubts) {
+  const PreviewFindings& findings = tell.findings;
+  const bool none_included = tell.request.setup.IncludedFolders.empty();
+  std::string text;
+  if (none_included && findings.first_level_folders > 0) {
+    text = findings.first_level_folders == 1
+               ? std::string("The one subfolder of the source is not included.")
+               : "None of the " + Count(findings.first_level_folders, "subfolder", tell) +
+                     " of the source is included.";
+    text += " Only the files directly in it will be backed up.";
+    if (findings.outside_counted && findings.files_outside > 0)
+      text += " " + Count(findings.files_outside, "file", tell) + " will not.";
+  } else if (findings.outside_counted && findings.files_outside > 0) {
+    text = "\"Include all subfolders\" is not ticked: " + Count(findings.folders_outside, "folder", tell) +
+           " inside the included ones, with " + Count(findings.files_outside, "file", tell) +
+           ", will not be backed up.";
+  }
+  if (!text.empty()) doubts.push_back(text);
+}
+
+void DoubtTheTarget(const FactsToTell& tell, std::vector<std::string>& doubts) {
+  const std::vector<std::string>& strangers = tell.findings.strangers;
+  if (!strangers.empty()) {
+    doubts.push_back("Nothing in the target comes from this source. It holds " + NameList(strangers) +
+                     ". Is it meant for the backup of another folder?");
+  }
+  if (tell.volume.holds_source) {
+    doubts.push_back("The target is on the same disk as the source. When that disk fails, both are lost.");
+  }
+}
+
+/// What to write in the place of a pattern with wildcards: its longest part without.
+std::string WithoutWildcards(const std::string& pattern) {
+  std::string longest;
+  for (std::size_t at = 0; at <= pattern.size();) {
+    const std::size_t end = std::min(pattern.find_first_of("*?", at), pattern.size());
+    if (end - at > longest.size()) longest = pattern.substr(at, end - at);
+    at = end + 1;
+  }
+  return longest;
+}
+
+void DoubtTheWildcards(const std::string& pattern, std::vector<std::string>& doubts) {
+  if (pattern.find_first_of("*?") == std::string::npos) return;
+  const std::string instead = WithoutWildcards(pattern);
+  doubts.push_back("\"*\" and \"?\" stand for nothing else in a pattern, so " + Quoted(pattern) +
+                   " will hardly leave out a file. " +
+                   (instead.empty() ? std::string("Remove it.") : "Write " + Quoted(instead) + " instead."));
+}
+
 void DoubtTheFolders(const PreviewFindings& findings, std::vector<std::string>& doubts) {
   if (findings.target_in_source) {
     doubts.push_back("The target folder lies inside the source folder. It is not backed up itself.");
@@ -132,6 +187,7 @@ void DoubtThePatterns(const FactsToTell& tell, std::vector<std::string>& doubts)
   const std::string source = engine::NormaliseForMatch(platform::FolderForm(tell.request.setup.SourceFolder));
   std::vector<std::string> short_ones;
   for (const PreviewFindings::Hits& hits : tell.findings.hits) {
+    DoubtTheWildcards(hits.typed, doubts);
     if (source.find(hits.pattern) != std::string::npos) {
       doubts.push_back("The path of the source folder itself holds " + Quoted(hits.typed) +
                        ", so every file is left out.");
@@ -151,6 +207,13 @@ void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts
   if (gone > 1) {
     doubts.push_back(std::to_string(gone) +
                      " included subfolders are no longer there: " + NameList(findings.folders_gone));
+  }
+  if (findings.kept_out_by_period > 0) {
+    const bool one = findings.kept_out_by_period == 1;
+    doubts.push_back("The chosen period keeps out " +
+                     (one ? std::string("one file that has")
+                          : Count(findings.kept_out_by_period, "file", tell) + " that have") +
+                     " no copy in the target yet.");
   }
   if (findings.complete && findings.files_met == 0)
     doubts.push_back("There is no file that passes the filters.");
@@ -189,7 +252,9 @@ std::vector<Fact> FactsOf(const FactsToTell& tell) {
 
 std::vector<std::string> DoubtsOf(const FactsToTell& tell) {
   std::vector<std::string> doubts;
+  DoubtWhatStaysOut(tell, doubts);
   DoubtTheFolders(tell.findings, doubts);
+  DoubtTheTarget(tell, doubts);
   DoubtThePatterns(tell, doubts);
   DoubtWhatWasFound(tell, doubts);
   return doubts;

@@ -1,8 +1,10 @@
 #include "app/operation_preview.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 
+#include "base/ascii_case.h"
 #include "engine/wildcard_match.h"
 #include "platform/path.h"
 
@@ -16,6 +18,16 @@ bool IsLeftOut(const std::string& path, EntryKind kind, const std::string& patte
   // A folder's files have its path with a separator behind it.
   const bool folder = kind == EntryKind::kFolder;
   return engine::PathMatchesSkipFilepaths(folder ? platform::FolderForm(path) : path, {pattern});
+}
+
+/// What systems put into the root of a disk.
+bool IsOfTheSystem(const std::string& name) {
+  static constexpr std::array kNames = {"$recycle.bin", "system volume information", "lost+found",
+                                        "recycler"};
+  const std::string lower = base::LowerAscii(name);
+  return lower.starts_with(".trash") || std::ranges::find(kNames, lower, [](const char* text) {
+                                          return std::string_view(text);
+                                        }) != kNames.end();
 }
 
 /// The folders as the run takes them, each included folder once.
@@ -34,7 +46,9 @@ OperationPreview::OperationPreview(platform::FileSystem& files, const engine::Ru
     : files_(files),
       setup_(WithPlainFolders(files, request.setup)),
       nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
-      rules_(engine::RulesOf(request)) {
+      rules_(engine::RulesOf(request)),
+      without_period_(rules_) {
+  without_period_.filters.modified_since.reset();
   findings_.target_in_source = nesting_.TargetIsInSource();
   findings_.source_in_target = nesting_.SourceIsInTarget();
   for (const std::string& typed : engine::SplitSkipFilepaths(setup_.SkipFilepaths))
@@ -47,33 +61,90 @@ OperationPreview::OperationPreview(platform::FileSystem& files, const engine::Ru
 }
 
 bool OperationPreview::Step() {
-  if (pending_.empty()) return false;
-  const Pending folder = std::move(pending_.back());
-  pending_.pop_back();
-  if (!nesting_.IsTarget(folder.source)) LookInto(folder);
+  if (!pending_.empty()) {
+    const Pending folder = std::move(pending_.back());
+    pending_.pop_back();
+    if (!nesting_.IsTarget(folder.source)) LookInto(folder);
+  } else if (!outside_.empty()) {
+    LookOutside();
+  } else {
+    return false;
+  }
   findings_.complete = pending_.empty();
+  findings_.outside_counted = findings_.complete && outside_.empty();
   return true;
 }
 
 void OperationPreview::LookInto(const Pending& folder) {
+  const bool is_source = folder.level == Level::kSource;
   if (folder.level == Level::kIncluded && !IsThere(folder.source)) return;
+  if (!is_source && LandsInSource(folder)) return;
   auto pair = engine::FolderPair::Open(files_, folder.source, folder.target);
-  if (folder.level == Level::kSource) findings_.first_level_known = true;
+  if (is_source) findings_.first_level_known = true;
   if (!pair) {
     ++findings_.folders_not_read;
     return;
   }
-  if (nesting_.IsTarget(pair->source())) return;
-  if (pair->source().is_mount_point() && folder.level != Level::kSource) return;
-  if (folder.level == Level::kSource) {
-    HoldPatternsAgainst(pair->source());
-    if (setup_.ExcludeFilesInSourceFolder) return;
-  }
+  if (nesting_.IsTarget(pair->source()) || (!is_source && pair->IsOneFolder())) return;
+  if (pair->source().is_mount_point() && !is_source) return;
   // Without a listing of the target everything counts as new there, as it does when there is no such folder
   // yet.
-  static_cast<void>(pair->OpenTarget());
+  const platform::Status target = pair->OpenTarget();
+  if (is_source) {
+    LookAtFirstLevel(*pair);
+    FindStrangers(*pair);
+    if (setup_.ExcludeFilesInSourceFolder) return;
+  }
+  if (!target && target.error().kind != platform::ErrorKind::kNotFound &&
+      target.error().kind != platform::ErrorKind::kNotAFolder) {
+    ++findings_.folders_not_read;
+    return;
+  }
   CountFiles(*pair);
-  if (folder.level != Level::kSource && setup_.IncludeSubfolders) PushSubfolders(folder, pair->source());
+  if (!is_source) PushSubfolders(folder, pair->source());
+}
+
+/// Those of a folder that stays out, and of all below it.
+void OperationPreview::LookOutside() {
+  const std::string path = std::move(outside_.back());
+  outside_.pop_back();
+  if (nesting_.IsTarget(path)) return;
+  ++findings_.folders_outside;
+  const auto folder = files_.OpenFolder(path);
+  if (!folder || (*folder)->is_mount_point()) return;
+  for (const Entry& entry : (*folder)->entries()) {
+    if (entry.kind == EntryKind::kFile) ++findings_.files_outside;
+    if (entry.kind == EntryKind::kFolder) outside_.push_back(platform::JoinPath(path, entry.name));
+  }
+}
+
+/// As the run sees it: the copies would then take the place of what is in the source.
+bool OperationPreview::LandsInSource(const Pending& folder) {
+  const auto target = files_.Look(folder.target);
+  return nesting_.LandsInSource(folder.target, target && target->kind == EntryKind::kFolderLink);
+}
+
+void OperationPreview::LookAtFirstLevel(const engine::FolderPair& pair) {
+  const platform::Folder& source = pair.source();
+  HoldPatternsAgainst(source);
+  for (const Entry& entry : source.entries()) {
+    const std::string path = platform::JoinPath(source.path(), entry.name);
+    if (entry.kind != EntryKind::kFolder || IsOfTheSystem(entry.name) || nesting_.IsTarget(path)) continue;
+    ++findings_.first_level_folders;
+    if (setup_.IncludedFolders.empty()) outside_.push_back(path);
+  }
+}
+
+/// A target in which there is nothing of the source is perhaps not meant for it.
+void OperationPreview::FindStrangers(engine::FolderPair& pair) {
+  if (!pair.has_target()) return;
+  std::set<std::string> own;
+  for (const Entry& entry : pair.source().entries()) own.insert(files_.NameKey(entry.name));
+  for (const Entry& entry : pair.target().entries()) {
+    if (own.contains(files_.NameKey(entry.name))) return findings_.strangers.clear();
+    const bool counts = !IsOfTheSystem(entry.name) && !platform::IsTemporaryName(entry.name);
+    if (counts) findings_.strangers.push_back(entry.name);
+  }
 }
 
 /// Links to folders are not followed by a run either, but they are there.
@@ -104,8 +175,13 @@ void OperationPreview::CountFiles(engine::FolderPair& pair) {
   for (const Entry& entry : pair.source().entries()) {
     if (entry.kind != EntryKind::kFile) continue;
     const Entry* const target = pair.TargetOf(entry);
-    const engine::Selection selection = engine::SelectFile(rules_, {pair.source().path(), entry, target});
-    if (selection.finding != engine::Finding::kFilteredOut) ++findings_.files_met;
+    const engine::Candidate file{pair.source().path(), entry, target};
+    const engine::Selection selection = engine::SelectFile(rules_, file);
+    if (selection.finding == engine::Finding::kFilteredOut) {
+      CountKeptOut(file);
+      continue;
+    }
+    ++findings_.files_met;
     if (!selection.selected) continue;
     ++findings_.files_due;
     const std::int64_t size = std::max<std::int64_t>(entry.size, 0);
@@ -118,11 +194,21 @@ void OperationPreview::CountFiles(engine::FolderPair& pair) {
   }
 }
 
+void OperationPreview::CountKeptOut(const engine::Candidate& file) {
+  if (file.target != nullptr || !rules_.filters.modified_since) return;
+  const auto finding = engine::SelectFile(without_period_, file).finding;
+  if (finding != engine::Finding::kFilteredOut) ++findings_.kept_out_by_period;
+}
+
 void OperationPreview::PushSubfolders(const Pending& folder, const platform::Folder& source) {
   for (const Entry& entry : source.entries()) {
     if (entry.kind != EntryKind::kFolder) continue;
-    pending_.push_back({platform::JoinPath(folder.source, entry.name),
-                        platform::JoinPath(folder.target, entry.name), Level::kBelow});
+    std::string path = platform::JoinPath(folder.source, entry.name);
+    if (!setup_.IncludeSubfolders) {
+      outside_.push_back(std::move(path));
+    } else {
+      pending_.push_back({std::move(path), platform::JoinPath(folder.target, entry.name), Level::kBelow});
+    }
   }
 }
 

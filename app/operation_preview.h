@@ -34,7 +34,17 @@ struct PreviewFindings {
   std::string largest_due;                ///< the largest of them: its name
   std::int64_t largest_due_bytes = 0;
   std::int64_t folders_not_read = 0;
-  bool complete = false;  ///< nothing will change any more
+  std::int64_t kept_out_by_period = 0;   ///< files without a copy that pass every filter but the period
+  std::int64_t first_level_folders = 0;  ///< subfolders of the source, included or not
+  /// Names in the target of which the source has nothing; empty when it has anything of what the target has.
+  std::vector<std::string> strangers;
+  bool complete = false;  ///< nothing of the above will change any more
+
+  /// What a newcomer may expect to be in: the subfolders of the source when none is included, else those of
+  /// the included folders when they are not. On all levels.
+  std::int64_t folders_outside = 0;
+  std::int64_t files_outside = 0;
+  bool outside_counted = false;
 };
 
 /// Looks at what a run would do, a folder at a time and by the rules of the run itself, and changes nothing
@@ -43,7 +53,8 @@ class OperationPreview {
  public:
   OperationPreview(platform::FileSystem& files, const engine::RunRequest& request);
 
-  /// Looks into the next folder and its target folder. False when there was none.
+  /// Looks into the next folder and its target folder; after the last one into what stays outside. False when
+  /// there is nothing more to look into.
   bool Step();
   const PreviewFindings& findings() const { return findings_; }
 
@@ -56,7 +67,12 @@ class OperationPreview {
   };
 
   void LookInto(const Pending& folder);
+  void LookOutside();
   bool IsThere(const std::string& path);
+  bool LandsInSource(const Pending& folder);
+  void LookAtFirstLevel(const engine::FolderPair& pair);
+  void FindStrangers(engine::FolderPair& pair);
+  void CountKeptOut(const engine::Candidate& file);
   void HoldPatternsAgainst(const platform::Folder& source);
   void CountFiles(engine::FolderPair& pair);
   void PushSubfolders(const Pending& folder, const platform::Folder& source);
@@ -65,7 +81,9 @@ class OperationPreview {
   Setup setup_;
   engine::Nesting nesting_;
   engine::SelectionRules rules_;
-  std::vector<Pending> pending_;  ///< the next one at the end
+  engine::SelectionRules without_period_;
+  std::vector<Pending> pending_;      ///< the next one at the end
+  std::vector<std::string> outside_;  ///< folders that stay out, to be counted
   PreviewFindings findings_;
 };
 

@@ -28,17 +28,12 @@ bool OperationWindows::ReportHoldsText() const { return report_ && report_->Hold
 
 void OperationWindows::ShowReport() { ReportWindow().Show(); }
 
-void OperationWindows::SetUnattendedHeading(std::string begin, std::vector<std::string> lost) {
-  lost_in_setup_ = static_cast<std::int64_t>(lost.size());
-  unattended_heading_ = std::move(lost);
-  unattended_heading_.insert(unattended_heading_.begin(), std::move(begin));
-}
-
 void OperationWindows::Run(Operation operation) {
   if (running_) return;
   operation_ = operation;
   stop_requested_ = false;
   running_ = true;
+  warnings_ = main_.SetupWarnings();
   const auto awake = context_.shell.KeepAwake();
   const auto begin = context_.clock.Monotonic();
   const bool unattended = Unattended();
@@ -48,7 +43,7 @@ void OperationWindows::Run(Operation operation) {
   running_ = false;
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
-    outcome.totals.warnings += lost_in_setup_;
+    outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
     ReportUnattended(outcome, reason, seconds.count());
   }
 }
@@ -82,8 +77,7 @@ void OperationWindows::ReportUnattended(const engine::RunOutcome& outcome, const
   exit_code_ = static_cast<int>(EndingOf(outcome));
   if (outcome.status != 0) {
     const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
-    OpenReport(operation_,
-               {not_started, {not_started + " " + reason + " (" + std::to_string(outcome.status) + ")"}});
+    OpenReport(operation_, {not_started, {not_started + " " + reason}});
     CloseReport(context_.texts.GetProgramText(text::kClose));
   }
   context_.print(ResultLine(outcome, seconds));
@@ -96,9 +90,9 @@ void OperationWindows::EndWithProgram() {
   if (report_) report_->Hide();
 }
 
-void OperationWindows::RefuseUnattended(const std::string& reason) {
+void OperationWindows::RefuseUnattended(std::int16_t status, const std::string& reason) {
   engine::RunOutcome outcome;
-  outcome.status = engine::kSetupNotRead;
+  outcome.status = status;
   ReportUnattended(outcome, reason, 0);
 }
 
@@ -108,16 +102,18 @@ void OperationWindows::PrepareFor(Operation operation) {
 }
 
 void OperationWindows::Refuse(const std::string& text, const std::string& title) {
-  context_.front_end.dialogs().Show(main_, {text, title, ui::Icon::kExclamation});
+  std::string message = text;
+  for (const std::string& warning : warnings_) message += "\r\n\r\n" + warning;
+  context_.front_end.dialogs().Show(main_, {message, title, ui::Icon::kExclamation});
 }
 
 void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note); }
 
 bool OperationWindows::ConfirmOperation(const engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
-  frmConfirmOperation window(context_, request);
+  frmConfirmOperation window(context_, request, warnings_);
   const bool confirmed = window.Confirm(main_);
-  main_.SkipConfirmation = window.NotAgain();
+  main_.SkipConfirmation = confirmed && window.NotAgain();
   return confirmed;
 }
 
@@ -139,8 +135,8 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
   run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
                                                     std::move(facts));
-  std::vector<std::string> lines;
-  if (Unattended()) lines = unattended_heading_;
+  std::vector<std::string> lines = warnings_;
+  if (Unattended()) lines.insert(lines.begin(), unattended_heading_);
   lines.insert(lines.end(), heading.lines.begin(), heading.lines.end());
   run_report_->Begin(heading.caption, lines);
   return *run_report_;
@@ -150,7 +146,11 @@ void OperationWindows::RefreshFreeSpace() { main_.RefreshFreeSpaceLabel(); }
 
 void OperationWindows::LockControls() { main_.LockControls(); }
 
-void OperationWindows::WriteSummary(const engine::Totals& totals) { run_report_->WriteSummary(totals); }
+void OperationWindows::WriteSummary(const engine::Totals& totals) {
+  engine::Totals all = totals;
+  all.warnings += static_cast<std::int64_t>(warnings_.size());
+  run_report_->WriteSummary(all);
+}
 
 void OperationWindows::CloseReport(const std::string& close_caption) {
   ReportWindow().SetReportButtons(close_caption);

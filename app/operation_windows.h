@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/context.h"
@@ -36,11 +37,10 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   /// What the program's exit code says of the unattended run: 0 clean (or there was none), 1 with warnings, 2
   /// files failed, 3 cancelled, 4 refused.
   int exit_code() const { return exit_code_; }
-  /// For an unattended run: when it began, and what of its setup was lost while it was loaded. The report
-  /// begins with these lines; what was lost counts as warnings.
-  void SetUnattendedHeading(std::string begin, std::vector<std::string> lost);
+  /// For an unattended run: when it began. The report begins with this line.
+  void SetUnattendedHeading(std::string begin) { unattended_heading_ = std::move(begin); }
   /// Reports that an unattended run does not begin, for this reason.
-  void RefuseUnattended(const std::string& reason);
+  void RefuseUnattended(std::int16_t status, const std::string& reason);
   /// The program ends: stops a run that is still on its way and hides the report.
   void EndWithProgram();
 
@@ -81,8 +81,8 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool running_ = false;
   bool stop_requested_ = false;
   int exit_code_ = 0;
-  std::vector<std::string> unattended_heading_;
-  std::int64_t lost_in_setup_ = 0;
+  std::string unattended_heading_;
+  std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
 };
 
 }  // namespace app

@@ -7,6 +7,7 @@ namespace app {
 
 void frmMain::StartOperation(Operation operation) {
   CurrentOperation = operation;
+  if (!operation_windows_.OperationRunning()) TakeBackWhatIsThere();
   operation_windows_.Run(operation);
 }
 
@@ -19,7 +20,11 @@ void frmMain::cmdHelp_MouseUp() {
 }
 
 void frmMain::ShowNote(const std::string& note) {
-  lblIntro.SetText(note.empty() ? Text(text::kIntroduction) : note);
+  std::string shown = note;
+  if (shown.empty()) shown = last_run_problem_;
+  if (shown.empty()) shown = services::AwaySummary(away_, context_.texts);
+  lblIntro.SetText(shown.empty() ? Text(text::kIntroduction) : shown);
+  lblIntro.SetToolTip(note.empty() ? shown : std::string());  // it may not fit
   lblIntro.Repaint();
 }
 

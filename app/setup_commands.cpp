@@ -81,13 +81,9 @@ void frmMain::cmdLoadSetup_Click() { OpenSaveSetupFrame(true); }
 void frmMain::cmdSaveSetup_Click() { OpenSaveSetupFrame(false); }
 
 void frmMain::cmdSaveSetupForNextRun_Click() {
-  if (SetupLoadMode) {
-    LoadLastRunSetup(false);
-  } else {
-    SaveForNextRunOrTell(true);
-  }
+  const bool done = SetupLoadMode ? LoadLastRunSetup(false) : SaveForNextRunOrTell(true);
   CloseSetupFrame();
-  MarkSetupSaved();
+  if (done) MarkSetupSaved();
 }
 
 void frmMain::cmdSaveSetupAsOperationFile_Click() {
@@ -112,6 +108,10 @@ void frmMain::cmdKeepSetup_Click() { CloseSetupFrame(); }
 
 void frmMain::cmdClearSetup_Click() {
   ClearSetupControls();
+  away_ = {};
+  extension_missing_ = false;
+  ShowSetupFile({});
+  ShowNote({});
   SetupEdited();
   CloseSetupFrame();
   RefreshSourceFolderDisplay();
@@ -121,13 +121,19 @@ void frmMain::cmdClearSetup_Click() {
 
 void frmMain::cmdRestoreSetup_Click() {
   ShowSetup(restore_snapshot_);
+  away_ = restore_away_;
+  ShowSetupFile({});
+  ShowNote({});
   SetupEdited();
   CloseSetupFrame();
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();
 }
 
-void frmMain::SnapshotSetup() { restore_snapshot_ = CurrentSetup(); }
+void frmMain::SnapshotSetup() {
+  restore_snapshot_ = CurrentSetup();
+  restore_away_ = away_;
+}
 
 ui::FileDialog frmMain::SetupFileDialog(int title) const {
   return {Text(title), Text(text::kSetupFiles) + " (*.qvr)", "*.qvr"};
@@ -137,20 +143,32 @@ void frmMain::TellSetupFailure(const std::string& message) {
   context_.front_end.dialogs().Show(*this, {message, Text(text::kTitleSetupError), ui::Icon::kExclamation});
 }
 
-bool frmMain::SaveForNextRunOrTell(bool show_pop_up) {
-  const bool saved = SaveSetup(LastRunSetupPath, show_pop_up);
-  if (!saved) TellSetupFailure(Text(text::kSetupNotSaved));
-  return saved;
+bool frmMain::MayReplaceLastRun() {
+  using Loss = services::LastRunFile::Loss;
+  const Loss loss = last_run_.LossBySaving(LastRunSetupPath, SetupToSave());
+  if (loss == Loss::kNone) return true;
+  const int what = loss == Loss::kReadInPart ? text::kLastRunReadInPart : text::kLastRunChanged;
+  return context_.front_end.dialogs().AskYesNo(
+      *this, {Text(what) + "\r\n" + LastRunSetupPath + "\r\n\r\n" + Text(text::kReplaceLastRun),
+              Text(text::kTitleReplaceLastRun), ui::Icon::kQuestion});
 }
 
-bool frmMain::SaveSetup(const std::string& path, bool show_pop_up) {
-  if (!services::SaveSetupToFile(context_.files, path, CurrentSetup())) return false;
-  if (show_pop_up) {
-    const auto of = [](int twips) { return static_cast<std::int16_t>(twips); };
-    pop_up_.PopUpInForm(*this, "Setup saved", of(cmdSetup.width()), of(cmdSetup.height()), 2000,
-                        of(fraMenu.top() + cmdSetup.top() + 500), of(fraMenu.left() + cmdSetup.left() + 160));
+bool frmMain::SaveForNextRunOrTell(bool show_pop_up) {
+  if (!MayReplaceLastRun()) return false;
+  if (!last_run_.Save(LastRunSetupPath, SetupToSave())) {
+    TellSetupFailure(Text(text::kSetupNotSaved));
+    return false;
   }
+  last_run_problem_.clear();
+  ShowNote({});
+  if (show_pop_up) ShowSetupSaved();
   return true;
+}
+
+void frmMain::ShowSetupSaved() {
+  const auto of = [](int twips) { return static_cast<std::int16_t>(twips); };
+  pop_up_.PopUpInForm(*this, "Setup saved", of(cmdSetup.width()), of(cmdSetup.height()), 2000,
+                      of(fraMenu.top() + cmdSetup.top() + 500), of(fraMenu.left() + cmdSetup.left() + 160));
 }
 
 void frmMain::LoadSetupFromFile() {
@@ -172,6 +190,7 @@ void frmMain::LoadSetupFromFile() {
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();
+  ShowNote({});
   if (!txbDirectory[0].text().empty() || !txbDirectory[1].text().empty()) ShowSetupFile(*path);
 }
 
@@ -189,7 +208,10 @@ void frmMain::SaveSetupInFile() {
                                 Text(text::kTitleSetupFileThere), ui::Icon::kQuestion})) {
     return;
   }
-  if (SaveSetup(*path, true)) return ShowSetupFile(*path);
+  if (services::SaveSetupToFile(context_.files, *path, SetupToSave())) {
+    ShowSetupSaved();
+    return ShowSetupFile(*path);
+  }
   TellSetupFailure(Text(text::kSetupFileNotSaved) + " " + *path + ".");
   ShowSetupFile({});
 }

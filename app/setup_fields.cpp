@@ -63,27 +63,57 @@ services::LoadedSetup frmMain::LoadOperationFile(const std::string& path) {
   services::LoadedSetup loaded = services::LoadOperationFile(
       {context_.files, context_.front_end.dialogs(), *this, context_.texts, FormLoaded}, path);
   ShowSetup(loaded.setup);
+  away_ = loaded.away;
+  extension_missing_ = loaded.extension_missing;
   if (loaded.clear_setup_file) ShowSetupFile({});
   return loaded;
 }
 
-void frmMain::LoadLastRunSetup(bool show_message) {
-  const auto file = context_.files.Look(LastRunSetupPath);
-  if (file && file->kind == platform::EntryKind::kFile) {
+bool frmMain::LoadLastRunSetup(bool show_message) {
+  last_run_problem_.clear();
+  std::string reason;
+  const services::LastRunState state = last_run_.Look(LastRunSetupPath, reason);
+  bool loaded = false;
+  no_setup_yet_ = state == services::LastRunState::kNone;
+  if (state == services::LastRunState::kFile) {
     if (show_message) {
       context_.front_end.dialogs().Show(
           *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
     }
-    const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
-    if (!FormLoaded) gone_at_start_ = loaded.gone;
-    if (!FormLoaded && loaded.result != 0) {
-      not_read_at_start_ =
-          Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + services::InputErrorText(loaded.result);
-    }
+    loaded = LoadLastRunFile();
+  } else if (state == services::LastRunState::kNotReadable) {
+    if (reason.empty()) reason = Text(text::kNotASetupFile);
+    last_run_problem_ = Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + reason;
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();
   SnapshotSetup();
+  ShowNote({});
+  return loaded;
+}
+
+bool frmMain::LoadLastRunFile() {
+  last_run_.NoteBeforeLoading(LastRunSetupPath);
+  const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
+  if (loaded.problem.empty()) return true;
+  last_run_.NoteReadInPart();
+  last_run_problem_ = Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + loaded.problem;
+  return false;
+}
+
+void frmMain::TakeBackWhatIsThere() {
+  Setup setup = CurrentSetup();
+  if (!services::TakeBackWhatIsThere(context_.files, setup, away_)) return;
+  ShowSetup(setup);
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+  ShowNote({});
+}
+
+std::vector<std::string> frmMain::SetupWarnings() const {
+  std::vector<std::string> lines = services::AwayLines(away_, context_.texts);
+  if (extension_missing_) lines.push_back(Text(text::kExtensionMissing));
+  return lines;
 }
 
 }  // namespace app

@@ -83,17 +83,22 @@ void frmMain::SetInitialFocus() {
   }
 }
 
+std::string frmMain::NoSetupText() const {
+  return Text(text::kNoSetupYet) + " " + LastRunSetupPath + " (" + context_.shell.UserName() + ")";
+}
+
 void frmMain::RunUnattended() {
   Show();
   RunningFromCommandLine = true;
-  operation_windows_.SetUnattendedHeading(DatePr2::TimeStamp(context_.clock, context_.locale),
-                                          gone_at_start_);
+  operation_windows_.SetUnattendedHeading(DatePr2::TimeStamp(context_.clock, context_.locale));
   // A part of a setup may name another target: what was read of it is shown, not run, and not saved.
-  if (not_read_at_start_.empty()) {
+  if (!last_run_problem_.empty()) {
+    operation_windows_.RefuseUnattended(engine::kSetupNotRead, last_run_problem_);
+  } else if (no_setup_yet_) {
+    operation_windows_.RefuseUnattended(engine::kNoSetup, NoSetupText());
+  } else {
     chkSaveSetupOnQuit.SetValue(1);
     cmdBackupModifiedFiles_MouseUp();
-  } else {
-    operation_windows_.RefuseUnattended(not_read_at_start_);
   }
   RunningFromCommandLine = false;
   // Ended by the user during the run: only now is it known what came of it.

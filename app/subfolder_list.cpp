@@ -4,7 +4,8 @@
 #include <set>
 #include <utility>
 
-#include "base/ascii_case.h"
+#include "app/folder_facts.h"
+#include "app/natural_order.h"
 #include "base/utf8.h"
 #include "platform/path.h"
 #include "report/str_proc.h"
@@ -14,8 +15,6 @@ namespace {
 
 using State = Subfolder::State;
 
-/// Windows writes it in capitals on some disks and "$Recycle.Bin" on others.
-constexpr const char* kRecycleBin = "$recycle.bin";
 constexpr int kSizeDecimals = 2;
 
 std::string CountText(std::int64_t count, const std::string& noun) {
@@ -43,6 +42,15 @@ std::string ContentText(const Subfolder& subfolder) {
   return CountText(subfolder.files, "file") + " and " + below;
 }
 
+std::string AwayText(const std::vector<std::string>& names) {
+  std::string text = names.size() == 1 ? std::string("Keep one included subfolder that is not there now: ")
+                                       : "Keep " + std::to_string(names.size()) +
+                                             " included subfolders that are not there now: ";
+  for (const std::string& name : names)
+    text += (&name == &names.front() ? "" : ", ") + base::utf8::Printable(name);
+  return text;
+}
+
 platform::Status SubfolderList::ReadNames(const std::vector<std::string>& selected) {
   subfolders_.clear();
   const auto listing = files_.OpenFolder(source_);
@@ -50,15 +58,13 @@ platform::Status SubfolderList::ReadNames(const std::vector<std::string>& select
   std::set<std::string> selected_keys;
   for (const std::string& name : selected) selected_keys.insert(files_.NameKey(name));
   for (const platform::Entry& entry : (*listing)->entries()) {
-    if (entry.kind != platform::EntryKind::kFolder || base::LowerAscii(entry.name) == kRecycleBin) continue;
+    if (entry.kind != platform::EntryKind::kFolder || IsRecycleBin(entry.name)) continue;
     Subfolder subfolder;
     subfolder.name = entry.name;
     subfolder.selected = selected_keys.count(files_.NameKey(entry.name)) != 0;
     subfolders_.push_back(std::move(subfolder));
   }
-  std::ranges::sort(subfolders_, {}, [](const Subfolder& subfolder) {
-    return std::pair(base::utf8::ToLower(subfolder.name), subfolder.name);
-  });
+  std::ranges::sort(subfolders_, ComesBefore, &Subfolder::name);
   return platform::Done{};
 }
 

@@ -29,14 +29,17 @@ inline constexpr std::int64_t kMostCounted = 9'999;
 /// known.
 std::string ContentText(const Subfolder& subfolder);
 
+/// What keeping so many included subfolders means that are not there for now: their number and names.
+std::string AwayText(const std::vector<std::string>& names);
+
 /// The subfolders of the source among which the user selects those to be backed up.
 class SubfolderList {
  public:
   SubfolderList(platform::FileSystem& files, std::string source)
       : files_(files), source_(std::move(source)) {}
 
-  /// Lists the source once: every folder in it by name, but for links and the recycle bin, sorted without
-  /// regard to case. Those named in `selected` start selected. On failure the list is empty.
+  /// Lists the source once: every folder in it by name, but for links and the recycle bin, in the order
+  /// of app/natural_order.h. Those named in `selected` start selected. On failure the list is empty.
   platform::Status ReadNames(const std::vector<std::string>& selected);
 
   /// Looks into one subfolder: one listing. A folder that cannot be listed counts as denied.

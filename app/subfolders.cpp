@@ -67,10 +67,14 @@ void frmMain::cmdSelectSubfolders_MouseUp() {
         *this, {"The source disk or folder must first be specified.", {}, ui::Icon::kInformation});
     return;
   }
-  frmSelectSubfolders window(context_, txbDirectory[0].text(), cboIncludedFolders.items());
+  TakeBackWhatIsThere();
+  const std::string source = txbDirectory[0].text();
+  frmSelectSubfolders window(context_, source, cboIncludedFolders.items(), away_.FoldersOf(source));
   const auto chosen = window.Choose(*this);
   if (!chosen) return;
   SetupEdited();
+  if (!window.KeepsAway()) away_.ForgetSource();
+  ShowNote({});
   cboIncludedFolders.SetItems(*chosen);
   cboIncludedFolders.SetListIndex(chosen->empty() ? -1 : 0);
   RefreshSourceFolderDisplay();

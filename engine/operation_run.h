@@ -24,6 +24,7 @@ inline constexpr std::int16_t kTargetIsSource = -107;
 inline constexpr std::int16_t kSourceNotReadable = -108;
 inline constexpr std::int16_t kNotConfirmed = -109;
 inline constexpr std::int16_t kSetupNotRead = -110;
+inline constexpr std::int16_t kNoSetup = -111;
 
 /// What is to be run.
 struct RunRequest {

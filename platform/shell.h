@@ -22,6 +22,9 @@ class Shell {
   /// XDG_CONFIG_HOME (or ~/.config) on Linux. Empty when the system names none.
   virtual std::string ApplicationDataFolder() = 0;
 
+  /// The name under which the current user is known to the system; empty when it cannot be told.
+  virtual std::string UserName() = 0;
+
   /// The folder in which the running program's file lies.
   virtual std::string ProgramFolder() = 0;
 

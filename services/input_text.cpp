@@ -24,6 +24,7 @@ std::optional<std::string> InputText::Item() {
   if (!rest_.starts_with('"')) return std::string(TakeUntil(",\n"));
   rest_.remove_prefix(1);
   std::string item(rest_.substr(0, rest_.find('"')));
+  next_line_ += static_cast<int>(std::ranges::count(item, '\n'));
   rest_.remove_prefix(std::min(item.size() + 1, rest_.size()));
   SkipBlanks();
   if (rest_.starts_with(',') || rest_.starts_with('\n') || rest_.starts_with("\r\n")) TakeUntil(",\n");
@@ -56,6 +57,7 @@ std::optional<std::string> InputText::Line() {
 }
 
 bool InputText::AtEnd() {
+  if (error_ == 0) line_ = next_line_;
   if (error_ == 0 && rest_.empty()) error_ = kInputPastEnd;
   return error_ != 0;
 }
@@ -66,6 +68,8 @@ std::string_view InputText::TakeUntil(std::string_view ends) {
   const std::size_t at = rest_.find_first_of(ends);
   const std::string_view taken = rest_.substr(0, at);
   const bool line_ends = at == std::string_view::npos || rest_[at] == '\n';
+  if (line_ends) ++next_line_;
+  if (!line_ends && comma_line_ == 0) comma_line_ = line_;
   rest_.remove_prefix(at == std::string_view::npos ? rest_.size() : at + 1);
   return line_ends ? WithoutLast(taken, '\r') : taken;
 }

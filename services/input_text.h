@@ -29,6 +29,11 @@ class InputText {
   /// 0, or one of the numbers in services/setup_text.h.
   std::int16_t error() const { return error_; }
 
+  /// The line (from 1) in which the last call began to read.
+  int line() const { return line_; }
+  /// The first line in which a comma ended an item; 0: none did.
+  int comma_line() const { return comma_line_; }
+
  private:
   bool AtEnd();  ///< also after a failure; notes kInputPastEnd
   std::string_view TakeUntil(std::string_view ends);
@@ -37,6 +42,9 @@ class InputText {
 
   std::string_view rest_;
   std::int16_t error_ = 0;
+  int line_ = 1;
+  int next_line_ = 1;  ///< in which rest_ begins
+  int comma_line_ = 0;
 };
 
 }  // namespace services

@@ -1,7 +1,7 @@
 #include "services/setup_file.h"
 
-#include "base/utf8.h"
-#include "platform/path.h"
+#include <utility>
+
 #include "services/date_pr2.h"
 #include "services/setup_text.h"
 #include "text/text_numbers.h"
@@ -9,8 +9,6 @@
 namespace services {
 namespace {
 
-/// More than 32,767 names of 255 characters each take in the common alphabets.
-constexpr std::int64_t kLargestFile = 16 * 1024 * 1024;
 constexpr std::int16_t kMultipleBackupError = -200;
 
 std::int16_t InputErrorOf(platform::ErrorKind kind) {
@@ -26,47 +24,23 @@ std::int16_t InputErrorOf(platform::ErrorKind kind) {
 }
 
 ParsedSetup ReadSetup(platform::FileSystem& files, const std::string& path) {
-  const auto content = files.ReadFile(path, kLargestFile);
-  if (!content) return {{}, InputErrorOf(content.error().kind)};
+  const auto content = files.ReadFile(path, kLargestSetupFile);
+  if (!content) return {.setup = {}, .error = InputErrorOf(content.error().kind)};
   return ParseSetup(*content, DatePr2::ModifiedSinceCount());
 }
 
-bool FolderExists(platform::FileSystem& files, const std::string& path) {
-  const auto entry = files.Look(path);
-  return entry && platform::IsFolder(entry->kind);
+void CheckSource(const SetupLoader& loader, const LoadedSetup& loaded) {
+  if (loaded.away.source.empty() || !loader.WindowReady) return;
+  loader.dialogs.Show(loader.owner,
+                      {DoesNotExist("Source", loaded.away.source), "Error", ui::Icon::kExclamation});
 }
 
-std::string DoesNotExist(const std::string& which, const std::string& folder) {
-  return which + " folder " + base::utf8::Printable(folder) + " does not exist.";
-}
-
-/// A file from elsewhere could otherwise lead out of the source folder by a name.
-void KeepExistingFolders(platform::FileSystem& files, LoadedSetup& loaded) {
-  const std::string& source = loaded.setup.SourceFolder;
-  if (source.empty()) return loaded.setup.IncludedFolders.clear();
-  std::erase_if(loaded.setup.IncludedFolders, [&](const std::string& name) {
-    const bool exists = platform::IsPlainName(name) && FolderExists(files, platform::JoinPath(source, name));
-    if (!exists) loaded.gone.push_back(DoesNotExist("Included", name));
-    return !exists;
-  });
-}
-
-void CheckSource(const SetupLoader& loader, LoadedSetup& loaded) {
-  std::string& source = loaded.setup.SourceFolder;
-  if (source.empty() || FolderExists(loader.files, source)) return;
-  loaded.gone.push_back(DoesNotExist("Source", source));
-  if (loader.WindowReady)
-    loader.dialogs.Show(loader.owner, {loaded.gone.back(), "Error", ui::Icon::kExclamation});
-  source.clear();
-}
-
+/// A target that the user is asked about is either kept in the window or cleared by the user's own choice.
 void CheckTarget(const SetupLoader& loader, bool blnMultipleBackup, LoadedSetup& loaded) {
+  if (loaded.away.target.empty() || !loader.WindowReady) return;
   std::string& target = loaded.setup.TargetFolder;
-  if (target.empty() || FolderExists(loader.files, target)) return;
-  loaded.gone.push_back(DoesNotExist("Target", target));
-  if (!loader.WindowReady) {
-    target.clear();
-  } else if (blnMultipleBackup) {
+  target = std::exchange(loaded.away.target, {});
+  if (blnMultipleBackup) {
     loaded.result = kMultipleBackupError;
     loaded.strErr = "Target folder does not exist";
   } else if (AskToClearMissingTarget(loader.dialogs, loader.owner, loader.texts, target)) {
@@ -91,8 +65,11 @@ LoadedSetup LoadOperationFile(const SetupLoader& loader, const std::string& strO
     loaded.result = static_cast<std::int16_t>(kMultipleBackupError - parsed.error);
     loaded.strErr = InputErrorText(parsed.error);
   }
+  loaded.extension_missing = parsed.extension_missing;
+  if (parsed.error != 0 && !parsed.extension_missing) loaded.problem = ProblemText(parsed);
+  loaded.away = TakeApart(loaded.setup);
+  TakeBackWhatIsThere(loader.files, loaded.setup, loaded.away);
   CheckSource(loader, loaded);
-  KeepExistingFolders(loader.files, loaded);
   CheckTarget(loader, blnMultipleBackup, loaded);
   return loaded;
 }

@@ -88,21 +88,43 @@ bool CanBeWritten(const app::Setup& setup) {
          std::ranges::all_of(setup.IncludedFolders, IsOneLine);
 }
 
+std::string ProblemText(const ParsedSetup& parsed) {
+  std::string text = InputErrorText(parsed.error);
+  if (parsed.line > 0) text = "Line " + std::to_string(parsed.line) + ": " + text;
+  if (parsed.comma_line == 0) return text;
+  return text + " Line " + std::to_string(parsed.comma_line) +
+         " has a comma in it, and a saved path ends at its first comma. Rename that folder, choose it anew "
+         "and "
+         "save the setup again.";
+}
+
+bool SurvivesSaving(const std::string& folder) {
+  if (!IsOneLine(folder)) return false;
+  InputText input(folder);
+  return folder.empty() || (input.Item() == folder && input.line() == 1 && input.comma_line() == 0);
+}
+
 ParsedSetup ParseSetup(std::string_view content, int periods) {
   ParsedSetup parsed;
   InputText input(content);
   app::Setup& setup = parsed.setup;
   // Each step runs only when the one before it was read, so that an error leaves the rest at its defaults.
-  static_cast<void>(Take(input.Item(), setup.SourceFolder) && Take(input.Item(), setup.TargetFolder) &&
-                    Take(input.Number(0, 1), setup.SuppressDetailedReports) &&
-                    Take(input.Number(0, 1), setup.SaveSetupOnQuit) &&
-                    Take(input.Number(0, 1), setup.ExcludeFilesInSourceFolder) &&
-                    Take(input.Number(0, 1), setup.IncludeSubfolders) &&
-                    Take(input.Number(-1, periods - 1), setup.ModifiedSince) &&
-                    Take(input.Number(0, 1), setup.PauseAfterFirstCopy) &&
-                    Take(input.Line(), setup.SkipFilepaths) && ReadNames(input, setup.IncludedFolders) &&
-                    Take(input.Line(), setup.FileExtension));
+  const bool all_but_last =
+      Take(input.Item(), setup.SourceFolder) && Take(input.Item(), setup.TargetFolder) &&
+      Take(input.Number(0, 1), setup.SuppressDetailedReports) &&
+      Take(input.Number(0, 1), setup.SaveSetupOnQuit) &&
+      Take(input.Number(0, 1), setup.ExcludeFilesInSourceFolder) &&
+      Take(input.Number(0, 1), setup.IncludeSubfolders) &&
+      Take(input.Number(-1, periods - 1), setup.ModifiedSince) &&
+      Take(input.Number(0, 1), setup.PauseAfterFirstCopy) && Take(input.Line(), setup.SkipFilepaths) &&
+      ReadNames(input, setup.IncludedFolders);
+  if (all_but_last) Take(input.Line(), setup.FileExtension);
   parsed.error = input.error();
+  if (parsed.error == 0) return parsed;
+  parsed.line = input.line();
+  parsed.comma_line = input.comma_line();
+  // Without its line end the line before may have been cut off itself.
+  parsed.extension_missing = all_but_last && parsed.error == kInputPastEnd && content.ends_with('\n');
   return parsed;
 }
 

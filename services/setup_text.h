@@ -40,7 +40,16 @@ bool CanBeWritten(const app::Setup& setup);
 struct ParsedSetup {
   app::Setup setup;        ///< what was read before the error; the rest has its defaults
   std::int16_t error = 0;  ///< 0: read to the end
+  int line = 0;            ///< the line (from 1) at which an error stopped the reading; 0: none of the lines
+  int comma_line = 0;      ///< the first line with a path that a comma cut; 0: there is none
+  bool extension_missing = false;  ///< the error is that the last line, and it alone, is missing
 };
+
+/// Why a setup was not read to its end, in sentences that name the line, and a comma where that is to blame.
+std::string ProblemText(const ParsedSetup& parsed);
+
+/// Whether a folder text comes back whole from a saved setup: see above.
+bool SurvivesSaving(const std::string& folder);
 
 /// Reads a setup file's content: any bytes, with CR LF or LF, a byte order mark passed over, anything behind
 /// the last line ignored. `periods` is the length of the list that ModifiedSince points into.

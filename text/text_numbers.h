@@ -18,6 +18,19 @@ inline constexpr int kSetupFileNotSaved = 121;  ///< + " " + path + "."
 inline constexpr int kSetupEndsEarly = 348;     ///< + CR LF + path + CR LF CR LF + kSetupPartlyLoaded
 inline constexpr int kSetupPartlyLoaded = 349;
 inline constexpr int kDataFolderName = 310;
+inline constexpr int kStaysInSetup = 640;      ///< behind a sentence that a folder does not exist
+inline constexpr int kAwayForNow = 641;        ///< + " " + folders + "."
+inline constexpr int kExtensionMissing = 642;  ///< a warning
+inline constexpr int kNotASetupFile = 643;     ///< behind kSetupNotRead + " " + path + ". "
+inline constexpr int kNoSetupYet = 644;        ///< + " " + path + " (" + user + ")"
+/// kLastRunReadInPart or kLastRunChanged, + CR LF + path + CR LF CR LF + kReplaceLastRun: a question
+inline constexpr int kLastRunReadInPart = 645;
+inline constexpr int kLastRunChanged = 646;
+inline constexpr int kReplaceLastRun = 647;
+inline constexpr int kTitleReplaceLastRun = 648;
+inline constexpr int kPathNotSaved = 649;  ///< + CR LF + path + CR LF CR LF + kPathNotSavedAdvice
+inline constexpr int kPathNotSavedAdvice = 650;
+inline constexpr int kTitlePathNotSaved = 651;
 
 // --- What stops an operation before it begins
 inline constexpr int kSourceIsEmpty = 37;

@@ -55,9 +55,10 @@ bool DropDownList::SetListIndex(int index) {
   return true;
 }
 
-void DropDownList::UserSelected(int index) {
+void DropDownList::UserSelected(int index, Choice choice) {
   const bool selected = reachable() && index >= 0 && index < count();
   if (selected) list_index_ = index;
+  choice_finished_ = choice == Choice::kFinished;
   Mirror(Property::kValue);
   if (selected) Raise(on_click);
 }

@@ -69,8 +69,12 @@ class DropDownList : public Control {
   /// Returns false and changes nothing for an index below -1 or beyond the last entry.
   bool SetListIndex(int index);
   Handler on_click;
+  /// Whether the user is done with the choice that raised on_click: made in the open list. Keys on the closed
+  /// list pass through its entries, and the next key goes on from there.
+  bool choice_finished() const { return choice_finished_; }
 
-  void UserSelected(int index);
+  enum class Choice { kFinished, kPassing };
+  void UserSelected(int index, Choice choice = Choice::kFinished);
 
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
@@ -78,6 +82,7 @@ class DropDownList : public Control {
  private:
   std::vector<std::string> items_;
   int list_index_ = -1;
+  bool choice_finished_ = true;
 };
 
 /// How far something has come. Not reachable by key.

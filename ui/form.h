@@ -26,7 +26,7 @@ enum class Key { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kCharacter };
 
 struct KeyPress {
   Key key = Key::kCharacter;
-  std::string character = {};  ///< of kCharacter: the one character typed; never a blank or control character
+  std::string character = {};  ///< of kCharacter: the one character typed; never a control character
 };
 
 /// A window. Hidden until Show(). Its text is the title; its bounds are the outer ones on the screen.
@@ -84,7 +84,8 @@ class Form : public Container {
   Handler on_resize;    ///< the inner size has changed, by user or program
   Handler on_activate;  ///< the window has come to the front
   /// A key pressed without Alt and Ctrl, or repeated, while a button, a check box or no control has the
-  /// focus: the others use these keys themselves. Returns whether it did something.
+  /// focus: the others use these keys themselves. Returns whether it did something; a blank that it does not
+  /// use presses the control.
   std::function<bool(const KeyPress&)> on_key;
 
   // --- From a peer.

@@ -24,6 +24,20 @@ std::string WithWholeLineEnds(std::string_view text) {
   return result;
 }
 
+/// What can be pasted into a box of one line: line ends at its ends go, others become the mark.
+std::string InOneLine(std::string_view text, std::string_view mark) {
+  constexpr std::string_view kEnds = "\r\n";
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t begin = std::min(text.find_first_not_of(kEnds), text.size());
+    const std::size_t end = std::min(text.find_first_of(kEnds, begin), text.size());
+    if (begin > 0 && begin < end && !result.empty()) result += mark;
+    result += text.substr(begin, end - begin);
+    text.remove_prefix(end);
+  }
+  return result;
+}
+
 }  // namespace
 
 TextBox::TextBox(Container* parent, std::string name, Lines lines)
@@ -80,9 +94,10 @@ void TextBox::UserEdited(std::string text) {
     Mirror(Property::kText);
     return;
   }
-  text_ = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::move(text);
+  text_ = lines_ == Lines::kMany ? WithWholeLineEnds(text) : InOneLine(text, line_end_mark_);
   length_ = base::utf8::Length(text_);
   selection_ = {length_, 0};
+  if (lines_ == Lines::kOne && text_ != text) Mirror(Property::kText);
   Raise(on_change);
 }
 

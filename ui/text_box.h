@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ui/control.h"
 
@@ -17,6 +18,9 @@ class TextBox : public Control {
   Lines lines() const { return lines_; }
   bool read_only() const { return read_only_; }
   void SetReadOnly(bool read_only);
+  /// What stands in a box of one line for the line ends of a text that the user pastes: a blank unless set.
+  /// Line ends at the beginning and the end of the text go.
+  void SetLineEndMark(std::string mark) { line_end_mark_ = std::move(mark); }
   const std::string& spoken_name() const override { return spoken_name_; }
 
   /// The caret then stands at the beginning. In a box of many lines every CR or LF that stands alone becomes
@@ -51,6 +55,7 @@ class TextBox : public Control {
  private:
   Lines lines_;
   bool read_only_ = false;
+  std::string line_end_mark_ = " ";
   std::size_t length_ = 0;
   Selection selection_;
 };

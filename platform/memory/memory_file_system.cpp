@@ -170,7 +170,14 @@ Result<DiskSpace> MemoryFileSystem::Space(const std::string& path) {
 
 std::int64_t MemoryFileSystem::LargestFile(const std::string&) { return largest_file_; }
 
-std::string MemoryFileSystem::DriveOf(const std::string&) { return "/"; }
+std::string MemoryFileSystem::DriveOf(const std::string& path) {
+  std::string at = path;
+  for (; at.size() > 1; at = Parent(at)) {
+    const auto node = Find(at);
+    if (node && (*node)->is_mount_point) return at;
+  }
+  return "/";
+}
 
 Result<std::string> MemoryFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
   if (auto error = Enter(Call::kReadFile, path)) return *error;

@@ -70,6 +70,7 @@ class MemorySettingsStore : public SettingsStore {
 class MemoryShell : public Shell {
  public:
   std::string ApplicationDataFolder() override { return application_data; }
+  std::string UserName() override { return "user"; }
   std::string ProgramFolder() override { return program; }
   Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
   std::unique_ptr<AwakeGuard> KeepAwake() override;

@@ -26,14 +26,18 @@ class PipeGuard : public AwakeGuard {
   FileDescriptor end_;
 };
 
-std::string HomeFolder() {
-  if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
-  // A service may be run without HOME.
+/// A field of the user's entry in the system's list; empty when there is no entry.
+std::string OfUser(char* passwd::*field) {
   struct passwd entry = {};
   struct passwd* found = nullptr;
   std::array<char, std::size_t{16}* 1024> texts = {};
   getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
-  return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
+  return found != nullptr && found->*field != nullptr ? found->*field : "";
+}
+
+std::string HomeFolder() {
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
+  return OfUser(&passwd::pw_dir);  // a service may be run without HOME
 }
 
 }  // namespace
@@ -44,6 +48,8 @@ std::string PosixShell::ApplicationDataFolder() {
   const std::string home = HomeFolder();
   return home.empty() ? home : JoinPath(home, ".config", PathStyle::kPosix);
 }
+
+std::string PosixShell::UserName() { return OfUser(&passwd::pw_name); }
 
 std::string PosixShell::ProgramFolder() {
   std::error_code failure;

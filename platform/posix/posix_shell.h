@@ -10,6 +10,7 @@ namespace platform::posix {
 class PosixShell : public Shell {
  public:
   std::string ApplicationDataFolder() override;
+  std::string UserName() override;
   std::string ProgramFolder() override;
   Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
   std::unique_ptr<AwakeGuard> KeepAwake() override;

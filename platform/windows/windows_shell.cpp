@@ -46,6 +46,13 @@ std::string WindowsShell::ApplicationDataFolder() {
   return named ? Narrow(path) : std::string();
 }
 
+std::string WindowsShell::UserName() {
+  constexpr DWORD kLongest = 257;  // with its zero
+  wchar_t name[kLongest] = {};
+  DWORD length = kLongest;
+  return ::GetUserNameW(name, &length) ? Narrow(name) : std::string();
+}
+
 std::string WindowsShell::ProgramFolder() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {

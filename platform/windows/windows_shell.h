@@ -8,6 +8,7 @@ namespace platform::windows {
 class WindowsShell : public Shell {
  public:
   std::string ApplicationDataFolder() override;
+  std::string UserName() override;
   std::string ProgramFolder() override;
   /// `command` is a bare name such as "shutdown": the program of that name in the system's own folder is run,
   /// by its full path.

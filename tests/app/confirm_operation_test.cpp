@@ -5,7 +5,10 @@
 namespace app::test {
 
 struct ConfirmOperation : testing::Test, Program {
-  ConfirmOperation() { owner.Show(); }
+  ConfirmOperation() {
+    owner.Show();
+    files.AddMountPoint("/dst");  // a disk of its own
+  }
 
   /// Opens the window, lets it read to its end, then lets the user act.
   bool Confirm(const std::function<void()>& user) {
@@ -32,7 +35,9 @@ struct ConfirmOperation : testing::Test, Program {
   }
   std::string Doubts() {
     Confirm([] {});
-    return confirm->fraDoubts.visible() ? confirm->lblDoubts.text() : "";
+    std::string doubts = confirm->fraDoubts.visible() ? confirm->lblDoubts.text() : "";
+    for (std::size_t at = 0; (at = doubts.find("\r\n")) != std::string::npos;) doubts.replace(at, 2, " ");
+    return doubts;
   }
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
@@ -49,7 +54,7 @@ TEST_F(ConfirmOperation, TellsTheSetupAtOnce) {
   confirm->Form_Load();
   EXPECT_EQ(confirm->lblOperation.text(), "Back up new and modified");
   EXPECT_EQ(Fact("Source"), "/src");
-  EXPECT_EQ(Fact("Target"), "/dst\r\non /, 3.00 Mb free of 8.00 Mb");
+  EXPECT_EQ(Fact("Target"), "/dst\r\non /dst, 3.00 Mb free of 8.00 Mb");
   EXPECT_EQ(
       Fact("Included"),
       "The files that lie directly in the source folder.\r\n2 subfolders with everything below them: a, b");
@@ -73,7 +78,11 @@ TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopy) {
   EXPECT_EQ(FactAtTheEnd("To be copied"), "3 files, 10 bytes") << "without the target itself";
   request.setup.IncludeSubfolders = false;
   request.setup.ExcludeFilesInSourceFolder = true;
-  EXPECT_EQ(FactAtTheEnd("To be copied"), "0 files, 0 bytes");
+  EXPECT_EQ(FactAtTheEnd("To be copied"), "Nothing to copy: no file takes part.");
+  tree::Add(files, {"/src/a/same=12", "/dst/a/same=12"});
+  request.setup = {"/src", "/dst", {"a"}, false, "", "skipped", 0, true, false, false, false};
+  request.operation = Operation::kBackupModifiedFiles;
+  EXPECT_EQ(FactAtTheEnd("To be copied"), "Nothing to copy: everything that takes part is backed up.");
 }
 
 TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevelAndScrollsToTheLast) {
@@ -102,6 +111,12 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
     return text.find(part) != std::string::npos;
   };
   EXPECT_EQ(doubts("/dst", {"inside", "link"}), "");
+  EXPECT_EQ(
+      doubts("/dst", {}),
+      "The one subfolder of the source is not included. Only the files directly in it will be backed up.");
+  EXPECT_TRUE(holds(doubts("/other", {}), "on the same disk as the source"));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "*.bak"), "Write \".bak\" instead."));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "?*"), "Remove it."));
   EXPECT_TRUE(holds(doubts("/src/inside", {}), "target folder lies inside the source"));
   EXPECT_TRUE(holds(doubts("/", {}), "source folder lies inside the target"));
   EXPECT_TRUE(holds(doubts("/dst", {"gone", "inside"}), "no longer there: gone"));
@@ -109,6 +124,31 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
   EXPECT_TRUE(holds(doubts("/dst", {}, "le"), "in mind: \"le\""));
   EXPECT_TRUE(holds(doubts("/dst", {}, "SRC"), "so every file is left out"));
   EXPECT_TRUE(holds(doubts("/dst", {}, "", "jpg"), "no file that passes the filters"));
+}
+
+TEST_F(ConfirmOperation, DoubtsThatFoldersStayOutWhichANewcomerExpectsToBeIn) {
+  tree::Add(files, {"/src/file", "/src/a/1", "/src/a/x/2", "/src/a/x/y/3", "/src/b/4", "/src/link>/dst"});
+  EXPECT_TRUE(Doubts().starts_with(
+      "None of the 2 subfolders of the source is included. Only the files directly in it "
+      "will be backed up. 4 files will not."))
+      << Doubts();
+  request.setup.IncludedFolders = {"a"};
+  EXPECT_TRUE(Doubts().starts_with(
+      "\"Include all subfolders\" is not ticked: 2 folders inside the included ones, with 2 "
+      "files, will not"))
+      << Doubts();
+  request.setup.IncludeSubfolders = true;
+  EXPECT_EQ(Doubts(), "");
+}
+
+TEST_F(ConfirmOperation, DoubtsAPeriodThatKeepsOutWhatHasNoCopyAndATargetOfOtherThings) {
+  tree::Add(files, {"/src/old", "/src/copied", "/dst/copied"});
+  request.modified_since = platform::FileTime{1'800'000'000, 0};
+  EXPECT_TRUE(Doubts().starts_with("The chosen period keeps out one file that has no copy")) << Doubts();
+  files.Remove("/dst/copied");
+  tree::Add(files, {"/dst/lost+found/", "/dst/other"});
+  EXPECT_TRUE(Doubts().starts_with("Nothing in the target comes from this source. It holds other. Is"))
+      << Doubts();
 }
 
 TEST_F(ConfirmOperation, DoubtsWhatTheTargetCannotHold) {

@@ -40,23 +40,6 @@ TEST_F(UnattendedRun, EndsWithTheExitCodeOfWhatHappenedAndAsksNobody) {
   ends("refused", 4, [](Program& p) { p.files.Remove("/dst"); });
 }
 
-TEST_F(UnattendedRun, SaysWhatHasGoneAndWhyItDidNotStart) {
-  files.Remove("/dst");
-  StartWithSetup("x");
-  ASSERT_EQ(printed.size(), 4U);
-  EXPECT_EQ(printed[1], "Target folder /dst does not exist.");
-  EXPECT_NE(printed[2].find("The backup did not start:"), std::string::npos) << printed[2];
-}
-
-TEST_F(UnattendedRun, DoesNotRunASetupThatWasReadInPart) {
-  setup.TargetFolder = "/dst, new";
-  StartWithSetup("x");
-  EXPECT_EQ(tree::Below(files, "/dst"), "");
-  EXPECT_NE(printed[1].find("qvr.usr. A number is expected"), std::string::npos) << printed[1];
-  EXPECT_TRUE(printed.back().starts_with("RESULT status=refused"));
-  EXPECT_EQ(window->chkSaveSetupOnQuit.value(), 0);
-}
-
 TEST_F(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
   for (const bool at_once : {false, true}) {
     Program program({"/src/a"});

@@ -133,6 +133,23 @@ TEST_F(SelectSubfolders, IsWalkedThroughByKeys) {
   });
 }
 
+TEST_F(SelectSubfolders, SortsAsPeopleCountAndABlankBelongsToANameThatIsBeingTyped) {
+  tree::Add(files, {"/src/folder 10/", "/src/Folder 2/", "/src/folder/", "/src/folder 02x/"});
+  Choose([&] {
+    EXPECT_EQ(NameAt(0) + "," + NameAt(1) + "," + NameAt(2) + "," + NameAt(3),
+              "folder,Folder 2,folder 02x,folder 10");
+    for (const char c : std::string("folder 1")) {
+      if (c == ' ') ui::headless::PressSpace(*select);
+      if (c != ' ') ui::headless::PressKey(*select, {Key::kCharacter, {c}});
+    }
+    EXPECT_EQ(select->focused()->text(), "folder 10");
+    EXPECT_EQ(Summary(), "No subfolders selected.");
+    clock.Advance(2s);
+    ui::headless::PressSpace(*select);
+    EXPECT_TRUE(Summary().starts_with("One subfolder selected."));
+  });
+}
+
 TEST_F(SelectSubfolders, LeavesTheSelectionAloneWhenTheSourceCannotBeRead) {
   files.Fail(Call::kOpenFolder, "/src", {platform::ErrorKind::kNotFound, 2, "gone away"});
   const auto accept = [&] {

@@ -60,8 +60,8 @@ class Story(unittest.TestCase):
         self.assertEqual(self.program.exit_code(), exit_code)
         self.assertEqual(self.program.complaints(), [])
 
-    def quit(self):
-        self.end(lambda: self.program.press_if_usable(MAIN, "Quit"), 0)
+    def quit(self, exit_code=0):
+        self.end(lambda: self.program.press_if_usable(MAIN, "Quit"), exit_code)
 
     def close(self, exit_code):
         self.end(lambda: self.program.close(MAIN), exit_code)
@@ -83,6 +83,23 @@ class Unattended:
         self.check_copies(INCLUDED)
         self.program.find(BACK_UP, "Close")
         self.assertFalse(self.program.ended(), "the program stays open until its window is closed")
+        self.close(0)
+
+    def test_what_is_away_for_a_night_is_in_the_setup_of_the_next(self):
+        self.write(INCLUDED)
+        self.save_setup(FOLDERS)
+        letters = os.path.join(self.place.source, "Letters")
+        for away, status, exit_code in ((letters, "warnings", 1), (self.place.source, "refused", 4),
+                                        (self.place.target, "refused", 4)):
+            os.rename(away, away + " away")
+            self.start("nightly")
+            self.check_result(status=status)
+            self.assertIn("does not exist. It stays in the setup", "\n".join(self.program.lines()))
+            self.quit(exit_code)
+            os.rename(away + " away", away)
+        self.start("nightly")
+        self.check_result(status="ok", copied="3")
+        self.check_copies(INCLUDED)
         self.close(0)
 
     def test_a_missing_target_is_refused_with_exit_code_4(self):

@@ -25,15 +25,16 @@ struct SetupFile : testing::Test {
   ui::headless::HeadlessFrontEnd front_end;
   ui::headless::HeadlessDialogs& dialogs = front_end.dialogs();
   ui::Form form{front_end, "frmMain", ui::FormStyle::kMain};
-  text::ProgramTexts texts{"79 Missing:\n59 Clear?\n82 Title"};
+  text::ProgramTexts texts{"79 Missing:\n59 Clear?\n82 Title\n640 Stays."};
   app::Setup setup;
 };
 
 TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
   const auto loaded = Load();
   EXPECT_EQ(loaded.setup.IncludedFolders, (std::vector<std::string>{"one", "two"}));
-  ASSERT_EQ(loaded.gone.size(), 6U);
-  EXPECT_EQ(loaded.gone[0], "Included folder gone does not exist.");
+  EXPECT_EQ(loaded.away.folders, (std::vector<std::string>{"gone", "file", "..", "two/below", "", "s"}));
+  EXPECT_EQ(AwayLines(loaded.away, texts)[0], "Included folder gone does not exist. Stays.");
+  EXPECT_EQ(WithAwayParts(loaded.setup, loaded.away), setup) << "what is saved";
 }
 
 TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSo) {

@@ -111,7 +111,9 @@ int HeadlessFrontEnd::Run() {
 void HeadlessFrontEnd::Quit(int exit_code) { exit_code_ = exit_code; }
 
 void HeadlessFrontEnd::RunModal(Form& form) {
+  Form* const below = std::exchange(modal, &form);
   while (form.visible() && !quitting() && HasWork()) RunPendingEvents();
+  modal = below;
 }
 
 Twips HeadlessFrontEnd::TextWidth(const std::string& text, const Font& font) const {

@@ -84,6 +84,7 @@ class HeadlessFrontEnd : public FrontEnd {
   /// Something the user will do at the next chance.
   void Post(std::function<void()> event) { events_.push_back(std::move(event)); }
   std::function<void()> when_idle;
+  Form* modal = nullptr;  ///< the window that stands open above the others and waits for the user
   /// Lets so many milliseconds pass: each running timer ticks as often as its interval fits in, in the order
   /// of time. Other posted events run as well. A timer whose handler still runs does not tick.
   void PassTime(int milliseconds);

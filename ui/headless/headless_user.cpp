@@ -51,6 +51,7 @@ void PressTab(Form& form) {
 }
 
 void PressSpace(Form& form) {
+  if (form.UserPressedKey({Key::kCharacter, " "})) return;
   Control* focused = form.focused();
   if (focused != nullptr && focused->reachable()) focused->UserKeyed();
 }

@@ -97,11 +97,38 @@ void CheckBoxPeer::MirrorValue() {
   widget_.setChecked(box_.value() != 0);
 }
 
+/// Tells a choice by a key or the wheel on the closed list from one in the open list, which is a window of
+/// its own.
+class ClosedListKeys : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+  bool at_work() const { return at_work_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    at_work_ = true;
+    QComboBox::keyPressEvent(event);
+    at_work_ = false;
+  }
+  void wheelEvent(QWheelEvent* event) override {
+    at_work_ = true;
+    QComboBox::wheelEvent(event);
+    at_work_ = false;
+  }
+
+ private:
+  bool at_work_ = false;
+};
+
 DropDownListPeer::DropDownListPeer(DropDownList& list)
-    : WidgetPeer(list, new QComboBox(ClientAround(list)), Background::kItself),
+    : WidgetPeer(list, new ClosedListKeys(ClientAround(list)), Background::kItself),
       list_(list),
       widget_(As<QComboBox>(*this)) {
-  connect(&widget_, &QComboBox::activated, this, [this](int index) { list_.UserSelected(index); });
+  const auto& keys = static_cast<const ClosedListKeys&>(widget_);
+  connect(&widget_, &QComboBox::activated, this, [this, &keys](int index) {
+    using Choice = DropDownList::Choice;
+    list_.UserSelected(index, keys.at_work() ? Choice::kPassing : Choice::kFinished);
+  });
 }
 
 void DropDownListPeer::MirrorItems() {

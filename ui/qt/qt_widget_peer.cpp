@@ -34,7 +34,8 @@ std::optional<KeyPress> PressOf(const QKeyEvent& event) {
       break;
   }
   const QString text = event.text();
-  if (text.isEmpty() || !text[0].isPrint() || text[0].isSpace()) return std::nullopt;
+  const bool is_blank = text == QLatin1String(" ");
+  if (text.isEmpty() || !text[0].isPrint() || (text[0].isSpace() && !is_blank)) return std::nullopt;
   return KeyPress{Key::kCharacter, FromQString(text)};
 }
 

@@ -17,7 +17,8 @@ constexpr int kEntriesInView = 12;
 constexpr Twips kIndent = 60;
 constexpr WPARAM kClosedPart = static_cast<WPARAM>(-1);
 
-/// Posted to itself: the user has chosen. A handler may wait for the user, with the list closed by then.
+/// Posted to itself: the user has chosen, with TRUE by keys on the closed list. A handler may wait for the
+/// user, with the list closed by then.
 constexpr UINT kChosen = WM_APP;
 
 }  // namespace
@@ -45,7 +46,7 @@ DropDownListPeer::DropDownListPeer(DropDownList& list, Toolkit& toolkit)
 /// In an open list the keys only move the mark; the choice follows when the list closes.
 void DropDownListPeer::HandleChoice() {
   window().OnNotice(WM_COMMAND, CBN_SELENDOK, [this](const Message&) -> Answer {
-    PostMessageW(handle(), kChosen, 0, 0);
+    PostMessageW(handle(), kChosen, IsDropped() ? FALSE : TRUE, 0);
     return 0;
   });
   window().OnNotice(WM_COMMAND, CBN_SELENDCANCEL, [this](const Message&) -> Answer {
@@ -63,8 +64,10 @@ void DropDownListPeer::HandleChoice() {
   window().On(kChosen, [this](const Message& message) -> Answer {
     const int chosen = Selected();
     TellFocus();  // a message that this brings up would take the choice back
-    const bool told_before = message.wparam != 0 && chosen == list_.list_index();
-    if (!told_before) list_.UserSelected(chosen);
+    const bool passing = message.wparam != FALSE;
+    const bool told_before = passing && chosen == list_.list_index();
+    using Choice = DropDownList::Choice;
+    if (!told_before) list_.UserSelected(chosen, passing ? Choice::kPassing : Choice::kFinished);
     return 0;
   });
 }

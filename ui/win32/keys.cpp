@@ -44,6 +44,8 @@ std::optional<KeyPress> PressOf(const MSG& message) {
   }
   if (message.message != WM_KEYDOWN || IsDown(VK_CONTROL)) return std::nullopt;
   switch (message.wParam) {
+    case VK_SPACE:  // when its character comes the control has been pressed already
+      return KeyPress{Key::kCharacter, " "};
     case VK_UP:
       return KeyPress{Key::kUp};
     case VK_DOWN:

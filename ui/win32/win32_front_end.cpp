@@ -32,6 +32,14 @@ constexpr DWORD kLongestRun = 50;
 
 }  // namespace
 
+bool Win32FrontEnd::HasDisplay() {
+  USEROBJECTFLAGS flags{};
+  // A failure leaves the question open; with windows nothing is hidden from a user who is there.
+  return ::GetUserObjectInformationW(::GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags, nullptr) ==
+             0 ||
+         (flags.dwFlags & WSF_VISIBLE) != 0;
+}
+
 Win32FrontEnd::Win32FrontEnd() {
   OleInitialize(nullptr);
   const INITCOMMONCONTROLSEX kinds{sizeof kinds, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};

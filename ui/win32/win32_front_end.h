@@ -18,6 +18,10 @@ class Win32Dialogs;
 
 class Win32FrontEnd : public FrontEnd {
  public:
+  /// Whether somebody may see this process's windows: those of services and of tasks without a logged-on user
+  /// are on a desktop of their own.
+  static bool HasDisplay();
+
   /// For the thread that makes it. Starts OLE there, for the shell's dialogs and the task bar, until it goes.
   Win32FrontEnd();
   ~Win32FrontEnd() override;

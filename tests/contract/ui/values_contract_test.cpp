@@ -40,6 +40,7 @@ TEST_F(FrontEndContract, ChoosingFromAListThatIsEnabledSelectsAndRaisesOnce) {
   window_.list.on_click = Count();
   window_.list.SetListIndex(0);
   driver_->Choose(window_.list, 1);
+  EXPECT_FALSE(window_.list.choice_finished()) << "by a key on the closed list";
   window_.list.SetEnabled(false);
   driver_->Choose(window_.list, 2);
   EXPECT_EQ(window_.list.list_index(), 1);

@@ -10,7 +10,7 @@ import desktop
 import wine_desktop
 from desktop import TEXT
 from first_day import CONFIRM, FirstDay
-from story import BACK_UP, INCLUDED, MAIN, Story, Unattended
+from story import BACK_UP, FOLDERS, INCLUDED, MAIN, Story, Unattended
 
 ALL = "Back up all files in setup"
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
@@ -41,7 +41,12 @@ class OnWindows:
 
 
 class WindowsUnattended(OnWindows, Unattended, Story):
-    pass
+    def test_where_nobody_sees_its_windows_it_ends_by_itself(self):
+        self.write(INCLUDED)
+        self.save_setup(FOLDERS)
+        command = f'"Z:{desktop.PROGRAM}" nightly'.replace("/", "\\")
+        self.assertEqual(self.wine.ask("run unseen", "0", command)[-1], "0")
+        self.check_copies(INCLUDED)
 
 
 class WindowsFirstDay(OnWindows, FirstDay, Story):

@@ -193,6 +193,31 @@ void Browse(HWND dialog, const std::wstring& path) {
   std::printf("%s\n", OneLine(SelectedIn(dialog)).c_str());
 }
 
+/// Runs a command line where nobody can see its windows, as a task without a logged-on user is run, and
+/// prints its exit code; "open" when it has not ended after a minute.
+void RunUnseen(std::wstring command_line) {
+  const HWINSTA seen = GetProcessWindowStation();
+  const HWINSTA unseen = CreateWindowStationW(L"QvUnseen", 0, MAXIMUM_ALLOWED, nullptr);
+  SetProcessWindowStation(unseen);
+  CreateDesktopW(L"Default", nullptr, nullptr, 0, MAXIMUM_ALLOWED, nullptr);
+  SetProcessWindowStation(seen);
+  wchar_t desktop[] = L"QvUnseen\\Default";
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.lpDesktop = desktop;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                      &process)) {
+    std::printf("not started: %lu\n", GetLastError());
+    return;
+  }
+  DWORD code = 0;
+  const bool ended = WaitForSingleObject(process.hProcess, 60'000) == WAIT_OBJECT_0;
+  if (!ended) TerminateProcess(process.hProcess, 99);
+  GetExitCodeProcess(process.hProcess, &code);
+  std::printf("%s\n", ended ? std::to_string(code).c_str() : "open");
+}
+
 using Command = void (*)(HWND window, const std::wstring& argument);
 
 const std::map<std::string, Command> kCommands = {
@@ -205,6 +230,7 @@ const std::map<std::string, Command> kCommands = {
     {"click", [](HWND window, const std::wstring&) { Click(window); }},
     {"type", &Type},
     {"browse", &Browse},
+    {"run unseen", [](HWND, const std::wstring& command_line) { RunUnseen(command_line); }},
     {"close", [](HWND window, const std::wstring&) { PostMessageW(window, WM_CLOSE, 0, 0); }},
 };
 

@@ -37,7 +37,9 @@ class HeadlessDriver : public Driver {
     PressKey(form, key == kDown ? ui::KeyPress{ui::Key::kDown} : ui::KeyPress{.character = {key}});
   }
   void Type(ui::TextBox& box, const std::string& text) override { ui::headless::Type(box, text); }
-  void Choose(ui::DropDownList& list, int index) override { Select(list, index); }
+  void Choose(ui::DropDownList& list, int index) override {
+    if (list.SetFocus()) list.UserSelected(index, ui::DropDownList::Choice::kPassing);
+  }
   void Drag(ui::ScrollBar& bar, int value) override { Scroll(bar, value); }
   void Close(ui::Form& form) override { form.UserClosed(); }
   void Minimise(ui::Form& form) override { form.UserSetState(ui::WindowState::kMinimised); }

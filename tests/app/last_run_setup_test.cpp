@@ -1,0 +1,157 @@
+#include "app/frmSelectSubfolders.h"
+#include "services/setup_text.h"
+#include "tests/app/program.h"
+#include "text/text_numbers.h"
+
+/// What becomes of the setup of the last run: it is the only one that a scheduled backup has.
+namespace app::test {
+
+using namespace ui::headless;
+
+struct LastRunSetup : testing::Test, Program {
+  LastRunSetup() : Program({"/src/a/x", "/src/b/y", "/src/c/z"}) {
+    setup.IncludedFolders = {"c", "a", "b"};
+    setup.SaveSetupOnQuit = true;
+    StartWithSetup();
+  }
+
+  std::string Saved() { return files.ContentOf(kLastRun); }
+  void Press(ui::Button& first, ui::Button& second) {
+    Click(window->cmdSetup);
+    Click(first);
+    Click(second);
+  }
+};
+
+TEST_F(LastRunSetup, KeepsWhatIsAwayForANightAndRunsWithItWhenItIsBack) {
+  for (const std::string gone : {"/src", "/dst", "/src/a"}) {
+    for (const char* words : {"nightly", ""}) {
+      Program night({"/src/a/x", "/src/b/y", "/src/c/z"});
+      night.setup = setup;
+      night.files.Remove(gone);
+      night.StartWithSetup(words);
+      EXPECT_NE(night.window->lblIntro.text().find("kept in the setup: "), std::string::npos) << gone;
+      Click(night.window->cmdQuit);
+      EXPECT_EQ(night.files.ContentOf(kLastRun), services::SetupText(setup)) << gone << words;
+      EXPECT_EQ(night.Said(), "");
+    }
+  }
+}
+
+TEST_F(LastRunSetup, AFolderThatIsAwayStandsInTheReportAsAWarningAndIsBackByItself) {
+  files.Remove("/src/a");
+  StartWithSetup("nightly");
+  EXPECT_TRUE(printed[1].starts_with("Included folder a does not exist. It stays")) << printed[1];
+  EXPECT_TRUE(printed.back().starts_with("RESULT status=warnings"));
+  EXPECT_EQ(printed.end()[-2], "This report contains one warning.");
+  tree::Add(files, {"/src/a/x"});
+  window->SkipConfirmation = true;
+  Click(window->cmdBackupModifiedFiles);
+  EXPECT_EQ(tree::Below(files, "/dst"), "a/x=1 b/y=1 c/z=1");
+  EXPECT_EQ(window->CurrentSetup().IncludedFolders, setup.IncludedFolders);
+}
+
+TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {
+  const auto saved_after = [&](const std::function<void()>& choice) {
+    files.Remove("/src/a");
+    StartWithSetup();
+    choice();
+    Press(window->cmdSaveSetup, window->cmdSaveSetupForNextRun);
+    const auto names = services::ParseSetup(Saved(), 10).setup.IncludedFolders;
+    tree::Add(files, {"/src/a/x"});
+    return names;
+  };
+  using Names = std::vector<std::string>;
+  const auto choose = [&](const char* path) {
+    dialogs.texts = {path};
+    Click(window->cmdSpecifyDirectory[0]);
+  };
+  const auto select = [&](bool keep) {
+    front_end.when_idle = [&, keep] {
+      auto& form = dynamic_cast<frmSelectSubfolders&>(*front_end.modal);
+      if (form.tmrRead.running()) return front_end.PassTime(1);
+      EXPECT_EQ(form.chkKeepAway.text(), "Keep one included subfolder that is not there now: a");
+      Tick(form.chkKeepAway, keep);
+      Click(form.cmdAccept);
+    };
+    Click(window->cmdSelectSubfolders);
+    front_end.when_idle = {};
+  };
+  EXPECT_EQ(saved_after([] {}), (Names{"c", "a", "b"}));
+  EXPECT_EQ(saved_after([&] { choose("/src"); }), (Names{"c", "a", "b"})) << "the same";
+  EXPECT_EQ(saved_after([&] { choose("/dst"); }), Names());
+  EXPECT_EQ(saved_after([&] { Click(window->cmdSetup), Click(window->cmdClearSetup); }), Names());
+  EXPECT_EQ(saved_after([&] { select(true); }), (Names{"c", "a", "b"}));
+  EXPECT_EQ(saved_after([&] { select(false); }), (Names{"b", "c"}));
+}
+
+TEST_F(LastRunSetup, IsNotOverwrittenUnaskedByAPartOfItOrByAWindowThatDoesNotKnowIt) {
+  const std::string part = "/src\r\n/dst\r\n 0 \r\n 1 \r\n";
+  const std::string newer = services::SetupText({});
+  for (const std::string& content : {part, newer}) {
+    for (const bool yes : {false, true}) {
+      Program program({"/src/a/x", "/src/b/y", "/src/c/z"});
+      program.files.AddFile(kLastRun, content == part ? part : services::SetupText(setup));
+      program.Start("nightly");
+      EXPECT_EQ(program.printed.back().find("RESULT status=refused") == 0, content == part);
+      if (content == newer) program.files.AddFile(kLastRun, newer);
+      program.dialogs.yes_no = {yes};
+      Tick(program.window->chkSaveSetupOnQuit, true);
+      Click(program.window->cmdQuit);
+      EXPECT_EQ(program.Said().find(Text(content == part ? text::kLastRunReadInPart : text::kLastRunChanged)),
+                0U);
+      EXPECT_EQ(program.files.ContentOf(kLastRun) == content, !yes);
+      EXPECT_TRUE(program.front_end.quitting());
+    }
+  }
+}
+
+TEST_F(LastRunSetup, OnlyASaveOrLoadThatWorkedSparesQuitTheSave) {
+  Type(window->txbFileExtension, "jpg");
+  files.Fail(platform::memory::Call::kReplaceFile, "", {}, 1);
+  Press(window->cmdSaveSetup, window->cmdSaveSetupForNextRun);
+  EXPECT_FALSE(window->SetupJustSaved);
+  files.Remove(kLastRun);
+  Press(window->cmdLoadSetup, window->cmdSaveSetupForNextRun);
+  EXPECT_FALSE(window->SetupJustSaved);
+  Click(window->cmdQuit);
+  EXPECT_TRUE(Saved().ends_with("jpg\r\n"));
+}
+
+TEST_F(LastRunSetup, RunsWithoutItsLastLineAndSaysWhyItDoesNotRunAtAll) {
+  const std::string whole = services::SetupText(setup);
+  const std::string path = kLastRun;
+  const std::pair<std::function<void(Program&)>, std::string> cases[] = {
+      {[&](Program& p) { p.files.AddFile(path, whole.substr(0, whole.size() - 2)); },
+       Text(text::kExtensionMissing)},
+      {[&](Program& p) { p.files.AddFile(path, whole.substr(0, whole.size() - 4)); }, "too early"},
+      {[&](Program& p) { p.files.AddFile(path, "/src\r\n/a,b\r\n 0 \r\n"); }, "Line 2 has a comma in it"},
+      {[&](Program&) {}, Text(text::kNoSetupYet) + " " + path + " (user)"},
+      {[&](Program& p) { p.files.AddPipe(path); }, Text(text::kNotASetupFile)},
+      {[&](Program& p) {
+         p.files.Fail(platform::memory::Call::kLook, path, {platform::ErrorKind::kOther, 5, "EIO"});
+       },
+       "EIO"}};
+  for (const auto& [arrange, said] : cases) {
+    Program program({"/src/a/x", "/src/b/y", "/src/c/z"});
+    arrange(program);
+    program.Start("nightly");
+    const bool runs = said == Text(text::kExtensionMissing);
+    EXPECT_NE(program.printed[1].find(said), std::string::npos) << said << "\n" << program.printed[1];
+    EXPECT_EQ(program.printed.back().find(runs ? "RESULT status=warnings" : "RESULT status=refused"), 0U)
+        << said;
+  }
+}
+
+TEST_F(LastRunSetup, AFolderThatCannotBeSavedIsToldAtOnce) {
+  const std::pair<const char*, bool> cases[] = {{"/a, b", true}, {"/ \"q\"", false}, {"/line\nend", true}};
+  for (const auto& [path, told] : cases) {
+    files.AddFolder(path);
+    dialogs.texts = {path};
+    dialogs.asked.clear();
+    Click(window->cmdSpecifyDirectory[1]);
+    EXPECT_EQ(dialogs.asked[1].text.find(Text(text::kPathNotSaved)) == 0, told) << path;
+  }
+}
+
+}  // namespace app::test

@@ -1,0 +1,67 @@
+#include <tuple>
+#include "app/frmConfirmOperation.h"
+
+#include "tests/app/program.h"
+
+/// Each choice of the user's, from its control to the setup, the run, the file and back.
+namespace app::test {
+
+using namespace ui::headless;
+
+struct SetupFields : testing::Test, Program {
+  SetupFields() : Program({"/src/a/below/x", "/src/b/y", "/src/file", "/other/a/", "/other/f", "/dst2/"}) {
+    setup.IncludedFolders = {"a"};
+  }
+
+  void ChooseFolder(std::size_t index, const std::string& path) {
+    dialogs.texts = {path};
+    Click(window->cmdSpecifyDirectory[index]);
+  }
+
+  /// What the confirmation says of the run that it would start.
+  std::string Confirmation() {
+    std::string said;
+    front_end.when_idle = [&] {
+      auto& confirm = dynamic_cast<frmConfirmOperation&>(*front_end.modal);
+      if (confirm.tmrRead.running()) return front_end.PassTime(1);
+      for (const auto& row : confirm.fact_rows) said += row->lblHeading.text() + row->lblText.text() + "|";
+      confirm.UserPressedEscape();
+    };
+    Click(window->cmdBackupAllFiles);
+    front_end.when_idle = {};
+    return said;
+  }
+};
+
+TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
+  frmMain* w = &StartWithSetup();
+  const std::string unchanged = Confirmation();
+  const auto follow = [&](const char* name, const std::function<void(app::Setup&)>& choose) {
+    w = &StartWithSetup();
+    app::Setup expected = setup;
+    choose(expected);
+    EXPECT_EQ(w->CurrentSetup(), expected) << name;
+    EXPECT_EQ(Confirmation() != unchanged, !expected.SaveSetupOnQuit) << name;
+    Click(w->cmdSetup), Click(w->cmdSaveSetup), Click(w->cmdSaveSetupForNextRun);
+    EXPECT_EQ(Start().CurrentSetup(), expected) << name;
+  };
+  follow("target", [&](app::Setup& s) { ChooseFolder(1, s.TargetFolder = "/dst2"); });
+  follow("source",
+         [&](app::Setup& s) { ChooseFolder(0, s.SourceFolder = "/other"), s.IncludedFolders.clear(); });
+  follow("included", [&](app::Setup& s) { Click(w->cmdRemoveSubfolder), s.IncludedFolders.clear(); });
+  follow("extension", [&](app::Setup& s) { Type(w->txbFileExtension, s.FileExtension = "txt"); });
+  follow("patterns", [&](app::Setup& s) { Type(w->txbExcludedFilepaths, s.SkipFilepaths = "z, x"); });
+  follow("period", [&](app::Setup& s) { Select(w->cboModifiedSince, s.ModifiedSince = 3); });
+  using Box = ui::CheckBox frmMain::*;
+  const std::pair<Box, bool app::Setup::*> boxes[] = {
+      {&frmMain::chkIncludeSubfolders, &app::Setup::IncludeSubfolders},
+      {&frmMain::chkExcludeFilesInSourceFolder, &app::Setup::ExcludeFilesInSourceFolder},
+      {&frmMain::chkPauseAfterFirstCopy, &app::Setup::PauseAfterFirstCopy},
+      {&frmMain::chkSuppressDetailedReports, &app::Setup::SuppressDetailedReports},
+      {&frmMain::chkSaveSetupOnQuit, &app::Setup::SaveSetupOnQuit}};
+  for (const auto& [box, field] : boxes)
+    follow((w->*box).name().c_str(),
+           [&, box = box, field = field](app::Setup& s) { Tick(w->*box, s.*field = true); });
+}
+
+}  // namespace app::test
