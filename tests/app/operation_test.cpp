@@ -52,7 +52,7 @@ TEST_F(UnattendedRun, DoesNotRunASetupThatWasReadInPart) {
   setup.TargetFolder = "/dst, new";
   StartWithSetup("x");
   EXPECT_EQ(tree::Below(files, "/dst"), "");
-  EXPECT_NE(printed[1].find("qvr.usr. A number is expected"), std::string::npos) << printed[1];
+  EXPECT_NE(printed[1].find("qvr.usr. A number is missing"), std::string::npos) << printed[1];
   EXPECT_TRUE(printed.back().starts_with("RESULT status=refused"));
   EXPECT_EQ(window->chkSaveSetupOnQuit.value(), 0);
 }
