@@ -31,7 +31,7 @@ void frmMain::SetCaptions() {
   cmdRemoveSubfolder.SetText("Remove");
   lblBackupOnlyExtension.SetText("Back up only files with extension");
   lblSkipFilepaths.SetText("Skip filepaths containing:");
-  lblModifiedSince.SetText("Only files new or modified");
+  lblModifiedSince.SetText("Only files changed");
   chkExcludeFilesInSourceFolder.SetText("Exclude files in source folder");
   chkPauseAfterFirstCopy.SetText("Pause after first copy of files from a folder");
   chkSuppressDetailedReports.SetText("Suppress display of detailed report");
@@ -67,10 +67,10 @@ void frmMain::SetSpokenNamesAndKeys() {
   cmdClearFolder[1].SetSpokenName("Clear target folder");
   cmdClearFolder[2].SetSpokenName("Clear patterns to skip");
   txbFileExtension.SetSpokenName("File extension");
-  txbExcludedFilepaths.SetSpokenName("Filepaths to skip, parted by commas");
+  txbExcludedFilepaths.SetSpokenName("Skip filepaths containing (separate with commas)");
   cboIncludedFolders.SetSpokenName("Included subfolders");
   cmdRemoveSubfolder.SetSpokenName("Remove the selected subfolder");
-  cboModifiedSince.SetSpokenName("Period of modification");
+  cboModifiedSince.SetSpokenName("Only files changed");
   txbSetupFile.SetSpokenName("Setup file in use");
   fraMenu.SetSpokenName("Operations");
 

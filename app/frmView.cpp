@@ -54,10 +54,12 @@ void frmView::Form_Load() {
   txbFind.SetColours(report::kPaperColours);
 }
 
-bool frmView::ShowFile(const std::string& title, const std::string& path, const ui::Form& over) {
+bool frmView::ShowFile(const std::string& title, const std::string& path, std::string_view otherwise,
+                       const ui::Form& over) {
   SetText(title);
   txbText.SetSpokenName(title);
-  const auto content = context_.files.ReadFile(path, kLargestFile);
+  auto content = context_.files.ReadFile(path, kLargestFile);
+  if (!content && content.error().kind == platform::ErrorKind::kNotFound) content = std::string(otherwise);
   if (content) {
     txbText.SetText(std::string(base::utf8::WithoutByteOrderMark(*content)));
   } else {
@@ -101,7 +103,7 @@ void frmView::FindFrom(std::size_t character) {
   if (at == std::string::npos) {
     at = searched_.find(wanted);
     if (at == std::string::npos) return lblFound.SetText("Nothing found.");
-    lblFound.SetText("Found from the beginning again.");
+    lblFound.SetText("Search continued from the beginning.");
   }
   const std::string_view before = std::string_view(searched_).substr(0, at);
   txbText.Select({base::utf8::Length(before), base::utf8::Length(wanted)});

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "app/context.h"
 #include "ui/controls.h"
@@ -15,9 +16,10 @@ class frmView : public ui::Form {
  public:
   explicit frmView(Context& context);
 
-  /// Reads a UTF-8 text file and shows it, or why it cannot be read. Returns whether it could. A file of more
-  /// than 4 MiB is not read.
-  bool ShowFile(const std::string& title, const std::string& path, const ui::Form& over);
+  /// Shows a UTF-8 text file; `otherwise`, when there is none; or why it cannot be read. A file of more than
+  /// 4 MiB is not read. Returns whether a text is shown.
+  bool ShowFile(const std::string& title, const std::string& path, std::string_view otherwise,
+                const ui::Form& over);
 
   void Form_Load();
   void Form_Resize();

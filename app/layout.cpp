@@ -78,7 +78,7 @@ void frmMain::ArrangeMainWindow() {
   cmdQuit.SetBounds({kMargin + kLeftColumn - 1080, bottom_row, 1080, kRow});
   cmdHelp.SetBounds({cmdQuit.left() - kGap - 1080, bottom_row, 1080, kRow});
 
-  fraMenu.SetText("Do it");
+  fraMenu.SetText("Operations");
   fraMenu.SetBounds({kMenuLeft, 660, kRightColumn, cmdQuit.bounds().bottom() - 660});
   const Twips wide = kRightColumn - 2 * kInset;
   Twips top = kFirstRow;

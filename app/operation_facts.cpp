@@ -55,8 +55,8 @@ std::string TargetText(const FactsToTell& tell) {
 
 std::string IncludedText(const Setup& setup) {
   std::string text = setup.ExcludeFilesInSourceFolder
-                         ? "Not the files that lie directly in the source folder."
-                         : "The files that lie directly in the source folder.";
+                         ? "The files directly in the source folder are not included."
+                         : "The files directly in the source folder.";
   const std::vector<std::string>& folders = setup.IncludedFolders;
   if (folders.empty()) return text + "\r\nNo subfolders.";
   const bool one = folders.size() == 1;
@@ -69,21 +69,20 @@ std::string FilesText(const FactsToTell& tell) {
   const Setup& setup = tell.request.setup;
   std::string text;
   if (setup.FileExtension.find_first_of("*?") != std::string::npos) {
-    text = "Only files whose extension fits \"" + setup.FileExtension + "\".";
+    text = "Only files whose extension matches \"" + setup.FileExtension + "\".";
   } else if (!setup.FileExtension.empty()) {
     text = "Only files with the extension \"" + setup.FileExtension + "\".";
   } else {
     text = "All files, whatever their extension.";
   }
   if (!tell.request.modified_since) return text;
-  return text + "\r\nOnly files new or modified " +
-         DatePr2::ModifiedSinceText(setup.ModifiedSince, tell.texts) + ".";
+  return text + "\r\nOnly files changed " + DatePr2::ModifiedSinceText(setup.ModifiedSince, tell.texts) + ".";
 }
 
 /// What the skip patterns hit among the names on the first level.
 std::string LeftOutText(const FactsToTell& tell) {
   const PreviewFindings& findings = tell.findings;
-  std::string text = "Files whose path holds one of these:";
+  std::string text = "Files whose path contains any of these:";
   for (const PreviewFindings::Hits& hits : findings.hits) {
     text += "\r\n" + Quoted(hits.typed);
     if (!findings.first_level_known) continue;
@@ -175,10 +174,10 @@ void DoubtTheWildcards(const std::string& pattern, std::vector<std::string>& dou
 
 void DoubtTheFolders(const PreviewFindings& findings, std::vector<std::string>& doubts) {
   if (findings.target_in_source) {
-    doubts.push_back("The target folder lies inside the source folder. It is not backed up itself.");
+    doubts.push_back("The target folder is inside the source folder. It is not backed up itself.");
   } else if (findings.source_in_target) {
     doubts.push_back(
-        "The source folder lies inside the target folder. Make sure that the copies do not end up among the "
+        "The source folder is inside the target folder. Make sure that the copies do not end up among the "
         "originals.");
   }
 }
@@ -189,14 +188,14 @@ void DoubtThePatterns(const FactsToTell& tell, std::vector<std::string>& doubts)
   for (const PreviewFindings::Hits& hits : tell.findings.hits) {
     DoubtTheWildcards(hits.typed, doubts);
     if (source.find(hits.pattern) != std::string::npos) {
-      doubts.push_back("The path of the source folder itself holds " + Quoted(hits.typed) +
+      doubts.push_back("The path of the source folder itself contains " + Quoted(hits.typed) +
                        ", so every file is left out.");
     } else if (base::utf8::Length(hits.pattern) <= kShortPattern) {
       short_ones.push_back(Quoted(hits.typed));
     }
   }
   if (short_ones.empty()) return;
-  doubts.push_back("So short that more may be left out than you have in mind: " + NameList(short_ones));
+  doubts.push_back("Very short patterns may leave out more than you intend: " + NameList(short_ones));
 }
 
 void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts) {
@@ -215,11 +214,10 @@ void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts
                           : Count(findings.kept_out_by_period, "file", tell) + " that have") +
                      " no copy in the target yet.");
   }
-  if (findings.complete && findings.files_met == 0)
-    doubts.push_back("There is no file that passes the filters.");
+  if (findings.complete && findings.files_met == 0) doubts.push_back("No file passes the filters.");
   const std::int64_t largest = tell.volume.largest_file;
   if (largest > 0 && findings.largest_due_bytes > largest) {
-    doubts.push_back("The format of the target disk holds no file of more than " + Size(largest, tell) +
+    doubts.push_back("The format of the target disk does not allow files larger than " + Size(largest, tell) +
                      ", so this one cannot be copied: " + base::utf8::Printable(findings.largest_due));
   }
   const auto& space = tell.volume.space;
@@ -233,9 +231,9 @@ void DoubtWhatWasFound(const FactsToTell& tell, std::vector<std::string>& doubts
 
 std::string OperationExplained(Operation operation) {
   return std::string(operation == Operation::kBackupAllFiles
-                         ? "Copies every file, whether or not the target already holds it."
+                         ? "Copies every file, whether or not the target already has it."
                          : "Copies the files that are new or were modified since they were last copied.") +
-         " Nothing is deleted in the target.";
+         " Nothing is deleted from the target.";
 }
 
 std::vector<Fact> FactsOf(const FactsToTell& tell) {

@@ -1,5 +1,6 @@
 #include "app/frmMain.h"
 #include "platform/path.h"
+#include "text/built_in.h"
 #include "text/text_numbers.h"
 
 /// Starting an operation, and what the main window does meanwhile.
@@ -16,7 +17,7 @@ void frmMain::cmdReportScreen_MouseUp() { operation_windows_.ShowReport(); }
 void frmMain::cmdHelp_MouseUp() {
   if (!help_) help_ = std::make_unique<frmView>(context_);
   help_->ShowFile(Text(text::kHelpTitle), platform::JoinPath(context_.shell.ProgramFolder(), "qvr_help.txt"),
-                  *this);
+                  text::EnglishHelp(), *this);
 }
 
 void frmMain::ShowNote(const std::string& note) {

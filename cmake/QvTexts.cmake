@@ -1,10 +1,11 @@
-# qv_place_texts(target): the program's texts and its help lie beside the executable `target`, and follow every change
-# of their files.
-function(qv_place_texts target)
-  file(GLOB texts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/text/qvr_*.txt)
-  add_custom_target(${target}_texts
-    COMMAND ${CMAKE_COMMAND} -E make_directory $<TARGET_FILE_DIR:${target}>
-    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${texts} $<TARGET_FILE_DIR:${target}>
-    DEPENDS ${texts} VERBATIM)
-  add_dependencies(${target} ${target}_texts)
+# qv_compile_in(target function file): makes `std::string_view text::function()`, declared in text/built_in.h, return the
+# content of the file. It follows every change of the file.
+function(qv_compile_in target function file)
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${target}_${function}.cpp)
+  set(script ${PROJECT_SOURCE_DIR}/cmake/CompileIn.cmake)
+  add_custom_command(
+    OUTPUT ${source}
+    COMMAND ${CMAKE_COMMAND} -D FUNCTION=${function} -D FILE=${file} -D SOURCE=${source} -P ${script}
+    DEPENDS ${file} ${script} VERBATIM)
+  target_sources(${target} PRIVATE ${source})
 endfunction()

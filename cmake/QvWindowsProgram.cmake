@@ -21,10 +21,13 @@ endfunction()
 
 function(qv_windows_resource target script)
   set(folder ${PROJECT_SOURCE_DIR}/packaging/windows)
+  set(made ${PROJECT_BINARY_DIR}/windows-resources)
+  configure_file(${folder}/quorvane.manifest.in ${made}/quorvane.manifest @ONLY)
   target_sources(${target} PRIVATE ${folder}/${script})
   set_source_files_properties(
     ${folder}/${script} TARGET_DIRECTORY ${target}
-    PROPERTIES OBJECT_DEPENDS "${folder}/quorvane.manifest;${folder}/quorvane.ico"
+    PROPERTIES OBJECT_DEPENDS "${made}/quorvane.manifest;${folder}/quorvane.ico"
+               INCLUDE_DIRECTORIES ${made}
                COMPILE_DEFINITIONS
                "QV_MAJOR=${PROJECT_VERSION_MAJOR};QV_MINOR=${PROJECT_VERSION_MINOR};QV_PATCH=${PROJECT_VERSION_PATCH}")
 endfunction()

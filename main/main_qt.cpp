@@ -27,8 +27,9 @@ int main(int argc, char** argv) {
   const bool has_display = ui::qt::QtFrontEnd::HasDisplay(argc, argv);
   if (!has_display && command_line.empty()) {
     std::fputs(
-        "Quorvane needs a display for its windows. With any command line it backs up unattended without "
-        "one.\n",
+        "Quorvane needs a display to open its windows. Started with any word on its command line, it backs "
+        "up "
+        "without one.\n",
         stderr);
     return kExitRefused;
   }

@@ -4,12 +4,14 @@
 
 #include "app/frmMain.h"
 #include "platform/path.h"
+#include "text/built_in.h"
 
 namespace program {
 namespace {
 
 constexpr std::int64_t kLargestTextFile = 1 << 20;
 
+/// Empty without such a file: it is there only where somebody wants other words than those of the program.
 std::string TextFile(const Parts& parts, const std::string& language) {
   const std::string path = platform::JoinPath(parts.shell.ProgramFolder(), text::TextFileName(language));
   const auto content = parts.files.ReadFile(path, kLargestTextFile);
@@ -35,7 +37,9 @@ std::string CommandLine(int argc, char** argv) {
 }
 
 int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself) {
-  const text::ProgramTexts texts(TextFile(parts, "en"), TextFile(parts, parts.locale.Language()));
+  text::ProgramTexts texts(text::EnglishTexts());
+  texts.Replace(TextFile(parts, "en"));
+  texts.Replace(TextFile(parts, parts.locale.Language()));
   app::Context context{parts.front_end, parts.files,
                        parts.clock,     parts.locale,
                        parts.settings,  parts.shell,

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws windows/quorvane.ico and linux/quorvane.png from quorvane.svg, with ImageMagick's convert.
+"""Draws windows/quorvane.ico, the installer's pictures beside it, linux/quorvane.png and linux/icons from quorvane.svg, with
+ImageMagick's convert.
 
 ImageMagick reads SVG only with a renderer beside it; the shapes used here it can draw itself.
 """
@@ -9,6 +10,9 @@ import xml.etree.ElementTree as xml
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 SIZES = (256, 64, 48, 40, 32, 24, 20, 16)
+LINUX_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
+# The installer's pictures: width and height, the background, and the size of the icon in the middle.
+INSTALLER = {"installer_side": ("164x314", "#E0F7E4", 112), "installer_header": ("150x57", "white", 48)}
 OVERSAMPLING = 4
 
 
@@ -43,6 +47,12 @@ def main():
     # Not every desktop can draw an SVG.
     subprocess.run(["convert", *picture(shapes, SIZES[0]), "-depth", "8", "-strip",
                     str(FOLDER / "linux" / "quorvane.png")], check=True)
+    for size in LINUX_SIZES:
+        subprocess.run(["convert", *picture(shapes, size), "-depth", "8", "-strip",
+                        str(FOLDER / "linux" / "icons" / f"{size}.png")], check=True)
+    for name, (canvas, colour, size) in INSTALLER.items():
+        subprocess.run(["convert", "-size", canvas, f"xc:{colour}", *picture(shapes, size), "-gravity", "center", "-composite",
+                        "-colors", "256", "-type", "Palette", "-compress", "none", f"BMP3:{FOLDER / 'windows' / name}.bmp"], check=True)
 
 
 if __name__ == "__main__":

@@ -51,11 +51,11 @@ std::string InputErrorText(std::int16_t error) {
     case kInputOverflow:
       return "A number is too large.";
     case kInputNotANumber:
-      return "A number is expected where there is none.";
+      return "A number is missing.";
     case kInputFileNotFound:
       return "The file does not exist.";
     case kInputPastEnd:
-      return "The file ends too early.";
+      return "The file is incomplete.";
     case kInputNoPermission:
       return "The file may not be read.";
     case kInputBadValue:

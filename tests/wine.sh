@@ -4,6 +4,7 @@
 #   tests/wine.sh PREFIX PROGRAM [ARGUMENT...]          the program's exit code is the script's
 #   tests/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
 #   tests/wine.sh PREFIX --all FOLDER                   every test_*.exe below the folder, with the sum of their tests
+#   tests/wine.sh PREFIX --stop                         ends what still runs in the prefix
 #
 # Tests that open windows need a screen: run the script by tests/on_screen.sh for them. A test program that has not
 # ended after two minutes fails.
@@ -28,13 +29,15 @@ boot_prefix() {
   wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Courier New' /d 'Liberation Mono' /f
 } </dev/null >/dev/null 2>&1
 
+stop_services() { wineserver -k; wineserver -w; } 2>/dev/null
+
 # The background services inherit the output of whoever starts them, and ctest waits until that is closed: so they
 # are started here, with none. The server answers 2 when it runs already.
 start_services() {
   exec 9>"$WINEPREFIX.lock"
   flock 9
   # All programs share the screen of the first.
-  if [ -n "${QV_NEW_SCREEN:-}" ]; then wineserver -k; wineserver -w; fi
+  if [ -n "${QV_NEW_SCREEN:-}" ]; then stop_services; fi
   if wineserver -p120 </dev/null >/dev/null 2>&1 9>&-; then boot_prefix 9>&-; fi
   exec 9>&-
 }
@@ -81,8 +84,9 @@ run_all() {
   [ "$failed" -eq 0 ] && [ "$total" -gt 0 ]
 }
 
-start_services
+[ "$1" = --stop ] || start_services
 case $1 in
+  --stop) stop_services ;;
   --test) shift; run_test "$@" ;;
   --all) run_all "$2" ;;
   *) run "$@" ;;

@@ -1,10 +1,12 @@
 #include "text/program_texts.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <utility>
 
 #include "base/utf8.h"
+#include "text/text_numbers.h"
 
 namespace text {
 namespace {
@@ -39,20 +41,31 @@ std::optional<std::pair<int, std::string>> ParseLine(std::string_view line) {
   return std::pair(number, TextOf({behind + 1, end}));
 }
 
-void AddTexts(std::string_view content, std::unordered_map<int, std::string>& texts) {
+using Texts = std::unordered_map<int, std::string>;
+
+Texts TextsOf(std::string_view content) {
+  Texts texts;
+  content = base::utf8::WithoutByteOrderMark(content);
   while (!content.empty()) {
-    const std::size_t length = content.find('\n');
+    const std::size_t length = std::min(content.find('\n'), content.size());
     if (auto line = ParseLine(content.substr(0, length))) texts[line->first] = std::move(line->second);
-    if (length == std::string_view::npos) return;
-    content.remove_prefix(length + 1);
+    content.remove_prefix(std::min(length + 1, content.size()));
   }
+  return texts;
+}
+
+/// kPreviousRun is a caption, too, but first the name of a stored value.
+bool NamesAPlace(int number) {
+  return number == kDataFolderName || number == kPreviousRunKey || number == kPreviousRun;
 }
 
 }  // namespace
 
-ProgramTexts::ProgramTexts(std::string_view english, std::string_view translated) {
-  AddTexts(base::utf8::WithoutByteOrderMark(english), texts_);
-  AddTexts(base::utf8::WithoutByteOrderMark(translated), texts_);
+ProgramTexts::ProgramTexts(std::string_view english) : texts_(TextsOf(english)) {}
+
+void ProgramTexts::Replace(std::string_view content) {
+  for (auto& [number, text] : TextsOf(content))
+    if (!NamesAPlace(number)) texts_[number] = std::move(text);
 }
 
 std::string ProgramTexts::GetProgramText(int number) const {

@@ -8,6 +8,7 @@ demo_root=      # the same folder as the program knows it
 demo_sign=/     # what parts the folders of a path there
 demo_config=    # where the program keeps its setup
 demo_runner=()
+demo_cleanup=(true)  # ends what the program leaves running
 
 quoted_if_needed() { if [[ $1 == *,* ]]; then printf '"%s"' "$1"; else printf '%s' "$1"; fi; }
 
@@ -64,21 +65,34 @@ run_program() {
   return 1
 }
 
+say_what_is_missing() {
+  cat "$demo_folder/errors.txt" >&2
+  echo "The window \"$1\" $2." >&2
+  return 1
+}
+
 take_pictures() {
-  picture_of "Quorvane" 20 40 "$demo_folder/pictures/main-window.png"
-  picture_of "Back up new and modified" 980 40 "$demo_folder/pictures/report-window.png"
+  local title x=20
+  for title in "Quorvane:main-window" "Back up new and modified:report-window"; do
+    picture_of "${title%:*}" $x 40 "$demo_folder/pictures/${title#*:}.png" ||
+      say_what_is_missing "${title%:*}" "did not appear within 20 seconds, or its picture could not be taken"
+    x=980
+  done
 }
 
 close_program() {
   demo_exit_code=0
-  wmctrl -F -c "Quorvane"
+  wmctrl -F -c "Quorvane" || say_what_is_missing "Quorvane" "could not be closed"
   wait "$demo_program" || demo_exit_code=$?
   demo_program=
 }
 
 end_demo() {
+  local code=$?
   [[ -z ${demo_program:-} ]] || kill "$demo_program" 2>/dev/null || true
+  "${demo_cleanup[@]}"
   stop_screen
+  ((code == 0)) || echo "The demo stopped before its end (exit code $code). Its files and logs are in $demo_folder" >&2
 }
 
 say_where_things_are() {
@@ -114,10 +128,14 @@ demo() {
   say_where_things_are
 }
 
-# demo_windows FOLDER PREFIX PROGRAM: the same under Wine, where the demo's folder is drive Q:.
+# demo_windows FOLDER PREFIX PROGRAM: the same under Wine, where the demo's folder is drive Q:. Wine shows all windows of a
+# prefix where its first program was started, so what prepares it without a display must not go on running; nor may what
+# has seen the demo's screen.
 demo_windows() {
   echo "Preparing Wine ..."
+  demo_cleanup=(tests/wine.sh "$2" --stop)
   tests/wine.sh "$2" cmd /c exit
+  "${demo_cleanup[@]}"
   ln -sfn "$1" "$2/dosdevices/q:"
   demo_root=Q:
   demo_sign=\\

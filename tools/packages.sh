@@ -5,7 +5,7 @@ build_packages=(g++ cmake ninja-build qt6-base-dev googletest libgtest-dev libbe
 screen_packages=(xvfb openbox xdotool wmctrl imagemagick x11-utils util-linux
   at-spi2-core gir1.2-atspi-2.0 python3-gi dbus)
 tidy_packages=(clang-tidy)
-windows_packages=(g++-mingw-w64-x86-64-posix wine wine64)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 nsis)
 
 missing_packages() {
   comm -23 <(printf '%s\n' "$@" | sort) \

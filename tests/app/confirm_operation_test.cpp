@@ -55,12 +55,11 @@ TEST_F(ConfirmOperation, TellsTheSetupAtOnce) {
   EXPECT_EQ(confirm->lblOperation.text(), "Back up new and modified");
   EXPECT_EQ(Fact("Source"), "/src");
   EXPECT_EQ(Fact("Target"), "/dst\r\non /dst, 3.00 Mb free of 8.00 Mb");
-  EXPECT_EQ(
-      Fact("Included"),
-      "The files that lie directly in the source folder.\r\n2 subfolders with everything below them: a, b");
+  EXPECT_EQ(Fact("Included"),
+            "The files directly in the source folder.\r\n2 subfolders with everything below them: a, b");
   EXPECT_EQ(Fact("Files"),
-            "Only files whose extension fits \"j?g\".\r\nOnly files new or modified in the last week.");
-  EXPECT_EQ(Fact("Left out"), "Files whose path holds one of these:\r\n\"cache\"");
+            "Only files whose extension matches \"j?g\".\r\nOnly files changed in the last week.");
+  EXPECT_EQ(Fact("Left out"), "Files whose path contains any of these:\r\n\"cache\"");
   EXPECT_EQ(Fact("To be copied") + Fact("Options"), "0 files, 0 bytes so far . . .-");
 }
 
@@ -90,7 +89,7 @@ TEST_F(ConfirmOperation, TellsWhatEachPatternHitsOnTheFirstLevelAndScrollsToTheL
   request.setup.IncludedFolders = {"Temp", "other"};
   request.setup.SkipFilepaths = "/Temp/, temp, nothing";
   EXPECT_EQ(FactAtTheEnd("Left out"),
-            "Files whose path holds one of these:\r\n"
+            "Files whose path contains any of these:\r\n"
             "\"/Temp/\": 1 of 3 names on the first level: Temp\r\n"
             "\"temp\": 2 of 3 names on the first level: Temp, temp.txt\r\n"
             "\"nothing\": none of the 3 names on the first level");
@@ -117,13 +116,13 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
   EXPECT_TRUE(holds(doubts("/other", {}), "on the same disk as the source"));
   EXPECT_TRUE(holds(doubts("/dst", {}, "*.bak"), "Write \".bak\" instead."));
   EXPECT_TRUE(holds(doubts("/dst", {}, "?*"), "Remove it."));
-  EXPECT_TRUE(holds(doubts("/src/inside", {}), "target folder lies inside the source"));
-  EXPECT_TRUE(holds(doubts("/", {}), "source folder lies inside the target"));
+  EXPECT_TRUE(holds(doubts("/src/inside", {}), "target folder is inside the source"));
+  EXPECT_TRUE(holds(doubts("/", {}), "source folder is inside the target"));
   EXPECT_TRUE(holds(doubts("/dst", {"gone", "inside"}), "no longer there: gone"));
   EXPECT_TRUE(holds(doubts("/dst", {"x", "y"}), "2 included subfolders are no longer there"));
-  EXPECT_TRUE(holds(doubts("/dst", {}, "le"), "in mind: \"le\""));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "le"), "intend: \"le\""));
   EXPECT_TRUE(holds(doubts("/dst", {}, "SRC"), "so every file is left out"));
-  EXPECT_TRUE(holds(doubts("/dst", {}, "", "jpg"), "no file that passes the filters"));
+  EXPECT_TRUE(holds(doubts("/dst", {}, "", "jpg"), "No file passes the filters"));
 }
 
 TEST_F(ConfirmOperation, DoubtsThatFoldersStayOutWhichANewcomerExpectsToBeIn) {

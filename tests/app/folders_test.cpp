@@ -103,10 +103,10 @@ TEST_F(Folders, ASubfolderOfTheTargetIsCreatedAndOfferedAsTheTarget) {
     Click(window->cmdCreateSubFolder);
     return Said();
   };
-  EXPECT_EQ(create("", false), "What is the new subfolder of /dst to be called?");
+  EXPECT_EQ(create("", false), "What should the new subfolder of /dst be called?");
   EXPECT_EQ(create("/x/", false), "Do you want to use the new folder /dst/x as the target folder?");
-  EXPECT_EQ(create("x", true), "This folder exists already: /dst/x");
-  EXPECT_EQ(create("no/x", true), "The folder could not be created on drive / under the path\r\n/dst/no/x");
+  EXPECT_EQ(create("x", true), "This folder already exists: /dst/x");
+  EXPECT_EQ(create("no/x", true), "The folder could not be created on drive / at the path\r\n/dst/no/x");
   EXPECT_EQ(Folder(1), "/dst");
   create("y", true);
   EXPECT_EQ(Folder(1), "/dst/y");

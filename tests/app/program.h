@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,15 +9,10 @@
 #include "app/frmMain.h"
 #include "platform/memory/memory_system.h"
 #include "tests/tree.h"
+#include "text/built_in.h"
 #include "ui/headless/headless_front_end.h"
 
 namespace app::test {
-
-/// The program's English texts, as they are shipped.
-inline std::string EnglishTexts() {
-  std::ifstream file(QV_SOURCE_ROOT "/text/qvr_text_en.txt", std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// The whole program on a file system in memory with /src and /dst, and a user whose hands a test moves.
 class Program {
@@ -66,7 +59,7 @@ class Program {
   platform::memory::MemoryShell shell;
   ui::headless::HeadlessFrontEnd front_end;
   ui::headless::HeadlessDialogs& dialogs = front_end.dialogs();
-  text::ProgramTexts texts{EnglishTexts()};
+  text::ProgramTexts texts{text::EnglishTexts()};
   std::vector<std::string> printed;
   Context context{
       front_end, files, clock, locale, settings, shell, texts, {}, {}, true, [this](const std::string& line) {

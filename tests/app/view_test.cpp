@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "app/frmView.h"
 #include "tests/app/program.h"
 #include "text/text_numbers.h"
@@ -20,22 +22,25 @@ struct View : testing::Test, Program {
 };
 
 TEST_F(View, FindsPlaceAfterPlaceWithoutRegardToCaseAndStartsOver) {
-  EXPECT_FALSE(view.ShowFile("Help", "/help.txt", owner));
-  EXPECT_EQ(Find("/help.txt"), "/help.txt@27") << "why there is none";
+  EXPECT_TRUE(view.ShowFile("Help", "/help.txt", "built in", owner));
+  EXPECT_EQ(Find("in"), "in@6") << "when there is no file";
   files.AddFile("/help.txt", "\xEF\xBB\xBFÄpfel\nund äpfel\nÄPFEL");
-  EXPECT_TRUE(view.ShowFile("Help", "/help.txt", owner));
+  files.Fail(platform::memory::Call::kReadFile, {}, {platform::ErrorKind::kAccessDenied, 13, "denied"}, 1);
+  EXPECT_FALSE(view.ShowFile("Help", "/help.txt", "built in", owner));
+  EXPECT_EQ(Find("/help.txt"), "/help.txt@27") << "why it cannot be read";
+  EXPECT_TRUE(view.ShowFile("Help", "/help.txt", "built in", owner));
   EXPECT_EQ(Find("ä"), "Ä@0");
   EXPECT_EQ(Find("äPf"), "Äpf@0") << "typing on stays at the same place";
   EXPECT_EQ(Find(), "äpf@11");
   EXPECT_EQ(Find(), "ÄPF@18");
-  EXPECT_EQ(Find(), "Äpf@0Found from the beginning again.");
+  EXPECT_EQ(Find(), "Äpf@0Search continued from the beginning.");
   EXPECT_EQ(Find("äpfelt"), "Äpf@0Nothing found.");
   view.UserPressedEscape();
   EXPECT_FALSE(view.visible());
 }
 
 TEST_F(View, ShowsAHelpThatExplainsEveryMessageAboutAFile) {
-  std::ifstream file(QV_SOURCE_ROOT "/text/qvr_help.txt");
+  std::istringstream file{std::string(text::EnglishHelp())};
   std::string help;
   for (std::string word; file >> word;) help += word + " ";
   for (int number = 501; number < 540; ++number) {

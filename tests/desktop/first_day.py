@@ -7,7 +7,7 @@ from desktop import CHECK
 from story import BACK_UP, MAIN
 
 SELECT, CONFIRM = "Select subfolders", "Confirm operation"
-EXTENSION, SKIP = "File extension", "Filepaths to skip, parted by commas"
+EXTENSION, SKIP = "File extension", "Skip filepaths containing (separate with commas)"
 PAUSE = "Pause after first copy of files from a folder"
 SKIPPED = "/drafts/"
 
@@ -44,7 +44,7 @@ class FirstDay:
 
     def create_target_subfolder(self, name):
         self.program.press(MAIN, "Create subfolder")
-        prompt = f"What is the new subfolder of {self.place.seen(self.place.target)} to be called?"
+        prompt = f"What should the new subfolder of {self.place.seen(self.place.target)} be called?"
         self.program.type(self.program.find_label(prompt).title, prompt, name)
         self.answer_box_of(prompt, "OK")
         self.place.target = os.path.join(self.place.target, name)

@@ -1,7 +1,9 @@
 """What the stories of all desktops share: files, expected copies and the life of the program."""
 
 import os
+import shutil
 import unittest
+import unittest.mock
 
 import desktop
 
@@ -74,7 +76,12 @@ class Story(unittest.TestCase):
 class Unattended:
     """Stories of an unattended run, to be told on each desktop."""
 
-    def test_an_unattended_run_copies_what_is_included_and_stays_open(self):
+    def test_the_program_alone_copies_what_is_included_stays_open_and_has_its_help(self):
+        alone = os.path.join(self.place.home, "alone", os.path.basename(desktop.PROGRAM))
+        os.mkdir(os.path.dirname(alone))
+        only_file = unittest.mock.patch.object(desktop, "PROGRAM", shutil.copy(desktop.PROGRAM, alone))
+        only_file.start()
+        self.addCleanup(only_file.stop)
         self.write({**INCLUDED, **LEFT_OUT})
         self.save_setup(FOLDERS)
         self.start("nightly")
@@ -83,6 +90,9 @@ class Unattended:
         self.check_copies(INCLUDED)
         self.program.find(BACK_UP, "Close")
         self.assertFalse(self.program.ended(), "the program stays open until its window is closed")
+        self.program.press(MAIN, "Help")
+        desktop.wait_until(lambda: self.program.first("Help", lambda box: box.role == desktop.TEXT and
+                                                      "A FIRST BACKUP" in box.text), "the help")
         self.close(0)
 
     def test_what_is_away_for_a_night_is_in_the_setup_of_the_next(self):

@@ -8,6 +8,8 @@
 #include <map>
 #include <set>
 
+#include "text/built_in.h"
+
 namespace text {
 
 static std::string Content(const std::string& file) {
@@ -26,19 +28,23 @@ static std::set<int> NumbersBehind(const std::string& mark, const std::string& c
 }
 
 TEST(ProgramTexts, FindATextByTheRulesOfTheFile) {
-  const ProgramTexts texts(
+  ProgramTexts texts(
       "\xEF\xBB\xBF"
-      "1 one\r\n# note\n2 first\n2 second\nno text\n3\n4 a\\nb \\\\n\\s\\q\\\n5 ~\n6  two blanks\n7 seven",
-      "1 eins\n7 ~\nx");
+      "1 one\r\n# note\n2 first\n2 second\nno text\n3\n4 a\\nb \\\\n\\s\\q\\\n5 ~\n6  two blanks\n7 "
+      "seven\n310 folder\n388 key\n389 name");
+  texts.Replace(
+      "\xEF\xBB\xBF"
+      "1 eins\n7 ~\nx\n310 Ordner\n388 \n389 ~");
   const std::map<int, std::string> expected = {
-      {1, "eins"}, {2, "second"},      {3, ""}, {4, "a\r\nb \\n \\q\\"},
-      {5, ""},     {6, " two blanks"}, {7, ""}, {8, ""}};
+      {1, "eins"},     {2, "second"},      {3, ""},      {4, "a\r\nb \\n \\q\\"},
+      {5, ""},         {6, " two blanks"}, {7, ""},      {8, ""},
+      {310, "folder"}, {388, "key"},       {389, "name"}};
   for (const auto& [number, text] : expected) EXPECT_EQ(texts.GetProgramText(number), text) << number;
   EXPECT_EQ(ProgramTexts("1 ä" + std::string(1024, 'x')).GetProgramText(1).size(), 1025U);
 }
 
 TEST(EnglishTexts, AreExactlyThoseThatTheCodeNames) {
-  const std::string english = Content(TextFileName("en"));
+  const std::string english(EnglishTexts());
   EXPECT_EQ(NumbersBehind("\n", english), NumbersBehind(" = ", Content("text_numbers.h")));
   for (const int number : NumbersBehind("\n", english)) {
     const std::string text = ProgramTexts(english).GetProgramText(number);

@@ -91,13 +91,13 @@ class Program(desktop.Program):
     vanished = GLib.Error
     noise = "QAccessibleTable"  # Qt about a file dialog that is read while it is filled
 
-    def __init__(self, home, words, screen=None, command=(desktop.PROGRAM,)):
+    def __init__(self, home, words, screen=None, command=()):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
         environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8",
                            PATH=os.path.join(home, "bin") + ":" + os.environ["PATH"])
         environment.update(screen.environment if screen else {})
-        super().__init__([*without_roots_rights(), *command, *words], environment, screen)
+        super().__init__([*without_roots_rights(), *(command or [desktop.PROGRAM]), *words], environment, screen)
 
     def windows(self):
         """The windows that are open, with their titles; a message may have that of the main window."""

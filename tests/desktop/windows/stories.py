@@ -167,7 +167,7 @@ class Disks(OnWindows, Story):
         self.check_result(status="failed", new="21")
         report = "\n".join(self.program.lines())
         self.assertIn("Insufficient space on the target drive for this file.", report)
-        self.assertIn("The target disk is full. Make room on it, or choose another target. (112: ", report)
+        self.assertIn("The target disk is full. Free up space on it, or choose another target. (112: ", report)
         copied = self.copied()
         self.assertTrue(copied)
         self.check_copies({path: files[path] for path in copied})

@@ -17,7 +17,7 @@ NEW_MOUNTS, NEW_USER = 0x00020000, 0x10000000  # CLONE_NEWNS, CLONE_NEWUSER of <
 
 # Text boxes by their names in the code.
 BOXES = {"txbDirectory 0": "Source folder", "txbDirectory 1": "Target folder", "txbFileExtension": "File extension",
-         "txbExcludedFilepaths": "Filepaths to skip, parted by commas", "txbSetupFile": "Setup file in use",
+         "txbExcludedFilepaths": "Skip filepaths containing (separate with commas)", "txbSetupFile": "Setup file in use",
          "txbText": "Report"}
 
 

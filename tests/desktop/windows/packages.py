@@ -1,0 +1,88 @@
+"""The packages for Windows as cpack makes them: installed, used and removed, each in a Wine prefix of its own."""
+
+import glob
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+import zipfile
+
+WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
+BUILD, CPACK = os.environ.get("QV_BUILD", ""), os.environ.get("QV_CPACK", "cpack")
+UNINSTALL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvane"
+
+
+def make_packages(folder):
+    subprocess.run([CPACK, "-B", folder], cwd=BUILD, check=True, stdout=subprocess.DEVNULL,
+                   env={**os.environ, "SOURCE_DATE_EPOCH": "1700000000"})
+    return sorted(path for path in glob.glob(folder + "/quorvane-*") if os.path.isfile(path))
+
+
+def content(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+@unittest.skipUnless(shutil.which("makensis"), "the installer is made by NSIS, which is not installed")
+class Packages(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.root = tempfile.mkdtemp(prefix="quorvane-packages-")
+        cls.addClassCleanup(shutil.rmtree, cls.root)
+        cls.prefix = os.path.join(cls.root, "wine")
+        cls.archive, cls.installer = make_packages(os.path.join(cls.root, "first"))
+        cls.wine("cmd", "/c", "exit")
+        cls.addClassCleanup(cls.wine, "--stop")
+        cls.user, = glob.glob(cls.prefix + "/drive_c/users/[!P]*")
+        cls.data = os.path.join(cls.user, "AppData/Roaming/Quorvane")
+        os.makedirs(cls.data)
+        for folder in ("source", "target"):
+            os.mkdir(os.path.join(cls.prefix, "drive_c", folder))
+        with open(os.path.join(cls.prefix, "drive_c/source/letter.txt"), "w", encoding="ascii") as file:
+            file.write("Dear reader")
+        with open(os.path.join(cls.data, "qvr.usr"), "w", encoding="ascii", newline="\r\n") as file:
+            file.write("C:\\source\nC:\\target\n" + " 0 \n" * 6 + "\n 0 \n\n")
+
+    @classmethod
+    def wine(cls, *words):
+        return subprocess.run([WINE, cls.prefix, *words], stdin=subprocess.DEVNULL, capture_output=True, check=False)
+
+    def check_backup_by(self, program):
+        target = os.path.join(self.prefix, "drive_c/target/letter.txt")
+        screen = os.path.join(os.path.dirname(WINE), "on_screen.sh")
+        backup = subprocess.Popen([screen, WINE, self.prefix, program, "nightly"], stdout=subprocess.DEVNULL)
+        end = time.monotonic() + 60
+        while not os.path.exists(target) and time.monotonic() < end:
+            time.sleep(0.1)
+        self.wine("--stop")
+        backup.wait()
+        self.assertEqual(content(target), b"Dear reader")
+        os.remove(target)
+
+    def test_the_installer_installs_for_one_user_and_takes_away_only_what_it_brought(self):
+        self.assertEqual(self.wine(self.installer, "/S").returncode, 0)
+        folder = os.path.join(self.user, "AppData/Local/Programs/Quorvane")
+        self.assertEqual(sorted(os.listdir(folder)), ["LICENSE.txt", "quorvane.exe", "uninstall.exe"])
+        entries = self.wine("reg", "query", UNINSTALL).stdout.decode()
+        for name in ("QuietUninstallString", "EstimatedSize", "DisplayVersion"):
+            self.assertIn(name, entries)
+        self.assertTrue(glob.glob(self.user + "/**/Start Menu/Programs/Quorvane.lnk", recursive=True))
+        self.check_backup_by(os.path.join(folder, "quorvane.exe"))
+        seen = r"C:\users" + folder.split("/users", 1)[1].replace("/", "\\")
+        self.wine(os.path.join(folder, "uninstall.exe"), "/S", "_?=" + seen)
+        self.assertNotIn("quorvane.exe", os.listdir(folder))
+        self.assertNotEqual(self.wine("reg", "query", UNINSTALL).returncode, 0)
+        self.assertTrue(os.path.exists(os.path.join(self.data, "qvr.usr")), "the user's setup stays")
+
+    def test_the_portable_archive_is_the_program_and_its_licence(self):
+        with zipfile.ZipFile(self.archive) as archive:
+            self.assertEqual(sorted(map(os.path.basename, archive.namelist()))[-2:], ["LICENSE.txt", "quorvane.exe"])
+            archive.extractall(self.root)
+        program, = glob.glob(self.root + "/quorvane-*/quorvane.exe")
+        self.check_backup_by(program)
+
+    def test_the_same_program_makes_the_same_archive_later(self):
+        again = make_packages(os.path.join(self.root, "second"))
+        self.assertEqual(content(again[0]), content(self.archive))
