@@ -53,7 +53,10 @@ class FormWindow : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override {
     event->ignore();  // the form decides, and hides the window
-    peer_->form().UserClosed();
+    // Not from in here: the form's answer may run events for long, and a window that is asked to close a
+    // second time before this returns is taken off the screen without a question.
+    QMetaObject::invokeMethod(
+        peer_, [peer = peer_] { peer->form().UserClosed(); }, Qt::QueuedConnection);
   }
 
   void moveEvent(QMoveEvent*) override { peer_->WasMovedOrSized(); }
