@@ -22,6 +22,7 @@
 #include "ui/qt/qt_form.h"
 #include "ui/qt/qt_frame.h"
 #include "ui/qt/qt_look.h"
+#include "ui/qt/qt_notification.h"
 #include "ui/qt/qt_scale.h"
 #include "ui/qt/qt_text.h"
 #include "ui/qt/qt_text_box.h"
@@ -120,6 +121,12 @@ void QtFrontEnd::Quit(int exit_code) {
 
 void QtFrontEnd::RunModal(Form& form) {
   while (form.visible() && !quitting()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void QtFrontEnd::Notify(Form& form, const std::string& title, const std::string& text) {
+  if (QGuiApplication::applicationState() == Qt::ApplicationActive) return;
+  if (QWidget* window = WidgetOf(form)) QApplication::alert(window);
+  ShowNotification(ToQString(title), ToQLines(text));
 }
 
 Size QtFrontEnd::screen() const {

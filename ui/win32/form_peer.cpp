@@ -125,6 +125,10 @@ void FormPeer::HandleLook() {
       return std::nullopt;
     });
   }
+  window().On(Notice::kMessage, [this](const Message& message) -> Answer {
+    if (toolkit().notice.Handle(LOWORD(message.lparam))) form_.Show();
+    return 0;
+  });
   window().On(TaskBar::ButtonMadeMessage(), [this](const Message&) -> Answer {
     MirrorValue();
     return 0;
@@ -200,7 +204,9 @@ void FormPeer::Hide() {
   ShowWindow(handle(), SW_HIDE);
 }
 
-void FormPeer::MirrorValue() { toolkit().task_bar.ShowProgress(handle(), form_.task_progress()); }
+void FormPeer::MirrorValue() {
+  toolkit().task_bar.ShowProgress(handle(), form_.task_progress(), form_.task_state());
+}
 
 void FormPeer::MirrorState() {
   if (form_.state() == WindowState::kNormal && IsIconic(handle())) ShowWindow(handle(), SW_SHOWNOACTIVATE);

@@ -133,6 +133,16 @@ void Win32FrontEnd::RunModal(Form& form) {
   while (form.visible() && HandleOf(form) != nullptr && !quitting()) HandleNext();
 }
 
+void Win32FrontEnd::Notify(Form& form, const std::string& title, const std::string& text) {
+  const HWND window = HandleOf(form);
+  DWORD process = 0;
+  GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  if (window == nullptr || process == GetCurrentProcessId()) return;
+  FLASHWINFO until_in_front{sizeof until_in_front, window, FLASHW_TRAY | FLASHW_TIMERNOFG, 0, 0};
+  FlashWindowEx(&until_in_front);
+  toolkit_->notice.Show(window, title, text);
+}
+
 Size Win32FrontEnd::screen() const {
   RECT area{};
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
