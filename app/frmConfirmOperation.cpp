@@ -221,7 +221,7 @@ bool frmConfirmOperation::KeyPressed(const ui::KeyPress& press) {
     case ui::Key::kEnd:
       vsbFacts.SetValue(vsbFacts.maximum());
       break;
-    case ui::Key::kCharacter:
+    default:
       return false;
   }
   PlaceFacts();

@@ -156,6 +156,8 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
     case ui::Key::kCharacter:
       to = FindTyped(press.character);
       break;
+    default:
+      return false;
   }
   if (to) GoTo(std::min(*to, last));
   return true;

@@ -6,6 +6,7 @@
 
 #include "app/context.h"
 #include "app/data/operation.h"
+#include "app/operation_preview.h"
 #include "engine/operation_run.h"
 #include "engine/run_host.h"
 #include "report/frmReport.h"
@@ -61,17 +62,20 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   // report::MainWindow
   ui::Form& Window() override;
   bool SuppressDetailedReports() const override;
+  bool CopiesFiles() const override { return IsCopyOperation(operation_); }
   bool PauseAfterFirstCopy() const override;
   bool Unattended() const override;
   bool SnipFullReport() const override { return IsListOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;
-  report::RunningCounts Counts() const override;
   void ShowLatest() override;
 
   engine::Tools EngineTools() const;
   engine::RunRequest RequestFor(Operation operation) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
+
+  static report::Expected ExpectedBy(const PreviewFindings& findings);
+  void ShowEnd(const engine::RunOutcome& outcome);
 
   Context& context_;
   frmMain& main_;
@@ -81,6 +85,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool running_ = false;
   bool stop_requested_ = false;
   int exit_code_ = 0;
+  report::Expected expected_;  ///< of the run that was just confirmed
   std::vector<std::string> unattended_heading_;
   std::int64_t lost_in_setup_ = 0;
 };

@@ -33,7 +33,12 @@ FolderResult ResultOf(const engine::FolderCounts& folder) {
 
 RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock,
                      const text::NumberMarks& marks, RunFacts facts)
-    : window_(window), main_(main), clock_(clock), marks_(marks), facts_(std::move(facts)) {}
+    : window_(window),
+      main_(main),
+      clock_(clock),
+      marks_(marks),
+      facts_(std::move(facts)),
+      progress_(facts_.expected, marks) {}
 
 void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
   window_.BeginReport(title, Printable(facts_.source_folder), Printable(facts_.target_folder));
@@ -51,7 +56,6 @@ void RunReport::FolderBegun(const engine::FolderCounts& folder) {
   head_line_written_ = false;
   folder_ = folder.path;
   files_in_folder_ = folder.files_in_folder;
-  counts_.files_in_folders += std::max<std::int64_t>(folder.files_in_folder, 0);
   if (ShowsEveryFolder(files_in_folder_)) WriteHeadLine();
 }
 
@@ -69,8 +73,6 @@ void RunReport::FolderEnded(const engine::FolderCounts& folder) {
   if (looks_for_due && files.new_files + files.modified_files + files.failed > 0) WriteHeadLine();
   if (head_line_written_) WriteResult(folder);
   in_folder_ = false;
-  counts_.files_met += std::max<std::int64_t>(folder.files_in_folder, 0);
-  counts_.files_to_process += files.met - files.filtered_out - files.up_to_date;
 }
 
 void RunReport::WriteResult(const engine::FolderCounts& folder) {
@@ -87,23 +89,25 @@ void RunReport::WriteLine(const std::string& text) {
                                 facts_.operation == app::Operation::kBackupModifiedFiles;
   if (in_folder_ && shows_when_wrong) WriteHeadLine();
   window_.CloseLine();
-  window_.Output(Printable(text), true);
+  window_.OutputProblem(Printable(text));
 }
 
 void RunReport::CopyBegun(const std::string& source_path) {
   if (facts_.operation == app::Operation::kBackupModifiedFiles && in_folder_) WriteHeadLine();
   file_ = source_path;
+  copying_ = true;
   ShowWhenDue();
 }
 
 void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) {
   copied_ = Copied{bytes_copied, files_copied};
-  counts_.files_copied = files_copied;
+  copying_ = false;
+  progress_.Copied(files_copied, bytes_copied);
   ShowWhenDue();
 }
 
 void RunReport::Progress(double fraction) {
-  fraction_ = fraction;
+  progress_.Shares(fraction);
   ShowWhenDue();
 }
 
@@ -120,6 +124,8 @@ bool RunReport::AskWhetherToGoOn(const engine::Question& question) {
     return false;
   }
   if (StopRequested()) return true;  // the run ends without an answer
+  window_.ShowText();
+  window_.front_end().Notify(window_, question.title, question.text);
   return window_.front_end().dialogs().AskYesNo(window_,
                                                 {question.text, question.title, ui::Icon::kExclamation});
 }
@@ -130,6 +136,8 @@ void RunReport::Tell(const std::string& text) {
     return;
   }
   if (StopRequested()) return;
+  window_.ShowText();
+  window_.front_end().Notify(window_, window_.text(), text);
   window_.front_end().dialogs().Show(window_, {text, "", ui::Icon::kExclamation});
 }
 
@@ -142,6 +150,7 @@ void RunReport::ShowWhenDue() {
   const std::chrono::milliseconds now = clock_.Monotonic();
   if (shown_ && now - *shown_ < kLabelsEvery) return;
   shown_ = now;
+  progress_.Passed(now);
   ShowLatest();
   if (!free_space_shown_ || now - *free_space_shown_ >= kFreeSpaceEvery) ShowFreeSpace();
 }
@@ -154,10 +163,16 @@ void RunReport::ShowLatest() {
     window_.ShowBytesCopied("Copied: " + size + " in " + text::GroupedNumber(copied_->files, marks_) +
                             " file" + StrProc::PluralSuffix(copied_->files));
   }
-  if (fraction_) window_.ShowProgress(*fraction_);
+  const double fraction = progress_.fraction();
+  window_.ShowProgress(fraction, progress_.Details(), progress_.TimeLeft());
   file_.reset();
   copied_.reset();
-  fraction_.reset();
+}
+
+void RunReport::ShowHeld() {
+  progress_.Held(clock_.Monotonic());
+  ShowLatest();
+  if (!copying_) window_.ShowFileBeingCopied("");
 }
 
 void RunReport::ShowFreeSpace() {

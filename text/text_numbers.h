@@ -112,6 +112,10 @@ inline constexpr int kFlushing = 536;
 inline constexpr int kChangedMeanwhile = 537;  ///< lead word
 inline constexpr int kEndedEarly = 538;
 
+// --- Report window
+inline constexpr int kAskCancelBackup = 700;
+inline constexpr int kAskCancelOperation = 701;
+
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;
 inline constexpr int kHintTarget = 611;
