@@ -124,6 +124,7 @@ void frmConfirmOperation::Refresh() {
   doubts_ = DoubtsOf(tell);
   std::string spoken = OperationExplained(request_.operation);
   for (const std::string& doubt : doubts_) spoken += " " + doubt;
+  for (const Fact& fact : facts_) spoken += " " + fact.heading + " " + fact.text;
   cmdStart.SetDescription(spoken);
   Form_Resize();
 }

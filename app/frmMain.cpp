@@ -64,11 +64,11 @@ void frmMain::SetSpokenNamesAndKeys() {
   cmdClearFolder[0].SetSpokenName("Clear source folder");
   cmdClearFolder[1].SetSpokenName("Clear target folder");
   cmdClearFolder[2].SetSpokenName("Clear patterns to skip");
-  txbFileExtension.SetSpokenName("File extension");
-  txbExcludedFilepaths.SetSpokenName("Filepaths to skip, parted by commas");
+  txbFileExtension.SetSpokenName("Back up only files with extension");
+  txbExcludedFilepaths.SetSpokenName("Skip filepaths containing, parted by commas");
   cboIncludedFolders.SetSpokenName("Included subfolders");
   cmdRemoveSubfolder.SetSpokenName("Remove the selected subfolder");
-  cboModifiedSince.SetSpokenName("Period of modification");
+  cboModifiedSince.SetSpokenName("Only files new or modified");
   txbSetupFile.SetSpokenName("Setup file in use");
   fraMenu.SetSpokenName("Operations");
 
@@ -92,7 +92,16 @@ void frmMain::SetSpokenNamesAndKeys() {
                                                 {&cmdReportScreen, 'r'},
                                                 {&cmdSetup, 'u'},
                                                 {&cmdHelp, 'H'},
-                                                {&cmdQuit, 'Q'}};
+                                                {&cmdQuit, 'Q'},
+                                                {&cmdLoadSetup, 'L'},
+                                                {&cmdSaveSetup, 'S'},
+                                                {&cmdClearSetup, 'C'},
+                                                {&cmdRestoreSetup, 'R'},
+                                                {&cmdKeepSetup, 'N'},
+                                                {&cmdSaveSetupForNextRun, 'n'},
+                                                {&cmdSaveSetupAsOperationFile, 'f'},
+                                                {&cmdSaveSetupInBothWays, 'b'},
+                                                {&cmdDontSaveSetup, 'w'}};
   for (const auto& [control, key] : keys) control->SetAccessKey(key);
 }
 

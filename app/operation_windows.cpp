@@ -151,6 +151,7 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   facts.modified_since = DatePr2::ModifiedSinceText(std::max(setup.ModifiedSince, 0), context_.texts);
   if (!IsListOperation(operation)) {
     facts.target_folder = setup.TargetFolder;
+    target_ = setup.TargetFolder;
     facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
     facts.free_space_text = [this, target = setup.TargetFolder] {
       return DiskProc::FreeSpaceText(context_.files, target, context_.marks);

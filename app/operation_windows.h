@@ -68,6 +68,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool SnipFullReport() const override { return IsListOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;
+  void OpenTargetFolder() override { context_.front_end.OpenFolder(target_); }
   void ShowLatest() override;
 
   engine::Tools EngineTools() const;
@@ -85,6 +86,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   bool running_ = false;
   bool stop_requested_ = false;
   int exit_code_ = 0;
+  std::string target_;         ///< of the last run that copies
   report::Expected expected_;  ///< of the run that was just confirmed
   std::vector<std::string> unattended_heading_;
   std::int64_t lost_in_setup_ = 0;

@@ -48,6 +48,7 @@ def mixed_size(dice):
 
 TREES = {
     "small": lambda root: build_tree(root, 100_000, 2_000, small_size),
+    "many-folders": lambda root: build_tree(root, 40_000, 2_000, small_size),
     "fewer": lambda root: build_tree(root, 20_000, 400, small_size),
     "mixed": lambda root: build_tree(root, 20_000, 400, mixed_size),
     "big": lambda root: build_tree(root, 4, 1, lambda dice: 1 << 30),

@@ -46,6 +46,9 @@ void frmReport::SetTextsAndKeys() {
   cmdNextProblem.SetAccessKey('N');
   cmdNextProblem.SetDescription(
       "The next line about something that went wrong. F8, and back with Shift and F8.");
+  cmdOpenTarget.SetText("Open target folder");
+  cmdOpenTarget.SetAccessKey('O');
+  cmdOpenTarget.SetVisible(false);
   lblFind.SetText("Find:");
   lblFind.SetAccessKey('F');
   txbFind.SetSpokenName("Find in the report");
@@ -74,6 +77,7 @@ void frmReport::SetHandlers() {
   on_escape = [this] { CloseFind(); };
   txbText.on_mouse_up = [this] { txbText_MouseUp(); };
   cmdNextProblem.on_mouse_up = [this] { cmdNextProblem_Click(); };
+  cmdOpenTarget.on_mouse_up = [this] { cmdOpenTarget_Click(); };
   txbFind.on_change = [this] { txbFind_Change(); };
   cmdFindNext.on_mouse_up = [this] { cmdFindNext_Click(); };
   // Its handler waits until the same button is pressed again.
@@ -113,10 +117,13 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   txbText.SetFocus();
 }
 
+void frmReport::cmdOpenTarget_Click() { main_.OpenTargetFolder(); }
+
 void frmReport::EnterPhase(Phase phase) {
   phase_ = phase;
   ShowState();
   ShowProblemButton();
+  cmdOpenTarget.SetVisible(phase == Phase::kEnded && main_.CopiesFiles() && lblTargetCaption.visible());
   if (phase != Phase::kEnded) {
     SetTaskProgress(barProgress.fraction(),
                     phase == Phase::kPaused ? ui::TaskState::kPaused : ui::TaskState::kRunning);
@@ -141,8 +148,10 @@ void frmReport::ShowEnd(const std::string& text, EndKind kind) {
   if (kind == EndKind::kBad) lblState.SetColours(kProblemColours);
   Form_Resize();
   cmdCancelClose.SetDescription(text);
-  const bool reads = focused() == &txbText && txbText.selection().length > 0;
-  if (!reads) cmdCancelClose.SetFocus();
+  if (txbText.selection().length == 0) {
+    txbText.Select({txbText.length(), 0});  // the box has become higher
+    cmdCancelClose.SetFocus();
+  }
   if (kind == EndKind::kBad) SetTaskProgress(1, ui::TaskState::kFailed);
   front_end().Notify(*this, title_, text);
 }

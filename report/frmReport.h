@@ -109,6 +109,7 @@ class frmReport : public ui::Form {
   void chkSuppressDisplayOfReport_Click();
   void txbText_MouseUp();
   void cmdNextProblem_Click() { GoToProblem(Direction::kForward); }
+  void cmdOpenTarget_Click();
   void txbFind_Change();
   void cmdFindNext_Click() { FindOn(Direction::kForward); }
   /// F8 goes to the next problem, F3 to the next place of what is looked for, both back with Shift; Ctrl and
@@ -137,6 +138,7 @@ class frmReport : public ui::Form {
   ui::Label lblBytesCopied{this, "lblBytesCopied"};
   ui::Label lblFreeSpace{this, "lblFreeSpace"};
   ui::Button cmdPauseContinue{this, "cmdPauseContinue"};
+  ui::Button cmdOpenTarget{this, "cmdOpenTarget"};
   ui::CheckBox chkSuppressDisplayOfReport{this, "chkSuppressDisplayOfReport"};
   ui::Button cmdCopyToClipboard{this, "cmdCopyToClipboard"};
   ui::Button cmdCancelClose{this, "cmdCancelClose"};

@@ -24,6 +24,7 @@ constexpr ui::Twips kSmallestText = 300;
 constexpr ui::Twips kWorkingHeight = 8'500;
 constexpr ui::Size kPauseButton{1'300, 420};
 constexpr ui::Size kProblemButton{1'600, 390};
+constexpr ui::Twips kOpenWidth = 2'000;
 constexpr ui::Twips kCheckBoxWidth = 2'700;
 constexpr ui::Twips kFindLabel = 540;
 constexpr ui::Twips kFindBox = 2'400;
@@ -72,6 +73,7 @@ void frmReport::Form_Resize() {
 ui::Twips frmReport::PlaceHeader() {
   const ui::Twips right = kMargin + txbText.width();
   const bool runs = barProgress.visible();
+  lblDetails.SetVisible(runs);
   cmdNextProblem.SetBounds(
       {right - kProblemButton.width, kHeaderTop, kProblemButton.width, kProblemButton.height});
   const ui::Twips state_top = kHeaderTop + 60;
@@ -128,6 +130,7 @@ void frmReport::PositionReportButtons() {
   const ui::Twips top = lblBytesCopied.bounds().bottom() + kGap;
   const ui::Twips height = kPauseButton.height;
   cmdPauseContinue.SetBounds({kMargin, top, kPauseButton.width, height});
+  cmdOpenTarget.SetBounds({kMargin, top, kOpenWidth, height});
   const ui::Twips beside_pause = cmdPauseContinue.bounds().right() + 2 * kGap;
   chkSuppressDisplayOfReport.SetBounds({beside_pause, top, kCheckBoxWidth, height});
   const ui::Twips cancel_left = txbText.bounds().right() - cmdCancelClose.width();

@@ -47,6 +47,9 @@ class MainWindow {
   /// Enables the controls that were disabled during a run. Never called while OperationRunning().
   virtual void EnableOperationControls() = 0;
 
+  /// Shows the folder that received the copies of the last run in the system's file manager.
+  virtual void OpenTargetFolder() {}
+
   /// The operation is about to be held: what is shown beside the report is to be brought up to date.
   virtual void ShowLatest() {}
 };

@@ -67,6 +67,9 @@ class FrontEnd {
   /// it there.
   virtual void Notify(Form& form, const std::string& title, const std::string& text) = 0;
 
+  /// Shows a folder in the system's file manager, without waiting for that.
+  virtual void OpenFolder(const std::string& path) = 0;
+
   /// The screen without task bars.
   virtual Size screen() const = 0;
 

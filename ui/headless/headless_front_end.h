@@ -78,6 +78,7 @@ class HeadlessFrontEnd : public FrontEnd {
   void Notify(Form&, const std::string& title, const std::string& text) override {
     notes.push_back(title + ": " + text);
   }
+  void OpenFolder(const std::string& path) override { opened_folders.push_back(path); }
   Size screen() const override { return screen_size; }
   Twips TextWidth(const std::string& text, const Font& font) const override;
   HeadlessDialogs& dialogs() override { return dialogs_; }
@@ -89,6 +90,7 @@ class HeadlessFrontEnd : public FrontEnd {
   std::function<void()> when_idle;
   Size screen_size{28'800, 16'200};  ///< 1920 by 1080 pixels
   std::vector<std::string> notes;    ///< of Notify(), each with its title
+  std::vector<std::string> opened_folders;
   /// Lets so many milliseconds pass: each running timer ticks as often as its interval fits in, in the order
   /// of time. Other posted events run as well. A timer whose handler still runs does not tick.
   void PassTime(int milliseconds);

@@ -1,5 +1,6 @@
 #include "ui/qt/qt_form.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -60,7 +61,12 @@ class FormWindow : public QWidget {
   }
 
   void moveEvent(QMoveEvent*) override { peer_->WasMovedOrSized(); }
-  void resizeEvent(QResizeEvent*) override { peer_->WasMovedOrSized(); }
+  /// A window that comes back maximised is first painted in its normal size: beyond that stands what the
+  /// screen showed before.
+  void resizeEvent(QResizeEvent*) override {
+    peer_->WasMovedOrSized();
+    update();
+  }
 
   void changeEvent(QEvent* event) override {
     if (event->type() == QEvent::WindowStateChange) peer_->ChangedState();
@@ -97,10 +103,19 @@ class FormWindow : public QWidget {
   FormPeer* peer_ = nullptr;
 };
 
+/// Qt itself tells screen readers of no window what it is.
+QAccessibleInterface* AccessibleWindow(const QString&, QObject* object) {
+  auto* const window = dynamic_cast<FormWindow*>(object);
+  if (window == nullptr) return nullptr;
+  const bool dialog = window->windowType() == Qt::Dialog;
+  return new QAccessibleWidget(window, dialog ? QAccessible::Dialog : QAccessible::Window);
+}
+
 }  // namespace
 
 FormPeer::FormPeer(Form& form)
     : WidgetPeer(form, new FormWindow(form.style())), form_(form), client_(widget()) {
+  QAccessible::installFactory(&AccessibleWindow);  // once is enough, and more is the same
   static_cast<FormWindow*>(widget())->ReportTo(this);
   if (form.style() != FormStyle::kPopUp) return;
   client_ = new QWidget(widget());
@@ -169,6 +184,7 @@ void FormPeer::ShowWithOwner() {
   widget()->winId();  // makes the native window, which knows the window it belongs to
   widget()->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
   widget()->show();
+  widget()->update();
 }
 
 /// Another program keeps the keyboard: only within this program does the window become the active one.

@@ -4,11 +4,14 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QEventLoop>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QIcon>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 #include <cerrno>
 #include <cmath>
 #include <csignal>
@@ -127,6 +130,10 @@ void QtFrontEnd::Notify(Form& form, const std::string& title, const std::string&
   if (QGuiApplication::applicationState() == Qt::ApplicationActive) return;
   if (QWidget* window = WidgetOf(form)) QApplication::alert(window);
   ShowNotification(ToQString(title), ToQLines(text));
+}
+
+void QtFrontEnd::OpenFolder(const std::string& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
 }
 
 Size QtFrontEnd::screen() const {

@@ -119,8 +119,9 @@ void ManyLinesPeer::MirrorEnabled() {
   widget_.setUndoRedoEnabled(!box_.read_only());
 }
 
+/// The bar's maximum would show an empty line below the last one.
 void ManyLinesPeer::ScrollToEnd() {
-  widget_.verticalScrollBar()->setValue(widget_.verticalScrollBar()->maximum());
+  widget_.ensureCursorVisible();
   widget_.horizontalScrollBar()->setValue(0);
 }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include <oleacc.h>
+
 #include "ui/win32/paint.h"
 #include "ui/win32/scale.h"
 #include "ui/win32/wide_text.h"
@@ -51,6 +53,8 @@ bool IsFirstWindow(const Toolkit& toolkit) {
 FormPeer::FormPeer(Form& form, Toolkit& toolkit)
     : WindowPeer(form, toolkit, KindOf(form.style())), form_(form), tool_tips_(handle()) {
   toolkit.forms.push_back(this);
+  toolkit.accessibility.SetRole(handle(),
+                                form.style() == FormStyle::kDialog ? ROLE_SYSTEM_DIALOG : ROLE_SYSTEM_WINDOW);
   // Marks of focus and access keys are seen from the start, not only after the first use of the keyboard.
   window().Send(WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS));
   HandleActivation();

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+
 #include "ui/win32/line_placement.h"
 #include "ui/win32/paint.h"
 #include "ui/win32/wide_text.h"
@@ -42,7 +44,7 @@ void TextBoxPeer::HandleEditing() {
     if (!by_program_) box_.UserEdited(FromWide(Shown()));
     return 0;
   });
-  for (const UINT released : {WM_LBUTTONUP, WM_KEYUP}) {
+  for (const UINT released : std::array<UINT, 2>{WM_LBUTTONUP, WM_KEYUP}) {
     window().On(released, [this](const Message& message) -> Answer {
       const LRESULT result = window().Default(message);  // only then the selection is final
       box_.UserReleasedMouse();
