@@ -61,12 +61,7 @@ class FormWindow : public QWidget {
   }
 
   void moveEvent(QMoveEvent*) override { peer_->WasMovedOrSized(); }
-  /// A window that comes back maximised is first painted in its normal size: beyond that stands what the
-  /// screen showed before.
-  void resizeEvent(QResizeEvent*) override {
-    peer_->WasMovedOrSized();
-    update();
-  }
+  void resizeEvent(QResizeEvent*) override { peer_->WasMovedOrSized(); }
 
   void changeEvent(QEvent* event) override {
     if (event->type() == QEvent::WindowStateChange) peer_->ChangedState();
@@ -168,6 +163,8 @@ void FormPeer::MirrorVisible() {
   const bool was_visible = widget()->isVisible();
   if (!form_.visible()) {
     widget()->hide();
+    // One that came back maximised would be painted in its normal size first, and in part never beyond that.
+    widget()->setWindowState(widget()->windowState() & ~Qt::WindowMaximized);
     if (was_visible && form_.owner() != nullptr) widget()->activateWindow();
     return;
   }
@@ -184,7 +181,7 @@ void FormPeer::ShowWithOwner() {
   widget()->winId();  // makes the native window, which knows the window it belongs to
   widget()->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
   widget()->show();
-  widget()->update();
+  form_.InnerSizeIs(ToTwips(client_->size()));  // hidden, it may have got another size
 }
 
 /// Another program keeps the keyboard: only within this program does the window become the active one.
