@@ -177,7 +177,7 @@ class Program:
 
     def is_open(self, title):
         try:
-            return self.full(title) in self.titles()
+            return any(name.endswith(title) for name in self.titles())
         except self.vanished:
             return True
 
