@@ -130,6 +130,7 @@ void frmConfirmOperation::Refresh() {
   doubts_.insert(doubts_.end(), found.begin(), found.end());
   std::string spoken = OperationExplained(request_.operation);
   for (const std::string& doubt : doubts_) spoken += " " + doubt;
+  for (const Fact& fact : facts_) spoken += " " + fact.heading + " " + fact.text;
   cmdStart.SetDescription(spoken);
   Form_Resize();
 }
@@ -227,7 +228,7 @@ bool frmConfirmOperation::KeyPressed(const ui::KeyPress& press) {
     case ui::Key::kEnd:
       vsbFacts.SetValue(vsbFacts.maximum());
       break;
-    case ui::Key::kCharacter:
+    default:
       return false;
   }
   PlaceFacts();

@@ -26,6 +26,9 @@ class frmConfirmOperation : public ui::Form {
   /// Whether the user does not want to be asked again. Counts only for an operation that is started.
   bool NotAgain() const { return chkDontShowAgain.value() == 1; }
 
+  /// What was found out while the window stood open.
+  const PreviewFindings& findings() const { return preview_.findings(); }
+
   void Form_Load();
   void Form_Activate();
   void Form_Resize();

@@ -66,7 +66,7 @@ void frmMain::SetSpokenNamesAndKeys() {
   cmdClearFolder[0].SetSpokenName("Clear source folder");
   cmdClearFolder[1].SetSpokenName("Clear target folder");
   cmdClearFolder[2].SetSpokenName("Clear patterns to skip");
-  txbFileExtension.SetSpokenName("File extension");
+  txbFileExtension.SetSpokenName("Back up only files with extension");
   txbExcludedFilepaths.SetSpokenName("Skip filepaths containing (separate with commas)");
   cboIncludedFolders.SetSpokenName("Included subfolders");
   cmdRemoveSubfolder.SetSpokenName("Remove the selected subfolder");
@@ -94,7 +94,16 @@ void frmMain::SetSpokenNamesAndKeys() {
                                                 {&cmdReportScreen, 'r'},
                                                 {&cmdSetup, 'u'},
                                                 {&cmdHelp, 'H'},
-                                                {&cmdQuit, 'Q'}};
+                                                {&cmdQuit, 'Q'},
+                                                {&cmdLoadSetup, 'L'},
+                                                {&cmdSaveSetup, 'S'},
+                                                {&cmdClearSetup, 'C'},
+                                                {&cmdRestoreSetup, 'R'},
+                                                {&cmdKeepSetup, 'N'},
+                                                {&cmdSaveSetupForNextRun, 'n'},
+                                                {&cmdSaveSetupAsOperationFile, 'f'},
+                                                {&cmdSaveSetupInBothWays, 'b'},
+                                                {&cmdDontSaveSetup, 'w'}};
   for (const auto& [control, key] : keys) control->SetAccessKey(key);
 }
 

@@ -145,8 +145,8 @@ class frmMain : public ui::Form {
   ui::Label lblNumSubfolders{&fraSource, "lblNumSubfolders"};
   ui::DropDownList cboIncludedFolders{&fraSource, "cboIncludedFolders"};
   ui::Button cmdRemoveSubfolder{&fraSource, "cmdRemoveSubfolder"};
-  ui::CheckBox chkIncludeSubfolders{&fraSource, "chkIncludeSubfolders"};
   ui::CheckBox chkExcludeFilesInSourceFolder{&fraSource, "chkExcludeFilesInSourceFolder"};
+  ui::CheckBox chkIncludeSubfolders{&fraSource, "chkIncludeSubfolders"};
   ui::Button cmdCreateSubFolder{&fraTarget, "cmdCreateSubFolder"};
   ui::Label lblFreeSpace{&fraTarget, "lblFreeSpace"};
   ui::Label lblTargetFolderIsEmpty{&fraTarget, "lblTargetFolderIsEmpty"};
@@ -202,6 +202,13 @@ class frmMain : public ui::Form {
   ui::Rect PlaceInWindow(const ui::Control& control) const;
   void InitialiseMainWindow();
   void ArrangeMainWindow();
+  ui::Twips RowTop(int row) const;
+  ui::Twips FrameHeight(int rows) const;
+  void PlaceFrames();
+  void PlaceSource();
+  void PlaceTarget();
+  void PlaceFilters();
+  void PlaceMenu();
   void ArrangeSetupFrames();
   void SetTextBeside(const ui::Control& control, ui::Label& label, std::string text);
   void FitWidth();
@@ -259,6 +266,7 @@ class frmMain : public ui::Form {
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;
+  const struct LayoutMeasures* measures_ = nullptr;
 };
 
 }  // namespace app

@@ -157,6 +157,8 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
       if (press.character == " " && !IsTypingName()) return false;  // it ticks the row
       to = FindTyped(press.character);
       break;
+    default:
+      return false;
   }
   if (to) GoTo(std::min(*to, last));
   return true;

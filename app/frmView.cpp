@@ -30,6 +30,7 @@ frmView::frmView(Context& context)
     : Form(context.front_end, "frmView", ui::FormStyle::kReport), context_(context) {
   on_resize = [this] { Form_Resize(); };
   on_activate = [this] { Form_Resize(); };
+  on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
   txbFind.on_change = [this] { txbFind_Change(); };
   cmdFindNext.on_mouse_up = [this] { cmdFindNext_Click(); };
   cmdClose.on_mouse_up = [this] { cmdClose_Click(); };
@@ -88,25 +89,31 @@ void frmView::Form_Resize() {
 }
 
 /// While it is typed the same place stays found as long as it still fits.
-void frmView::txbFind_Change() { FindFrom(txbText.selection().start); }
+void frmView::txbFind_Change() { FindFrom(txbText.selection().start, Direction::kForward); }
 
-void frmView::cmdFindNext_Click() {
+void frmView::FindOn(Direction direction) {
   const ui::Selection selected = txbText.selection();
-  FindFrom(selected.start + (selected.length > 0 ? 1 : 0));
+  const bool beyond = direction == Direction::kForward && selected.length > 0;
+  FindFrom(selected.start + (beyond ? 1 : 0), direction);
 }
 
-void frmView::FindFrom(std::size_t character) {
+bool frmView::KeyPressed(const ui::KeyPress& press) {
+  if (press.key == ui::Key::kFind) return txbFind.SetFocus();
+  if (press.key != ui::Key::kF3) return false;
+  FindOn(press.shift ? Direction::kBack : Direction::kForward);
+  return true;
+}
+
+void frmView::FindFrom(std::size_t character, Direction direction) {
   lblFound.SetText({});
-  const std::string wanted = base::utf8::ToLower(txbFind.text());
-  if (wanted.empty()) return;
-  std::size_t at = searched_.find(wanted, base::utf8::OffsetOf(searched_, character));
-  if (at == std::string::npos) {
-    at = searched_.find(wanted);
-    if (at == std::string::npos) return lblFound.SetText("Nothing found.");
-    lblFound.SetText("Search continued from the beginning.");
+  if (txbFind.text().empty()) return;
+  const auto found = report::FindText(searched_, base::utf8::ToLower(txbFind.text()), character, direction);
+  if (!found) return lblFound.SetText("Nothing found.");
+  const bool forward = direction == Direction::kForward;
+  if (found->went_round) {
+    lblFound.SetText(forward ? "Search continued from the beginning." : "Search continued from the end.");
   }
-  const std::string_view before = std::string_view(searched_).substr(0, at);
-  txbText.Select({base::utf8::Length(before), base::utf8::Length(wanted)});
+  txbText.Select(found->place);
 }
 
 void frmView::cmdClose_Click() { Hide(); }

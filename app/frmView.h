@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/context.h"
+#include "report/text_search.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/text_box.h"
@@ -24,7 +25,9 @@ class frmView : public ui::Form {
   void Form_Load();
   void Form_Resize();
   void txbFind_Change();
-  void cmdFindNext_Click();
+  void cmdFindNext_Click() { FindOn(Direction::kForward); }
+  /// Ctrl and F goes to the box for what is looked for, F3 to its next place, back with Shift.
+  bool KeyPressed(const ui::KeyPress& press);
   void cmdClose_Click();
 
   // --- Controls, in tab order
@@ -36,8 +39,11 @@ class frmView : public ui::Form {
   ui::Button cmdClose{this, "cmdClose"};
 
  private:
-  /// Selects the first place from a character on, else from the beginning, that reads as the find box says.
-  void FindFrom(std::size_t character);
+  using Direction = report::Direction;
+
+  void FindOn(Direction direction);
+  /// Selects the first place from a character on, else from the other end, that reads as the find box says.
+  void FindFrom(std::size_t character, Direction direction);
 
   Context& context_;
   std::string searched_;  ///< the text in lower case

@@ -41,11 +41,20 @@ void OperationWindows::Run(Operation operation) {
   engine::RunOutcome outcome =
       engine::RunOperation(*this, EngineTools(), RequestFor(operation), unattended ? &reason : nullptr);
   running_ = false;
+  if (outcome.status == 0) ShowEnd(outcome);
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
     outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
     ReportUnattended(outcome, reason, seconds.count());
   }
+}
+
+void OperationWindows::ShowEnd(const engine::RunOutcome& outcome) {
+  const Ending ending = EndingOf(outcome);
+  const auto kind = ending == Ending::kCancelled ? report::EndKind::kCancelled
+                    : ending == Ending::kFailed  ? report::EndKind::kBad
+                                                 : report::EndKind::kGood;
+  ReportWindow().ShowEnd(EndText(operation_, outcome, context_.marks), kind);
 }
 
 engine::Tools OperationWindows::EngineTools() const {
@@ -79,6 +88,7 @@ void OperationWindows::ReportUnattended(const engine::RunOutcome& outcome, const
     const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
     OpenReport(operation_, {not_started, {not_started + " " + reason}});
     CloseReport(context_.texts.GetProgramText(text::kClose));
+    ReportWindow().ShowEnd(not_started + " " + reason, report::EndKind::kBad);
   }
   context_.print(ResultLine(outcome, seconds));
   // A program that was ended during the run did not know its exit code then.
@@ -109,10 +119,19 @@ void OperationWindows::Refuse(const std::string& text, const std::string& title)
 
 void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note); }
 
+/// A file that is a large part of the whole would let the bar stand still for as long: then the shares, which
+/// follow each block, say more.
+report::Expected OperationWindows::ExpectedBy(const PreviewFindings& findings) {
+  constexpr std::int64_t kLargeParts = 5;
+  if (!findings.complete || findings.largest_due_bytes > findings.bytes_due / kLargeParts) return {};
+  return {findings.files_due, findings.bytes_due};
+}
+
 bool OperationWindows::ConfirmOperation(const engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
   frmConfirmOperation window(context_, request, warnings_);
   const bool confirmed = window.Confirm(main_);
+  expected_ = ExpectedBy(window.findings());
   main_.SkipConfirmation = confirmed && window.NotAgain();
   return confirmed;
 }
@@ -121,12 +140,14 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   const Setup setup = main_.CurrentSetup();
   report::RunFacts facts;
   facts.operation = operation;
+  facts.expected = std::exchange(expected_, {});
   facts.suppress_detailed_report = setup.SuppressDetailedReports;
   facts.unattended = Unattended();
   facts.source_folder = setup.SourceFolder;
   facts.modified_since = DatePr2::ModifiedSinceText(std::max(setup.ModifiedSince, 0), context_.texts);
   if (!IsListOperation(operation)) {
     facts.target_folder = setup.TargetFolder;
+    target_ = setup.TargetFolder;
     facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
     facts.free_space_text = [this, target = setup.TargetFolder] {
       return DiskProc::FreeSpaceText(context_.files, target, context_.marks);
@@ -179,11 +200,7 @@ bool OperationWindows::StopRequested() const { return stop_requested_ || context
 void OperationWindows::EnableOperationControls() { main_.UnlockControls(); }
 
 void OperationWindows::ShowLatest() {
-  if (run_report_) run_report_->ShowLatest();
-}
-
-report::RunningCounts OperationWindows::Counts() const {
-  return run_report_ ? run_report_->counts() : report::RunningCounts();
+  if (run_report_) run_report_->ShowHeld();
 }
 
 }  // namespace app

@@ -7,6 +7,7 @@
 
 #include "app/context.h"
 #include "app/data/operation.h"
+#include "app/operation_preview.h"
 #include "engine/operation_run.h"
 #include "engine/run_host.h"
 #include "report/frmReport.h"
@@ -61,17 +62,21 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   // report::MainWindow
   ui::Form& Window() override;
   bool SuppressDetailedReports() const override;
+  bool CopiesFiles() const override { return IsCopyOperation(operation_); }
   bool PauseAfterFirstCopy() const override;
   bool Unattended() const override;
   bool SnipFullReport() const override { return IsListOperation(operation_); }
   bool StopRequested() const override;
   void EnableOperationControls() override;
-  report::RunningCounts Counts() const override;
+  void OpenTargetFolder() override { context_.front_end.OpenFolder(target_); }
   void ShowLatest() override;
 
   engine::Tools EngineTools() const;
   engine::RunRequest RequestFor(Operation operation) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
+
+  static report::Expected ExpectedBy(const PreviewFindings& findings);
+  void ShowEnd(const engine::RunOutcome& outcome);
 
   Context& context_;
   frmMain& main_;
@@ -83,6 +88,8 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   int exit_code_ = 0;
   std::string unattended_heading_;
   std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
+  std::string target_;                 ///< of the last run that copies
+  report::Expected expected_;          ///< of the run that was just confirmed
 };
 
 }  // namespace app

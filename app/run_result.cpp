@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include "report/str_proc.h"
+
 namespace app {
 
 Ending EndingOf(const engine::RunOutcome& outcome) {
@@ -11,6 +13,51 @@ Ending EndingOf(const engine::RunOutcome& outcome) {
   const engine::Totals& totals = outcome.totals;
   if (outcome.terminated || totals.counts.failed > 0 || totals.unread_folders > 0) return Ending::kFailed;
   return totals.warnings > 0 ? Ending::kWarnings : Ending::kOk;
+}
+
+namespace {
+
+/// Words with a count before them, such as "1 file copied", for each count; and a part that is left out for
+/// 0.
+class EndParts {
+ public:
+  explicit EndParts(const text::NumberMarks& marks) : marks_(marks) {}
+  void Add(std::int64_t count, const std::string& noun, const std::string& rest) {
+    text_ += (text_.empty() ? "" : ", ") + text::GroupedNumber(count, marks_) + " " + noun +
+             StrProc::PluralSuffix(count) + rest;
+  }
+  void AddUnlessNone(std::int64_t count, const std::string& noun, const std::string& rest) {
+    if (count > 0) Add(count, noun, rest);
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  text::NumberMarks marks_;
+  std::string text_;
+};
+
+}  // namespace
+
+std::string EndText(Operation operation, const engine::RunOutcome& outcome, const text::NumberMarks& marks) {
+  const engine::Totals& totals = outcome.totals;
+  const engine::FileCounts& files = totals.counts;
+  EndParts parts(marks);
+  if (operation == Operation::kListIncludedSubfolders) {
+    parts.Add(totals.folders, "folder", "");
+    parts.Add(files.met - files.filtered_out, "file", "");
+  } else if (operation == Operation::kCheckBackupState) {
+    parts.Add(files.due, "file", " to be backed up");
+    parts.AddUnlessNone(files.failed, "file", " could not be read");
+  } else {
+    parts.Add(files.copied, "file", " copied");
+    parts.AddUnlessNone(files.failed, "file", " could not be copied");
+  }
+  parts.AddUnlessNone(totals.unread_folders, "folder", " could not be read");
+  parts.AddUnlessNone(totals.warnings, "warning", "");
+  const char* const how = outcome.cancelled    ? "Cancelled: "
+                          : outcome.terminated ? "Ended early: "
+                                               : "Finished: ";
+  return how + parts.text() + ".";
 }
 
 std::string ResultLine(const engine::RunOutcome& outcome, double seconds) {

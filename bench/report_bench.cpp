@@ -16,13 +16,13 @@ class UnattendedMain : public report::MainWindow {
   std::size_t ReportCapacity() const override { return std::size_t{1} << 30; }
   bool SuppressDetailedReports() const override { return false; }
   bool SnipFullReport() const override { return true; }
+  bool CopiesFiles() const override { return true; }
   bool PauseAfterFirstCopy() const override { return false; }
   bool Unattended() const override { return true; }
   bool OperationRunning() const override { return true; }
   void RequestStop() override {}
   bool StopRequested() const override { return false; }
   void EnableOperationControls() override {}
-  report::RunningCounts Counts() const override { return {}; }
 
  private:
   ui::Form window_;

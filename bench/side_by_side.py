@@ -50,6 +50,7 @@ def build_tree(root, files, folders, size_of=small_size):
 
 TREES = {
     "small": lambda root: build_tree(root, 100_000, 2_000),
+    "many-folders": lambda root: build_tree(root, 40_000, 2_000),
     "fewer": lambda root: build_tree(root, 20_000, 400),
     "far": lambda root: build_tree(root, 5_000, 500),
     "far few": lambda root: build_tree(root, 1_000, 50),

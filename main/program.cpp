@@ -40,12 +40,18 @@ int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself
   text::ProgramTexts texts(text::EnglishTexts());
   texts.Replace(TextFile(parts, "en"));
   texts.Replace(TextFile(parts, parts.locale.Language()));
-  app::Context context{parts.front_end, parts.files,
-                       parts.clock,     parts.locale,
-                       parts.settings,  parts.shell,
-                       texts,           {parts.locale.ThousandsSeparator(), parts.locale.DecimalSeparator()},
-                       command_line,    !ends_by_itself,
-                       PrintLine};
+  app::Context context{
+      parts.front_end,
+      parts.files,
+      parts.clock,
+      parts.locale,
+      parts.settings,
+      parts.shell,
+      texts,
+      {parts.locale.ThousandsSeparator(), parts.locale.DecimalSeparator(), parts.locale.DigitGroups()},
+      command_line,
+      !ends_by_itself,
+      PrintLine};
   app::frmMain main_window(context);
   main_window.Form_Load();
   if (ends_by_itself) main_window.Form_Unload();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/file_time.h"
 
@@ -16,6 +17,10 @@ class Locale {
 
   /// What stands between groups of three digits ("," or "." or a blank ...). May be empty.
   virtual std::string ThousandsSeparator() = 0;
+
+  /// How many digits stand in each group, from the right; the last number holds for all further groups, a 0
+  /// there for one that takes the rest. Never empty.
+  virtual std::vector<int> DigitGroups() = 0;
 
   /// What stands before the decimals; never empty.
   virtual std::string DecimalSeparator() = 0;

@@ -1,5 +1,7 @@
 #include "report/frmReport.h"
 
+#include <array>
+
 #include "report/window_look.h"
 #include "text/text_numbers.h"
 #include "ui/front_end.h"
@@ -18,13 +20,14 @@ void frmReport::Form_Load() {
   SetTextsAndKeys();
   SetHandlers();
   constexpr ui::Twips kStartHeight = 6'000;
-  constexpr ui::Size kSmallest{10'200, 3'900};  // inside: all buttons side by side, some lines of text
+  constexpr ui::Size kSmallest{10'200, 4'500};  // inside: all buttons side by side, some lines of text
   const ui::Rect& main = main_.Window().bounds();
-  SetBounds({main.left + 500, main.top + 500, main.width - 1'000, kStartHeight});
+  SetBounds(OnItsScreen({main.left + 500, main.top + 500, main.width - 1'000, kStartHeight}));
   SetSmallest(kSmallest);
   size_set_ = {width(), height()};
   SetReportButtons2(false, false, "", false, "");
-  Form_Resize();
+  cmdNextProblem.SetVisible(false);
+  CloseFind();
 }
 
 void frmReport::SetLooks() {
@@ -32,10 +35,25 @@ void frmReport::SetLooks() {
   SetControlsBackColor(*this, kWindowColours);
   txbText.SetFont({kReportFont, 9, false});
   txbText.SetColours(kPaperColours);
+  txbText.SetWraps();
+  txbFind.SetColours(kPaperColours);
+  lblState.SetFont({kWindowFont, 10, true});
 }
 
 void frmReport::SetTextsAndKeys() {
   SetText("Report");
+  cmdNextProblem.SetText("Next problem");
+  cmdNextProblem.SetAccessKey('N');
+  cmdNextProblem.SetDescription(
+      "The next line about something that went wrong. F8, and back with Shift and F8.");
+  cmdOpenTarget.SetText("Open target folder");
+  cmdOpenTarget.SetAccessKey('O');
+  cmdOpenTarget.SetVisible(false);
+  lblFind.SetText("Find:");
+  lblFind.SetAccessKey('F');
+  txbFind.SetSpokenName("Find in the report");
+  cmdFindNext.SetText("Find next");
+  cmdFindNext.SetAccessKey('X');
   lblSourceCaption.SetText("Source: ");
   lblTargetCaption.SetText("Target: ");
   Label1.SetText("File now being copied: ");
@@ -50,10 +68,18 @@ void frmReport::SetTextsAndKeys() {
 }
 
 void frmReport::SetHandlers() {
+  // The handler that pauses waits until the operation goes on, and the window may be closed again meanwhile.
+  AllowReentry();
   on_close = [this] { Form_Unload(); };
   on_resize = [this] { Form_Resize(); };
   on_activate = [this] { Form_Activate(); };
+  on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
+  on_escape = [this] { CloseFind(); };
   txbText.on_mouse_up = [this] { txbText_MouseUp(); };
+  cmdNextProblem.on_mouse_up = [this] { cmdNextProblem_Click(); };
+  cmdOpenTarget.on_mouse_up = [this] { cmdOpenTarget_Click(); };
+  txbFind.on_change = [this] { txbFind_Change(); };
+  cmdFindNext.on_mouse_up = [this] { cmdFindNext_Click(); };
   // Its handler waits until the same button is pressed again.
   cmdPauseContinue.AllowReentry();
   cmdPauseContinue.on_mouse_up = [this] { cmdPauseContinue_Click(); };
@@ -66,7 +92,9 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
                             const std::string& target_folder) {
   line_.StartOver();
   txbText.SetText("");
-  SetText(title);
+  problems_.clear();
+  title_ = title;
+  end_.clear();
   lblSourceDirpath.SetText(source_folder);
   lblSourceDirpath.SetToolTip(source_folder);
   lblTargetCaption.SetVisible(!target_folder.empty());
@@ -78,41 +106,98 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   barProgress.SetVisible(true);
   ShowProgress(0);
   Paused = false;
+  CloseFind();
+  EnterPhase(Phase::kRunning);
   chkSuppressDisplayOfReport.SetValue(0);
   txbText.SetVisible(true);
   SetReportButtons2(false, true, "Pause", false, "");
   Show();
   Form_Resize();  // only a window that has been shown knows its inner size
-  cmdPauseContinue.SetFocus();
+  // Not the button: the key that started the operation may be pressed twice.
+  txbText.SetFocus();
+}
+
+void frmReport::cmdOpenTarget_Click() { main_.OpenTargetFolder(); }
+
+void frmReport::EnterPhase(Phase phase) {
+  phase_ = phase;
+  ShowState();
+  ShowProblemButton();
+  cmdOpenTarget.SetVisible(phase == Phase::kEnded && main_.CopiesFiles() && lblTargetCaption.visible());
+  if (phase != Phase::kEnded) {
+    SetTaskProgress(barProgress.fraction(),
+                    phase == Phase::kPaused ? ui::TaskState::kPaused : ui::TaskState::kRunning);
+  }
+}
+
+void frmReport::ShowState() {
+  const std::string percent = std::to_string(static_cast<int>(barProgress.fraction() * 100)) + " %";
+  const std::array<std::string, 4> states{percent, "Paused", "Being cancelled", end_};
+  const std::string& state = states[static_cast<std::size_t>(phase_)];
+  lblState.SetText(phase_ == Phase::kPaused ? state + ": " + percent : state);
+  lblState.SetToolTip(end_);
+  lblState.SetColours(phase_ == Phase::kPaused ? kNoteColours : kWindowColours);
+  std::string in_title = state.substr(0, state.find(':'));
+  if (phase_ == Phase::kRunning && !time_left_.empty()) in_title += ", " + time_left_;
+  SetText(in_title.empty() ? title_ : in_title + " - " + title_);
+}
+
+void frmReport::ShowEnd(const std::string& text, EndKind kind) {
+  end_ = kind == EndKind::kBad ? "! " + text : text;
+  EnterPhase(Phase::kEnded);
+  if (kind == EndKind::kBad) lblState.SetColours(kProblemColours);
+  Form_Resize();
+  cmdCancelClose.SetDescription(text);
+  if (txbText.selection().length == 0) {
+    txbText.Select({txbText.length(), 0});  // the box has become higher
+    cmdCancelClose.SetFocus();
+  }
+  if (kind == EndKind::kBad) SetTaskProgress(1, ui::TaskState::kFailed);
+  front_end().Notify(*this, title_, text);
 }
 
 void frmReport::ShowFileBeingCopied(const std::string& path) {
   Label1.SetVisible(!path.empty());
   lblFileName.SetText(path);
   lblFileName.SetToolTip(path);
+  lblFileName.SetVisible(!path.empty());
 }
 
 void frmReport::ShowSaving() {
   Label1.SetVisible(false);
   lblFileName.SetText(texts_.GetProgramText(text::kFlushing));
   lblFileName.SetToolTip("");
+  lblFileName.SetVisible(true);
 }
 
-void frmReport::ShowProgress(double fraction) {
+void frmReport::ShowProgress(double fraction, const std::string& details, const std::string& time_left) {
   barProgress.SetFraction(fraction);
-  SetTaskProgress(fraction);
+  time_left_ = time_left;
+  lblDetails.SetText(time_left.empty() ? details : details + ", " + time_left);
+  SetTaskProgress(fraction, task_state());
+  ShowState();
 }
 
 void frmReport::DisplayFreeSpace(const std::string& drive, const std::string& free_space_text) {
   lblFreeSpace.SetText("Free on Drive " + drive + " " + free_space_text);
+  PlaceFreeSpace();
 }
 
 void frmReport::Form_Unload() {
-  if (!main_.OperationRunning()) {
-    CloseReport();
-  } else if (!Paused && cmdPauseContinue.visible() && !main_.StopRequested()) {
+  if (!main_.OperationRunning()) return CloseReport();
+  if (main_.StopRequested()) return;
+  if (Paused) {
+    AskWhetherToCancel();
+  } else if (cmdPauseContinue.visible()) {
     cmdPauseContinue_Click();
   }
+}
+
+void frmReport::AskWhetherToCancel() {
+  const ui::MessageBox question{
+      texts_.GetProgramText(main_.CopiesFiles() ? text::kAskCancelBackup : text::kAskCancelOperation), "",
+      ui::Icon::kQuestion};
+  if (front_end().dialogs().AskYesNo(*this, question) && Paused) cmdCancelClose_Click();
 }
 
 }  // namespace report

@@ -1,17 +1,28 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/clock.h"
 #include "report/main_window.h"
 #include "report/report_line.h"
+#include "report/text_search.h"
 #include "text/program_texts.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/text_box.h"
 
 namespace report {
+
+/// How the end of a run is shown.
+enum class EndKind {
+  kGood,
+  kCancelled,
+  kBad,  ///< something is not as the user wanted it: in another colour, with a mark
+};
 
 /// The window in which an operation writes its report, and from which it is paused, cancelled and closed.
 ///
@@ -33,10 +44,17 @@ class frmReport : public ui::Form {
   /// Appends a text to the report, with a line end behind it when `NewLine`, and lets pending events run: the
   /// operation may have been paused, continued and cancelled in this call. A minimised window comes back. A
   /// report that is full (MainWindow::ReportCapacity) is shown for WaitSeconds more, then emptied; the text
-  /// of the call that finds it full is not shown, and only the line sink gets it. Without anybody to read it
-  /// (MainWindow::Unattended, or the program ends) a full report is emptied at once. With an empty text and
-  /// no line end it only lets pending events run.
-  void Output(const std::string& Text, bool NewLine);
+  /// of the call that finds it full is not shown, and only the line sink gets it. Where nobody reads it (it
+  /// is hidden, the run is unattended or cancelled, or the program ends) a full report is emptied at once.
+  /// With an empty text and no line end it only lets pending events run. The screen follows some 20 times a
+  /// second, and before the user is asked for anything.
+  void Output(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kDrop); }
+  /// The same for a text that must not be lost: one that finds the report full is written when it is empty.
+  void OutputKept(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kKeep); }
+  /// A whole line about something that went wrong; it is not lost, and F8 leads to it.
+  void OutputProblem(const std::string& Text);
+  /// Brings the screen up to date with what was written.
+  void ShowText();
 
   /// How the last line of the report stands.
   const ReportLine& line() const { return line_; }
@@ -56,8 +74,8 @@ class frmReport : public ui::Form {
   void ShowSaving();
   /// What has been copied: "Copied: " and so on.
   void ShowBytesCopied(const std::string& text) { lblBytesCopied.SetText(text); }
-  /// 0 to 1; in the window and on the system's task bar.
-  void ShowProgress(double fraction);
+  /// 0 to 1; in the window, in its title and on the system's task bar. `details` stands beside it.
+  void ShowProgress(double fraction, const std::string& details = {}, const std::string& time_left = {});
   /// "Free on Drive E: 301.33 Mb".
   void DisplayFreeSpace(const std::string& drive, const std::string& free_space_text);
 
@@ -65,6 +83,10 @@ class frmReport : public ui::Form {
   /// The buttons for the end of an operation: Copy, and the button that closes the window with this caption.
   /// The progress goes, and a report that was hidden is shown again.
   void SetReportButtons(const std::string& caption);
+  /// How the run ended, in one line: in the window, in its title, on the task bar, as the description of the
+  /// button that closes the window, which gets the focus, and for a user who is elsewhere. To be called after
+  /// SetReportButtons().
+  void ShowEnd(const std::string& text, EndKind kind);
   /// Sets the three buttons. Captions of buttons that are not visible have no meaning.
   void SetReportButtons2(bool CopyVisible, bool PauseVisible, const std::string& PauseCaption,
                          bool CancelVisible, const std::string& CancelCaption);
@@ -78,7 +100,8 @@ class frmReport : public ui::Form {
   void Form_Load();
   void Form_Activate();
   void Form_Resize();
-  /// The title bar's close button. It never ends a running operation: it pauses it.
+  /// The title bar's close button. It never ends a running operation: it pauses it, and asks whether to
+  /// cancel one that is paused.
   void Form_Unload();
   /// "Pause" holds the operation and returns when the user has let it go on or cancelled it, or the program
   /// ends. "Continue" lets it go on.
@@ -87,32 +110,62 @@ class frmReport : public ui::Form {
   void cmdCopyToClipboard_Click();
   void chkSuppressDisplayOfReport_Click();
   void txbText_MouseUp();
+  void cmdNextProblem_Click() { GoToProblem(Direction::kForward); }
+  void cmdOpenTarget_Click();
+  void txbFind_Change();
+  void cmdFindNext_Click() { FindOn(Direction::kForward); }
+  /// F8 goes to the next problem, F3 to the next place of what is looked for, both back with Shift; Ctrl and
+  /// F opens the box for it.
+  bool KeyPressed(const ui::KeyPress& press);
 
   bool TextboxFull = false;
   bool Paused = false;
   std::int16_t WaitSeconds = 15;
 
+  ui::Label lblState{this, "lblState"};
+  ui::Label lblDetails{this, "lblDetails"};
+  ui::Button cmdNextProblem{this, "cmdNextProblem"};
+  ui::ProgressBar barProgress{this, "barProgress"};
+  ui::Label Label1{this, "Label1"};
+  ui::Label lblFileName{this, "lblFileName"};
   ui::Label lblSourceCaption{this, "lblSourceCaption"};
   ui::Label lblSourceDirpath{this, "lblSourceDirpath"};
   ui::Label lblTargetCaption{this, "lblTargetCaption"};
   ui::Label lblTargetDirpath{this, "lblTargetDirpath"};
-  ui::Label Label1{this, "Label1"};
-  ui::Label lblFileName{this, "lblFileName"};
-  ui::ProgressBar barProgress{this, "barProgress"};
   ui::TextBox txbText{this, "txbText", ui::TextBox::Lines::kMany};
+  ui::Label lblFind{this, "lblFind"};
+  ui::TextBox txbFind{this, "txbFind"};
+  ui::Button cmdFindNext{this, "cmdFindNext"};
+  ui::Label lblFound{this, "lblFound"};
   ui::Label lblBytesCopied{this, "lblBytesCopied"};
   ui::Label lblFreeSpace{this, "lblFreeSpace"};
   ui::Button cmdPauseContinue{this, "cmdPauseContinue"};
+  ui::Button cmdOpenTarget{this, "cmdOpenTarget"};
   ui::CheckBox chkSuppressDisplayOfReport{this, "chkSuppressDisplayOfReport"};
   ui::Button cmdCopyToClipboard{this, "cmdCopyToClipboard"};
   ui::Button cmdCancelClose{this, "cmdCancelClose"};
 
  private:
+  enum class Phase { kRunning, kPaused, kStopping, kEnded };
+  enum class WhenFull { kDrop, kKeep };
+
+  void Write(const std::string& Text, bool NewLine, WhenFull when_full);
+  void ShowTextWhenDue();
+  void EnterPhase(Phase phase);
+  void ShowState();
+  bool SomebodyReads() const;
+  void ShowProblemButton();
+  void GoToProblem(Direction direction);
+  void OpenFind();
+  void CloseFind();
+  void FindOn(Direction direction);
+  void FindFrom(std::size_t character, Direction direction);
+
   void BringBackMinimisedWindows();
   void ResizeToWorkingSize();
   bool SizedByUser() const;
   ui::Rect OnItsScreen(ui::Rect bounds);
-  void EmptyFullTextbox();
+  void EmptyFullTextbox(WhenFull when_full);
   void ShowFullTextbox();
   void SnipEnd();
 
@@ -120,20 +173,29 @@ class frmReport : public ui::Form {
   void SetPauseCaption(const std::string& caption);
   void SetCancelCaption(const std::string& caption);
   void PauseOperation();
+  void AskWhetherToCancel();
   void CloseReport();
   void TakeBackCountingNote();
-  bool NothingHalfDone() const;
 
   void SetLooks();
   void SetTextsAndKeys();
   void SetHandlers();
-  void PlaceHeader();
-  void PlaceBody();
+  ui::Twips PlaceHeader();
+  void PlaceBody(ui::Twips top);
+  void PlaceFreeSpace();
+  ui::Twips PlaceFindRow(ui::Twips bottom);
 
   platform::Clock& clock_;
   const text::ProgramTexts& texts_;
   MainWindow& main_;
   ReportLine line_;
+  std::string title_;
+  std::string time_left_;
+  std::string end_;  ///< how the run ended; empty while it runs
+  Phase phase_ = Phase::kEnded;
+  std::vector<ui::Selection> problems_;                ///< where they stand in the text
+  std::optional<std::chrono::milliseconds> shown_at_;  ///< when the screen last got the text
+  std::chrono::milliseconds close_from_{0};            ///< before that moment "Close" does nothing
   ui::Size size_set_;  ///< the size that the window was given last, not by the user
 };
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "report/frmReport.h"
 #include "text/text_numbers.h"
 #include "ui/front_end.h"
@@ -9,6 +11,8 @@ constexpr const char* kPause = "Pause";
 constexpr const char* kContinue = "Continue";
 constexpr const char* kCancelOperation = "Cancel operation";
 constexpr const char* kClose = "Close";
+/// A click that comes so soon after "Cancel operation" belongs to that button, in whose place "Close" stands.
+constexpr std::chrono::milliseconds kSecondClick{1'000};
 constexpr const char* kCountingNote = "Counting files ... ";
 
 /// How long a held operation waits for the next event before it looks whether the program ends.
@@ -44,28 +48,25 @@ void frmReport::SetReportButtons2(bool CopyVisible, bool PauseVisible, const std
   cmdCopyToClipboard.SetVisible(CopyVisible);
   if (PauseVisible) SetPauseCaption(PauseCaption);
   cmdPauseContinue.SetVisible(PauseVisible);
-  chkSuppressDisplayOfReport.SetVisible(PauseVisible && PauseCaption == kContinue && NothingHalfDone());
+  // In every pause: a report that was hidden in one must be able to come back in the next.
+  chkSuppressDisplayOfReport.SetVisible(PauseVisible && PauseCaption == kContinue);
   if (CancelVisible) SetCancelCaption(CancelCaption);
   cmdCancelClose.SetVisible(CancelVisible);
   PositionReportButtons();
-}
-
-/// Hiding the report is offered while no folder is half done: everything that was to be copied so far is
-/// copied, or everything met so far is dealt with.
-bool frmReport::NothingHalfDone() const {
-  const RunningCounts counts = main_.Counts();
-  return counts.files_copied == counts.files_to_process || counts.files_met == counts.files_in_folders;
 }
 
 void frmReport::SetReportButtons(const std::string& caption) {
   Paused = false;
   ShowFileBeingCopied("");
   barProgress.SetVisible(false);
+  lblDetails.SetText("");
   SetTaskProgress(std::nullopt);
   chkSuppressDisplayOfReport.SetValue(0);
   txbText.SetVisible(true);
   SetReportButtons2(true, false, "", true, caption);
-  if (focused() == nullptr) cmdCancelClose.SetFocus();
+  EnterPhase(Phase::kEnded);
+  Form_Resize();
+  ShowText();
 }
 
 void frmReport::cmdPauseContinue_Click() {
@@ -74,6 +75,7 @@ void frmReport::cmdPauseContinue_Click() {
   } else {
     Paused = false;
     SetReportButtons2(false, true, kPause, false, "");
+    EnterPhase(Phase::kRunning);
   }
 }
 
@@ -81,6 +83,9 @@ void frmReport::PauseOperation() {
   SetReportButtons2(chkSuppressDisplayOfReport.value() == 0, true, kContinue, true, kCancelOperation);
   TakeBackCountingNote();
   main_.ShowLatest();
+  EnterPhase(Phase::kPaused);
+  ShowText();
+  front_end().Notify(*this, title_, "Paused");
   Paused = true;
   while (Paused && !front_end().quitting()) front_end().WaitForEvents(kHoldMilliseconds);
 }
@@ -92,11 +97,16 @@ void frmReport::TakeBackCountingNote() {
 }
 
 void frmReport::cmdCancelClose_Click() {
-  Paused = false;
+  const bool was_paused = std::exchange(Paused, false);
   if (cmdCancelClose.text() == kCancelOperation) {
     main_.RequestStop();
     SetCancelCaption(kClose);
     cmdPauseContinue.SetVisible(false);
+    EnterPhase(Phase::kStopping);
+    close_from_ = clock_.Monotonic() + kSecondClick;
+  } else if (clock_.Monotonic() < close_from_) {
+    Paused = was_paused;
+    return;
   } else {
     CloseReport();
   }
@@ -128,6 +138,7 @@ void frmReport::chkSuppressDisplayOfReport_Click() {
   const bool shown = chkSuppressDisplayOfReport.value() == 0;
   txbText.SetVisible(shown);
   cmdCopyToClipboard.SetVisible(shown);
+  ShowProblemButton();
 }
 
 }  // namespace report

@@ -14,16 +14,20 @@ constexpr ui::Twips kBottomReserve = 1'400;  ///< below the text box
 constexpr ui::Twips kGap = 100;
 constexpr ui::Twips kLine = 255;
 constexpr ui::Twips kLineStep = 285;
-constexpr ui::Twips kStatusHeight = 540;  ///< two lines: a volume may have a long name
+constexpr ui::Twips kStatusHeight = 330;
 constexpr ui::Twips kHeaderTop = 150;
-constexpr ui::Twips kFolderColumn = 800;
-constexpr ui::Twips kFileColumn = 2'100;
+constexpr ui::Twips kStateHeight = 330;
+constexpr ui::Twips kStateStep = 435;
+constexpr ui::Twips kColumn = 2'200;  ///< of what belongs to a caption
 constexpr ui::Twips kBarHeight = 90;
-constexpr ui::Twips kTextTop = kHeaderTop + 3 * kLineStep + kBarHeight + 2 * kGap;
 constexpr ui::Twips kSmallestText = 300;
 constexpr ui::Twips kWorkingHeight = 8'500;
 constexpr ui::Size kPauseButton{1'300, 420};
+constexpr ui::Size kProblemButton{1'600, 390};
+constexpr ui::Twips kOpenWidth = 2'000;
 constexpr ui::Twips kCheckBoxWidth = 2'700;
+constexpr ui::Twips kFindLabel = 540;
+constexpr ui::Twips kFindBox = 2'400;
 /// How far a size may come back from the one asked for without the user: rounded to pixels, and before its
 /// first show without the true height of its title.
 constexpr ui::Twips kFromSystem = 600;
@@ -38,12 +42,15 @@ void frmReport::ResizeForm(std::int16_t Height, std::int16_t Width) {
   Form_Resize();
 }
 
-/// Moved so far that all of it shows. Only the first screen's size is known: on another one it stays.
+/// Moved so far that all of it shows, and made smaller where the screen is. Only the first screen's size is
+/// known: on another one it stays.
 ui::Rect frmReport::OnItsScreen(ui::Rect bounds) {
   const ui::Size screen = front_end().screen();
   const bool on_first =
       bounds.left >= 0 && bounds.left < screen.width && bounds.top >= 0 && bounds.top < screen.height;
   if (!on_first) return bounds;
+  bounds.width = std::min(bounds.width, screen.width);
+  bounds.height = std::min(bounds.height, screen.height);
   bounds.left = std::max(0, std::min(bounds.left, screen.width - bounds.width));
   bounds.top = std::max(0, std::min(bounds.top, screen.height - bounds.height));
   return bounds;
@@ -58,37 +65,72 @@ void frmReport::Form_Activate() { txbText.SetWidth(inner().width - 2 * kMargin -
 
 void frmReport::Form_Resize() {
   Form_Activate();
-  PlaceHeader();
-  PlaceBody();
+  PlaceBody(PlaceHeader());
   PositionReportButtons();
 }
 
-void frmReport::PlaceHeader() {
+/// How the run stands comes first, with what it works at while it does. Returns where the text box begins.
+ui::Twips frmReport::PlaceHeader() {
   const ui::Twips right = kMargin + txbText.width();
-  const auto place = [&](ui::Label& caption, ui::Label& content, int row, ui::Twips column) {
-    const ui::Twips top = kHeaderTop + row * kLineStep;
-    caption.SetBounds({kMargin, top, column, kLine});
-    content.SetBounds({kMargin + column, top, right - kMargin - column, kLine});
+  const bool runs = barProgress.visible();
+  lblDetails.SetVisible(runs);
+  cmdNextProblem.SetBounds(
+      {right - kProblemButton.width, kHeaderTop, kProblemButton.width, kProblemButton.height});
+  const ui::Twips state_top = kHeaderTop + 60;
+  const ui::Twips state_end = (cmdNextProblem.visible() ? cmdNextProblem.left() : right) - kGap;
+  lblState.SetBounds(
+      {kMargin, state_top, (runs ? kMargin + kColumn - kGap : state_end) - kMargin, kStateHeight});
+  lblDetails.SetBounds({kMargin + kColumn, state_top, state_end - kMargin - kColumn, kStateHeight});
+  ui::Twips top = kHeaderTop + kStateStep;
+  const auto place = [&](ui::Label& caption, ui::Label& content) {
+    caption.SetBounds({kMargin, top, kColumn, kLine});
+    content.SetBounds({kMargin + kColumn, top, right - kMargin - kColumn, kLine});
+    top += kLineStep;
   };
-  place(lblSourceCaption, lblSourceDirpath, 0, kFolderColumn);
-  place(lblTargetCaption, lblTargetDirpath, 1, kFolderColumn);
-  place(Label1, lblFileName, 2, kFileColumn);
-  barProgress.SetBounds({kMargin, kTextTop - kGap - kBarHeight, txbText.width(), kBarHeight});
+  barProgress.SetBounds({kMargin, top, txbText.width(), kBarHeight});
+  if (runs) {
+    top += kBarHeight + kGap;
+    place(Label1, lblFileName);
+  }
+  place(lblSourceCaption, lblSourceDirpath);
+  if (lblTargetCaption.visible()) place(lblTargetCaption, lblTargetDirpath);
+  return top + kGap / 2;
 }
 
-void frmReport::PlaceBody() {
-  const ui::Twips height = std::max(inner().height - kTextTop - kBottomReserve, kSmallestText);
-  txbText.SetBounds({kMargin, kTextTop, txbText.width(), height});
-  const ui::Twips row = txbText.bounds().bottom() + kGap;
-  const ui::Twips left_part = txbText.width() * 3 / 5;
-  lblBytesCopied.SetBounds({kMargin, row, left_part - kGap, kStatusHeight});
-  lblFreeSpace.SetBounds({kMargin + left_part, row, txbText.width() - left_part, kStatusHeight});
+void frmReport::PlaceBody(ui::Twips top) {
+  const ui::Twips bottom = PlaceFindRow(inner().height - kBottomReserve);
+  txbText.SetBounds({kMargin, top, txbText.width(), std::max(bottom - top, kSmallestText)});
+  const ui::Twips row = std::max(inner().height - kBottomReserve, txbText.bounds().bottom()) + kGap;
+  lblBytesCopied.SetBounds({kMargin, row, txbText.width() * 3 / 5 - kGap, kStatusHeight});
+  PlaceFreeSpace();
+}
+
+/// At the right end of its row, below the end of the text.
+void frmReport::PlaceFreeSpace() {
+  constexpr ui::Twips kSlack = 120;
+  const ui::Twips wanted = front_end().TextWidth(lblFreeSpace.text(), lblFreeSpace.font()) + kSlack;
+  const ui::Twips width = std::min(wanted, txbText.width() * 2 / 5);
+  lblFreeSpace.SetBounds({txbText.bounds().right() - width, lblBytesCopied.top(), width, kStatusHeight});
+}
+
+/// Above `bottom` when it is open. Returns where the text box ends.
+ui::Twips frmReport::PlaceFindRow(ui::Twips bottom) {
+  const ui::Twips height = kPauseButton.height;
+  const ui::Twips row = bottom - height;
+  const ui::Twips level = row + 90;
+  lblFind.SetBounds({kMargin, level, kFindLabel, height - 90});
+  txbFind.SetBounds({kMargin + kFindLabel, row, kFindBox, height});
+  cmdFindNext.SetBounds({txbFind.bounds().right() + kGap, row, kPauseButton.width, height});
+  const ui::Twips found = cmdFindNext.bounds().right() + kGap;
+  lblFound.SetBounds({found, level, kMargin + txbText.width() - found, height - 90});
+  return txbFind.visible() ? row - kGap : bottom;
 }
 
 void frmReport::PositionReportButtons() {
   const ui::Twips top = lblBytesCopied.bounds().bottom() + kGap;
   const ui::Twips height = kPauseButton.height;
   cmdPauseContinue.SetBounds({kMargin, top, kPauseButton.width, height});
+  cmdOpenTarget.SetBounds({kMargin, top, kOpenWidth, height});
   const ui::Twips beside_pause = cmdPauseContinue.bounds().right() + 2 * kGap;
   chkSuppressDisplayOfReport.SetBounds({beside_pause, top, kCheckBoxWidth, height});
   const ui::Twips cancel_left = txbText.bounds().right() - cmdCancelClose.width();

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/utf8.h"
 #include "report/frmReport.h"
 #include "report/str_proc.h"
 #include "ui/front_end.h"
@@ -8,6 +9,7 @@
 namespace report {
 namespace {
 
+constexpr std::chrono::milliseconds kShownEvery{50};
 constexpr std::int16_t kFullHeight = 850;
 constexpr ui::Twips kNarrowerThanMain = 1'000;
 constexpr std::size_t kSnippedCharacters = 3'048;
@@ -19,7 +21,7 @@ std::int16_t NextWait(std::int16_t seconds) {
 
 }  // namespace
 
-void frmReport::Output(const std::string& Text, bool NewLine) {
+void frmReport::Write(const std::string& Text, bool NewLine, WhenFull when_full) {
   if (!Text.empty() || NewLine) {
     BringBackMinimisedWindows();
     if (!main_.SuppressDetailedReports() && txbText.length() > main_.ReportResizeThreshold()) {
@@ -28,13 +30,31 @@ void frmReport::Output(const std::string& Text, bool NewLine) {
     line_.Write(Text, NewLine);
     if (txbText.length() > main_.ReportCapacity()) TextboxFull = true;
     if (TextboxFull) {
-      EmptyFullTextbox();
-      return;
+      EmptyFullTextbox(when_full);
+      if (when_full == WhenFull::kDrop) return;
     }
-    txbText.Append(NewLine ? Text + "\r\n" : Text);
-    txbText.Repaint();
+    txbText.AppendLater(NewLine ? Text + "\r\n" : Text);
   }
+  ShowTextWhenDue();
   front_end().RunPendingEvents();
+}
+
+void frmReport::OutputProblem(const std::string& Text) {
+  const std::size_t before = txbText.length();
+  OutputKept(Text, true);
+  const std::size_t length = base::utf8::Length(Text);
+  const bool emptied = txbText.length() < before + length;
+  problems_.push_back({emptied ? 0 : before, length});
+}
+
+void frmReport::ShowText() {
+  shown_at_ = clock_.Monotonic();
+  txbText.ShowAppended();
+  txbText.Repaint();
+}
+
+void frmReport::ShowTextWhenDue() {
+  if (!shown_at_ || clock_.Monotonic() - *shown_at_ >= kShownEvery) ShowText();
 }
 
 void frmReport::CloseLine() {
@@ -43,7 +63,9 @@ void frmReport::CloseLine() {
 
 void frmReport::BringBackMinimisedWindows() {
   Restore();
+  if (main_.Window().state() == ui::WindowState::kNormal) return;
   main_.Window().Restore();
+  if (main_.Window().visible()) Show();  // above the main window, which came after it
 }
 
 void frmReport::ResizeToWorkingSize() {
@@ -60,14 +82,21 @@ void frmReport::SnipEnd() {
   txbText.Repaint();
 }
 
-void frmReport::EmptyFullTextbox() {
-  if (!main_.Unattended() && !front_end().quitting()) ShowFullTextbox();
+/// Where nobody reads it a rest would only hold the operation up.
+bool frmReport::SomebodyReads() const {
+  return txbText.visible() && !main_.Unattended() && !main_.StopRequested();
+}
+
+void frmReport::EmptyFullTextbox(WhenFull when_full) {
+  const bool reads = SomebodyReads();
+  if (reads) ShowFullTextbox();
   txbText.SetText("");
-  line_.Emptied();
+  problems_.clear();
+  if (when_full == WhenFull::kDrop) line_.Emptied();
   TextboxFull = false;
   Repaint();
   front_end().RunPendingEvents();
-  if (!visible() && !front_end().quitting()) Show();
+  if (!visible() && reads && !front_end().quitting()) Show();
 }
 
 void frmReport::ShowFullTextbox() {
@@ -77,9 +106,10 @@ void frmReport::ShowFullTextbox() {
   const bool pause_was_visible = cmdPauseContinue.visible();
   const bool pause_had_focus = focused() == &cmdPauseContinue;
   cmdPauseContinue.SetVisible(false);
+  ShowText();
   Repaint();
   front_end().RunPendingEvents();
-  if (front_end().quitting()) return;
+  if (front_end().quitting() || !SomebodyReads()) return;
   clock_.Sleep(std::chrono::seconds(WaitSeconds));
   WaitSeconds = NextWait(WaitSeconds);
   cmdPauseContinue.SetVisible(pause_was_visible);

@@ -1,21 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
 namespace ui {
 class Form;
 }
 
 namespace report {
-
-/// How far a run has come, as far as the report window looks at it.
-struct RunningCounts {
-  std::int64_t files_copied = 0;      ///< so far
-  std::int64_t files_to_process = 0;  ///< that are to be copied, in the folders dealt with so far
-  std::int64_t files_met = 0;         ///< in the folders dealt with so far
-  std::int64_t files_in_folders = 0;  ///< in all folders reached so far
-};
 
 /// What the report window needs of the main window, which outlives it.
 class MainWindow {
@@ -37,6 +28,9 @@ class MainWindow {
   /// copy set it: the lines of the files just copied say least, and the notice stands where the user looks.
   virtual bool SnipFullReport() const = 0;
 
+  /// Whether the present run copies files.
+  virtual bool CopiesFiles() const = 0;
+
   /// Whether the present run is to hold after the first folder in which a file was copied.
   virtual bool PauseAfterFirstCopy() const = 0;
 
@@ -53,7 +47,8 @@ class MainWindow {
   /// Enables the controls that were disabled during a run. Never called while OperationRunning().
   virtual void EnableOperationControls() = 0;
 
-  virtual RunningCounts Counts() const = 0;
+  /// Shows the folder that received the copies of the last run in the system's file manager.
+  virtual void OpenTargetFolder() {}
 
   /// The operation is about to be held: what is shown beside the report is to be brought up to date.
   virtual void ShowLatest() {}

@@ -33,7 +33,12 @@ FolderResult ResultOf(const engine::FolderCounts& folder) {
 
 RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock,
                      const text::NumberMarks& marks, RunFacts facts)
-    : window_(window), main_(main), clock_(clock), marks_(marks), facts_(std::move(facts)) {}
+    : window_(window),
+      main_(main),
+      clock_(clock),
+      marks_(marks),
+      facts_(std::move(facts)),
+      progress_(facts_.expected, marks) {}
 
 void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
   window_.BeginReport(title, Printable(facts_.source_folder), Printable(facts_.target_folder));
@@ -51,7 +56,6 @@ void RunReport::FolderBegun(const engine::FolderCounts& folder) {
   head_line_written_ = false;
   folder_ = folder.path;
   files_in_folder_ = folder.files_in_folder;
-  counts_.files_in_folders += std::max<std::int64_t>(folder.files_in_folder, 0);
   const bool shows_copies = facts_.operation == app::Operation::kBackupModifiedFiles;
   if (ShowsEveryFolder(files_in_folder_) || (shows_copies && folder.files_to_copy > 0)) WriteHeadLine();
 }
@@ -70,8 +74,6 @@ void RunReport::FolderEnded(const engine::FolderCounts& folder) {
   if (looks_for_due && files.new_files + files.modified_files + files.failed > 0) WriteHeadLine();
   if (head_line_written_) WriteResult(folder);
   in_folder_ = false;
-  counts_.files_met += std::max<std::int64_t>(folder.files_in_folder, 0);
-  counts_.files_to_process += files.met - files.filtered_out - files.up_to_date;
 }
 
 void RunReport::WriteResult(const engine::FolderCounts& folder) {
@@ -88,17 +90,19 @@ void RunReport::WriteLine(const std::string& text) {
                                 facts_.operation == app::Operation::kBackupModifiedFiles;
   if (in_folder_ && shows_when_wrong) WriteHeadLine();
   window_.CloseLine();
-  window_.Output(Printable(text), true);
+  window_.OutputProblem(Printable(text));
 }
 
 void RunReport::CopyBegun(const std::string& source_path) {
   file_ = source_path;
+  copying_ = true;
   ShowWhenDue();
 }
 
 void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) {
   copied_ = Copied{bytes_copied, files_copied};
-  counts_.files_copied = files_copied;
+  copying_ = false;
+  progress_.Copied(files_copied, bytes_copied);
   ShowWhenDue();
 }
 
@@ -108,7 +112,7 @@ void RunReport::Saving(bool is_saving) {
 }
 
 void RunReport::Progress(double fraction) {
-  fraction_ = fraction;
+  progress_.Shares(fraction);
   ShowWhenDue();
 }
 
@@ -125,6 +129,8 @@ bool RunReport::AskWhetherToGoOn(const engine::Question& question) {
     return false;
   }
   if (StopRequested()) return true;  // the run ends without an answer
+  window_.ShowText();
+  window_.front_end().Notify(window_, question.title, question.text);
   return window_.front_end().dialogs().AskYesNo(window_,
                                                 {question.text, question.title, ui::Icon::kExclamation});
 }
@@ -135,6 +141,8 @@ void RunReport::Tell(const std::string& text) {
     return;
   }
   if (StopRequested()) return;
+  window_.ShowText();
+  window_.front_end().Notify(window_, window_.text(), text);
   window_.front_end().dialogs().Show(window_, {text, "", ui::Icon::kExclamation});
 }
 
@@ -147,6 +155,7 @@ void RunReport::ShowWhenDue() {
   const std::chrono::milliseconds now = clock_.Monotonic();
   if (shown_ && now - *shown_ < kLabelsEvery) return;
   shown_ = now;
+  progress_.Passed(now);
   ShowLatest();
   if (!free_space_shown_ || now - *free_space_shown_ >= kFreeSpaceEvery) ShowFreeSpace();
 }
@@ -159,10 +168,16 @@ void RunReport::ShowLatest() {
     window_.ShowBytesCopied("Copied: " + size + " in " + text::GroupedNumber(copied_->files, marks_) +
                             " file" + StrProc::PluralSuffix(copied_->files));
   }
-  if (fraction_) window_.ShowProgress(*fraction_);
+  const double fraction = progress_.fraction();
+  window_.ShowProgress(fraction, progress_.Details(), progress_.TimeLeft());
   file_.reset();
   copied_.reset();
-  fraction_.reset();
+}
+
+void RunReport::ShowHeld() {
+  progress_.Held(clock_.Monotonic());
+  ShowLatest();
+  if (!copying_) window_.ShowFileBeingCopied("");
 }
 
 void RunReport::ShowFreeSpace() {

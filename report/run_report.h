@@ -12,6 +12,7 @@
 #include "report/frmReport.h"
 #include "report/main_window.h"
 #include "report/report_texts.h"
+#include "report/run_progress.h"
 #include "text/grouped_number.h"
 
 namespace report {
@@ -26,6 +27,7 @@ struct RunFacts {
   std::string modified_since;                    ///< the text of the chosen period
   std::string target_drive;                      ///< as the free space names it, such as "E:"
   std::function<std::string()> free_space_text;  ///< the free space on the target; may be empty
+  Expected expected = {};                        ///< what was counted before
 };
 
 /// Turns what the engine tells during a run into the lines of the report, and answers it.
@@ -42,12 +44,11 @@ class RunReport : public engine::Listener {
   /// Shows the report window with a new report that begins with these lines.
   void Begin(const std::string& title, const std::vector<std::string>& heading);
 
-  /// How far the run has come; what MainWindow::Counts() is to answer during it.
-  const RunningCounts& counts() const { return counts_; }
-
   /// Shows what has come since the window's labels were last refreshed, which happens at most ten times a
   /// second.
   void ShowLatest();
+  /// The same for a run that is about to be held.
+  void ShowHeld();
 
   // --- engine::Listener
   void FolderBegun(const engine::FolderCounts& folder) override;
@@ -97,9 +98,10 @@ class RunReport : public engine::Listener {
   platform::Clock& clock_;
   text::NumberMarks marks_;
   RunFacts facts_;
-  RunningCounts counts_;
+  RunProgress progress_;
 
   bool in_folder_ = false;
+  bool copying_ = false;  ///< a file is being copied
   bool head_line_written_ = false;
   std::string folder_;
   std::int64_t files_in_folder_ = 0;
@@ -107,7 +109,6 @@ class RunReport : public engine::Listener {
   // What has come since the labels were set last.
   std::optional<std::string> file_;
   std::optional<Copied> copied_;
-  std::optional<double> fraction_;
   std::optional<std::chrono::milliseconds> shown_;
   std::optional<std::chrono::milliseconds> free_space_shown_;
 };

@@ -23,15 +23,16 @@ void RunReport::BeginSummary() {
 }
 
 void RunReport::WriteCount(const char* caption, std::int64_t count) {
-  window_.Output(caption + text::GroupedNumber(count, marks_), true);
+  window_.OutputKept(caption + text::GroupedNumber(count, marks_), true);
 }
 
 void RunReport::WriteSize(const char* caption, std::int64_t bytes) {
-  window_.Output(caption + StrProc::FormatByteCountWithMb(static_cast<double>(bytes), false, marks_), true);
+  window_.OutputKept(caption + StrProc::FormatByteCountWithMb(static_cast<double>(bytes), false, marks_),
+                     true);
 }
 
 void RunReport::WriteSinceHeading() {
-  window_.Output("For files new or modified " + facts_.modified_since + ":", true);
+  window_.OutputKept("For files new or modified " + facts_.modified_since + ":", true);
 }
 
 void RunReport::WriteCopied(const engine::Totals& totals) {
@@ -50,7 +51,7 @@ void RunReport::ReportForListFolders(const engine::Totals& totals) {
 
 void RunReport::ReportForBackupAllFiles(const engine::Totals& totals) {
   BeginSummary();
-  window_.Output("", true);
+  window_.OutputKept("", true);
   WriteCount("Number of non-empty folders accessed: ", totals.non_empty_folders);
   WriteCopied(totals);
   if (totals.counts.copied > 0) WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
@@ -79,7 +80,7 @@ void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
   // Nothing found is good news only when everything was looked at.
   const bool all_seen = totals.counts.failed == 0 && totals.unread_folders == 0 && !StopRequested();
   if (modified + new_files == 0 && all_seen) {
-    window_.Output("All files backed up.", true);
+    window_.OutputKept("All files backed up.", true);
     return;
   }
   WriteCount("Number of modified files: ", modified);
@@ -89,8 +90,9 @@ void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
 
 void RunReport::WriteWarningLine(const engine::Totals& totals) {
   if (totals.counts.copied == 0 || totals.warnings == 0) return;
-  window_.Output("\r\nThis report contains ", false);
-  window_.Output(totals.warnings == 1 ? "one warning." : StrProc::Trim(totals.warnings) + " warnngs.", true);
+  window_.OutputKept("\r\nThis report contains ", false);
+  window_.OutputKept(totals.warnings == 1 ? "one warning." : StrProc::Trim(totals.warnings) + " warnngs.",
+                     true);
 }
 
 }  // namespace report

@@ -18,6 +18,9 @@ inline constexpr ui::Colours kPaperColours{{255, 255, 255}, {24, 40, 30}};
 /// Messages that come and go by themselves.
 inline constexpr ui::Colours kNoteColours{{255, 252, 224}, {24, 40, 30}};
 
+/// Something that went wrong.
+inline constexpr ui::Colours kProblemColours{{255, 224, 214}, {110, 20, 10}};
+
 inline constexpr const char* kWindowFont = "Arial";
 inline constexpr const char* kReportFont = "Courier New";
 

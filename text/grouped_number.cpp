@@ -1,5 +1,6 @@
 #include "text/grouped_number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -8,14 +9,15 @@
 namespace text {
 namespace {
 
-/// Digits with the mark between groups of three, counted from the right.
-std::string Grouped(const std::string& digits, const std::string& mark) {
-  std::string result;
-  for (std::size_t i = 0; i < digits.size(); ++i) {
-    if (i > 0 && (digits.size() - i) % 3 == 0) result += mark;
-    result += digits[i];
+std::string Grouped(std::string digits, const NumberMarks& marks) {
+  std::size_t at = digits.size();
+  for (std::size_t group = 0; !marks.groups.empty(); ++group) {
+    const int size = marks.groups[std::min(group, marks.groups.size() - 1)];
+    if (size <= 0 || at <= static_cast<std::size_t>(size)) break;
+    at -= static_cast<std::size_t>(size);
+    digits.insert(at, marks.thousands);
   }
-  return result;
+  return digits;
 }
 
 /// The digits of a whole number that may lie beyond every integer type; the longest double has 309 of them.
@@ -30,7 +32,7 @@ std::string DigitsOf(double whole) {
 std::string GroupedNumber(std::int64_t value, const NumberMarks& marks) {
   std::string result = value < 0 ? "-" : "";
   const std::string digits = std::to_string(value).substr(result.size());
-  return result += Grouped(digits, marks.thousands);
+  return result += Grouped(digits, marks);
 }
 
 std::string GroupedNumber(double value, int decimals, const NumberMarks& marks) {
@@ -43,8 +45,8 @@ std::string GroupedNumber(double value, int decimals, const NumberMarks& marks) 
   }
   // A value that is rounded to zero shows no sign.
   const std::string sign = value < 0 && (whole > 0 || fraction > 0) ? "-" : "";
-  if (decimals == 0) return sign + Grouped(DigitsOf(whole), marks.thousands);
-  const std::string before = whole > 0 ? Grouped(DigitsOf(whole), marks.thousands) : "";
+  if (decimals == 0) return sign + Grouped(DigitsOf(whole), marks);
+  const std::string before = whole > 0 ? Grouped(DigitsOf(whole), marks) : "";
   return sign + before + marks.decimal +
          base::PaddedWithZeros(DigitsOf(fraction), static_cast<std::size_t>(decimals));
 }

@@ -128,6 +128,10 @@ inline constexpr int kUnfinishedRunFound = 540;
 inline constexpr int kNotMarked = 541;    ///< lead word
 inline constexpr int kMarkNotRead = 542;  ///< lead word
 
+// --- Report window
+inline constexpr int kAskCancelBackup = 700;
+inline constexpr int kAskCancelOperation = 701;
+
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;
 inline constexpr int kHintTarget = 611;

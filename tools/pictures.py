@@ -15,7 +15,7 @@ MAIN, BACK_UP = "Quorvane", "Back up new and modified"
 def take(screen, title, path):
     """Once nothing changes in the window any more, with its frame."""
     screen.run("xdotool", "mousemove", "1590", "1090")
-    window = screen.run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").stdout.split()[-1]
+    window = screen.run("xdotool", "search", "--onlyvisible", "--name", f"{title}$").stdout.split()[-1]
     before, now = None, b""
     while now != before:
         time.sleep(0.4)

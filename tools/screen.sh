@@ -34,7 +34,7 @@ stop_screen() {
   screen_processes=()
 }
 
-window_id() { xdotool search --onlyvisible --name "^$1\$" | tail -n 1; }
+window_id() { xdotool search --onlyvisible --name "$1\$" | tail -n 1; }
 
 # A program paints its moved window anew in its own time: the picture is good once it stays the same.
 steady_picture() {

@@ -58,8 +58,10 @@ void Form::Restore() {
   Mirror(Property::kState);
 }
 
-void Form::SetTaskProgress(std::optional<double> fraction) {
+void Form::SetTaskProgress(std::optional<double> fraction, TaskState state) {
+  if (task_progress_ == fraction && task_state_ == state) return;
   task_progress_ = fraction;
+  task_state_ = state;
   Mirror(Property::kValue);
 }
 
@@ -118,7 +120,9 @@ bool Form::UserPressedAccessKey(char letter) {
 }
 
 bool Form::UserPressedKey(const KeyPress& press) {
-  const bool passes_keys_on = focused_ == nullptr || dynamic_cast<Button*>(focused_) != nullptr ||
+  const bool means_the_window = press.key == Key::kF3 || press.key == Key::kF8 || press.key == Key::kFind;
+  const bool passes_keys_on = means_the_window || focused_ == nullptr ||
+                              dynamic_cast<Button*>(focused_) != nullptr ||
                               dynamic_cast<CheckBox*>(focused_) != nullptr;
   return on_key && passes_keys_on && reachable() && on_key(press);
 }

@@ -13,6 +13,9 @@ class Button;
 
 enum class WindowState { kNormal, kMinimised };
 
+/// How what the task bar shows is going.
+enum class TaskState { kRunning, kPaused, kFailed };
+
 /// What kind of window it is.
 enum class FormStyle {
   kMain,    ///< on the task bar, can be minimised, fixed size
@@ -21,12 +24,14 @@ enum class FormStyle {
   kPopUp,   ///< without a border, above the others, never takes the focus
 };
 
-/// A key that moves through a list, or that types the name of an entry.
-enum class Key { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kCharacter };
+/// A key that moves through a list, or that types the name of an entry; or one that means the same wherever
+/// the focus is: F3, F8, and Ctrl together with F, to find something.
+enum class Key { kUp, kDown, kPageUp, kPageDown, kHome, kEnd, kCharacter, kF3, kF8, kFind };
 
 struct KeyPress {
   Key key = Key::kCharacter;
   std::string character = {};  ///< of kCharacter: the one character typed; never a control character
+  bool shift = false;          ///< of kF3 and kF8: held together with Shift
 };
 
 /// A window. Hidden until Show(). Its text is the title; its bounds are the outer ones on the screen.
@@ -75,8 +80,9 @@ class Form : public Container {
   Control* BeforeInTabOrder(const Control* from) const;
 
   /// Progress on the system's task bar where it has one: 0 to 1; none takes it away.
-  void SetTaskProgress(std::optional<double> fraction);
+  void SetTaskProgress(std::optional<double> fraction, TaskState state = TaskState::kRunning);
   std::optional<double> task_progress() const { return task_progress_; }
+  TaskState task_state() const { return task_state_; }
 
   /// The user asks to close the window. When empty, the window is hidden.
   Handler on_close;
@@ -84,8 +90,8 @@ class Form : public Container {
   Handler on_resize;    ///< the inner size has changed, by user or program
   Handler on_activate;  ///< the window has come to the front
   /// A key pressed without Alt and Ctrl, or repeated, while a button, a check box or no control has the
-  /// focus: the others use these keys themselves. Returns whether it did something; a blank that it does not
-  /// use presses the control.
+  /// focus: the others use these keys themselves. F3, F8 and Ctrl with F come wherever the focus is. Returns
+  /// whether it did something; a blank that it does not use presses the control.
   std::function<bool(const KeyPress&)> on_key;
 
   // --- From a peer.
@@ -123,6 +129,7 @@ class Form : public Container {
   Button* cancel_button_ = nullptr;
   Control* focused_ = nullptr;
   std::optional<double> task_progress_;
+  TaskState task_state_ = TaskState::kRunning;
 };
 
 }  // namespace ui

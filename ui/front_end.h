@@ -62,6 +62,14 @@ class FrontEnd {
   /// Runs events until `form` is hidden or Quit() is called: the inside of Form::ShowModal().
   virtual void RunModal(Form& form) = 0;
 
+  /// Tells the user something that has happened in `form`, by the means that the system has for notes of
+  /// programs in the background. Does nothing while a window of this program has the keyboard: the user sees
+  /// it there.
+  virtual void Notify(Form& form, const std::string& title, const std::string& text) = 0;
+
+  /// Shows a folder in the system's file manager, without waiting for that.
+  virtual void OpenFolder(const std::string& path) = 0;
+
   /// The screen without task bars.
   virtual Size screen() const = 0;
 

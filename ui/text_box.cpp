@@ -54,29 +54,52 @@ void TextBox::SetText(std::string text) {
   text_ = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::move(text);
   length_ = base::utf8::Length(text_);
   selection_ = {};
-  Mirror(Property::kText);
-  Mirror(Property::kSelection);
+  MirrorWhole();
+}
+
+void TextBox::AttachPeer(FrontEnd& front_end) {
+  to_be_shown_.clear();  // the peer begins with the whole text
+  Control::AttachPeer(front_end);
 }
 
 void TextBox::Append(std::string_view text) {
+  AppendLater(text);
+  ShowAppended();
+}
+
+void TextBox::AppendLater(std::string_view text) {
   const std::string added = lines_ == Lines::kMany ? WithWholeLineEnds(text) : std::string(text);
   text_ += added;
   length_ += base::utf8::Length(added);
   selection_ = {length_, 0};
+  if (peer() != nullptr) to_be_shown_ += added;
+}
+
+void TextBox::ShowAppended() {
+  if (to_be_shown_.empty()) return;
+  const std::string added = std::exchange(to_be_shown_, {});
   if (peer() != nullptr) peer()->Append(added);
+}
+
+void TextBox::MirrorWhole() {
+  to_be_shown_.clear();
+  Mirror(Property::kText);
+  Mirror(Property::kSelection);
 }
 
 void TextBox::RemoveFromEnd(std::size_t characters) {
   length_ -= std::min(characters, length_);
   text_.resize(base::utf8::OffsetOf(text_, length_));
   selection_ = {length_, 0};
-  Mirror(Property::kText);
-  Mirror(Property::kSelection);
+  MirrorWhole();
 }
 
-Selection TextBox::selection() const { return peer() != nullptr ? peer()->UserSelection() : selection_; }
+Selection TextBox::selection() {
+  ShowAppended();
+  return peer() != nullptr ? peer()->UserSelection() : selection_;
+}
 
-std::string TextBox::selected_text() const {
+std::string TextBox::selected_text() {
   const Selection selected = selection();
   const std::size_t begin = base::utf8::OffsetOf(text_, selected.start);
   const std::string_view rest = std::string_view(text_).substr(begin);
@@ -86,10 +109,12 @@ std::string TextBox::selected_text() const {
 void TextBox::Select(Selection selection) {
   const std::size_t start = std::min(selection.start, length_);
   selection_ = {start, std::min(selection.length, length_ - start)};
+  ShowAppended();
   Mirror(Property::kSelection);
 }
 
 void TextBox::UserEdited(std::string text) {
+  to_be_shown_.clear();
   if (read_only_ || !reachable()) {
     Mirror(Property::kText);
     return;

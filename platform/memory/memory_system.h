@@ -40,6 +40,7 @@ class MemoryLocale : public Locale {
  public:
   std::string Language() override { return language; }
   std::string ThousandsSeparator() override { return thousands; }
+  std::vector<int> DigitGroups() override { return {3}; }
   std::string DecimalSeparator() override { return decimal; }
   std::string ShortDate(const CalendarTime& time) override;
   std::string TimeOfDay(const CalendarTime& time) override;

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <chrono>
+#include <climits>
 #include <cstdlib>
 #include <string_view>
 
@@ -73,6 +74,14 @@ std::string Formatted(const char* format, const CalendarTime& time, locale_t loc
   return {text.data(), strftime_l(text.data(), text.size(), format, &parts, locale)};
 }
 
+/// From the form of localeconv(3): one byte a group, CHAR_MAX for one that takes the rest.
+std::vector<int> GroupsOf(const char* grouping) {
+  std::vector<int> groups;
+  for (; *grouping > 0 && *grouping != CHAR_MAX; ++grouping) groups.push_back(*grouping);
+  if (groups.empty() || *grouping == CHAR_MAX) groups.push_back(0);
+  return groups;
+}
+
 }  // namespace
 
 PosixLocale::PosixLocale()
@@ -80,6 +89,7 @@ PosixLocale::PosixLocale()
   const auto numbers = OpenLocale(LC_NUMERIC_MASK, LocaleName("LC_NUMERIC"));
   if (!numbers) return;
   thousands_ = nl_langinfo_l(THOUSEP, numbers.get());
+  groups_ = GroupsOf(nl_langinfo_l(GROUPING, numbers.get()));
   const std::string decimal = nl_langinfo_l(RADIXCHAR, numbers.get());
   if (!decimal.empty()) decimal_ = decimal;
 }

@@ -21,6 +21,7 @@ class PosixLocale : public Locale {
   PosixLocale();
   std::string Language() override { return language_; }
   std::string ThousandsSeparator() override { return thousands_; }
+  std::vector<int> DigitGroups() override { return groups_; }
   std::string DecimalSeparator() override { return decimal_; }
   std::string ShortDate(const CalendarTime& time) override;
   std::string TimeOfDay(const CalendarTime& time) override;
@@ -28,6 +29,7 @@ class PosixLocale : public Locale {
  private:
   std::string language_;
   std::string thousands_ = ",";
+  std::vector<int> groups_{3};
   std::string decimal_ = ".";
   Handle<LocaleTraits> times_;  ///< none: the plain formats
 };

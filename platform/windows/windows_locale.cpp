@@ -47,6 +47,21 @@ std::string WindowsLocale::Language() {
 
 std::string WindowsLocale::ThousandsSeparator() { return LocaleText(LOCALE_STHOUSAND); }
 
+/// From "3;2;0", where the 0 says that the group before it repeats.
+std::vector<int> WindowsLocale::DigitGroups() {
+  std::vector<int> groups;
+  for (const char c : LocaleText(LOCALE_SGROUPING)) {
+    if (c >= '0' && c <= '9') groups.push_back(c - '0');
+  }
+  if (groups.empty() || groups.front() == 0) return {0};
+  if (groups.back() == 0) {
+    groups.pop_back();
+  } else {
+    groups.push_back(0);
+  }
+  return groups;
+}
+
 std::string WindowsLocale::DecimalSeparator() {
   const std::string separator = LocaleText(LOCALE_SDECIMAL);
   return separator.empty() ? "." : separator;

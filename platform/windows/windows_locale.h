@@ -9,6 +9,7 @@ class WindowsLocale : public Locale {
  public:
   std::string Language() override;
   std::string ThousandsSeparator() override;
+  std::vector<int> DigitGroups() override;
   std::string DecimalSeparator() override;
   std::string ShortDate(const CalendarTime& time) override;
   std::string TimeOfDay(const CalendarTime& time) override;

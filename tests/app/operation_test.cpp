@@ -92,6 +92,7 @@ TEST_F(Operations, LockTheMainWindowAndGiveItBack) {
   window->SkipConfirmation = true;
   Click(window->cmdBackupModifiedFiles);
   EXPECT_TRUE(locked);
+  EXPECT_EQ(window->ReportWindow().lblState.text(), "Finished: 1 file copied.");
   EXPECT_TRUE(window->cmdBackupAllFiles.reachable() && window->ReportWindow().visible());
   EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is not empty.");
 }

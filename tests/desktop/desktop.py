@@ -40,11 +40,11 @@ def end_process(process):
 class Screen:
     """An X server with a window manager; `environment` leads programs to it."""
 
-    def __init__(self):
+    def __init__(self, size="1600x1100"):
         reader, writer = os.pipe()
         # Without -noreset the server throws everybody out when its only client leaves, such as a first look of wmctrl.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1600x1100x24", "-nolisten", "tcp", "-noreset"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as numbers:
@@ -70,8 +70,8 @@ class Screen:
 
 
 class Program:
-    """The program, started by a command, and its windows. A control has a `title` (its window's), a `name`, a `role`
-    and a `text`, is `usable` and `ticked` or not, and can be pressed."""
+    """The program, started by a command, and its windows, which go by the end of their title. A control has a `title`
+    (its window's), a `name`, a `role` and a `text`, is `usable` and `ticked` or not, and can be pressed."""
 
     vanished = ()  # what is raised when a window closes while it is read
     noise = ()  # how errors begin that are none of the program's
@@ -145,8 +145,15 @@ class Program:
         """As soon as the button is there and can be used."""
         wait_until(lambda: self.press_if_usable(title, name), f"{name!r} in {title!r} to be usable", 60)
 
+    def full(self, title):
+        """The report says before its title how the run stands."""
+        return next((name for name in self.titles() if name.endswith(title)), title)
+
+    def activate(self, title):
+        self.screen.run("wmctrl", "-F", "-a", self.full(title))
+
     def press_key(self, title, name):
-        self.screen.run("wmctrl", "-F", "-a", title)
+        self.activate(title)
         self.screen.run("xdotool", "key", name)
 
     def tick(self, title, name):
@@ -170,7 +177,7 @@ class Program:
 
     def is_open(self, title):
         try:
-            return title in self.titles()
+            return any(name.endswith(title) for name in self.titles())
         except self.vanished:
             return True
 

@@ -7,7 +7,7 @@ from desktop import CHECK
 from story import BACK_UP, MAIN
 
 SELECT, CONFIRM = "Select subfolders", "Confirm operation"
-EXTENSION, SKIP = "File extension", "Skip filepaths containing (separate with commas)"
+EXTENSION, SKIP = "Back up only files with extension", "Skip filepaths containing (separate with commas)"
 PAUSE = "Pause after first copy of files from a folder"
 SKIPPED = "/drafts/"
 
@@ -104,6 +104,10 @@ class FirstDay:
         self.program.answer(CONFIRM, "Start backup")
         self.program.find(BACK_UP, "Continue")
         self.assertEqual(list(self.place.copies()), ["index.txt"])
+        for _ in range(2):
+            self.program.close(BACK_UP)
+            self.answer_box_of("Cancel the backup?", "No")
+            self.program.find(BACK_UP, "Continue")
         self.program.press(BACK_UP, "Continue")
         self.expected = dict(BACKED_UP)
         self.read_report(BACK_UP, f"Number of files copied: {len(BACKED_UP)}")

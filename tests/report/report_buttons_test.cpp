@@ -2,6 +2,8 @@
 
 namespace report {
 
+using namespace std::chrono_literals;
+
 struct ReportButtons : testing::Test, ReportScene {
   /// The captions of the visible buttons, in the order Pause, Cancel, Copy.
   std::string Shown() const {
@@ -36,15 +38,20 @@ TEST_F(ReportButtons, APauseEndsWhenTheProgramEnds) {
   EXPECT_TRUE(front_end.quitting());
 }
 
-TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndLeavesAPausedOneAlone) {
-  front_end.Post([&] { window.UserClosed(); });
-  front_end.Post([&] {
-    window.Form_Unload();
-    EXPECT_TRUE(window.Paused && window.visible());
-    Click(window.cmdPauseContinue);
-  });
-  window.Output("line", true);
-  EXPECT_FALSE(window.Paused);
+TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndAsksWhetherToCancelAPausedOne) {
+  front_end.dialogs().yes_no = {false, true};
+  for (const bool yes : {false, true}) {
+    front_end.Post([&] { window.UserClosed(); });
+    front_end.Post([&] {
+      window.UserClosed();
+      EXPECT_NE(window.Paused, yes);
+      EXPECT_TRUE(window.visible());
+      if (!yes) Click(window.cmdPauseContinue);
+    });
+    window.Output("line", true);
+    EXPECT_EQ(stop, yes);
+  }
+  EXPECT_EQ(front_end.dialogs().asked.size(), 2U);
 }
 
 TEST_F(ReportButtons, ClosingEnablesTheMainWindowOnlyWhenNoOperationIsRunning) {
@@ -72,12 +79,9 @@ TEST_F(ReportButtons, CopyTakesTheSelectionOrElseTheWholeReport) {
   EXPECT_EQ(window.cmdCopyToClipboard.text(), "Copy all");
 }
 
-TEST_F(ReportButtons, AReportIsHiddenOnlyWhereNothingIsHalfDoneAndShownAgainAtTheEnd) {
-  for (const std::int64_t files_met : {7, 9}) {
-    counts = {3, 5, files_met, 9};
-    window.SetReportButtons2(true, true, "Continue", true, "Cancel operation");
-    EXPECT_EQ(ui::headless::Tick(window.chkSuppressDisplayOfReport, true), files_met == 9);
-  }
+TEST_F(ReportButtons, AReportCanBeHiddenInEveryPauseAndIsShownAgainAtTheEnd) {
+  window.SetReportButtons2(true, true, "Continue", true, "Cancel operation");
+  EXPECT_TRUE(ui::headless::Tick(window.chkSuppressDisplayOfReport, true));
   EXPECT_FALSE(window.txbText.visible());
   window.cmdPauseContinue_Click();
   Click(window.cmdCancelClose);
@@ -85,6 +89,63 @@ TEST_F(ReportButtons, AReportIsHiddenOnlyWhereNothingIsHalfDoneAndShownAgainAtTh
   EXPECT_EQ(Shown(), "[Close]");
   window.SetReportButtons("Close");
   EXPECT_TRUE(window.txbText.visible());
+}
+
+TEST_F(ReportButtons, ASecondClickOnCancelDoesNotCloseTheReport) {
+  for (const bool late : {false, true}) {
+    window.SetReportButtons2(true, true, "Continue", true, "Cancel operation");
+    ui::headless::Click(window.cmdCancelClose);
+    if (late) clock.Sleep(1s);
+    ui::headless::Click(window.cmdCancelClose);
+    EXPECT_EQ(window.visible(), !late);
+  }
+}
+
+TEST_F(ReportButtons, TheKeyThatStartedTheRunDoesNotPauseIt) {
+  ui::headless::PressSpace(window);
+  window.UserPressedEnter();
+  window.Output("line", true);
+  EXPECT_EQ(Shown() + " " + window.text(), "[Pause] 0 % - Report");
+}
+
+TEST_F(ReportButtons, PauseAndEndAreToldInTheWindowItsTitleAndElsewhere) {
+  front_end.Post([&] {
+    EXPECT_EQ(window.lblState.text() + "|" + window.text(), "Paused: 0 %|Paused - Report");
+    Click(window.cmdPauseContinue);
+  });
+  window.cmdPauseContinue_Click();
+  window.SetReportButtons("Close");
+  window.ShowEnd("Finished: 1 file could not be copied.", EndKind::kBad);
+  EXPECT_EQ(window.lblState.text(), "! Finished: 1 file could not be copied.");
+  EXPECT_EQ(window.text(), "! Finished - Report");
+  EXPECT_EQ(window.task_state(), ui::TaskState::kFailed);
+  EXPECT_TRUE(window.cmdCancelClose.has_focus());
+  EXPECT_EQ(window.cmdCancelClose.description(), "Finished: 1 file could not be copied.");
+  EXPECT_EQ(front_end.notes.back(), "Report: Finished: 1 file could not be copied.");
+}
+
+TEST_F(ReportButtons, F8GoesFromProblemToProblemAndRoundAndFindFromPlaceToPlace) {
+  window.OutputProblem("Not copied: a");
+  window.Output("line", true);
+  window.OutputProblem("Not copied: b");
+  EXPECT_FALSE(window.cmdNextProblem.visible()) << "a running report scrolls back to its end";
+  window.SetReportButtons("Close");
+  EXPECT_TRUE(window.cmdNextProblem.visible());
+  std::string visited;
+  const auto press = [&](ui::Key key, bool shift) {
+    ui::headless::PressKey(window, {key, {}, shift});
+    visited += std::to_string(window.txbText.selection().start) + " ";
+  };
+  press(ui::Key::kF8, false);
+  press(ui::Key::kF8, false);
+  press(ui::Key::kF8, false);
+  press(ui::Key::kF8, true);
+  ui::headless::PressKey(window, {ui::Key::kFind});
+  ui::headless::Type(window.txbFind, "NOT COPIED: ");
+  press(ui::Key::kF3, false);
+  press(ui::Key::kF3, false);
+  press(ui::Key::kF3, true);
+  EXPECT_EQ(visited, "0 21 0 21 0 21 0 ");
 }
 
 }  // namespace report

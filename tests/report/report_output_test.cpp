@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "tests/report/report_scene.h"
 
 namespace report {
@@ -61,19 +63,30 @@ TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsWithoutThePauseButtonAndEmpti
 }
 
 TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
-  for (const bool ends : {false, true}) {
+  const std::function<void(ReportScene&)> cases[] = {
+      [](ReportScene& scene) { scene.unattended = true; }, [](ReportScene& scene) { scene.stop = true; },
+      [](ReportScene& scene) { scene.window.txbText.SetVisible(false); },
+      [](ReportScene& scene) { scene.window.Hide(), scene.front_end.Quit(0); }};
+  for (const auto& nobody_reads : cases) {
     ReportScene scene;
-    scene.unattended = !ends;
     scene.FillTo(61'441);
-    if (ends) {
-      scene.window.Hide();
-      scene.front_end.Quit(0);
-    }
+    nobody_reads(scene);
     scene.window.Output("dropped", true);
     EXPECT_EQ(scene.window.txbText.text(), "");
-    EXPECT_EQ(scene.window.visible(), !ends);
+    EXPECT_NE(scene.window.visible(), scene.front_end.quitting());
     EXPECT_TRUE(scene.clock.sleeps().empty());
   }
+}
+
+TEST(Output, WhatMustNotBeLostStandsInTheEmptiedBoxAndOnceInTheLines) {
+  ReportScene scene;
+  scene.capacity = 10;
+  scene.window.Output("line of the box", true);
+  scene.window.OutputKept("Number of files copied: 5", true);
+  EXPECT_EQ(scene.window.txbText.text(), "Number of files copied: 5\r\n");
+  scene.window.OutputProblem("Not copied: x");
+  EXPECT_EQ(scene.window.txbText.text(), "Not copied: x\r\n");
+  EXPECT_EQ(scene.lines, "line of the box|Number of files copied: 5|Not copied: x|");
 }
 
 TEST(Output, TheLineSinkGetsEveryLineOnceEvenAcrossAFullBox) {

@@ -32,18 +32,17 @@ struct ReportScene : MainWindow {
   std::size_t ReportCapacity() const override { return capacity; }
   bool SuppressDetailedReports() const override { return suppress; }
   bool SnipFullReport() const override { return snip; }
+  bool CopiesFiles() const override { return true; }
   bool PauseAfterFirstCopy() const override { return false; }
   bool Unattended() const override { return unattended; }
   bool OperationRunning() const override { return running; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
   void EnableOperationControls() override { ++enabled; }
-  RunningCounts Counts() const override { return counts; }
 
   std::size_t capacity = 61'440;
   bool suppress = false, snip = false, running = true, stop = false, unattended = false;
   int enabled = 0;
-  RunningCounts counts;
   std::string lines;
 
   ui::headless::HeadlessFrontEnd front_end;

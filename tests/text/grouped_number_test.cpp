@@ -11,6 +11,14 @@ TEST(GroupedNumber, GroupsWholeNumbersFromTheRight) {
   EXPECT_EQ(GroupedNumber(std::numeric_limits<std::int64_t>::min(), {}), "-9,223,372,036,854,775,808");
 }
 
+TEST(GroupedNumber, GroupsAsTheLocaleDoes) {
+  const std::pair<std::vector<int>, const char*> cases[] = {
+      {{3, 2}, "1,23,45,679"}, {{0}, "12345679"}, {{3, 0}, "12345,679"}};
+  for (const auto& [groups, expected] : cases) {
+    EXPECT_EQ(GroupedNumber(std::int64_t{12'345'679}, {",", ".", groups}), expected);
+  }
+}
+
 TEST(GroupedNumber, RoundsHalfAwayFromZeroAndDropsTheZeroBeforeTheMark) {
   const struct {
     double value;

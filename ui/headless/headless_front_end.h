@@ -75,7 +75,11 @@ class HeadlessFrontEnd : public FrontEnd {
   bool quitting() const override { return exit_code_.has_value(); }
   /// Ends like Run() as well.
   void RunModal(Form& form) override;
-  Size screen() const override { return {28'800, 16'200}; }  ///< 1920 by 1080 pixels
+  void Notify(Form&, const std::string& title, const std::string& text) override {
+    notes.push_back(title + ": " + text);
+  }
+  void OpenFolder(const std::string& path) override { opened_folders.push_back(path); }
+  Size screen() const override { return screen_size; }
   Twips TextWidth(const std::string& text, const Font& font) const override;
   HeadlessDialogs& dialogs() override { return dialogs_; }
   HeadlessClipboard& clipboard() override { return clipboard_; }
@@ -84,7 +88,10 @@ class HeadlessFrontEnd : public FrontEnd {
   /// Something the user will do at the next chance.
   void Post(std::function<void()> event) { events_.push_back(std::move(event)); }
   std::function<void()> when_idle;
-  Form* modal = nullptr;  ///< the window that stands open above the others and waits for the user
+  Form* modal = nullptr;             ///< the window that stands open above the others and waits for the user
+  Size screen_size{28'800, 16'200};  ///< 1920 by 1080 pixels
+  std::vector<std::string> notes;    ///< of Notify(), each with its title
+  std::vector<std::string> opened_folders;
   /// Lets so many milliseconds pass: each running timer ticks as often as its interval fits in, in the order
   /// of time. Other posted events run as well. A timer whose handler still runs does not tick.
   void PassTime(int milliseconds);

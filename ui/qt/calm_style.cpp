@@ -22,7 +22,7 @@ bool Has(const QStyleOption& option, QStyle::StateFlag flag) { return (option.st
 QColor BorderOf(const QStyleOption& option) {
   const QPalette& palette = option.palette;
   if (IsHighContrast()) return palette.color(QPalette::WindowText);
-  const double share = Has(option, QStyle::State_Enabled) ? 0.55 : 0.8;
+  const double share = Has(option, QStyle::State_Enabled) ? 0.42 : 0.8;
   return Mix(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Window), share);
 }
 

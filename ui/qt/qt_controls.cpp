@@ -131,6 +131,17 @@ DropDownListPeer::DropDownListPeer(DropDownList& list)
   });
 }
 
+/// Screen readers on Linux get the name of a list from a label alone: one that is not seen stands for it.
+void DropDownListPeer::MirrorHelp() {
+  WidgetPeer::MirrorHelp();
+  if (name_ == nullptr) {
+    name_ = new QLabel(widget_.parentWidget());
+    name_->setVisible(false);
+    name_->setBuddy(&widget_);
+  }
+  name_->setText(ToQString(list_.spoken_name()));
+}
+
 void DropDownListPeer::MirrorItems() {
   widget_.clear();
   for (const std::string& item : list_.items()) widget_.addItem(ToQString(item));

@@ -61,6 +61,7 @@ class DropDownListPeer : public WidgetPeer {
   explicit DropDownListPeer(DropDownList& list);
 
  protected:
+  void MirrorHelp() override;
   void MirrorItems() override;
   void MirrorValue() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -68,6 +69,7 @@ class DropDownListPeer : public WidgetPeer {
  private:
   DropDownList& list_;
   QComboBox& widget_;
+  QLabel* name_ = nullptr;  ///< the widget around owns it
 };
 
 class ProgressBarPeer : public WidgetPeer {

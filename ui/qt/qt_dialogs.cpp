@@ -5,6 +5,8 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QStorageInfo>
+#include <QUrl>
 
 #include "base/program_name.h"
 #include "ui/form.h"
@@ -50,6 +52,18 @@ QString ToQFilter(const FileDialog& dialog) {
   return name.contains(u'(') ? name : name + QStringLiteral(" (%1)").arg(ToQString(dialog.filter_pattern));
 }
 
+/// The home folder and the disks that are mounted for the user.
+QList<QUrl> PlacesBeside() {
+  QList<QUrl> places{QUrl::fromLocalFile(QDir::homePath()), QUrl::fromLocalFile(QDir::rootPath())};
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const QString root = volume.rootPath();
+    const bool users =
+        root.startsWith("/media/") || root.startsWith("/run/media/") || root.startsWith("/mnt");
+    if (users && volume.isReady()) places.append(QUrl::fromLocalFile(root));
+  }
+  return places;
+}
+
 }  // namespace
 
 int QtDialogs::Run(QDialog& dialog) {
@@ -77,6 +91,7 @@ bool QtDialogs::AskYesNo(Form& owner, const MessageBox& box) {
 }
 
 std::optional<std::string> QtDialogs::PickPath(QFileDialog& dialog) {
+  dialog.setSidebarUrls(PlacesBeside());
   if (Run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().first()).toStdString();
 }

@@ -1,5 +1,6 @@
 #include "ui/qt/qt_form.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -53,7 +54,10 @@ class FormWindow : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override {
     event->ignore();  // the form decides, and hides the window
-    peer_->form().UserClosed();
+    // Not from in here: the form's answer may run events for long, and a window that is asked to close a
+    // second time before this returns is taken off the screen without a question.
+    QMetaObject::invokeMethod(
+        peer_, [peer = peer_] { peer->form().UserClosed(); }, Qt::QueuedConnection);
   }
 
   void moveEvent(QMoveEvent*) override { peer_->WasMovedOrSized(); }
@@ -94,10 +98,19 @@ class FormWindow : public QWidget {
   FormPeer* peer_ = nullptr;
 };
 
+/// Qt itself tells screen readers of no window what it is.
+QAccessibleInterface* AccessibleWindow(const QString&, QObject* object) {
+  auto* const window = dynamic_cast<FormWindow*>(object);
+  if (window == nullptr) return nullptr;
+  const bool dialog = window->windowType() == Qt::Dialog;
+  return new QAccessibleWidget(window, dialog ? QAccessible::Dialog : QAccessible::Window);
+}
+
 }  // namespace
 
 FormPeer::FormPeer(Form& form)
     : WidgetPeer(form, new FormWindow(form.style())), form_(form), client_(widget()) {
+  QAccessible::installFactory(&AccessibleWindow);  // once is enough, and more is the same
   static_cast<FormWindow*>(widget())->ReportTo(this);
   if (form.style() != FormStyle::kPopUp) return;
   client_ = new QWidget(widget());
@@ -150,6 +163,8 @@ void FormPeer::MirrorVisible() {
   const bool was_visible = widget()->isVisible();
   if (!form_.visible()) {
     widget()->hide();
+    // One that came back maximised would be painted in its normal size first, and in part never beyond that.
+    widget()->setWindowState(widget()->windowState() & ~Qt::WindowMaximized);
     if (was_visible && form_.owner() != nullptr) widget()->activateWindow();
     return;
   }
@@ -166,6 +181,7 @@ void FormPeer::ShowWithOwner() {
   widget()->winId();  // makes the native window, which knows the window it belongs to
   widget()->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
   widget()->show();
+  form_.InnerSizeIs(ToTwips(client_->size()));  // hidden, it may have got another size
 }
 
 /// Another program keeps the keyboard: only within this program does the window become the active one.

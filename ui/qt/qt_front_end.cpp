@@ -4,11 +4,14 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QEventLoop>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QIcon>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 #include <cerrno>
 #include <cmath>
 #include <csignal>
@@ -22,6 +25,7 @@
 #include "ui/qt/qt_form.h"
 #include "ui/qt/qt_frame.h"
 #include "ui/qt/qt_look.h"
+#include "ui/qt/qt_notification.h"
 #include "ui/qt/qt_scale.h"
 #include "ui/qt/qt_text.h"
 #include "ui/qt/qt_text_box.h"
@@ -120,6 +124,16 @@ void QtFrontEnd::Quit(int exit_code) {
 
 void QtFrontEnd::RunModal(Form& form) {
   while (form.visible() && !quitting()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void QtFrontEnd::Notify(Form& form, const std::string& title, const std::string& text) {
+  if (QGuiApplication::applicationState() == Qt::ApplicationActive) return;
+  if (QWidget* window = WidgetOf(form)) QApplication::alert(window);
+  ShowNotification(ToQString(title), ToQLines(text));
+}
+
+void QtFrontEnd::OpenFolder(const std::string& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
 }
 
 Size QtFrontEnd::screen() const {

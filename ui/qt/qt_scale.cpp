@@ -1,7 +1,9 @@
 #include "ui/qt/qt_scale.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 
 namespace ui::qt {
@@ -11,10 +13,16 @@ constexpr double kTwipsPerInch = 1440;
 
 double DotsPerInch() {
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen != nullptr ? screen->logicalDotsPerInch() : 96;
+  return (screen != nullptr ? screen->logicalDotsPerInch() : 96) * TextScale();
 }
 
 }  // namespace
+
+double TextScale() {
+  constexpr double kUsualPoints = 11;  // the most that a desktop begins with
+  constexpr double kLargest = 3;
+  return std::clamp(QGuiApplication::font().pointSizeF() / kUsualPoints, 1.0, kLargest);
+}
 
 int ToPixels(Twips length) { return static_cast<int>(std::lround(length * DotsPerInch() / kTwipsPerInch)); }
 

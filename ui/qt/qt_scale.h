@@ -5,9 +5,12 @@
 
 #include "ui/geometry.h"
 
-/// Twips and the pixels of the main screen, by its logical dots per inch: the measure that also scales the
-/// fonts.
+/// Twips and the pixels of the main screen, by its logical dots per inch, the measure that also scales the
+/// fonts, and by the size of the desktop's text.
 namespace ui::qt {
+
+/// How much larger than usual the desktop wants its text, 1 or more: the windows grow with it.
+double TextScale();
 
 int ToPixels(Twips length);
 Twips ToTwips(int pixels);

@@ -1,5 +1,7 @@
 #include "ui/qt/qt_text.h"
 
+#include "ui/qt/qt_scale.h"
+
 #include <QList>
 #include <QTextDocument>
 #include <algorithm>
@@ -74,7 +76,7 @@ QString ToPlainTip(std::string_view text) {
 QFont ToQFont(const Font& font) {
   QFont result;
   if (!font.name.empty()) result.setFamily(ToQString(font.name));
-  result.setPointSize(font.points);
+  result.setPointSizeF(font.points * TextScale());
   result.setBold(font.bold);
   return result;
 }

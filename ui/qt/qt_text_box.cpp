@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kCrLf = 2;
 
-/// An edit that tells of the mouse once it has handled it itself: only then the selection is final.
+/// An edit that tells of mouse and keys once it has handled them itself: only then the selection is final.
 template <typename Edit>
 class MouseEdit : public Edit {
  public:
@@ -24,8 +24,12 @@ class MouseEdit : public Edit {
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override {
     Edit::mouseReleaseEvent(event);
-    const bool over = Edit::rect().contains(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && over) box_.UserReleasedMouse();
+    if (event->button() == Qt::LeftButton) box_.UserReleasedMouse();
+  }
+
+  void keyReleaseEvent(QKeyEvent* event) override {
+    Edit::keyReleaseEvent(event);
+    box_.UserReleasedMouse();
   }
 
  private:
@@ -84,7 +88,7 @@ ManyLinesPeer::ManyLinesPeer(TextBox& box)
       box_(box),
       widget_(*static_cast<QPlainTextEdit*>(widget())) {
   Watch(widget_.viewport());
-  widget_.setLineWrapMode(QPlainTextEdit::NoWrap);
+  widget_.setLineWrapMode(box.wraps() ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
   widget_.setTabChangesFocus(true);
   connect(&widget_, &QPlainTextEdit::textChanged, this, [this] {
     if (!by_program_) box_.UserEdited(FromQLines(widget_.document()->toRawText()));
@@ -115,8 +119,9 @@ void ManyLinesPeer::MirrorEnabled() {
   widget_.setUndoRedoEnabled(!box_.read_only());
 }
 
+/// The bar's maximum would show an empty line below the last one.
 void ManyLinesPeer::ScrollToEnd() {
-  widget_.verticalScrollBar()->setValue(widget_.verticalScrollBar()->maximum());
+  widget_.ensureCursorVisible();
   widget_.horizontalScrollBar()->setValue(0);
 }
 

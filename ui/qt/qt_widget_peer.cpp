@@ -16,6 +16,8 @@ namespace {
 
 /// The key as a window is offered it; empty for one that it is not.
 std::optional<KeyPress> PressOf(const QKeyEvent& event) {
+  const bool shift = (event.modifiers() & Qt::ShiftModifier) != 0;
+  if (event.key() == Qt::Key_F && event.modifiers() == Qt::ControlModifier) return KeyPress{Key::kFind};
   if ((event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) return std::nullopt;
   switch (event.key()) {
     case Qt::Key_Up:
@@ -30,6 +32,10 @@ std::optional<KeyPress> PressOf(const QKeyEvent& event) {
       return KeyPress{Key::kHome};
     case Qt::Key_End:
       return KeyPress{Key::kEnd};
+    case Qt::Key_F3:
+      return KeyPress{Key::kF3, {}, shift};
+    case Qt::Key_F8:
+      return KeyPress{Key::kF8, {}, shift};
     default:
       break;
   }

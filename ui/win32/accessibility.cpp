@@ -35,12 +35,12 @@ void Accessibility::SetDescription(HWND window, const std::string& description) 
   if (services_) SetText(*services_.get(), window, PROPID_ACC_DESCRIPTION, description);
 }
 
-void Accessibility::SetIsGroup(HWND window) const {
+void Accessibility::SetRole(HWND window, LONG role) const {
   if (!services_) return;
-  VARIANT role{};
-  role.vt = VT_I4;
-  role.lVal = ROLE_SYSTEM_GROUPING;
-  services_->SetHwndProp(window, kClient, CHILDID_SELF, PROPID_ACC_ROLE, role);
+  VARIANT value{};
+  value.vt = VT_I4;
+  value.lVal = role;
+  services_->SetHwndProp(window, kClient, CHILDID_SELF, PROPID_ACC_ROLE, value);
 }
 
 void Accessibility::Forget(HWND window) const {

@@ -17,8 +17,8 @@ class Accessibility {
   /// An empty text leaves the window's own.
   void SetName(HWND window, const std::string& name) const;
   void SetDescription(HWND window, const std::string& description) const;
-  /// Says that the window is a group of others.
-  void SetIsGroup(HWND window) const;
+  /// What the window is: a ROLE_SYSTEM_ of oleacc.h.
+  void SetRole(HWND window, LONG role) const;
   /// Before the window goes.
   void Forget(HWND window) const;
 

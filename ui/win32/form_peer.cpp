@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include <oleacc.h>
+
 #include "ui/win32/paint.h"
 #include "ui/win32/scale.h"
 #include "ui/win32/wide_text.h"
@@ -51,6 +53,8 @@ bool IsFirstWindow(const Toolkit& toolkit) {
 FormPeer::FormPeer(Form& form, Toolkit& toolkit)
     : WindowPeer(form, toolkit, KindOf(form.style())), form_(form), tool_tips_(handle()) {
   toolkit.forms.push_back(this);
+  toolkit.accessibility.SetRole(handle(),
+                                form.style() == FormStyle::kDialog ? ROLE_SYSTEM_DIALOG : ROLE_SYSTEM_WINDOW);
   // Marks of focus and access keys are seen from the start, not only after the first use of the keyboard.
   window().Send(WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS));
   HandleActivation();
@@ -125,6 +129,10 @@ void FormPeer::HandleLook() {
       return std::nullopt;
     });
   }
+  window().On(Notice::kMessage, [this](const Message& message) -> Answer {
+    if (toolkit().notice.Handle(LOWORD(message.lparam))) form_.Show();
+    return 0;
+  });
   window().On(TaskBar::ButtonMadeMessage(), [this](const Message&) -> Answer {
     MirrorValue();
     return 0;
@@ -200,7 +208,9 @@ void FormPeer::Hide() {
   ShowWindow(handle(), SW_HIDE);
 }
 
-void FormPeer::MirrorValue() { toolkit().task_bar.ShowProgress(handle(), form_.task_progress()); }
+void FormPeer::MirrorValue() {
+  toolkit().task_bar.ShowProgress(handle(), form_.task_progress(), form_.task_state());
+}
 
 void FormPeer::MirrorState() {
   if (form_.state() == WindowState::kNormal && IsIconic(handle())) ShowWindow(handle(), SW_SHOWNOACTIVATE);

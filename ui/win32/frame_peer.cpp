@@ -1,5 +1,7 @@
 #include "ui/win32/frame_peer.h"
 
+#include <oleacc.h>
+
 #include "ui/win32/paint.h"
 #include "ui/win32/scale.h"
 #include "ui/win32/wide_text.h"
@@ -13,10 +15,10 @@ constexpr Twips kIndent = 135;
 
 WindowKind Kind() { return {PlainWindowClass(), kFrame.style, kFrame.extended_style}; }
 
-/// Between the two colours, nearer to the background.
+/// Between the two colours, and with a contrast of more than 3 to the background.
 COLORREF Between(const Colours& colours) {
   const auto mix = [](int text, int background) {
-    return static_cast<BYTE>((2 * text + 3 * background) / 5);
+    return static_cast<BYTE>((11 * text + 9 * background) / 20);
   };
   return RGB(mix(colours.text.red, colours.background.red), mix(colours.text.green, colours.background.green),
              mix(colours.text.blue, colours.background.blue));
@@ -34,7 +36,7 @@ void DrawBorder(HDC context, const RECT& border, COLORREF colour, int round) {
 }  // namespace
 
 FramePeer::FramePeer(Frame& frame, Toolkit& toolkit) : WindowPeer(frame, toolkit, Kind()), frame_(frame) {
-  toolkit.accessibility.SetIsGroup(handle());
+  toolkit.accessibility.SetRole(handle(), ROLE_SYSTEM_GROUPING);
   HandleBorder();
   window().On(WM_ERASEBKGND, [this](const Message& message) -> Answer {
     RECT inside{};

@@ -42,6 +42,9 @@ std::optional<KeyPress> PressOf(const MSG& message) {
   if (message.message == WM_CHAR && message.wParam > VK_SPACE && message.wParam != kDelete) {
     return KeyPress{Key::kCharacter, FromWide(std::wstring(1, static_cast<wchar_t>(message.wParam)))};
   }
+  if (message.message == WM_KEYDOWN && message.wParam == 'F' && IsDown(VK_CONTROL) && !IsDown(VK_MENU)) {
+    return KeyPress{Key::kFind};
+  }
   if (message.message != WM_KEYDOWN || IsDown(VK_CONTROL)) return std::nullopt;
   switch (message.wParam) {
     case VK_SPACE:  // when its character comes the control has been pressed already
@@ -58,6 +61,10 @@ std::optional<KeyPress> PressOf(const MSG& message) {
       return KeyPress{Key::kHome};
     case VK_END:
       return KeyPress{Key::kEnd};
+    case VK_F3:
+      return KeyPress{Key::kF3, {}, IsDown(VK_SHIFT)};
+    case VK_F8:
+      return KeyPress{Key::kF8, {}, IsDown(VK_SHIFT)};
     default:
       return std::nullopt;
   }

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "ui/form.h"
 #include "ui/win32/com.h"
 
 struct ITaskbarList3;
@@ -15,7 +16,7 @@ class TaskBar {
   ~TaskBar();
 
   /// 0 to 1; none takes it away. Does nothing before the window's button has been made.
-  void ShowProgress(HWND window, std::optional<double> fraction) const;
+  void ShowProgress(HWND window, std::optional<double> fraction, TaskState state) const;
 
   /// The message that a window gets when its button has been made.
   static UINT ButtonMadeMessage();

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+
 #include "ui/win32/line_placement.h"
 #include "ui/win32/paint.h"
 #include "ui/win32/wide_text.h"
@@ -9,12 +11,13 @@
 namespace ui::win32 {
 namespace {
 
-constexpr DWORD kAnyEdit = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
+constexpr DWORD kAnyEdit = WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS;
 constexpr WPARAM kCtrlA = 1;
 
-WindowKind KindOf(TextBox::Lines lines) {
-  if (lines == TextBox::Lines::kOne) return {WC_EDITW, kAnyEdit, WS_EX_CLIENTEDGE};
-  return {WC_EDITW, kAnyEdit | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_NOHIDESEL,
+WindowKind KindOf(const TextBox& box) {
+  if (box.lines() == TextBox::Lines::kOne) return {WC_EDITW, kAnyEdit | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+  const DWORD to_the_side = box.wraps() ? 0 : WS_HSCROLL | ES_AUTOHSCROLL;
+  return {WC_EDITW, kAnyEdit | to_the_side | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_NOHIDESEL,
           WS_EX_CLIENTEDGE};
 }
 
@@ -27,8 +30,7 @@ Colours SystemColours() {
 
 }  // namespace
 
-TextBoxPeer::TextBoxPeer(TextBox& box, Toolkit& toolkit)
-    : WindowPeer(box, toolkit, KindOf(box.lines())), box_(box) {
+TextBoxPeer::TextBoxPeer(TextBox& box, Toolkit& toolkit) : WindowPeer(box, toolkit, KindOf(box)), box_(box) {
   window().Send(EM_SETLIMITTEXT, 0);  // else text beyond 30,000 characters would be lost
   HandleEditing();
   HandleKeys();
@@ -42,11 +44,13 @@ void TextBoxPeer::HandleEditing() {
     if (!by_program_) box_.UserEdited(FromWide(Shown()));
     return 0;
   });
-  window().On(WM_LBUTTONUP, [this](const Message& message) -> Answer {
-    const LRESULT result = window().Default(message);  // only then the selection is final
-    if (Contains(message)) box_.UserReleasedMouse();
-    return result;
-  });
+  for (const UINT released : std::array<UINT, 2>{WM_LBUTTONUP, WM_KEYUP}) {
+    window().On(released, [this](const Message& message) -> Answer {
+      const LRESULT result = window().Default(message);  // only then the selection is final
+      box_.UserReleasedMouse();
+      return result;
+    });
+  }
 }
 
 /// The system's own answer would make Escape close the window from a box of many lines, and hand over Enter

@@ -4,6 +4,7 @@
 
 #include "ui/win32/accessibility.h"
 #include "ui/win32/fonts.h"
+#include "ui/win32/notice.h"
 #include "ui/win32/task_bar.h"
 
 namespace ui::win32 {
@@ -15,6 +16,7 @@ struct Toolkit {
   Fonts fonts;
   Accessibility accessibility;
   TaskBar task_bar;
+  Notice notice;
   std::vector<FormPeer*> forms;  ///< all that live
 };
 

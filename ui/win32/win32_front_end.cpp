@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 #include <ole2.h>
+#include <shellapi.h>
 
 #include "ui/form.h"
 #include "ui/text_box.h"
@@ -139,6 +140,21 @@ void Win32FrontEnd::Quit(int exit_code) {
 /// A window that the system could not make, or has taken away, nobody can answer.
 void Win32FrontEnd::RunModal(Form& form) {
   while (form.visible() && HandleOf(form) != nullptr && !quitting()) HandleNext();
+}
+
+void Win32FrontEnd::Notify(Form& form, const std::string& title, const std::string& text) {
+  const HWND window = HandleOf(form);
+  DWORD process = 0;
+  GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  if (window == nullptr || process == GetCurrentProcessId()) return;
+  FLASHWINFO until_in_front{sizeof until_in_front, window, FLASHW_TRAY | FLASHW_TIMERNOFG, 0, 0};
+  FlashWindowEx(&until_in_front);
+  toolkit_->notice.Show(window, title, text);
+}
+
+/// "explore" is known for folders only: a path that has become a file is not run.
+void Win32FrontEnd::OpenFolder(const std::string& path) {
+  ShellExecuteW(nullptr, L"explore", ToWide(path).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 Size Win32FrontEnd::screen() const {

@@ -44,6 +44,8 @@ class Win32FrontEnd : public FrontEnd {
   void Quit(int exit_code) override;
   bool quitting() const override { return exit_code_.has_value(); }
   void RunModal(Form& form) override;
+  void Notify(Form& form, const std::string& title, const std::string& text) override;
+  void OpenFolder(const std::string& path) override;
   Size screen() const override;
   Twips TextWidth(const std::string& text, const Font& font) const override;
   Dialogs& dialogs() override;

@@ -72,6 +72,18 @@ TEST_F(FrontEndContract, ClosingAsksTheHandlerAndHidesWithoutOne) {
   EXPECT_EQ(count_, 2);
 }
 
+TEST_F(FrontEndContract, AWindowThatIsClosedAgainWhileItsAnswerRunsStaysOnTheScreen) {
+  window_.AllowReentry();
+  window_.on_close = [&] {
+    if (++count_ == 1) driver_->Close(window_);
+  };
+  driver_->Close(window_);
+  EXPECT_EQ(count_, 2);
+  window_.first.on_mouse_up = Count();
+  driver_->Click(window_.first);
+  EXPECT_EQ(count_, 3);
+}
+
 TEST_F(FrontEndContract, AMinimisedWindowIsRestored) {
   window_.first.on_mouse_up = Count();
   for (const auto bring_back : {&ui::Form::Restore, &ui::Form::Show}) {

@@ -16,8 +16,8 @@ class Screen(desktop.Screen):
     """A screen with the message bus on which programs describe their windows. One in a process: the library that
     reads the bus stays with the first that it finds."""
 
-    def __init__(self):
-        super().__init__()
+    def __init__(self, size="1600x1100"):
+        super().__init__(size)
         self.folder = tempfile.TemporaryDirectory(prefix="quorvane-bus-")
         bus = ["dbus-daemon", "--session", "--nofork", "--print-address=1",
                "--address=unix:path=" + os.path.join(self.folder.name, "bus")]
@@ -114,7 +114,7 @@ class Program(desktop.Program):
 
     def controls(self, title=None):
         for name, window in self.windows():
-            if title in (None, name):
+            if title is None or name.endswith(title):
                 yield from (control for control in (Control(name, item) for item in everything_below(window))
                             if control.showing)
 
@@ -122,8 +122,8 @@ class Program(desktop.Program):
         """Asks for it again and again: a window that is going away may still take the focus back."""
         def focused():
             control = self.find(title, name, role)
-            if self.titles().count(title) == 1:
-                self.screen.run("wmctrl", "-F", "-a", title)
+            if sum(name.endswith(title) for name in self.titles()) == 1:
+                self.activate(title)
             Atspi.Component.grab_focus(control.item)
             return desktop.within(1, lambda: control.has(Atspi.StateType.FOCUSED))
         desktop.wait_until(focused, f"the focus of {name!r}", 60)
@@ -148,4 +148,4 @@ class Program(desktop.Program):
 
     def close(self, title):
         """What a click on the cross in the window's corner does."""
-        self.screen.run("wmctrl", "-F", "-c", title)
+        self.screen.run("wmctrl", "-F", "-c", self.full(title))

@@ -91,11 +91,16 @@ class Runs(OnWindows, Story):
         self.program.press(ALL, "Continue")
         self.assertLess(self.hold(held), len(files))
         self.program.press(ALL, "Cancel operation")
-        self.program.answer(ALL, "Close")
+        desktop.wait_until(self.closed, "the report to close")
         self.check_copies({path: files[path] for path in self.copied()})
         self.begin(BACK_UP)
         self.program.find(BACK_UP, "Close")
         self.check_copies(files)
+
+    def closed(self):
+        """Presses "Close", which for a second after "Cancel operation" takes no presses."""
+        self.program.press_if_usable(ALL, "Close")
+        return not self.program.is_open(ALL)
 
     def hold(self, copied):
         """By a click on Pause as soon as more than so many files are copied; tells how many that are then."""

@@ -16,7 +16,7 @@ CHECK_BOX, KINDS = 0x2, 0xF  # BS_CHECKBOX, BS_TYPEMASK of <winuser.h>
 NEW_MOUNTS, NEW_USER = 0x00020000, 0x10000000  # CLONE_NEWNS, CLONE_NEWUSER of <sched.h>
 
 # Text boxes by their names in the code.
-BOXES = {"txbDirectory 0": "Source folder", "txbDirectory 1": "Target folder", "txbFileExtension": "File extension",
+BOXES = {"txbDirectory 0": "Source folder", "txbDirectory 1": "Target folder", "txbFileExtension": "Back up only files with extension",
          "txbExcludedFilepaths": "Skip filepaths containing (separate with commas)", "txbSetupFile": "Setup file in use",
          "txbText": "Report"}
 
@@ -137,7 +137,7 @@ class Program(desktop.Program):
         return [control.title for control in self.everything()]
 
     def controls(self, title=None):
-        return (control for control in self.everything() if title in (None, control.title))
+        return (control for control in self.everything() if title is None or control.title.endswith(title))
 
     def look_for(self, title, name, role=BUTTON):
         """The box for the answer to a question goes by the question."""

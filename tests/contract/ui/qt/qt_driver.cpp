@@ -66,7 +66,10 @@ class QtDriver : public Driver {
     static_cast<QScrollBar*>(WidgetOf(bar))->setSliderPosition(value);
   }
 
-  void Close(ui::Form& form) override { WidgetOf(form)->close(); }
+  void Close(ui::Form& form) override {
+    WindowOf(form)->close();
+    front_end_.RunPendingEvents();
+  }
   void Minimise(ui::Form& form) override {
     WidgetOf(form)->showMinimized();
     front_end_.RunPendingEvents();

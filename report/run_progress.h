@@ -1,0 +1,53 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "text/grouped_number.h"
+
+namespace report {
+
+/// What is to be copied in a run, as far as it was counted before.
+struct Expected {
+  std::int64_t files = 0;  ///< 0: nobody has counted
+  std::int64_t bytes = 0;
+};
+
+/// How far a run has come: by what was counted before it began, else by the shares that its folders have of
+/// it. Times are those of a clock that only goes forward.
+class RunProgress {
+ public:
+  using Time = std::chrono::milliseconds;
+
+  RunProgress(Expected expected, const text::NumberMarks& marks) : expected_(expected), marks_(marks) {}
+
+  /// The share of the run that is done, 0 to 1.
+  void Shares(double fraction) { shares_ = fraction; }
+  void Copied(std::int64_t files, std::int64_t bytes) { done_ = {files, bytes}; }
+  /// The run is held from now on; it goes on with the next Passed().
+  void Held(Time now);
+  void Passed(Time now);
+
+  /// 0 to 1; never less than before.
+  double fraction();
+  /// "12 of 300 files, 1.20 Mb of 3.40 Mb"; empty where nobody has counted.
+  std::string Details() const;
+  /// "about 3 minutes left"; empty until it can be said.
+  std::string TimeLeft() const;
+
+ private:
+  bool counted() const { return expected_.files > 0; }
+  double ByCount() const;
+
+  Expected expected_;
+  Expected done_;
+  text::NumberMarks marks_;
+  double shares_ = 0;
+  double fraction_ = 0;
+  Time worked_{0};
+  std::optional<Time> seen_;  ///< when the run was last seen at work; none while it is held
+};
+
+}  // namespace report

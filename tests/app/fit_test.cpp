@@ -1,0 +1,54 @@
+#include "tests/app/program.h"
+
+#include "app/frmConfirmOperation.h"
+
+/// Every window on the smallest screens that the program is made for.
+namespace app::test {
+
+/// The work areas of a screen of 1024 x 560 at 100 % and of one of 1366 x 728 at 150 %.
+constexpr ui::Size kScreens[] = {{15'360, 8'400}, {13'660, 7'280}};
+/// What a desktop's title and borders take.
+constexpr ui::Twips kFrame = 480;
+
+void ExpectInside(ui::Form& form, ui::Size screen) {
+  EXPECT_GE(form.left(), 0) << form.name();
+  EXPECT_GE(form.top(), 0) << form.name();
+  EXPECT_LE(form.bounds().right(), screen.width) << form.name();
+  EXPECT_LE(form.bounds().bottom(), screen.height) << form.name();
+  form.ForEach([&](ui::Control& control) {
+    if (!control.visible() || dynamic_cast<ui::Timer*>(&control) != nullptr) return;
+    const bool in_window = control.parent() == &form;
+    const ui::Rect around = control.parent()->bounds();
+    EXPECT_LE(control.bounds().right(), around.width) << control.name();
+    EXPECT_LE(control.bounds().bottom(), around.height - (in_window ? kFrame : 0)) << control.name();
+  });
+}
+
+TEST(Fit, EveryWindowLiesOnASmallScreenAndEveryControlInItsWindow) {
+  for (const ui::Size screen : kScreens) {
+    Program program({"/src/a/file", "/src/b/", "/opt/program/qvr_help.txt"});
+    program.front_end.screen_size = screen;
+    program.setup.IncludedFolders = {"a", "b"};
+    frmMain& window = program.StartWithSetup();
+    ExpectInside(window, screen);
+    ui::headless::Click(window.cmdSetup);
+    ExpectInside(window, screen);
+    ui::headless::Click(window.cmdSaveSetup);
+    ExpectInside(window, screen);
+    ui::headless::Click(window.cmdDontSaveSetup);
+    window.SkipConfirmation = true;
+    ui::headless::Click(window.cmdBackupAllFiles);
+    window.ReportWindow().ResizeForm(850, 20'000);
+    ui::headless::PressKey(window.ReportWindow(), {ui::Key::kFind});
+    ExpectInside(window.ReportWindow(), screen);
+    frmConfirmOperation confirm(program.context, {program.setup, Operation::kBackupAllFiles, {}, false});
+    program.front_end.Post([&] {
+      confirm.Form_Activate();
+      ExpectInside(confirm, screen);
+      confirm.cmdCancel_Click();
+    });
+    confirm.Confirm(window);
+  }
+}
+
+}  // namespace app::test
