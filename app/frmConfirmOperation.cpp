@@ -48,7 +48,7 @@ frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest re
     : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
       context_(context),
       request_(std::move(request)),
-      preview_(context.files, request_),
+      preview_(context.files, context.clock, request_),
       warnings_(std::move(warnings)) {
   ConnectHandlers();
 }

@@ -42,10 +42,12 @@ Setup WithPlainFolders(platform::FileSystem& files, Setup setup) {
 
 }  // namespace
 
-OperationPreview::OperationPreview(platform::FileSystem& files, const engine::RunRequest& request)
+OperationPreview::OperationPreview(platform::FileSystem& files, platform::Clock& clock,
+                                   const engine::RunRequest& request)
     : files_(files),
       setup_(WithPlainFolders(files, request.setup)),
       nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
+      unfinished_(files, clock, setup_.TargetFolder),
       rules_(engine::RulesOf(request)),
       without_period_(rules_) {
   without_period_.filters.modified_since.reset();
@@ -142,7 +144,7 @@ void OperationPreview::FindStrangers(engine::FolderPair& pair) {
   for (const Entry& entry : pair.source().entries()) own.insert(files_.NameKey(entry.name));
   for (const Entry& entry : pair.target().entries()) {
     if (own.contains(files_.NameKey(entry.name))) return findings_.strangers.clear();
-    const bool counts = !IsOfTheSystem(entry.name) && !platform::IsTemporaryName(entry.name);
+    const bool counts = !IsOfTheSystem(entry.name) && !engine::IsTheProgramsOwn(entry.name);
     if (counts) findings_.strangers.push_back(entry.name);
   }
 }
@@ -174,11 +176,10 @@ void OperationPreview::HoldPatternsAgainst(const platform::Folder& source) {
 void OperationPreview::CountFiles(engine::FolderPair& pair) {
   for (const Entry& entry : pair.source().entries()) {
     if (entry.kind != EntryKind::kFile) continue;
-    const Entry* const target = pair.TargetOf(entry);
-    const engine::Candidate file{pair.source().path(), entry, target};
-    const engine::Selection selection = engine::SelectFile(rules_, file);
+    const engine::Selection selection = unfinished_.Select(rules_, pair, entry);
+    const Entry* const target = selection.target;
     if (selection.finding == engine::Finding::kFilteredOut) {
-      CountKeptOut(file);
+      CountKeptOut({pair.source().path(), entry, target});
       continue;
     }
     ++findings_.files_met;

@@ -8,6 +8,7 @@
 #include "engine/nesting.h"
 #include "engine/operation_run.h"
 #include "engine/selection.h"
+#include "engine/unfinished_run.h"
 #include "platform/file_system.h"
 
 namespace app {
@@ -51,7 +52,7 @@ struct PreviewFindings {
 /// on any disk.
 class OperationPreview {
  public:
-  OperationPreview(platform::FileSystem& files, const engine::RunRequest& request);
+  OperationPreview(platform::FileSystem& files, platform::Clock& clock, const engine::RunRequest& request);
 
   /// Looks into the next folder and its target folder; after the last one into what stays outside. False when
   /// there is nothing more to look into.
@@ -80,6 +81,7 @@ class OperationPreview {
   platform::FileSystem& files_;
   Setup setup_;
   engine::Nesting nesting_;
+  engine::UnfinishedRun unfinished_;
   engine::SelectionRules rules_;
   engine::SelectionRules without_period_;
   std::vector<Pending> pending_;      ///< the next one at the end

@@ -47,7 +47,7 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       nesting_(tools.files, plan_.source, plan_.left_out),
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
-      unfinished_(tools, plan_.target),
+      unfinished_(tools.files, tools.clock, plan_.target),
       copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_) {}
 
 const Totals& FolderWalk::Run() {
@@ -250,18 +250,10 @@ std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
   const std::vector<Entry>& entries = pair.source().entries();
   std::vector<Selection> selections(entries.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (entries[i].kind == EntryKind::kFile) selections[i] = SelectFileOf(pair, entries[i]);
+    if (entries[i].kind == EntryKind::kFile)
+      selections[i] = unfinished_.Select(plan_.rules, pair, entries[i]);
   }
   return selections;
-}
-
-Selection FolderWalk::SelectFileOf(FolderPair& pair, const Entry& file) {
-  const Candidate candidate{pair.source().path(), file, pair.TargetOf(file)};
-  Selection selection = SelectFile(plan_.rules, candidate);
-  const bool is_doubted = selection.finding == Finding::kUpToDate && unfinished_.was_found() &&
-                          unfinished_.Doubts(platform::JoinPath(pair.target_path(), candidate.target->name));
-  if (is_doubted) selection = SelectFile(plan_.rules, {candidate.folder, file, candidate.target, true});
-  return selection;
 }
 
 void FolderWalk::ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,

@@ -78,7 +78,6 @@ class FolderWalk {
   void RemoveLeftovers(FolderPair& pair);
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
-  Selection SelectFileOf(FolderPair& pair, const platform::Entry& file);
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
   void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);

@@ -10,10 +10,6 @@
 namespace engine {
 namespace {
 
-bool IsTheProgramsOwn(const std::string& name) {
-  return platform::IsTemporaryName(name) || name == kUnfinishedMark;
-}
-
 Finding FindingOf(const SelectionRules& rules, const Candidate& file) {
   if (IsTheProgramsOwn(file.source.name)) return Finding::kFilteredOut;
   if (!PassesFilters(rules.filters, file.folder, file.source)) return Finding::kFilteredOut;

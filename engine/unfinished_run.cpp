@@ -15,15 +15,20 @@ constexpr platform::FileTime kNever{std::numeric_limits<std::int64_t>::max(), 0}
 
 }  // namespace
 
-UnfinishedRun::UnfinishedRun(const Tools& tools, const std::string& target) : tools_(tools) {
+bool IsTheProgramsOwn(const std::string& name) {
+  return platform::IsTemporaryName(name) || name == kUnfinishedMark;
+}
+
+UnfinishedRun::UnfinishedRun(platform::FileSystem& files, platform::Clock& clock, const std::string& target)
+    : files_(files), clock_(clock) {
   if (target.empty()) return;
   path_ = platform::JoinPath(target, kUnfinishedMark);
-  const auto set_at = tools.files.ChangedAt(path_);
+  const auto set_at = files.ChangedAt(path_);
   if (!set_at) {
     if (set_at.error().kind != platform::ErrorKind::kNotFound) error_ = set_at.error();
     return;
   }
-  const auto content = tools.files.ReadFile(path_, kLongestMark);
+  const auto content = files.ReadFile(path_, kLongestMark);
   if (content) {
     ReadSpans(*content);
   } else {
@@ -46,15 +51,20 @@ std::string UnfinishedRun::Content() const {
   return content;
 }
 
-bool UnfinishedRun::IsDoubted(platform::FileTime changed) const {
-  return std::any_of(doubted_.begin(), doubted_.end(),
-                     [&](const Span& span) { return span.begin <= changed && changed < span.end; });
+bool UnfinishedRun::Doubts(const std::string& copy) const {
+  const auto changed = files_.ChangedAt(copy);
+  return !changed || std::any_of(doubted_.begin(), doubted_.end(), [&](const Span& span) {
+    return span.begin <= *changed && *changed < span.end;
+  });
 }
 
-bool UnfinishedRun::Doubts(const std::string& copy) const {
-  if (doubted_.empty()) return false;
-  const auto changed = tools_.files.ChangedAt(copy);
-  return !changed || IsDoubted(*changed);
+Selection UnfinishedRun::Select(const SelectionRules& rules, FolderPair& pair,
+                                const platform::Entry& file) const {
+  Candidate candidate{pair.source().path(), file, pair.TargetOf(file)};
+  const Selection selection = SelectFile(rules, candidate);
+  if (selection.finding != Finding::kUpToDate || !was_found()) return selection;
+  candidate.is_doubted = Doubts(platform::JoinPath(pair.target_path(), candidate.target->name));
+  return SelectFile(rules, candidate);
 }
 
 platform::Status UnfinishedRun::Begin() {
@@ -66,22 +76,20 @@ platform::Status UnfinishedRun::Begin() {
 
 /// What the run before left doubtful ends where this one begins: when the mark was written just now.
 platform::Status UnfinishedRun::CloseLastSpan() {
-  const auto set_at = tools_.files.ChangedAt(path_);
+  const auto set_at = files_.ChangedAt(path_);
   if (!set_at) return set_at.error();
   doubted_.back().end = {set_at->seconds + 1, 0};
   last_is_open_ = false;
   return Write();
 }
 
-bool UnfinishedRun::IsDueToMove() const {
-  return has_begun_ && tools_.clock.Monotonic() - written_ >= kMovesEvery;
-}
+bool UnfinishedRun::IsDueToMove() const { return has_begun_ && clock_.Monotonic() - written_ >= kMovesEvery; }
 
 void UnfinishedRun::MoveOn() { static_cast<void>(Write()); }
 
 platform::Status UnfinishedRun::Write() {
-  written_ = tools_.clock.Monotonic();
-  return tools_.files.ReplaceFile(path_, Content());
+  written_ = clock_.Monotonic();
+  return files_.ReplaceFile(path_, Content());
 }
 
 void UnfinishedRun::End(bool all_seen) {
@@ -89,7 +97,7 @@ void UnfinishedRun::End(bool all_seen) {
   if (!is_there) return;
   // What cannot be written or taken away makes the next run copy more than it need.
   if (all_seen || !was_found()) {
-    static_cast<void>(tools_.files.RemoveFile(path_));
+    static_cast<void>(files_.RemoveFile(path_));
   } else if (has_begun_) {
     static_cast<void>(Write());
   }

@@ -5,12 +5,18 @@
 #include <string>
 #include <vector>
 
-#include "engine/tools.h"
+#include "engine/folder_pair.h"
+#include "engine/selection.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
 
 namespace engine {
 
 /// The file in the target folder that says: a run into it has begun and not ended.
 inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
+
+/// Whether a name in a target is not a copy's but the program's own: the mark, or a temporary name.
+bool IsTheProgramsOwn(const std::string& name);
 
 /// A second net below the copies, which are on the disk before they bear their names: where a disk, a cable
 /// or a file system did not keep that promise in an accident, nobody could tell the copies by size and time.
@@ -22,7 +28,7 @@ inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
 class UnfinishedRun {
  public:
   /// Looks for the mark of an earlier run in the folder `target`, which may be empty: then there is none.
-  UnfinishedRun(const Tools& tools, const std::string& target);
+  UnfinishedRun(platform::FileSystem& files, platform::Clock& clock, const std::string& target);
 
   /// The mark's.
   const std::string& path() const { return path_; }
@@ -33,8 +39,8 @@ class UnfinishedRun {
   /// Whether there was one.
   bool was_found() const { return !doubted_.empty(); }
 
-  /// Whether the copy at this path may be one that an unfinished run left.
-  bool Doubts(const std::string& copy) const;
+  /// As SelectFile(), but a copy that an unfinished run may have left is not up to date.
+  Selection Select(const SelectionRules& rules, FolderPair& pair, const platform::Entry& file) const;
 
   /// Sets the mark, unless it was done before. To be called before anything is copied.
   platform::Status Begin();
@@ -55,9 +61,10 @@ class UnfinishedRun {
   void ReadSpans(const std::string& content);
   platform::Status CloseLastSpan();
   platform::Status Write();
-  bool IsDoubted(platform::FileTime changed) const;
+  bool Doubts(const std::string& copy) const;
 
-  const Tools& tools_;
+  platform::FileSystem& files_;
+  platform::Clock& clock_;
   std::string path_;
   std::vector<Span> doubted_;  ///< of earlier runs; the last one may have no end yet
   bool last_is_open_ = false;

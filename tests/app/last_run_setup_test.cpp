@@ -124,7 +124,7 @@ TEST_F(LastRunSetup, RunsWithoutItsLastLineAndSaysWhyItDoesNotRunAtAll) {
   const std::pair<std::function<void(Program&)>, std::string> cases[] = {
       {[&](Program& p) { p.files.AddFile(path, whole.substr(0, whole.size() - 2)); },
        Text(text::kExtensionMissing)},
-      {[&](Program& p) { p.files.AddFile(path, whole.substr(0, whole.size() - 4)); }, "too early"},
+      {[&](Program& p) { p.files.AddFile(path, whole.substr(0, whole.size() - 4)); }, "incomplete"},
       {[&](Program& p) { p.files.AddFile(path, "/src\r\n/a,b\r\n 0 \r\n"); }, "Line 2 has a comma in it"},
       {[&](Program&) {}, Text(text::kNoSetupYet) + " " + path + " (user)"},
       {[&](Program& p) { p.files.AddPipe(path); }, Text(text::kNotASetupFile)},
