@@ -23,15 +23,13 @@ enum class DataFlush {
 /// Data, before a copy gets its name, new or replaced alike:
 ///  - Where the user may open the volume, FlushFileBuffers() for it, once a group. Microsoft: it flushes all
 ///    open files on the volume; for that all copies of the group are held open until they bear their names.
-///  - Else, or when that fails, NtFlushBuffersFileEx() with FLUSH_FLAGS_NO_SYNC for each file, and
-///  FlushFileBuffers() for the last
-///    one. Microsoft: the first writes data and metadata of the file and leaves out only that the disk is
-///    told to empty its own cache, which the second adds. That cache is the whole disk's, on NTFS as on FAT;
-///    where a volume lies on several disks, the cache of another one may be left. Where the first is missing
-///    or fails, FlushFileBuffers() for each.
+///  - Else, or when that fails, NtFlushBuffersFileEx() with FLUSH_FLAGS_NO_SYNC for each file, and then
+///    FlushFileBuffers() for the last one. Microsoft: the first writes data and metadata of the file and
+///    leaves out only that the disk is told to empty its own cache, which the second adds. That cache is the
+///    whole disk's, on NTFS as on FAT; where a volume lies on several disks, the cache of another one may be
+///    left. Where the first is missing or fails, FlushFileBuffers() for each.
 ///  - On a server, and behind a link in the target folder that leads to another volume, FlushFileBuffers()
-///  for
-///    each; a server is free to make less of it.
+///    for each; a server is free to make less of it.
 ///
 /// Names: NTFS and ReFS keep a journal of changes of names, so that each reaches the disk as a whole, with
 /// the space of what it replaced, and needs nothing more. FAT and exFAT keep none: there, and on a volume

@@ -71,8 +71,8 @@ TEST_P(FileSystemContract, ALinkIsFollowedWhereItIsReadOrWrittenAndReplacedByACo
 }
 
 TEST_P(FileSystemContract, WatcherSeesTheBytesGrowAndCanStopAtAnyBlock) {
-  const std::pair<std::size_t, std::size_t> stops[] = {
-      {0, 0}, {100, 1}, {kManyBlocks, 0}, {kManyBlocks, 1}, {kManyBlocks, 2}, {kBig, 1}};
+  const std::pair<std::size_t, std::size_t> stops[] = {{0, 0},           {100, 1},         {kManyBlocks, 0},
+                                                       {kManyBlocks, 1}, {kManyBlocks, 2}, {kBig, 1}};
   AddFile("to/file", "old");
   for (const auto& [size, stop_at] : stops) {
     AddFile("from/file", Noise(size));
