@@ -10,6 +10,7 @@
 
 #include "platform/posix/long_path.h"
 #include "platform/posix/posix_error.h"
+#include "platform/posix/volume.h"
 
 namespace platform::posix {
 namespace {
@@ -58,7 +59,7 @@ Status FlushVolumes(const Drafts& drafts, Wanted wanted) {
     if (!wanted(copy.volume_kind())) continue;
     const auto& identity = copy.target().identity();
     if (!flushed.insert(identity ? identity->volume : 0).second && identity) continue;
-    if (syncfs(copy.target().handle()) != 0) return LastError();
+    if (Status done = FlushVolume(copy.target().handle()); !done) return done;
   }
   return Done{};
 }

@@ -14,7 +14,9 @@ namespace platform::posix {
 ///    would not see to that: with its default options its journal does not wait for the data of new files,
 ///    nor of those that replace others (auto_da_alloc only starts writing them out).
 ///  - unordered: syncfs(), the renames, an fsync() of each folder, and syncfs() once more; a file that was
-///    replaced is held open until then, and so its blocks are not given to the next copies.
+///    replaced is held open until then, and so its blocks are not given to the next copies. After each
+///    syncfs() an fsync() makes the disk empty its own cache: without it one of 27 power cuts on FAT left a
+///    file broken.
 ///  - served: fdatasync() of each file by the thread that writes it.
 class PosixCopyVolume : public CopyVolume {
  public:

@@ -7,6 +7,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <climits>
 #include <memory>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "platform/path.h"
 #include "platform/posix/long_path.h"
 #include "platform/posix/posix_error.h"
+#include "platform/posix/volume_kind.h"
 
 namespace platform::posix {
 namespace {
@@ -69,17 +71,20 @@ std::string MountPointOf(const std::string& path) {
   return place;
 }
 
+/// On FAT, exFAT and ext2 syncfs() hands everything to the disk and does not tell it to empty its cache, as
+/// journaled volumes do; fsync() of any file or folder there does (fs/fat/file.c, fat_file_fsync()).
+Status FlushVolume(int file) {
+  if (syncfs(file) != 0) return LastError();
+  if (KindOfVolume(file) == VolumeKind::kUnordered && fsync(file) != 0 && errno != EINVAL) return LastError();
+  return Done{};
+}
+
 Status FlushVolumeOf(const std::string& path, Workers& worker, const Waiting& waiting) {
   auto place = OpenOnVolume(path, O_RDONLY | O_NONBLOCK);
   if (!place) return place.error();
   const auto file = std::make_shared<const FileDescriptor>(std::move(*place));
   return WaitFor(
-      worker,
-      [file]() -> Status {
-        if (syncfs(file->get()) != 0) return LastError();
-        return Done{};
-      },
-      waiting);
+      worker, [file] { return FlushVolume(file->get()); }, waiting);
 }
 
 }  // namespace platform::posix

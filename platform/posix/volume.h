@@ -15,6 +15,10 @@ std::int64_t LargestFileAt(const std::string& path);
 /// The mount point; empty when it cannot be told. `path` is without links.
 std::string MountPointOf(const std::string& path);
 
+/// Brings everything on the volume of an open folder or file to the disk, and what lies in the disk's own
+/// cache to its medium.
+Status FlushVolume(int file);
+
 /// See FileSystem::Flush(); `worker` does it.
 Status FlushVolumeOf(const std::string& path, Workers& worker, const Waiting& waiting);
 

@@ -109,7 +109,7 @@ TEST_F(PosixFiles, AVolumeThatCannotBeWrittenIsToldFromARefusal) {
 }
 
 constexpr const char* kJournaled = "syncfs rename rename rename ";
-constexpr const char* kUnordered = "syncfs rename rename rename fsync syncfs ";
+constexpr const char* kUnordered = "syncfs fsync rename rename rename fsync syncfs fsync ";
 constexpr const char* kServed = "fdatasync fdatasync fdatasync rename rename rename ";
 
 TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
