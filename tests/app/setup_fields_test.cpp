@@ -36,7 +36,7 @@ struct SetupFields : testing::Test, Program {
 TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
   frmMain* w = &StartWithSetup();
   const std::string unchanged = Confirmation();
-  const auto follow = [&](const char* name, const std::function<void(app::Setup&)>& choose) {
+  const auto follow = [&](const std::string name, const std::function<void(app::Setup&)>& choose) {
     w = &StartWithSetup();
     app::Setup expected = setup;
     choose(expected);
@@ -60,7 +60,7 @@ TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
       {&frmMain::chkSuppressDetailedReports, &app::Setup::SuppressDetailedReports},
       {&frmMain::chkSaveSetupOnQuit, &app::Setup::SaveSetupOnQuit}};
   for (const auto& [box, field] : boxes)
-    follow((w->*box).name().c_str(),
+    follow((window.get()->*box).name(),
            [&, box = box, field = field](app::Setup& s) { Tick(w->*box, s.*field = true); });
 }
 
