@@ -179,7 +179,8 @@ void CopyPass::Start(Pending& pending) {
   bytes_on_their_way_ += size;
   if (free_bytes_) *free_bytes_ -= size;
   copier_->Start({job.folders->shared_source(), job.file, job.folders->shared_target(), name,
-                  [written = pending.written](std::int64_t bytes) {
+                  [written = pending.written, hold = pulse_.hold()](std::int64_t bytes) {
+                    hold->Wait();
                     *written = bytes;
                     return true;
                   }});

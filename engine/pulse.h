@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 
+#include "engine/hold.h"
 #include "engine/listener/listener.h"
 #include "platform/clock.h"
 
@@ -27,14 +29,20 @@ class Pulse {
     if (!IsDue()) return;
     last_ = clock_.Monotonic();
     listener_.Progress(fraction_);
+    hold_->Begin();
     listener_.Breathe();
+    hold_->End();
   }
+
+  /// Held while the user holds the run in a breath. Copies that were given up may outlive the run.
+  const std::shared_ptr<Hold>& hold() const { return hold_; }
 
  private:
   platform::Clock& clock_;
   Listener& listener_;
   std::chrono::milliseconds last_;
   double fraction_ = 0;
+  std::shared_ptr<Hold> hold_ = std::make_shared<Hold>();
 };
 
 }  // namespace engine

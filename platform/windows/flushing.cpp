@@ -37,11 +37,15 @@ std::wstring FolderAt(const std::wstring& path) {
   return path.substr(0, path.rfind(L'\\') + 1);
 }
 
-/// A file that is made now comes to the disk behind all that a journal has about others.
+/// A file that is made now comes to the disk behind all that a journal has about others. On a full disk there
+/// is no room for it; the data of the copies is on the disk all the same.
 Status FlushNewFile(const std::wstring& folder) {
+  const auto unless_full = [](Status status) {
+    return !status && status.error().kind == ErrorKind::kDiskFull ? Status(Done{}) : status;
+  };
   auto file = TemporaryFile::Create(folder);
-  if (!file) return file.error();
-  if (Status written = file->Write("", 1); !written) return written;
+  if (!file) return unless_full(file.error());
+  if (Status written = file->Write("", 1); !written) return unless_full(written);
   return FlushFully(file->file());
 }
 

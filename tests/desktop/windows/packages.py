@@ -76,9 +76,10 @@ class Packages(unittest.TestCase):
         self.assertNotEqual(self.wine("reg", "query", UNINSTALL).returncode, 0)
         self.assertTrue(os.path.exists(os.path.join(self.data, "qvr.usr")), "the user's setup stays")
 
-    def test_the_portable_archive_is_the_program_and_its_licence(self):
+    def test_the_portable_archive_is_the_program_its_task_and_its_licence(self):
         with zipfile.ZipFile(self.archive) as archive:
-            self.assertEqual(sorted(map(os.path.basename, archive.namelist()))[-2:], ["LICENSE.txt", "quorvane.exe"])
+            names = sorted(map(os.path.basename, archive.namelist()))
+            self.assertEqual(names[-3:], ["LICENSE.txt", "quorvane-task.xml", "quorvane.exe"])
             archive.extractall(self.root)
         program, = glob.glob(self.root + "/quorvane-*/quorvane.exe")
         self.check_backup_by(program)
