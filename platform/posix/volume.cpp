@@ -71,8 +71,9 @@ std::string MountPointOf(const std::string& path) {
   return place;
 }
 
-/// On FAT, exFAT and ext2 syncfs() hands everything to the disk and does not tell it to empty its cache, as
-/// journaled volumes do; fsync() of any file or folder there does (fs/fat/file.c, fat_file_fsync()).
+/// On FAT syncfs() was seen to hand everything to the disk without making it empty its cache, as journaled
+/// volumes do; fsync() of any file or folder there does. Other volumes without a journal are not trusted
+/// either.
 Status FlushVolume(int file) {
   if (syncfs(file) != 0) return LastError();
   if (KindOfVolume(file) == VolumeKind::kUnordered && fsync(file) != 0 && errno != EINVAL) return LastError();
