@@ -5,8 +5,9 @@ string(REGEX REPLACE "(................................)" "\\1\n" bytes "${bytes
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
 file(WRITE ${SOURCE} "#include \"text/built_in.h\"
 
-static constexpr char kBytes[] = {
+std::string_view text::${FUNCTION}() {
+  static constexpr char kBytes[] = {
 ${bytes}};
-
-std::string_view text::${FUNCTION}() { return {kBytes, sizeof kBytes}; }
+  return {kBytes, sizeof kBytes};
+}
 ")

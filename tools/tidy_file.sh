@@ -6,7 +6,7 @@ options=(-p build/release)
 case $1 in
   *win32* | */windows/*)
     compiler=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
-    options=(-p build/windows --extra-arg-before=--target=x86_64-w64-windows-gnu)
+    options=(-p build/tidy-windows --extra-arg-before=--target=x86_64-w64-windows-gnu)
     for folder in "$compiler" "$compiler/x86_64-w64-mingw32" /usr/x86_64-w64-mingw32/include; do
       options+=("--extra-arg=-isystem$folder")
     done

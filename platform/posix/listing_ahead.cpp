@@ -7,7 +7,7 @@
 namespace platform::posix {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
 // Other programs may change a folder between its listing and its use; that is to stay as short as if the
 // folder were listed when it is wanted.
@@ -37,9 +37,9 @@ struct ListingAhead::Task {
   explicit Task(std::string its_path) : path(std::move(its_path)) {}
 
   void Run() {
-    const auto begun = Clock::now();
+    const auto begun = SteadyClock::now();
     listing = PosixFolder::Open(path);
-    ended = Clock::now();
+    ended = SteadyClock::now();
     took = ended - begun;
   }
   std::size_t names() const { return listing ? (*listing)->entries().size() : 0; }
@@ -47,8 +47,8 @@ struct ListingAhead::Task {
   const std::string path;
   State state = State::kWaits;  ///< under the lock
   Listing listing = Error{};
-  Clock::time_point ended;
-  Clock::duration took{};
+  SteadyClock::time_point ended;
+  SteadyClock::duration took{};
 };
 
 ListingAhead::ListingAhead() : shared_(std::make_shared<Shared>()) { workers_.Allow(kThreads); }
@@ -89,8 +89,8 @@ ListingAhead::Listing ListingAhead::Take(const std::string& path) {
       shared_->names -= task->names();
     }
   }
-  const bool is_usable =
-      task && task->state == Task::State::kDone && task->listing && Clock::now() - task->ended <= kFresh;
+  const bool is_usable = task && task->state == Task::State::kDone && task->listing &&
+                         SteadyClock::now() - task->ended <= kFresh;
   if (!is_usable) {
     task = std::make_shared<Task>(path);
     task->Run();
@@ -100,7 +100,7 @@ ListingAhead::Listing ListingAhead::Take(const std::string& path) {
 }
 
 void ListingAhead::DropStale() {
-  const auto now = Clock::now();
+  const auto now = SteadyClock::now();
   const std::lock_guard lock(shared_->mutex);
   std::erase_if(tasks_, [&](const auto& entry) {
     const Task& task = *entry.second;

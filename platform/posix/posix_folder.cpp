@@ -15,7 +15,7 @@ namespace platform::posix {
 namespace {
 
 // One call brings about a thousand names.
-constexpr std::size_t kBlockSize = std::size_t{32} * 1024;
+constexpr std::size_t kEntriesSize = std::size_t{32} * 1024;
 
 // A record with a name of some 12 letters; only used to reserve room.
 constexpr std::size_t kUsualRecord = 32;
@@ -45,9 +45,9 @@ void PosixFolder::Identify() {
 }
 
 Status PosixFolder::List() {
-  const std::unique_ptr<char[]> block(new char[kBlockSize]);
+  const std::unique_ptr<char[]> block(new char[kEntriesSize]);
   for (;;) {
-    const ssize_t length = getdents64(handle(), block.get(), kBlockSize);
+    const ssize_t length = getdents64(handle(), block.get(), kEntriesSize);
     if (length < 0) return LastError();
     if (length == 0) return Done{};
     Take(block.get(), static_cast<std::size_t>(length));

@@ -20,13 +20,11 @@
 namespace platform::posix {
 namespace {
 
-std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
-
 /// Opens `path`, or its parent when there is nothing.
 Result<FileDescriptor> OpenOnVolume(const std::string& path, int flags) {
   auto file = OpenPath(path, flags);
   if (file.ok() || file.error().kind != ErrorKind::kNotFound) return file;
-  return OpenPath(Parent(path), flags);
+  return OpenPath(ParentOf(path, PathStyle::kPosix), flags);
 }
 
 Result<dev_t> DeviceOf(const std::string& path) {
@@ -60,10 +58,10 @@ std::int64_t LargestFileAt(const std::string& path) {
 std::string MountPointOf(const std::string& path) {
   std::string place = path;
   auto device = DeviceOf(place);
-  if (!device) device = DeviceOf(place = Parent(place));
+  if (!device) device = DeviceOf(place = ParentOf(place, PathStyle::kPosix));
   if (!device) return {};
   while (place != "/") {
-    const std::string above = Parent(place);
+    const std::string above = ParentOf(place, PathStyle::kPosix);
     const auto device_above = DeviceOf(above);
     if (!device_above || *device_above != *device) break;
     place = above;

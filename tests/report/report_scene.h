@@ -4,12 +4,16 @@
 
 #include <string>
 
+#include "app/data/operation.h"
 #include "platform/memory/memory_system.h"
 #include "report/frmReport.h"
 #include "report/main_window.h"
 #include "ui/headless/headless_front_end.h"
 
 namespace report {
+
+inline constexpr auto kAll = app::Operation::kBackupAllFiles;
+inline constexpr auto kModified = app::Operation::kBackupModifiedFiles;
 
 /// The report window of a running operation, and its lines, each with "|" behind it. The main window that it
 /// asks is the scene itself.

@@ -5,8 +5,6 @@
 
 namespace report {
 
-constexpr auto kAll = app::Operation::kBackupAllFiles;
-constexpr auto kModified = app::Operation::kBackupModifiedFiles;
 using Results = std::vector<std::pair<FolderResult, const char*>>;
 
 /// The phrases in a row, "|" for a line end.

@@ -9,8 +9,6 @@ using namespace std::chrono_literals;
 
 constexpr Operation kList = Operation::kListIncludedSubfolders;
 constexpr Operation kCheck = Operation::kCheckBackupState;
-constexpr Operation kAll = Operation::kBackupAllFiles;
-constexpr Operation kModified = Operation::kBackupModifiedFiles;
 
 struct RunScene : ReportScene {
   explicit RunScene(Operation operation, bool only_problems = false, bool alone = false)

@@ -7,8 +7,6 @@
 namespace ui::win32 {
 namespace {
 
-constexpr std::size_t kLongestPath = 32'768;  // what the system takes, with the zero
-
 /// Both dialogs change the current folder; OFN_NOCHANGEDIR does not keep the one for opening from it
 /// (OPENFILENAMEW, remarks on that flag).
 class CurrentFolderKeeper {

@@ -9,8 +9,6 @@
 namespace ui::win32 {
 namespace {
 
-constexpr std::size_t kLongestPath = 32'768;  // with the zero
-
 int CALLBACK WhenOpened(HWND dialog, UINT message, LPARAM, LPARAM start) {
   if (message == BFFM_INITIALIZED) SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, start);
   return 0;

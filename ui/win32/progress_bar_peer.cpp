@@ -5,13 +5,13 @@
 namespace ui::win32 {
 namespace {
 
-constexpr WindowKind kBar{PROGRESS_CLASSW, WS_CHILD | WS_CLIPSIBLINGS | PBS_SMOOTH};
+constexpr WindowKind kProgressBar{PROGRESS_CLASSW, WS_CHILD | WS_CLIPSIBLINGS | PBS_SMOOTH};
 constexpr int kSteps = 1000;
 
 }  // namespace
 
 ProgressBarPeer::ProgressBarPeer(ProgressBar& bar, Toolkit& toolkit)
-    : WindowPeer(bar, toolkit, kBar), bar_(bar) {
+    : WindowPeer(bar, toolkit, kProgressBar), bar_(bar) {
   window().Send(PBM_SETRANGE32, 0, kSteps);
 }
 

@@ -7,7 +7,7 @@
 namespace ui::win32 {
 namespace {
 
-constexpr WindowKind kBar{WC_SCROLLBARW, WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | SBS_VERT};
+constexpr WindowKind kScrollBar{WC_SCROLLBARW, WS_CHILD | WS_TABSTOP | WS_CLIPSIBLINGS | SBS_VERT};
 constexpr int kStepsOfAPage = 10;
 
 /// The whole 32 bits; the message itself has 16 of them.
@@ -21,7 +21,8 @@ int SliderOf(HWND bar) {
 
 }  // namespace
 
-ScrollBarPeer::ScrollBarPeer(ScrollBar& bar, Toolkit& toolkit) : WindowPeer(bar, toolkit, kBar), bar_(bar) {
+ScrollBarPeer::ScrollBarPeer(ScrollBar& bar, Toolkit& toolkit)
+    : WindowPeer(bar, toolkit, kScrollBar), bar_(bar) {
   window().OnNotice(WM_VSCROLL, 0, [this](const Message& message) -> Answer {
     bar_.UserScrolled(Wanted(LOWORD(message.wparam)));
     return 0;
