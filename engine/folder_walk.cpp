@@ -16,7 +16,7 @@ using platform::Entry;
 using platform::EntryKind;
 
 /// How many of the folders that come next may be listed ahead.
-constexpr std::size_t kExpected = 16;
+constexpr std::size_t kExpected = 32;
 
 /// How many files, subfolders and so on share a folder's part of the progress: at least one.
 double UnitsOf(const FolderPair& pair) {
@@ -220,8 +220,8 @@ void FolderWalk::ExpectNext() {
   for (std::size_t i = last; i > 0 && last - i < kExpected; --i) {
     Pending& next = pending_[i - 1];
     if (next.is_expected) continue;
+    if (!tools_.files.ExpectFolder(next.source)) return;
     next.is_expected = true;
-    tools_.files.ExpectFolder(next.source);
     if (!next.target.empty() && next.target_may_exist && next.twin_target.empty())
       tools_.files.ExpectFolder(next.target);
   }

@@ -31,8 +31,12 @@ class FileSystem {
   virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) = 0;
 
   /// A hint that OpenFolder(path) is called soon: the folder may be listed in the background meanwhile, up to
-  /// a second ahead. Hints may stand for many folders at a time. May do nothing.
-  virtual void ExpectFolder(const std::string& path) { static_cast<void>(path); }
+  /// a second ahead. Hints may stand for many folders at a time. False when it comes too early: enough others
+  /// stand.
+  virtual bool ExpectFolder(const std::string& path) {
+    static_cast<void>(path);
+    return true;
+  }
 
   /// What stands at `path`, links followed as in a listing. kNotFound when nothing does.
   virtual Result<Entry> Look(const std::string& path) = 0;

@@ -28,15 +28,21 @@ bool Exists(const ReachedPath& place) {
   return faccessat(place.at(), place.rest, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-}  // namespace
-
-Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path) {
-  auto folder = listing_ahead_.Take(path);
+ListingAhead::Listing List(const std::string& path) {
+  auto folder = PosixFolder::Open(path);
   if (!folder) return folder.error();
   return std::unique_ptr<Folder>(std::move(*folder));
 }
 
-void PosixFileSystem::ExpectFolder(const std::string& path) { listing_ahead_.Begin(path); }
+}  // namespace
+
+PosixFileSystem::PosixFileSystem() : listing_ahead_(List) {}
+
+Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path) {
+  return listing_ahead_.Take(path);
+}
+
+bool PosixFileSystem::ExpectFolder(const std::string& path) { return listing_ahead_.Begin(path); }
 
 Result<Entry> PosixFileSystem::Look(const std::string& path) {
   const auto place = Reach(path);

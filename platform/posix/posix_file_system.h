@@ -4,15 +4,16 @@
 
 #include "platform/file_system.h"
 #include "platform/grouped_copier.h"
-#include "platform/posix/listing_ahead.h"
+#include "platform/listing_ahead.h"
 
 namespace platform::posix {
 
 /// The file system of Linux. To be used from one thread.
 class PosixFileSystem : public FileSystem {
  public:
+  PosixFileSystem();
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
-  void ExpectFolder(const std::string& path) override;
+  bool ExpectFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   std::optional<FolderIdentity> IdentityOf(const std::string& path) override;

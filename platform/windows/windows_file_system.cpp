@@ -56,15 +56,23 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   return DiskSpace{free.QuadPart, total.QuadPart};
 }
 
-}  // namespace
-
-Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path) {
+ListingAhead::Listing List(const std::string& path) {
   std::wstring long_path = LongFolder(path);
   auto entries = ListFolder(long_path);
   if (!entries) return entries.error();
   return std::unique_ptr<Folder>(
       std::make_unique<WindowsFolder>(path, std::move(long_path), std::move(*entries)));
 }
+
+}  // namespace
+
+WindowsFileSystem::WindowsFileSystem() : listing_ahead_(List) {}
+
+Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path) {
+  return listing_ahead_.Take(path);
+}
+
+bool WindowsFileSystem::ExpectFolder(const std::string& path) { return listing_ahead_.Begin(path); }
 
 Result<Entry> WindowsFileSystem::Look(const std::string& path) {
   const std::wstring long_path = LongPath(path);

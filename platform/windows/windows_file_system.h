@@ -5,6 +5,7 @@
 
 #include "platform/file_system.h"
 #include "platform/grouped_copier.h"
+#include "platform/listing_ahead.h"
 
 namespace platform::windows {
 
@@ -18,7 +19,9 @@ namespace platform::windows {
 /// not so, a power cut leaves the copies that were replaced last as they had been, and new ones missing.
 class WindowsFileSystem : public FileSystem {
  public:
+  WindowsFileSystem();
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+  bool ExpectFolder(const std::string& path) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
@@ -42,6 +45,7 @@ class WindowsFileSystem : public FileSystem {
   std::wstring BehindLink(const std::string& path);
 
   CopyThreads copy_threads_;
+  ListingAhead listing_ahead_;
 };
 
 }  // namespace platform::windows

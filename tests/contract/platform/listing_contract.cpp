@@ -67,6 +67,13 @@ TEST_P(FileSystemContract, AHintChangesNothingButTheTimeAListingTakes) {
   }
 }
 
+TEST_P(FileSystemContract, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
+  static_cast<void>(Open("from"));
+  files().ExpectFolder(At("later"));
+  AddFolder("later");
+  EXPECT_TRUE(files().OpenFolder(At("later")));
+}
+
 TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   std::string deep = "from";
   while (At(deep).size() < scene_->long_path()) AddFolder(deep += '/' + std::string(100, 'd'));

@@ -149,13 +149,6 @@ TEST_F(PosixFiles, AGroupThatDoesNotReachTheDiskGivesNoNames) {
   EXPECT_EQ(ContentOf("to/b"), "old");
 }
 
-TEST_F(PosixFiles, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
-  static_cast<void>(Open("from"));
-  files().ExpectFolder(At("later"));
-  AddFolder("later");
-  EXPECT_TRUE(files().OpenFolder(At("later")));
-}
-
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
   const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
   AddFile("from/file", "x");

@@ -1,0 +1,160 @@
+#include "platform/listing_ahead.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace platform {
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+// Other programs may change a folder between its listing and its use; that is to stay as short as if the
+// folder were listed when it is wanted.
+constexpr std::chrono::seconds kFresh{1};
+
+// What handing a folder to another thread and back costs, about.
+constexpr std::chrono::microseconds kHandOver{15};
+
+// A listing that takes longer waits for a disk or a network: many can wait at a time.
+constexpr std::chrono::milliseconds kQuickListing{1};
+constexpr std::size_t kThreads = 8;
+// The others take the processor's time; with that of the caller there are up to four.
+constexpr std::size_t kMostQuickThreads = 3;
+
+constexpr std::size_t kMostTasks = 512;
+// Names listed and not taken yet: some 6 MiB.
+constexpr std::size_t kMostNames = 40'000;
+
+std::size_t QuickThreads() {
+  static const std::size_t cores = std::thread::hardware_concurrency();
+  return std::clamp<std::size_t>(cores, 2, kMostQuickThreads + 1) - 1;
+}
+
+}  // namespace
+
+struct ListingAhead::Task {
+  enum class State { kWaits, kRuns, kDone };
+
+  explicit Task(std::string its_path) : path(std::move(its_path)) {}
+  std::size_t names() const { return listing ? (*listing)->entries().size() : 0; }
+
+  const std::string path;
+  State state = State::kWaits;  ///< under the lock
+  Listing listing = Error{};
+  SteadyClock::time_point ended;
+  SteadyClock::duration took{};
+};
+
+/// What the caller's thread and those in the background share.
+struct ListingAhead::Queue {
+  using Lock = std::unique_lock<std::mutex>;
+
+  explicit Queue(Lister its_lister) : lister(std::move(its_lister)) {}
+
+  /// Lists the first folder that waits; there is one.
+  void RunNext(Lock& lock) {
+    const std::shared_ptr<Task> task = std::move(waiting.front());
+    waiting.pop_front();
+    task->state = Task::State::kRuns;
+    lock.unlock();
+    Run(*task);
+    lock.lock();
+    names += task->names();
+    task->state = Task::State::kDone;
+    done.notify_all();
+  }
+
+  /// What a thread in the background does.
+  void RunAll() {
+    Lock lock(mutex);
+    while (!waiting.empty() && threads <= allowed) RunNext(lock);
+    --threads;
+  }
+
+  void Run(Task& task) const {
+    const auto begun = SteadyClock::now();
+    task.listing = lister(task.path);
+    task.ended = SteadyClock::now();
+    task.took = task.ended - begun;
+  }
+
+  const Lister lister;
+  std::mutex mutex;
+  std::condition_variable done;
+  std::deque<std::shared_ptr<Task>> waiting;
+  std::size_t threads = 0;  ///< in the background, at work
+  std::size_t allowed = QuickThreads();
+  std::atomic<std::size_t> names = 0;
+};
+
+ListingAhead::ListingAhead(Lister lister) : queue_(std::make_shared<Queue>(std::move(lister))) {
+  workers_.Allow(kThreads);
+}
+
+ListingAhead::~ListingAhead() {
+  const std::lock_guard lock(queue_->mutex);
+  queue_->waiting.clear();
+}
+
+bool ListingAhead::Begin(const std::string& path) {
+  if (last_took_ < kHandOver || queue_->names > kMostNames) return false;
+  if (tasks_.size() >= kMostTasks) DropStale();
+  if (tasks_.size() >= kMostTasks) return false;
+  const auto [place, is_new] = tasks_.try_emplace(path);
+  if (!is_new) return true;
+  place->second = std::make_shared<Task>(path);
+  const Queue::Lock lock(queue_->mutex);
+  queue_->waiting.push_back(place->second);
+  if (queue_->threads < queue_->allowed) {
+    ++queue_->threads;
+    workers_.Post([queue = queue_] { queue->RunAll(); });
+  }
+  return true;
+}
+
+ListingAhead::Listing ListingAhead::Take(const std::string& path) {
+  std::shared_ptr<Task> task;
+  if (const auto found = tasks_.find(path); found != tasks_.end()) {
+    task = std::move(found->second);
+    tasks_.erase(found);
+    Finish(task);
+  }
+  if (!task || !task->listing || SteadyClock::now() - task->ended > kFresh) {
+    task = std::make_shared<Task>(path);
+    queue_->Run(*task);
+  }
+  last_took_ = task->took;
+  return std::move(task->listing);
+}
+
+void ListingAhead::Finish(const std::shared_ptr<Task>& task) {
+  Queue::Lock lock(queue_->mutex);
+  const bool is_quick = last_took_ < kQuickListing;
+  queue_->allowed = is_quick ? QuickThreads() : kThreads;
+  if (task->state == Task::State::kWaits) {
+    std::erase(queue_->waiting, task);
+    lock.unlock();
+    return queue_->Run(*task);
+  }
+  while (is_quick && task->state != Task::State::kDone && !queue_->waiting.empty()) queue_->RunNext(lock);
+  queue_->done.wait(lock, [&] { return task->state == Task::State::kDone; });
+  queue_->names -= task->names();
+}
+
+void ListingAhead::DropStale() {
+  const auto now = SteadyClock::now();
+  const std::lock_guard lock(queue_->mutex);
+  std::erase_if(tasks_, [&](const auto& entry) {
+    const Task& task = *entry.second;
+    if (task.state != Task::State::kDone || now - task.ended <= kFresh) return false;
+    queue_->names -= task.names();
+    return true;
+  });
+}
+
+}  // namespace platform
