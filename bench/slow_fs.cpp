@@ -6,6 +6,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <bit>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
@@ -32,7 +33,7 @@ std::string Behind(const char* path) { return folder + path; }
 
 int HandleOf(const fuse_file_info* file) { return static_cast<int>(file->fh); }
 
-DIR* ListingOf(const fuse_file_info* file) { return reinterpret_cast<DIR*>(file->fh); }
+DIR* ListingOf(const fuse_file_info* file) { return std::bit_cast<DIR*>(file->fh); }
 
 /// What `call` gives, or its error as FUSE wants it.
 template <typename Call>

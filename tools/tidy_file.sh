@@ -4,7 +4,7 @@
 log=build/tidy/${1//\//_}.log
 options=(-p build/release)
 case $1 in
-  *win32* | */windows/*)
+  *win32* | */windows/* | *_windows.cpp)
     compiler=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
     options=(-p build/tidy-windows --extra-arg-before=--target=x86_64-w64-windows-gnu)
     for folder in "$compiler" "$compiler/x86_64-w64-mingw32" /usr/x86_64-w64-mingw32/include; do

@@ -40,7 +40,7 @@ std::wstring FolderAt(const std::wstring& path) {
 /// A file that is made now comes to the disk behind all that a journal has about others. On a full disk there
 /// is no room for it; the data of the copies is on the disk all the same.
 Status FlushNewFile(const std::wstring& folder) {
-  const auto unless_full = [](Status status) {
+  const auto unless_full = [](const Status& status) {
     return !status && status.error().kind == ErrorKind::kDiskFull ? Status(Done{}) : status;
   };
   auto file = TemporaryFile::Create(folder);

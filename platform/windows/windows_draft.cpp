@@ -36,7 +36,7 @@ Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, b
 }
 
 /// FAT says "disk full" to a file that is too large for it.
-Error Explain(Error error, const std::wstring& folder, std::int64_t size) {
+Error Explain(const Error& error, const std::wstring& folder, std::int64_t size) {
   const bool too_large = error.kind == ErrorKind::kDiskFull && size > kLargestOnFat && IsOnFat(folder);
   return too_large ? SystemError(ERROR_FILE_TOO_LARGE) : error;
 }
