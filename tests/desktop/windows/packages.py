@@ -7,11 +7,12 @@ import subprocess
 import tempfile
 import time
 import unittest
+import xml.etree.ElementTree
 import zipfile
 
 WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
 BUILD, CPACK = os.environ.get("QV_BUILD", ""), os.environ.get("QV_CPACK", "cpack")
-UNINSTALL = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvane"
+UNINSTALL = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvane"
 
 
 def make_packages(folder):
@@ -61,20 +62,30 @@ class Packages(unittest.TestCase):
         self.assertEqual(content(target), b"Dear reader")
         os.remove(target)
 
-    def test_the_installer_installs_for_one_user_and_takes_away_only_what_it_brought(self):
-        self.assertEqual(self.wine(self.installer, "/S").returncode, 0)
-        folder = os.path.join(self.user, "AppData/Local/Programs/Quorvane")
-        self.assertEqual(sorted(os.listdir(folder)), ["LICENSE.txt", "quorvane.exe", "uninstall.exe"])
-        entries = self.wine("reg", "query", UNINSTALL).stdout.decode()
+    def test_the_installer_installs_and_takes_away_only_what_it_brought(self):
+        everybody = os.path.join(self.prefix, "drive_c/ProgramData/Microsoft/Windows")
+        self.check_installation("/CurrentUser", os.path.join(self.user, "AppData/Local/Programs"), "HKCU", self.user)
+        self.check_installation("/AllUsers", os.path.join(self.prefix, "drive_c/Program Files"), "HKLM", everybody)
+        self.assertTrue(os.path.exists(os.path.join(self.data, "qvr.usr")), "the user's setup stays")
+
+    def check_installation(self, mode, programs, root, menus):
+        self.assertEqual(self.wine(self.installer, "/S", mode).returncode, 0)
+        folder = os.path.join(programs, "Quorvane")
+        seen = "C:" + folder.split("/drive_c", 1)[1].replace("/", "\\")
+        self.assertEqual(sorted(os.listdir(folder)),
+                         ["LICENSE.txt", "quorvane-task.xml", "quorvane.exe", "uninstall.exe"])
+        entries = self.wine("reg", "query", root + UNINSTALL).stdout.decode()
         for name in ("QuietUninstallString", "EstimatedSize", "DisplayVersion"):
             self.assertIn(name, entries)
-        self.assertTrue(glob.glob(self.user + "/**/Start Menu/Programs/Quorvane.lnk", recursive=True))
+        self.assertTrue(glob.glob(menus + "/**/Start Menu/Programs/Quorvane.lnk", recursive=True))
+        task = xml.etree.ElementTree.parse(os.path.join(folder, "quorvane-task.xml"))
+        command = task.find(".//{*}Exec/{*}Command").text
+        self.assertEqual(command.strip('"').lower(), (seen + r"\quorvane.exe").lower())
         self.check_backup_by(os.path.join(folder, "quorvane.exe"))
-        seen = r"C:\users" + folder.split("/users", 1)[1].replace("/", "\\")
-        self.wine(os.path.join(folder, "uninstall.exe"), "/S", "_?=" + seen)
-        self.assertNotIn("quorvane.exe", os.listdir(folder))
-        self.assertNotEqual(self.wine("reg", "query", UNINSTALL).returncode, 0)
-        self.assertTrue(os.path.exists(os.path.join(self.data, "qvr.usr")), "the user's setup stays")
+        self.wine(os.path.join(folder, "uninstall.exe"), "/S", mode, "_?=" + seen)
+        left = os.listdir(folder) if os.path.exists(folder) else []
+        self.assertLessEqual(set(left), {"uninstall.exe"})
+        self.assertNotEqual(self.wine("reg", "query", root + UNINSTALL).returncode, 0)
 
     def test_the_portable_archive_is_the_program_its_task_and_its_licence(self):
         with zipfile.ZipFile(self.archive) as archive:
