@@ -8,6 +8,7 @@ import unittest
 import accessible
 import desktop
 from first_day import FirstDay
+from held_runs import HeldRuns
 from story import FOLDERS, INCLUDED, Story, Unattended
 
 # These take the place of the system's own, for the program alone. The wait before a shutdown keeps the command line of
@@ -51,6 +52,10 @@ class OnLinux:
                           capture_output=True).returncode:
             self.skipTest("this system has no shutdown, or lets nobody put another program in its place for a test")
         return [*OF_ITS_OWN, desktop.PROGRAM]
+
+
+class LinuxRuns(OnLinux, HeldRuns, Story):
+    pass
 
 
 class LinuxUnattended(OnLinux, Unattended, Story):

@@ -3,16 +3,15 @@
 import os
 import re
 import subprocess
-import time
 import unittest
 
 import desktop
 import wine_desktop
 from desktop import TEXT
-from first_day import CONFIRM, FirstDay
+from first_day import FirstDay
+from held_runs import ALL, HeldRuns
 from story import BACK_UP, FOLDERS, INCLUDED, MAIN, Story, Unattended
 
-ALL = "Back up all files in setup"
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
 
 
@@ -33,11 +32,6 @@ class OnWindows:
 
     def copied(self):
         return {path: data for path, (data, _) in self.place.copies().items()}
-
-    def begin(self, operation):
-        self.program.press(MAIN, operation)
-        self.program.press(CONFIRM, "Start backup")
-        self.program.wait_until_closed(CONFIRM)
 
 
 class WindowsUnattended(OnWindows, Unattended, Story):
@@ -79,7 +73,7 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
         desktop.wait_until(lambda: self.calls() == [LAST_CALL, "/a"], "the end of the shutdown")
 
 
-class Runs(OnWindows, Story):
+class Runs(OnWindows, HeldRuns, Story):
     def test_a_run_is_held_by_pause_goes_on_by_continue_and_ends_by_cancel(self):
         files = {f"Folder {number % 20:02}/file {number:04}": b"content" for number in range(2000)}
         self.write(files)
@@ -112,26 +106,6 @@ class Runs(OnWindows, Story):
         held = copies()
         self.assertFalse(desktop.within(0.5, lambda: copies() > held), "the run is held")
         return held
-
-    def test_a_full_text_box_stays_for_15_seconds_empties_itself_and_the_run_goes_on(self):
-        deep = "/".join(letter * 240 for letter in "abcdefghijklm")
-        files = {f"Many/{number:02}/{deep}/file": b"x" for number in range(30)}
-        self.write(files)
-        self.save_setup(["Many"])
-        self.start()
-        self.begin(ALL)
-        # The program does not answer meanwhile: that the button has gone is all that others see of it.
-        self.program.find(ALL, "Pause")
-        desktop.wait_until(lambda: not self.program.look_for(ALL, "Pause"), "the full box", 60)
-        full_since = time.monotonic()
-        self.program.find(ALL, "Pause")
-        self.assertGreater(time.monotonic() - full_since, 14)
-        self.program.find(ALL, "Close")
-        report = self.program.text(ALL, "Report")
-        self.assertNotIn("\\00\\", report)
-        self.assertIn("\\29\\", report)
-        self.assertIn("Number of files copied: 30", report)
-        self.check_copies(files)
 
     def test_the_program_is_one_small_file_with_all_that_windows_asks_for(self):
         tables = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", desktop.PROGRAM], capture_output=True, text=True,
