@@ -54,7 +54,7 @@ void OperationWindows::ShowEnd(const engine::RunOutcome& outcome) {
   const auto kind = ending == Ending::kCancelled ? report::EndKind::kCancelled
                     : ending == Ending::kFailed  ? report::EndKind::kBad
                                                  : report::EndKind::kGood;
-  ReportWindow().ShowEnd(EndText(operation_, outcome, context_.marks), kind);
+  ReportWindow().ShowEnd(OperationName(operation_), EndText(operation_, outcome, context_.marks), kind);
 }
 
 engine::Tools OperationWindows::EngineTools() const {
@@ -88,7 +88,7 @@ void OperationWindows::ReportUnattended(const engine::RunOutcome& outcome, const
     const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
     OpenReport(operation_, {not_started, {not_started + " " + reason}});
     CloseReport(context_.texts.GetProgramText(text::kClose));
-    ReportWindow().ShowEnd(not_started + " " + reason, report::EndKind::kBad);
+    ReportWindow().ShowEnd(not_started, not_started + " " + reason, report::EndKind::kBad);
   }
   context_.print(ResultLine(outcome, seconds));
   // A program that was ended during the run did not know its exit code then.

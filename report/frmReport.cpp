@@ -142,7 +142,8 @@ void frmReport::ShowState() {
   SetText(in_title.empty() ? title_ : in_title + " - " + title_);
 }
 
-void frmReport::ShowEnd(const std::string& text, EndKind kind) {
+void frmReport::ShowEnd(const std::string& title, const std::string& text, EndKind kind) {
+  title_ = title;
   end_ = kind == EndKind::kBad ? "! " + text : text;
   EnterPhase(Phase::kEnded);
   if (kind == EndKind::kBad) lblState.SetColours(kProblemColours);

@@ -85,8 +85,8 @@ class frmReport : public ui::Form {
   void SetReportButtons(const std::string& caption);
   /// How the run ended, in one line: in the window, in its title, on the task bar, as the description of the
   /// button that closes the window, which gets the focus, and for a user who is elsewhere. To be called after
-  /// SetReportButtons().
-  void ShowEnd(const std::string& text, EndKind kind);
+  /// SetReportButtons(). From then on the window is called `title`.
+  void ShowEnd(const std::string& title, const std::string& text, EndKind kind);
   /// Sets the three buttons. Captions of buttons that are not visible have no meaning.
   void SetReportButtons2(bool CopyVisible, bool PauseVisible, const std::string& PauseCaption,
                          bool CancelVisible, const std::string& CancelCaption);

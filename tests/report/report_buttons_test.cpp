@@ -115,13 +115,13 @@ TEST_F(ReportButtons, PauseAndEndAreToldInTheWindowItsTitleAndElsewhere) {
   });
   window.cmdPauseContinue_Click();
   window.SetReportButtons("Close");
-  window.ShowEnd("Finished: 1 file could not be copied.", EndKind::kBad);
+  window.ShowEnd("List", "Finished: 1 file could not be copied.", EndKind::kBad);
   EXPECT_EQ(window.lblState.text(), "! Finished: 1 file could not be copied.");
-  EXPECT_EQ(window.text(), "! Finished - Report");
+  EXPECT_EQ(window.text(), "! Finished - List");
   EXPECT_EQ(window.task_state(), ui::TaskState::kFailed);
   EXPECT_TRUE(window.cmdCancelClose.has_focus());
   EXPECT_EQ(window.cmdCancelClose.description(), "Finished: 1 file could not be copied.");
-  EXPECT_EQ(front_end.notes.back(), "Report: Finished: 1 file could not be copied.");
+  EXPECT_EQ(front_end.notes.back(), "List: Finished: 1 file could not be copied.");
 }
 
 TEST_F(ReportButtons, F8GoesFromProblemToProblemAndRoundAndFindFromPlaceToPlace) {
