@@ -45,7 +45,7 @@ constexpr Twips kWarning = 450;         ///< two lines
 constexpr Twips kHalf = kField + 3300;  ///< left side of the right half of what stands beside a button
 
 constexpr LayoutMeasures kUsual{390, 495, 330, 60, 180, 660, 120, 720, 480, 150, false};
-constexpr LayoutMeasures kTight{345, 435, 285, 30, 90, 420, 90, 435, 420, 75, true};
+constexpr LayoutMeasures kTight{345, 435, 285, 30, 60, 600, 90, 435, 420, 75, true};
 
 /// A label stands a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) {

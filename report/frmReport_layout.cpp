@@ -107,7 +107,7 @@ void frmReport::PlaceBody(ui::Twips top) {
 
 /// At the right end of its row, below the end of the text.
 void frmReport::PlaceFreeSpace() {
-  constexpr ui::Twips kSlack = 120;
+  constexpr ui::Twips kSlack = 30;  // for lengths rounded to pixels
   const ui::Twips wanted = front_end().TextWidth(lblFreeSpace.text(), lblFreeSpace.font()) + kSlack;
   const ui::Twips width = std::min(wanted, txbText.width() * 2 / 5);
   lblFreeSpace.SetBounds({txbText.bounds().right() - width, lblBytesCopied.top(), width, kStatusHeight});
