@@ -26,10 +26,15 @@ QColor BorderOf(const QStyleOption& option) {
   return Mix(palette.color(QPalette::Active, QPalette::WindowText), palette.color(QPalette::Window), share);
 }
 
-/// The same with a weaker border, for what only groups other things.
+/// The same with a weaker border, for what takes no input: groups, and boxes that can only be read.
 QStyleOption Faint(QStyleOption option) {
   option.state &= ~QStyle::State_Enabled;
   return option;
+}
+
+QStyleOption BoxOf(const QStyleOption& line) {
+  const bool faint = Has(line, QStyle::State_ReadOnly) && !Has(line, QStyle::State_HasFocus);
+  return faint && !IsHighContrast() ? Faint(line) : line;
 }
 
 /// A rounded surface with its border; the border of the control with the focus is broader and in the accent
@@ -143,9 +148,9 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_PanelButtonCommand:
       return DrawSurface(painter, *option, ButtonFill(*option));
     case PE_PanelLineEdit:
-      return DrawSurface(painter, *option, option->palette.brush(QPalette::Base));
+      return DrawSurface(painter, BoxOf(*option), option->palette.brush(QPalette::Base));
     case PE_FrameLineEdit:
-      return DrawSurface(painter, *option, Qt::NoBrush);
+      return DrawSurface(painter, BoxOf(*option), Qt::NoBrush);
     case PE_FrameGroupBox:
       return DrawSurface(painter, Faint(*option), Qt::NoBrush);
     case PE_IndicatorCheckBox:

@@ -31,6 +31,15 @@ DropDownListPeer::DropDownListPeer(DropDownList& list, Toolkit& toolkit)
     Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(message.lparam));
     return TRUE;
   });
+  window().On(WM_PAINT, [this](const Message& message) -> Answer {
+    const LRESULT result = window().Default(message);
+    RECT closed{};
+    GetClientRect(handle(), &closed);
+    const HDC context = GetDC(handle());
+    DrawBoxBorder(context, closed, list_, handle(), Line::kClear);
+    ReleaseDC(handle(), context);
+    return result;
+  });
   // Over a closed list the wheel would change the choice unnoticed.
   window().On(WM_MOUSEWHEEL, [this](const Message& message) -> Answer {
     if (IsDropped() || GetFocus() == handle()) return std::nullopt;

@@ -15,15 +15,6 @@ constexpr Twips kIndent = 135;
 
 WindowKind Kind() { return {PlainWindowClass(), kFrame.style, kFrame.extended_style}; }
 
-/// Between the two colours, and with a contrast of more than 3 to the background.
-COLORREF Between(const Colours& colours) {
-  const auto mix = [](int text, int background) {
-    return static_cast<BYTE>((11 * text + 9 * background) / 20);
-  };
-  return RGB(mix(colours.text.red, colours.background.red), mix(colours.text.green, colours.background.green),
-             mix(colours.text.blue, colours.background.blue));
-}
-
 void DrawBorder(HDC context, const RECT& border, COLORREF colour, int round) {
   const Handle<HPEN, &DeleteObject> pen(CreatePen(PS_SOLID, 1, colour));
   const HGDIOBJ pen_before = SelectObject(context, pen.get());
@@ -75,7 +66,7 @@ void FramePeer::HandleBorder() {
 
 COLORREF FramePeer::BorderColour() const {
   const std::optional<Colours> colours = ColoursToDraw();
-  return colours ? Between(*colours) : GetSysColor(COLOR_BTNTEXT);
+  return colours ? LineColour(*colours, Line::kClear) : GetSysColor(COLOR_BTNTEXT);
 }
 
 void FramePeer::MirrorText() {

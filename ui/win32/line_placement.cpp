@@ -15,8 +15,9 @@ HBRUSH BrushBehind(HWND edit, HDC context) {
                                                reinterpret_cast<LPARAM>(edit)));
 }
 
-/// What lies between border and line.
-void FillAround(HWND edit) {
+}  // namespace
+
+void FillAroundLine(HWND edit) {
   RECT outer{};
   RECT line{};
   GetWindowRect(edit, &outer);
@@ -32,8 +33,6 @@ void FillAround(HWND edit) {
   ReleaseDC(edit, context);
 }
 
-}  // namespace
-
 void PlaceLineInTheMiddle(NativeWindow& edit, std::function<int()> line_height) {
   edit.On(WM_NCCALCSIZE, [&edit, line_height](const Message& message) -> Answer {
     const LRESULT result = edit.Default(message);
@@ -41,11 +40,6 @@ void PlaceLineInTheMiddle(NativeWindow& edit, std::function<int()> line_height) 
     const int spare = std::max(Height(inside) - line_height(), 0);
     inside.top += spare / 2;
     inside.bottom -= spare - spare / 2;
-    return result;
-  });
-  edit.On(WM_NCPAINT, [&edit](const Message& message) -> Answer {
-    const LRESULT result = edit.Default(message);
-    FillAround(edit.handle());
     return result;
   });
   edit.On(WM_NCHITTEST, [&edit](const Message& message) -> Answer {

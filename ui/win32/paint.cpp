@@ -21,6 +21,24 @@ std::optional<Colours> ColoursAround(const Control& control) {
   return around != nullptr ? OwnColours(*around) : std::nullopt;
 }
 
+COLORREF LineColour(const Colours& around, Line line) {
+  const int share = line == Line::kClear ? 11 : 4;  // of 20
+  const auto mix = [share](int text, int background) {
+    return static_cast<BYTE>((share * text + (20 - share) * background) / 20);
+  };
+  return RGB(mix(around.text.red, around.background.red), mix(around.text.green, around.background.green),
+             mix(around.text.blue, around.background.blue));
+}
+
+void DrawBoxBorder(HDC context, const RECT& area, const Control& box, HWND handle, Line line) {
+  const std::optional<Colours> around = ColoursAround(*box.parent());
+  if (!around) return;
+  const bool enabled = IsWindowEnabled(handle) != 0;
+  const COLORREF colour = GetFocus() == handle ? GetSysColor(COLOR_HIGHLIGHT)
+                                               : LineColour(*around, enabled ? line : Line::kFaint);
+  FrameRect(context, &area, UseColours(context, colour, colour));
+}
+
 HBRUSH UseColours(HDC context, COLORREF background, COLORREF text) {
   SetTextColor(context, text);
   SetBkColor(context, background);

@@ -34,6 +34,7 @@ TextBoxPeer::TextBoxPeer(TextBox& box, Toolkit& toolkit) : WindowPeer(box, toolk
   window().Send(EM_SETLIMITTEXT, 0);  // else text beyond 30,000 characters would be lost
   HandleEditing();
   HandleKeys();
+  HandleBorder();
   if (box.lines() == TextBox::Lines::kOne) {
     PlaceLineInTheMiddle(window(), [this] { return static_cast<int>(MeasureText(L"M", font()).cy); });
   }
@@ -68,6 +69,33 @@ void TextBoxPeer::HandleKeys() {
     window().Send(EM_SETSEL, 0, -1);
     return 0;
   });
+}
+
+void TextBoxPeer::HandleBorder() {
+  window().On(WM_NCPAINT, [this](const Message& message) -> Answer {
+    const LRESULT result = window().Default(message);
+    const bool one_line = box_.lines() == TextBox::Lines::kOne;
+    if (one_line) FillAroundLine(handle());
+    RECT outer{};
+    GetWindowRect(handle(), &outer);
+    OffsetRect(&outer, -outer.left, -outer.top);
+    const HDC context = GetWindowDC(handle());
+    DrawBoxBorder(context, outer, box_, handle(), one_line && box_.read_only() ? Line::kFaint : Line::kClear);
+    ReleaseDC(handle(), context);
+    return result;
+  });
+  window().On(WM_KILLFOCUS, [this](const Message&) -> Answer {
+    RedrawBorder();
+    return std::nullopt;
+  });
+}
+
+/// Later, when the system has done its part.
+void TextBoxPeer::RedrawBorder() { RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME); }
+
+void TextBoxPeer::FocusArrived() {
+  RedrawBorder();
+  WindowPeer::FocusArrived();
 }
 
 std::wstring TextBoxPeer::Shown() const {

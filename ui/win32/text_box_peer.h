@@ -20,10 +20,13 @@ class TextBoxPeer : public WindowPeer {
   void MirrorFont() override;
   void MirrorSelection() override;
   std::optional<Colours> ColoursToDraw() const override;
+  void FocusArrived() override;
 
  private:
   void HandleEditing();
   void HandleKeys();
+  void HandleBorder();
+  void RedrawBorder();
   std::wstring Shown() const;
   /// Brings the caret into view, and the beginnings of the lines.
   void ScrollToCaret();
