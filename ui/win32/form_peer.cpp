@@ -91,7 +91,7 @@ void FormPeer::HandlePlace() {
     if (form_.smallest() == Size{}) return std::nullopt;
     RECT least = ToPixels(Rect{0, 0, form_.smallest().width, form_.smallest().height}, dpi());
     const auto style = [this](int which) { return static_cast<DWORD>(GetWindowLongPtrW(handle(), which)); };
-    AdjustWindowRectExForDpi(&least, style(GWL_STYLE), FALSE, style(GWL_EXSTYLE), dpi());
+    AdjustWindowRectExForDpi(&least, style(GWL_STYLE), FALSE, style(GWL_EXSTYLE), GetDpiForWindow(handle()));
     reinterpret_cast<MINMAXINFO*>(message.lparam)->ptMinTrackSize = {Width(least), Height(least)};
     return 0;
   });

@@ -6,6 +6,11 @@
 /// Twips and the pixels of a screen with so many dots per inch.
 namespace ui::win32 {
 
+/// The dots that an inch of the program has in a window, and on the first screen: those of the screen, more
+/// where the user has the system show its texts larger.
+UINT DotsPerInch(HWND window);
+UINT DotsPerInch();
+
 int ToPixels(Twips length, UINT dpi);
 /// Edges are rounded, not sizes, so that neighbours stay neighbours.
 RECT ToPixels(const Rect& bounds, UINT dpi);

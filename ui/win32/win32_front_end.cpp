@@ -160,12 +160,12 @@ void Win32FrontEnd::OpenFolder(const std::string& path) {
 Size Win32FrontEnd::screen() const {
   RECT area{};
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  const UINT dpi = GetDpiForSystem();
+  const UINT dpi = DotsPerInch();
   return {ToTwips(Width(area), dpi), ToTwips(Height(area), dpi)};
 }
 
 Twips Win32FrontEnd::TextWidth(const std::string& text, const Font& font) const {
-  const UINT dpi = GetDpiForSystem();
+  const UINT dpi = DotsPerInch();
   return ToTwips(MeasureText(ToWide(text), toolkit_->fonts.Get(font, dpi)).cx, dpi);
 }
 

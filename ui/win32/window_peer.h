@@ -4,6 +4,7 @@
 
 #include "ui/control.h"
 #include "ui/win32/native_window.h"
+#include "ui/win32/scale.h"
 #include "ui/win32/toolkit.h"
 
 namespace ui::win32 {
@@ -19,8 +20,8 @@ class WindowPeer : public Peer {
   void Repaint() override;
 
   HWND handle() const { return window_.handle(); }
-  /// Dots per inch of the screen that shows the window.
-  UINT dpi() const { return GetDpiForWindow(handle()); }
+  /// Of the window, as the program scales what is in it.
+  UINT dpi() const { return DotsPerInch(handle()); }
 
  protected:
   WindowPeer(Control& control, Toolkit& toolkit, const WindowKind& kind);
