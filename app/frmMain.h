@@ -50,6 +50,9 @@ class frmMain : public ui::Form {
   /// What every report and the confirmation say of the loaded setup: a line for each folder that is away, and
   /// for what else is missing.
   std::vector<std::string> SetupWarnings() const;
+  /// Why the source, or with `target` the target, is not in the window although the setup names it; else
+  /// empty.
+  std::string WhyMissing(bool target) const { return services::WhyMissing(away_, target); }
   /// Puts every control to what the setup says, and refreshes what depends on it.
   void ShowSetup(const Setup& setup);
   void ClearSetupControls();

@@ -45,8 +45,18 @@ void OperationWindows::Run(Operation operation) {
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
     outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
-    ReportUnattended(outcome, reason, seconds.count());
+    ReportUnattended(outcome, TrueReason(outcome.status, reason), seconds.count());
   }
+}
+
+/// What the setup names is not in the window while it is away, and so looks to the engine as never chosen.
+std::string OperationWindows::TrueReason(std::int16_t status, const std::string& reason) const {
+  const bool of_target = status == engine::kTargetNotSpecified;
+  const bool of_source = status == engine::kNothingToDo || status == engine::kNoFilesInSource ||
+                         status == engine::kNoFilesInSetup;
+  if (!of_target && !of_source) return reason;
+  const std::string why = main_.WhyMissing(of_target);
+  return why.empty() ? reason : why;
 }
 
 void OperationWindows::ShowEnd(const engine::RunOutcome& outcome) {

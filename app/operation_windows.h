@@ -73,6 +73,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
 
   engine::Tools EngineTools() const;
   engine::RunRequest RequestFor(Operation operation) const;
+  std::string TrueReason(std::int16_t status, const std::string& reason) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
 
   static report::Expected ExpectedBy(const PreviewFindings& findings);

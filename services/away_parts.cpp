@@ -95,6 +95,15 @@ std::string DoesNotExist(const std::string& which, const std::string& folder) {
   return which + " folder " + base::utf8::Printable(folder) + " does not exist.";
 }
 
+std::string WhyMissing(const AwayParts& away, bool target) {
+  if (target) return away.target.empty() ? std::string() : DoesNotExist("Target", away.target);
+  if (!away.source.empty()) return DoesNotExist("Source", away.source);
+  std::string why;
+  for (const std::string& name : away.folders)
+    why += (why.empty() ? "" : " ") + DoesNotExist("Included", name);
+  return why;
+}
+
 std::vector<std::string> AwayLines(const AwayParts& away, const text::ProgramTexts& texts) {
   const std::string stays = " " + texts.GetProgramText(text::kStaysInSetup);
   std::vector<std::string> lines;

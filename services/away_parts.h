@@ -45,7 +45,11 @@ std::string DoesNotExist(const std::string& which, const std::string& folder);
 /// A line for each folder that is away: that it does not exist, and that it stays in the setup.
 std::vector<std::string> AwayLines(const AwayParts& away, const text::ProgramTexts& texts);
 
-/// The same in one short text for the window; empty when nothing is away.
+/// Why the source's side of the setup, or with `target` its target, is not there: a sentence for each of its
+/// folders that is away. Empty when none is.
+std::string WhyMissing(const AwayParts& away, bool target);
+
+/// What is away in one short text for the window; empty when nothing is away.
 std::string AwaySummary(const AwayParts& away, const text::ProgramTexts& texts);
 
 }  // namespace services

@@ -33,6 +33,10 @@ TEST_F(LastRunSetup, KeepsWhatIsAwayForANightAndRunsWithItWhenItIsBack) {
       EXPECT_NE(night.window->lblIntro.text().find("kept in the setup: "), std::string::npos) << gone;
       Click(night.window->cmdQuit);
       EXPECT_EQ(night.files.ContentOf(kLastRun), services::SetupText(setup)) << gone << words;
+      const bool refuses = *words != 0 && gone != "/src/a";
+      const std::string last = night.printed.empty() ? "" : night.printed.end()[-2];
+      EXPECT_EQ(last.find("start: ") != last.npos && last.ends_with(gone + " does not exist."), refuses)
+          << last;
       EXPECT_EQ(night.Said(), "");
     }
   }
