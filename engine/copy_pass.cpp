@@ -27,19 +27,20 @@ constexpr const char* kDriveFullMessage =
     "must be terminated.";
 constexpr const char* kNoSpaceForFile = "Insufficient space on the target drive for this file.";
 
-std::string FolderQuestion(const Tools& tools, const std::string& folder) {
+Question FolderQuestion(const Tools& tools, const std::string& folder) {
   const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
-  std::string question = part(text::kTheTargetFolder) + " " + part(text::kCouldNotBeCreated);
+  std::string statement = part(text::kTheTargetFolder) + " " + part(text::kCouldNotBeCreated);
   const std::string drive = tools.files.DriveOf(folder);
-  if (!drive.empty()) question += " " + part(text::kOnDrive) + " " + drive + " " + part(text::kUnderPath);
-  return question + "\r\n" + base::utf8::Printable(folder) + "\r\n\r\n" + part(text::kGoOn) + " " +
-         part(text::kWithNextFileOfFolder);
+  if (!drive.empty()) statement += " " + part(text::kOnDrive) + " " + drive + " " + part(text::kUnderPath);
+  statement += "\r\n" + base::utf8::Printable(folder);
+  return {std::move(statement), part(text::kGoOn) + " " + part(text::kWithNextFileOfFolder)};
 }
 
-std::string ReadOnlyQuestion(const Tools& tools, const std::string& path) {
+Question ReadOnlyQuestion(const Tools& tools, const std::string& path) {
   const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
-  return part(text::kTheTargetFile) + "\r\n" + base::utf8::Printable(path) + "\r\n" +
-         part(text::kStaysReadOnly) + "\r\n\r\n" + part(text::kGoOn) + " " + part(text::kWithNextFile);
+  return {
+      part(text::kTheTargetFile) + "\r\n" + base::utf8::Printable(path) + "\r\n" + part(text::kStaysReadOnly),
+      part(text::kGoOn) + " " + part(text::kWithNextFile)};
 }
 
 bool IsLink(platform::FileSystem& files, const std::string& folder, const std::string& path) {
@@ -140,7 +141,7 @@ bool CopyPass::EnsureTargetFolder(const CopyJob& job) {
   Finish();
   if (!pending_.empty()) return false;  // the user stops
   fail(ready.error());
-  if (!listener_.AskWhetherToGoOn({FolderQuestion(tools_, folder_given_up_), {}})) Terminate();
+  if (!listener_.AskWhetherToGoOn(FolderQuestion(tools_, folder_given_up_))) Terminate();
   return false;
 }
 
@@ -155,7 +156,7 @@ bool CopyPass::MakeReplaceable(const CopyJob& job) {
   if (!pending_.empty()) return false;  // the user stops
   Fail(job,
        FailureLine(tools_, text::kNotCopied, job.SourcePath(), {platform::ErrorKind::kAccessDenied, 0, {}}));
-  if (!listener_.AskWhetherToGoOn({ReadOnlyQuestion(tools_, path), {}})) Terminate();
+  if (!listener_.AskWhetherToGoOn(ReadOnlyQuestion(tools_, path))) Terminate();
   return false;
 }
 

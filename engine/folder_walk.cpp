@@ -33,9 +33,13 @@ void Add(const FileCounts& folder, FileCounts& totals) {
   totals.due += folder.due;
 }
 
-std::optional<EntryKind> KindAt(platform::FileSystem& files, const std::string& path) {
+bool IsFolderLink(platform::FileSystem& files, const std::string& path) {
   const auto entry = files.Look(path);
-  return entry ? std::optional(entry->kind) : std::nullopt;
+  return entry && entry->kind == EntryKind::kFolderLink;
+}
+
+bool IsGone(const platform::Error& error) {
+  return error.kind == platform::ErrorKind::kNotFound || error.kind == platform::ErrorKind::kNotAFolder;
 }
 
 }  // namespace
@@ -44,7 +48,7 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
     : tools_(tools),
       listener_(listener),
       plan_(std::move(plan)),
-      nesting_(tools.files, plan_.source, plan_.left_out),
+      nesting_(tools.files, plan_.source, plan_.target),
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
       unfinished_(tools.files, tools.clock, plan_.target),
@@ -102,10 +106,18 @@ std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
 
 /// Nothing, and a line, when the name stands for no subfolder of the source that may be walked.
 std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string& name) {
+  if (!platform::IsPlainName(name)) {
+    Warn(NoticeLine(tools_, text::kNotAPlainName, name));
+    return std::nullopt;
+  }
   const std::string source = platform::JoinPath(plan_.source, name);
-  const auto kind = platform::IsPlainName(name) ? KindAt(tools_.files, source) : std::nullopt;
-  if (kind != EntryKind::kFolder) {
-    const bool is_link = kind == EntryKind::kFolderLink;
+  const auto entry = tools_.files.Look(source);
+  if (!entry && !IsGone(entry.error())) {
+    FailFolder(source, entry.error());
+    return std::nullopt;
+  }
+  if (!entry || entry->kind != EntryKind::kFolder) {
+    const bool is_link = entry && entry->kind == EntryKind::kFolderLink;
     Warn(NoticeLine(tools_, is_link ? text::kLinkNotFollowed : text::kIncludedFolderGone, source));
     return std::nullopt;
   }
@@ -113,8 +125,7 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
   const auto real = tools_.files.RealPath(source);
   Pending folder = Below({plan_.source, plan_.target}, real ? std::string(platform::NameOf(*real)) : name);
   folder.with_subfolders = plan_.include_subfolders;
-  const bool target_is_link =
-      !folder.target.empty() && KindAt(tools_.files, folder.target) == EntryKind::kFolderLink;
+  const bool target_is_link = !folder.target.empty() && IsFolderLink(tools_.files, folder.target);
   if (!MayBeWalked(folder, target_is_link)) return std::nullopt;
   return folder;
 }
@@ -180,7 +191,7 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
     return false;
   }
   if (folder.is_mount_point() && folder.path() != plan_.source) {
-    Warn(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
+    if (!IsLeftOut(folder.path())) Warn(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
     return false;
   }
   return true;
@@ -196,8 +207,7 @@ bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   }
   const platform::Status opened = pair.OpenTarget();
   if (opened) return true;
-  const auto kind = opened.error().kind;
-  if (kind == platform::ErrorKind::kNotFound || kind == platform::ErrorKind::kNotAFolder) return true;
+  if (IsGone(opened.error())) return true;
   FailFolder(folder.target, opened.error());
   return false;
 }
@@ -236,13 +246,22 @@ void FolderWalk::RemoveLeftovers(FolderPair& pair) {
   }
 }
 
+/// Whether a pattern leaves out everything in a folder of the source.
+bool FolderWalk::IsLeftOut(const std::string& path) const {
+  return PathMatchesSkipFilepaths(platform::FolderForm(path), plan_.rules.filters.skip_patterns);
+}
+
 void FolderWalk::WarnAboutLinks(const Pending& folder, const FolderPair& pair) {
   for (const Entry& entry : pair.source().entries()) {
+    const std::string path = platform::JoinPath(folder.source, entry.name);
     int lead = 0;
-    if (entry.kind == EntryKind::kFolderLink && folder.with_subfolders) lead = text::kLinkNotFollowed;
+    if (entry.kind == EntryKind::kFolderLink && folder.with_subfolders && !IsLeftOut(path))
+      lead = text::kLinkNotFollowed;
     if (entry.kind == EntryKind::kDeadLink) lead = text::kDeadLink;
     if (entry.kind == EntryKind::kOther) lead = text::kNotAFile;
-    if (lead != 0) Warn(NoticeLine(tools_, lead, platform::JoinPath(folder.source, entry.name)));
+    const bool is_folder = lead == text::kLinkNotFollowed;
+    if (lead != 0 && (is_folder || PassesFilters(plan_.rules.filters, folder.source, entry)))
+      Warn(NoticeLine(tools_, lead, path));
   }
 }
 

@@ -22,8 +22,7 @@ namespace engine {
 /// What a walk covers. Paths are the setup's.
 struct WalkPlan {
   std::string source;
-  std::string target;    ///< empty: there is none (the list operation)
-  std::string left_out;  ///< the setup's target, which takes no part in the source; may be empty
+  std::string target;  ///< empty: there is none (the list operation)
   std::vector<std::string> included_folders;
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
@@ -76,6 +75,7 @@ class FolderWalk {
   /// Lets the folders be listed that come next.
   void ExpectNext();
   void RemoveLeftovers(FolderPair& pair);
+  bool IsLeftOut(const std::string& path) const;
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);

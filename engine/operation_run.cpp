@@ -32,8 +32,8 @@ WalkPlan PlanOf(const RunRequest& request) {
   const app::Setup& setup = request.setup;
   WalkPlan plan;
   plan.source = platform::WithoutTrailingSeparators(setup.SourceFolder);
-  plan.left_out = platform::WithoutTrailingSeparators(setup.TargetFolder);
-  if (!IsListOperation(request.operation)) plan.target = plan.left_out;
+  if (!IsListOperation(request.operation))
+    plan.target = platform::WithoutTrailingSeparators(setup.TargetFolder);
   plan.included_folders = setup.IncludedFolders;
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;

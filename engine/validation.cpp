@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/utf8.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
 
@@ -74,7 +75,7 @@ std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, 
   const auto source = tools.files.OpenFolder(setup.SourceFolder);
   if (!source) {
     Refusal refusal = Numbered(tools, kSourceNotReadable, text::kSourceNotRead, text::kTitleNothingToDo);
-    refusal.text += " " + setup.SourceFolder + " (" + source.error().text + ")";
+    refusal.text += " " + base::utf8::Printable(setup.SourceFolder) + " (" + source.error().text + ")";
     return refusal;
   }
   const bool files_in_source = Holds(**source, EntryKind::kFile);
@@ -97,10 +98,17 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
     return refusal;
   }
   const auto target = tools.files.Look(setup.TargetFolder);
+  if (!target && target.error().kind != platform::ErrorKind::kNotFound &&
+      target.error().kind != platform::ErrorKind::kNotAFolder) {
+    Refusal refusal = Numbered(tools, kTargetNotReadable, text::kTargetNotReadable, text::kTitleNothingToDo);
+    refusal.text += " " + base::utf8::Printable(setup.TargetFolder) + " (" + target.error().text + ")";
+    return refusal;
+  }
   if (!target || !platform::IsFolder(target->kind)) {
     const char* const kMissing = "Target folder does not exist";
-    return Refusal{kTargetMissing, "Target folder " + setup.TargetFolder + " does not exist.", kMissing,
-                   kMissing};
+    return Refusal{kTargetMissing,
+                   "Target folder " + base::utf8::Printable(setup.TargetFolder) + " does not exist.",
+                   kMissing, kMissing};
   }
   if (IsSameFolder(tools, setup.SourceFolder, setup.TargetFolder)) {
     return Numbered(tools, kTargetIsSource, text::kSameFolder, text::kTitleSameFolder);

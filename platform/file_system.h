@@ -71,7 +71,8 @@ class FileSystem {
   /// Makes the three bits of a file what `attributes` says and leaves everything else of it alone.
   virtual Status SetAttributes(const std::string& path, Attributes attributes) = 0;
 
-  /// The space on the volume that holds `path`; `path` itself may be missing while its parent exists.
+  /// The space on the volume that holds `path`; `path` itself may be missing while its parent exists. kOther
+  /// when the volume tells no size, as some do that lie in memory or elsewhere: that is not a full one.
   virtual Result<DiskSpace> Space(const std::string& path) = 0;
 
   /// The most bytes that one file may have on the volume that holds `path`, which may be missing like that of

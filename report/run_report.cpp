@@ -15,6 +15,9 @@ using base::utf8::Printable;
 constexpr std::chrono::milliseconds kLabelsEvery{100};
 constexpr std::chrono::milliseconds kFreeSpaceEvery{1'000};
 
+/// Before a line about one file or folder.
+constexpr const char* kLineIndent = "      ";
+
 /// The lines of a message as one.
 std::string OneLine(std::string text) {
   for (auto end = text.find("\r\n"); end != std::string::npos; end = text.find("\r\n")) {
@@ -125,14 +128,14 @@ bool RunReport::StopRequested() { return main_.StopRequested() || window_.front_
 
 bool RunReport::AskWhetherToGoOn(const engine::Question& question) {
   if (facts_.unattended) {
-    WriteLine(OneLine(question.text));
-    return false;
+    WriteLine(kLineIndent + OneLine(question.statement));
+    return true;
   }
   if (StopRequested()) return true;  // the run ends without an answer
+  const std::string text = question.statement + "\r\n\r\n" + question.question;
   window_.ShowText();
-  window_.front_end().Notify(window_, question.title, question.text);
-  return window_.front_end().dialogs().AskYesNo(window_,
-                                                {question.text, question.title, ui::Icon::kExclamation});
+  window_.front_end().Notify(window_, "", text);
+  return window_.front_end().dialogs().AskYesNo(window_, {text, "", ui::Icon::kExclamation});
 }
 
 void RunReport::Tell(const std::string& text) {

@@ -89,7 +89,7 @@ void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
 }
 
 void RunReport::WriteWarningLine(const engine::Totals& totals) {
-  if (totals.counts.copied == 0 || totals.warnings == 0) return;
+  if (totals.warnings == 0) return;
   window_.OutputKept("\r\nThis report contains ", false);
   window_.OutputKept(totals.warnings == 1 ? "one warning." : StrProc::Trim(totals.warnings) + " warnngs.",
                      true);

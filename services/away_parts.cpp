@@ -109,7 +109,11 @@ std::vector<std::string> AwayLines(const AwayParts& away, const text::ProgramTex
   std::vector<std::string> lines;
   if (!away.source.empty()) lines.push_back(DoesNotExist("Source", away.source) + stays);
   if (away.source.empty()) {
-    for (const std::string& name : away.folders) lines.push_back(DoesNotExist("Included", name) + stays);
+    for (const std::string& name : away.folders) {
+      lines.push_back(platform::IsPlainName(name)
+                          ? DoesNotExist("Included", name) + stays
+                          : texts.GetProgramText(text::kNotAPlainName) + " " + base::utf8::Printable(name));
+    }
   }
   if (!away.target.empty()) lines.push_back(DoesNotExist("Target", away.target) + stays);
   return lines;

@@ -38,6 +38,7 @@ inline constexpr int kTitleNothingToDo = 38;
 inline constexpr int kNoFilesInSetup = 40;
 inline constexpr int kTargetNotSpecified = 42;
 inline constexpr int kTargetWriteProtected = 406;
+inline constexpr int kTargetNotReadable = 652;  ///< + " " + path + " (" + the system's reason + ")"
 
 // --- The target folder is not there
 inline constexpr int kCreateTarget = 43;        ///< a question of its own
@@ -111,6 +112,7 @@ inline constexpr int kDeadLink = 522;              ///< lead word
 inline constexpr int kNotAFile = 523;              ///< lead word
 inline constexpr int kTargetInSource = 524;        ///< lead word
 inline constexpr int kIncludedFolderGone = 525;    ///< lead word
+inline constexpr int kNotAPlainName = 653;         ///< lead word: a name from a setup
 inline constexpr int kWouldOverwriteSource = 529;  ///< lead word
 inline constexpr int kSameFolder = 526;
 inline constexpr int kTitleSameFolder = 527;

@@ -6,10 +6,10 @@
 
 namespace engine {
 
-/// A question with the answers Yes (go on) and No (stop the run).
+/// A question about one file or folder, with the answers Yes (go on with the others) and No (stop the run).
 struct Question {
-  std::string text;
-  std::string title;
+  std::string statement;  ///< what is wrong; may have several lines
+  std::string question;
 };
 
 /// Told by the engine what happens during a run, and asked by it. All calls come on the one thread. Folders
@@ -46,7 +46,8 @@ class Listener {
   /// times a second while the run waits for copies.
   virtual bool StopRequested() = 0;
 
-  /// Yes: go on. In an unattended run the answer is No.
+  /// Yes: go on. So it is in an unattended run, in whose report only the statement stands: what this file or
+  /// folder needs is no reason to leave all others without a backup, night after night.
   virtual bool AskWhetherToGoOn(const Question& question) = 0;
 
   /// A message that is to be acknowledged; in an unattended run it only stands in the report.

@@ -22,14 +22,16 @@ void TakeOver(const struct stat& facts, Entry& entry) {
 
 bool LeadsNowhere(int number) { return number == ENOENT || number == ENOTDIR || number == ELOOP; }
 
-void DescribeLink(int folder, const char* name, Entry& entry) {
+bool DescribeLink(int folder, const char* name, Entry& entry) {
   struct stat facts = {};
-  if (fstatat(folder, name, &facts, 0) == 0) {
-    TakeOver(facts, entry);
-    if (entry.kind == EntryKind::kFolder) entry.kind = EntryKind::kFolderLink;
-  } else if (LeadsNowhere(errno)) {
+  if (fstatat(folder, name, &facts, 0) != 0) {
+    if (!LeadsNowhere(errno)) return false;
     entry.kind = EntryKind::kDeadLink;
+    return true;
   }
+  TakeOver(facts, entry);
+  if (entry.kind == EntryKind::kFolder) entry.kind = EntryKind::kFolderLink;
+  return true;
 }
 
 }  // namespace
@@ -42,19 +44,21 @@ Attributes AttributesOf(const struct stat& facts) {
   return (facts.st_mode & S_IWUSR) != 0 ? Attributes{0} : kReadOnly;
 }
 
-void Describe(int folder, const char* name, unsigned char type, Entry& entry) {
+bool Describe(int folder, const char* name, unsigned char type, Entry& entry) {
   if (type == DT_DIR) {
     entry.kind = EntryKind::kFolder;
   } else if (type == DT_LNK) {
-    DescribeLink(folder, name, entry);
+    return DescribeLink(folder, name, entry);
   } else if (type == DT_REG || type == DT_UNKNOWN) {
     struct stat facts = {};
-    if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return;
+    if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return false;
     // A link only where the volume does not tell types, or where one took the file's place meanwhile.
-    S_ISLNK(facts.st_mode) ? DescribeLink(folder, name, entry) : TakeOver(facts, entry);
+    if (S_ISLNK(facts.st_mode)) return DescribeLink(folder, name, entry);
+    TakeOver(facts, entry);
   } else {
     entry.kind = EntryKind::kOther;
   }
+  return true;
 }
 
 }  // namespace platform::posix

@@ -14,7 +14,8 @@ Attributes AttributesOf(const struct stat& facts);
 
 /// Fills kind, size, modified and attributes of `entry` for what stands under `name` in the open folder
 /// `folder` (or AT_FDCWD). `type` is one of the DT_ values of dirent.h as far as it is known; folders and
-/// devices cost no call then.
-void Describe(int folder, const char* name, unsigned char type, Entry& entry);
+/// devices cost no call then. False, with errno set and the entry a file of unknown size, when that cannot be
+/// told.
+bool Describe(int folder, const char* name, unsigned char type, Entry& entry);
 
 }  // namespace platform::posix

@@ -24,10 +24,6 @@ std::string NamePart(const std::string& path) { return std::string(NameOf(path, 
 
 std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
 
-bool Exists(const ReachedPath& place) {
-  return faccessat(place.at(), place.rest, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
-}
-
 ListingAhead::Listing List(const std::string& path) {
   auto folder = PosixFolder::Open(path);
   if (!folder) return folder.error();
@@ -47,10 +43,9 @@ bool PosixFileSystem::ExpectFolder(const std::string& path) { return listing_ahe
 Result<Entry> PosixFileSystem::Look(const std::string& path) {
   const auto place = Reach(path);
   if (!place) return place.error();
-  if (!Exists(*place)) return LastError();
   Entry entry;
   entry.name = NamePart(path);
-  Describe(place->at(), place->rest, DT_UNKNOWN, entry);
+  if (!Describe(place->at(), place->rest, DT_UNKNOWN, entry)) return LastError();
   return entry;
 }
 

@@ -62,7 +62,7 @@ void PosixFolder::Take(const char* block, std::size_t length) {
     if (IsDots(record->d_name)) continue;
     Entry& entry = entries_.emplace_back();
     entry.name = record->d_name;
-    Describe(handle(), record->d_name, record->d_type, entry);
+    static_cast<void>(Describe(handle(), record->d_name, record->d_type, entry));
   }
 }
 

@@ -44,6 +44,7 @@ Result<DiskSpace> SpaceAt(const std::string& path) {
     if (!place) return place.error();
     if (fstatvfs(place->get(), &facts) != 0) return LastError();
   }
+  if (facts.f_blocks == 0) return ErrorOf(ENOSYS);  // the volume counts no blocks
   return DiskSpace{std::uint64_t{facts.f_bavail} * facts.f_frsize,
                    std::uint64_t{facts.f_blocks} * facts.f_frsize};
 }

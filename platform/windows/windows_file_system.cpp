@@ -53,6 +53,7 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   ULARGE_INTEGER free{};
   ULARGE_INTEGER total{};
   if (!::GetDiskFreeSpaceExW(LongFolder(path).c_str(), &free, &total, nullptr)) return LastError();
+  if (total.QuadPart == 0) return SystemError(ERROR_NOT_SUPPORTED);  // the volume tells no size
   return DiskSpace{free.QuadPart, total.QuadPart};
 }
 

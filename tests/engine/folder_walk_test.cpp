@@ -23,7 +23,10 @@ TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   Scene scene({"/outside", "/src/in/deep/a"}, {"..", "in", "", "in/deep", ".", "in", "../src", "gone"});
   EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 6");
   EXPECT_EQ(scene.visited, "/src|/src/in|/src/in/deep|");
-  EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|"));
+  EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|") && scene.Wrote("Not plain: in/deep|"));
+  scene.files.Fail(Call::kLook, "/src/gone", {platform::ErrorKind::kOther, 5, "I/O error"});
+  EXPECT_EQ(scene.BackUp(), "up to date 1, unread 1, warnings 5");
+  EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }
 
 TEST(FolderWalk, AsksAboutNoFileAndForNothingBelowAMissingTarget) {
@@ -45,6 +48,8 @@ TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
        {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|", "Mount: /src/in/disk|"}) {
     EXPECT_TRUE(scene.Wrote(line)) << line;
   }
+  scene.setup.SkipFilepaths = "/loop/, /dead, pipe, /disk/";
+  EXPECT_EQ(scene.BackUp(), "up to date 2");
 }
 
 TEST(FolderWalk, TheTargetInsideTheSourceIsLeftOutAsTheDiskComparesNames) {
@@ -56,7 +61,8 @@ TEST(FolderWalk, TheTargetInsideTheSourceIsLeftOutAsTheDiskComparesNames) {
     EXPECT_EQ(scene.BackUpAll(), "copied 1");
     EXPECT_EQ(tree::Below(scene.files, "/src"), "in/Backup/in/a=1 in/a=1");
     EXPECT_TRUE(scene.Wrote("Target inside: /src/in/Backup|"));
-    EXPECT_EQ(scene.Run(app::Operation::kListIncludedSubfolders), "due 1");
+    scene.setup.TargetFolder = "/src";
+    EXPECT_EQ(scene.Run(app::Operation::kListIncludedSubfolders), "due 2") << "whatever the target is";
   }
 }
 

@@ -53,6 +53,9 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
           [](Scene& s) { s.files.Remove("/dst"); });
   refuses(kTargetMissing, "Target folder does not exist: Target folder /src/a does not exist.",
           [](Scene& s) { s.setup.TargetFolder = "/src/a"; });
+  refuses(kTargetNotReadable, "Nothing: Unreadable: /dst (EIO)", [](Scene& s) {
+    s.files.Fail(platform::memory::Call::kLook, "/dst", {platform::ErrorKind::kOther, 5, "EIO"});
+  });
   refuses(kTargetIsSource, "Same: The same.", [](Scene& s) { s.setup.TargetFolder = "/src/"; });
   refuses(kTargetWriteProtected, "Nothing: Protected.\r\n(Read-only file system)",
           [](Scene& s) { s.write_protected = true; });

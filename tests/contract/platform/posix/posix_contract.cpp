@@ -74,6 +74,12 @@ TEST_F(PosixFiles, NamesPassThroughByteByByte) {
   EXPECT_EQ(files().WriteFile(At(std::string(256, 'n')), "").error().kind, ErrorKind::kBadName);
 }
 
+TEST_F(PosixFiles, NothingIsGuessedWhereTheSystemDoesNotTell) {
+  EXPECT_FALSE(files().Space("/proc"));
+  ASSERT_TRUE(scene_->MakeLink(At("link"), std::string(300, 'n')));
+  EXPECT_EQ(files().Look(At("link")).error().kind, ErrorKind::kBadName);
+}
+
 TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
   const mode_t old_mask = umask(077);
   for (const mode_t mode : {0755u, 0640u, 0444u, 0666u}) {
