@@ -18,7 +18,7 @@ void ReplaceSample(std::string& text, const std::string& sample, const std::stri
 }  // namespace
 
 bool frmMain::IsInRecycleBin(const std::string& path) const {
-  const std::string behind_root = base::utf8::ToUpper(platform::BehindRoot(path));
+  const std::string behind_root = base::utf8::ToUpper(BehindDisk(context_.files, path));
   for (std::size_t i = 1; i < RecycleBinNames.size(); ++i) {
     if (behind_root.starts_with(RecycleBinNames[i])) return true;
   }
@@ -120,29 +120,56 @@ void frmMain::cmdCreateSubFolder_MouseUp() {
             *this, {Text(text::kCreateTarget), Text(text::kTitleMissingTarget), ui::Icon::kQuestion})) {
       return;
     }
-    if (const auto made = context_.files.CreateFolder(target); !made) TellFolderNotCreated(target);
+    if (const auto made = context_.files.CreateFolder(target); !made)
+      TellFolderNotCreated(target, made.error());
     return RefreshTargetFolderDisplay();
   }
   std::string prompt = Text(text::kNewSubfolderName);
-  ReplaceSample(prompt, "C:\\", target);
+  ReplaceSample(prompt, "C:\\", base::utf8::Printable(target));
   const ui::Twips below = top() + fraTarget.top() + cmdCreateSubFolder.bounds().bottom() + 500;
   const auto answer =
       dialogs.AskText(*this, {prompt, {}, left() + fraTarget.left() + cmdCreateSubFolder.left(), below});
   const std::string name = platform::TypedFolderName(answer.value_or(std::string()));
-  const bool blank = name.find_first_not_of(' ') == std::string::npos;
-  if (!blank) CreateSubfolder(platform::JoinPath(target, name));
+  // Of "..", Windows leaves nothing behind.
+  const bool blank = answer.value_or(std::string()).find_first_not_of(' ') == std::string::npos;
+  if (blank || TellNameFault(name.empty() ? *answer : name)) return;
+  CreateSubfolder(platform::JoinPath(target, name));
+}
+
+/// True when no folder can have this name.
+bool frmMain::TellNameFault(const std::string& name) {
+  std::string message;
+  switch (platform::FaultOf(name)) {
+    case platform::NameFault::kNone:
+      return false;
+    case platform::NameFault::kPath:
+      message = Text(text::kNameIsPath);
+      break;
+    case platform::NameFault::kReserved:
+      message = Text(text::kNameIsReserved);
+      break;
+    case platform::NameFault::kCharacter:
+      message = Text(text::kNameHasCharacter);
+      break;
+  }
+  context_.front_end.dialogs().Show(
+      *this, {message + " " + base::utf8::Printable(name), {}, ui::Icon::kInformation});
+  return true;
 }
 
 void frmMain::CreateSubfolder(const std::string& path) {
   ui::Dialogs& dialogs = context_.front_end.dialogs();
   if (context_.files.Look(path)) {
-    dialogs.Show(*this, {Text(text::kFolderThere) + " " + path, {}, ui::Icon::kInformation});
+    dialogs.Show(*this,
+                 {Text(text::kFolderThere) + " " + base::utf8::Printable(path), {}, ui::Icon::kInformation});
     return;
   }
-  if (const auto made = context_.files.CreateFolder(path); !made) return TellFolderNotCreated(path);
-  dialogs.Show(*this, {Text(text::kFolderCreated) + " " + path, {}, ui::Icon::kInformation});
+  if (const auto made = context_.files.CreateFolder(path); !made)
+    return TellFolderNotCreated(path, made.error());
+  dialogs.Show(*this,
+               {Text(text::kFolderCreated) + " " + base::utf8::Printable(path), {}, ui::Icon::kInformation});
   std::string question = Text(text::kMakeItTheTarget);
-  ReplaceSample(question, "E:\\", path);
+  ReplaceSample(question, "E:\\", base::utf8::Printable(path));
   if (dialogs.AskYesNo(*this, {question, {}, ui::Icon::kQuestion})) {
     TakeFolder(1, path);
     TellWhatCannotBeSaved(path);
@@ -151,11 +178,12 @@ void frmMain::CreateSubfolder(const std::string& path) {
   }
 }
 
-void frmMain::TellFolderNotCreated(const std::string& path) {
+void frmMain::TellFolderNotCreated(const std::string& path, const platform::Error& error) {
   std::string message = Text(text::kFolderNotCreated);
   const std::string drive = context_.files.DriveOf(path);
   if (!drive.empty()) message += " " + Text(text::kOnDrive) + " " + drive + " " + Text(text::kUnderPath);
-  message += "\r\n" + path;
+  message += "\r\n" + base::utf8::Printable(path);
+  if (!error.text.empty()) message += "\r\n(" + error.text + ")";
   context_.front_end.dialogs().Show(*this, {message, {}, ui::Icon::kExclamation});
 }
 

@@ -1,6 +1,7 @@
 #include "app/folder_facts.h"
 
 #include "base/ascii_case.h"
+#include "platform/path.h"
 
 namespace app {
 namespace {
@@ -31,9 +32,22 @@ FolderContent ContentOf(platform::FileSystem& files, const std::string& folder) 
   for (const platform::Entry& entry : (*listing)->entries()) {
     if (entry.kind == platform::EntryKind::kFile) ++content.files;
     const bool is_folder = entry.kind == platform::EntryKind::kFolder;
-    if (is_folder && !IsRecycleBin(entry.name)) ++content.subfolders;
+    if (!is_folder || IsRecycleBin(entry.name)) continue;
+    ++content.subfolders;
+    content.subfolder_keys.insert(files.NameKey(entry.name));
   }
   return content;
+}
+
+bool IsDisk(platform::FileSystem& files, const std::string& folder) {
+  const std::string plain = platform::WithoutTrailingSeparators(folder);
+  return platform::IsDiskRoot(folder) || (platform::IsDiskRoot("/") && files.DriveOf(plain) == plain);
+}
+
+std::string BehindDisk(platform::FileSystem& files, const std::string& path) {
+  const std::string drive = files.DriveOf(path);
+  const bool by_mount_point = !drive.empty() && platform::IsInside(path, drive);
+  return std::string(platform::BehindRoot(by_mount_point ? path.substr(drive.size()) : path));
 }
 
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder) {

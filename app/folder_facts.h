@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "platform/file_system.h"
@@ -12,7 +13,8 @@ struct FolderContent {
   /// then 0.
   int error = 0;
   int files = 0;
-  int subfolders = 0;  ///< without links and the recycle bin
+  int subfolders = 0;                    ///< without links and the recycle bin
+  std::set<std::string> subfolder_keys;  ///< their names, as FileSystem::NameKey() has them
 };
 
 /// Whether a folder's name is that of the recycle bin in the root of a disk, which is listed nowhere. Windows
@@ -20,6 +22,12 @@ struct FolderContent {
 bool IsRecycleBin(const std::string& name);
 
 FolderContent ContentOf(platform::FileSystem& files, const std::string& folder);
+
+/// Whether a folder is a whole disk: by its path, or since another volume is mounted there.
+bool IsDisk(platform::FileSystem& files, const std::string& folder);
+
+/// A path without that of its disk.
+std::string BehindDisk(platform::FileSystem& files, const std::string& path);
 
 /// Whether a folder holds no file and no subfolder. One that cannot be read counts as empty.
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder);

@@ -39,7 +39,7 @@ void frmMain::RefreshTargetEmptyLabel() {
     lblTargetFolderIsEmpty.SetText({});
     return;
   }
-  const std::string word = platform::IsDiskRoot(target) ? "disk" : "folder";
+  const std::string word = IsDisk(context_.files, target) ? "disk" : "folder";
   lblTargetFolderIsEmpty.SetText("The target " + word +
                                  (IsFolderEmpty(context_.files, target) ? " is empty." : " is not empty."));
   lblTargetFolderIsEmpty.SetVisible(true);

@@ -99,11 +99,20 @@ void frmConfirmOperation::Form_Load() {
   vsbFacts.SetColours(std::nullopt);
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
-  volume_.holds_source =
-      !volume_.drive.empty() && context_.files.DriveOf(request_.setup.SourceFolder) == volume_.drive;
+  volume_.holds_source = ShareADisk(request_.setup.SourceFolder, request_.setup.TargetFolder);
   if (const auto space = context_.files.Space(request_.setup.TargetFolder)) volume_.space = *space;
   volume_.largest_file = context_.files.LargestFile(request_.setup.TargetFolder);
   Refresh();
+}
+
+/// Where the disks behind the volumes cannot be told, the volumes are compared.
+bool frmConfirmOperation::ShareADisk(const std::string& source, const std::string& target) const {
+  const std::string drive = context_.files.DriveOf(target);
+  if (!drive.empty() && context_.files.DriveOf(source) == drive) return true;
+  const std::vector<std::string> disks = context_.files.DisksOf(source);
+  return std::ranges::any_of(context_.files.DisksOf(target), [&](const std::string& disk) {
+    return std::ranges::find(disks, disk) != disks.end();
+  });
 }
 
 void frmConfirmOperation::Form_Activate() {

@@ -62,6 +62,7 @@ class frmConfirmOperation : public ui::Form {
   void ConnectHandlers();
   /// Words what is known by now.
   void Refresh();
+  bool ShareADisk(const std::string& source, const std::string& target) const;
   void MakeFactRows(std::size_t count);
   ui::Twips PlaceDoubts(ui::Twips bottom, ui::Twips width);
   void PlaceFacts();

@@ -231,7 +231,8 @@ class frmMain : public ui::Form {
   void TellWhatCannotBeSaved(const std::string& path);
   void OfferOtherFolder(std::size_t index);
   void CreateSubfolder(const std::string& path);
-  void TellFolderNotCreated(const std::string& path);
+  bool TellNameFault(const std::string& name);
+  void TellFolderNotCreated(const std::string& path, const platform::Error& error);
 
   void OpenSaveSetupFrame(bool load);
   services::LoadedSetup LoadOperationFile(const std::string& path);
@@ -246,7 +247,7 @@ class frmMain : public ui::Form {
   void ShowSetupFile(const std::string& path);
   ui::FileDialog SetupFileDialog(int title) const;
 
-  std::string SummaryOfSubfolders(int error, int subfolders) const;
+  std::string SummaryOfSubfolders(const struct FolderContent& content) const;
   void ShowIncludedFolders(bool source_has_subfolders);
   /// Shows or disables what only makes sense with something else: Clear buttons, commands.
   void RefreshEnabledStates();

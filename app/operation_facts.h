@@ -22,7 +22,7 @@ struct Fact {
 struct TargetVolume {
   std::string drive;                         ///< empty: it cannot be told
   std::optional<platform::DiskSpace> space;  ///< empty: it cannot be told
-  bool holds_source = false;                 ///< the source lies on it, too
+  bool holds_source = false;                 ///< the source lies on it or on the same physical disk
   std::int64_t largest_file = 0;             ///< bytes that one file may have; 0: no limit is known
 };
 

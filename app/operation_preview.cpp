@@ -152,6 +152,11 @@ void OperationPreview::FindStrangers(engine::FolderPair& pair) {
 /// Links to folders are not followed by a run either, but they are there.
 bool OperationPreview::IsThere(const std::string& path) {
   const auto entry = files_.Look(path);
+  if (!entry && entry.error().kind != platform::ErrorKind::kNotFound &&
+      entry.error().kind != platform::ErrorKind::kNotAFolder) {
+    ++findings_.folders_not_read;
+    return false;
+  }
   const bool there = entry && platform::IsFolder(entry->kind);
   if (!there) findings_.folders_gone.emplace_back(platform::NameOf(path));
   return entry && entry->kind == EntryKind::kFolder;

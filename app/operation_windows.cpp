@@ -7,6 +7,8 @@
 #include "app/frmConfirmOperation.h"
 #include "app/frmMain.h"
 #include "app/run_result.h"
+#include "base/program_name.h"
+#include "platform/path.h"
 #include "services/date_pr2.h"
 #include "services/disk_proc.h"
 #include "text/text_numbers.h"
@@ -78,7 +80,17 @@ engine::Tools OperationWindows::EngineTools() const {
           },
           [&files](const std::string& folder, std::string& error_text) {
             return DiskProc::IsWriteProtected(files, folder, error_text);
-          }};
+          },
+          WhoRuns(),
+          platform::ParentOf(main_.LastRunSetupPath)};
+}
+
+/// This program, for another that would copy to the same target.
+std::string OperationWindows::WhoRuns() const {
+  platform::Shell& shell = context_.shell;
+  return std::string(base::kProgramName) + " (process " + std::to_string(shell.ProcessNumber()) + "), user " +
+         shell.UserName() + ", computer " + shell.ComputerName() + ", since " +
+         DatePr2::TimeStamp(context_.clock, context_.locale);
 }
 
 engine::RunRequest OperationWindows::RequestFor(Operation operation) const {

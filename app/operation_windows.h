@@ -72,6 +72,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   void ShowLatest() override;
 
   engine::Tools EngineTools() const;
+  std::string WhoRuns() const;
   engine::RunRequest RequestFor(Operation operation) const;
   std::string TrueReason(std::int16_t status, const std::string& reason) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);

@@ -149,7 +149,8 @@ bool frmMain::MayReplaceLastRun() {
   if (loss == Loss::kNone) return true;
   const int what = loss == Loss::kReadInPart ? text::kLastRunReadInPart : text::kLastRunChanged;
   return context_.front_end.dialogs().AskYesNo(
-      *this, {Text(what) + "\r\n" + LastRunSetupPath + "\r\n\r\n" + Text(text::kReplaceLastRun),
+      *this, {Text(what) + "\r\n" + base::utf8::Printable(LastRunSetupPath) + "\r\n\r\n" +
+                  Text(text::kReplaceLastRun),
               Text(text::kTitleReplaceLastRun), ui::Icon::kQuestion});
 }
 
@@ -183,10 +184,10 @@ void frmMain::LoadSetupFromFile() {
   const services::LoadedSetup loaded = LoadOperationFile(*path);
   SetupEdited();
   if (loaded.result == services::kInputPastEnd) {
-    TellSetupFailure(Text(text::kSetupEndsEarly) + "\r\n" + *path + "\r\n\r\n" +
+    TellSetupFailure(Text(text::kSetupEndsEarly) + "\r\n" + base::utf8::Printable(*path) + "\r\n\r\n" +
                      Text(text::kSetupPartlyLoaded));
   } else if (loaded.result > 0) {
-    TellSetupFailure(Text(text::kSetupNotRead) + "\r\n" + *path);
+    TellSetupFailure(Text(text::kSetupNotRead) + "\r\n" + base::utf8::Printable(*path));
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();
@@ -204,7 +205,7 @@ void frmMain::SaveSetupInFile() {
     return;
   }
   if (context_.files.Look(*path) &&
-      !dialogs.AskYesNo(*this, {Text(text::kReplaceSetupFile) + " " + *path + "?",
+      !dialogs.AskYesNo(*this, {Text(text::kReplaceSetupFile) + " " + base::utf8::Printable(*path) + "?",
                                 Text(text::kTitleSetupFileThere), ui::Icon::kQuestion})) {
     return;
   }
@@ -212,13 +213,13 @@ void frmMain::SaveSetupInFile() {
     ShowSetupSaved();
     return ShowSetupFile(*path);
   }
-  TellSetupFailure(Text(text::kSetupFileNotSaved) + " " + *path + ".");
+  TellSetupFailure(Text(text::kSetupFileNotSaved) + " " + base::utf8::Printable(*path) + ".");
   ShowSetupFile({});
 }
 
 void frmMain::ShowSetupFile(const std::string& path) {
-  txbSetupFile.SetText(path);
-  txbSetupFile.SetToolTip(path);
+  txbSetupFile.SetText(base::utf8::Printable(path));
+  txbSetupFile.SetToolTip(base::utf8::Printable(path));
   txbSetupFile.SetVisible(!path.empty());
 }
 

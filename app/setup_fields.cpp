@@ -1,4 +1,5 @@
 #include "app/frmMain.h"
+#include "base/utf8.h"
 #include "services/date_pr2.h"
 #include "services/setup_file.h"
 #include "services/setup_text.h"
@@ -83,7 +84,8 @@ bool frmMain::LoadLastRunSetup(bool show_message) {
     loaded = LoadLastRunFile();
   } else if (state == services::LastRunState::kNotReadable) {
     if (reason.empty()) reason = Text(text::kNotASetupFile);
-    last_run_problem_ = Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + reason;
+    last_run_problem_ =
+        Text(text::kSetupNotRead) + " " + base::utf8::Printable(LastRunSetupPath) + ". " + reason;
   }
   RefreshSourceFolderDisplay();
   RefreshTargetFolderDisplay();
@@ -97,7 +99,8 @@ bool frmMain::LoadLastRunFile() {
   const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
   if (loaded.problem.empty()) return true;
   last_run_.NoteReadInPart();
-  last_run_problem_ = Text(text::kSetupNotRead) + " " + LastRunSetupPath + ". " + loaded.problem;
+  last_run_problem_ =
+      Text(text::kSetupNotRead) + " " + base::utf8::Printable(LastRunSetupPath) + ". " + loaded.problem;
   return false;
 }
 

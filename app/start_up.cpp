@@ -56,6 +56,7 @@ void frmMain::InitialiseMainWindow() {
   txbSetupFile.SetVisible(false);
   LastRunSetupPath =
       services::GetDataFilePath(context_.shell, context_.files, "qvr.usr", Text(text::kDataFolderName));
+  services::RemoveTemporaryFiles(context_.files, context_.clock, platform::ParentOf(LastRunSetupPath));
   std::vector<std::string> periods;
   for (int i = 0; i < DatePr2::ModifiedSinceCount(); ++i)
     periods.push_back(DatePr2::ModifiedSinceText(i, context_.texts));
@@ -84,7 +85,8 @@ void frmMain::SetInitialFocus() {
 }
 
 std::string frmMain::NoSetupText() const {
-  return Text(text::kNoSetupYet) + " " + LastRunSetupPath + " (" + context_.shell.UserName() + ")";
+  return Text(text::kNoSetupYet) + " " + base::utf8::Printable(LastRunSetupPath) + " (" +
+         context_.shell.UserName() + ")";
 }
 
 void frmMain::RunUnattended() {

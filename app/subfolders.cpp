@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "app/folder_facts.h"
 #include "app/frmMain.h"
@@ -26,8 +27,7 @@ void frmMain::RefreshSourceFolderDisplay() {
   if (specified) {
     content = ContentOf(context_.files, source);
     chkExcludeFilesInSourceFolder.SetEnabled(content.files > 0);
-    SetTextBeside(cmdSelectSubfolders, lblNumSubfolders,
-                  SummaryOfSubfolders(content.error, content.subfolders));
+    SetTextBeside(cmdSelectSubfolders, lblNumSubfolders, SummaryOfSubfolders(content));
   } else {
     lblNumSubfolders.SetText({});
   }
@@ -37,12 +37,17 @@ void frmMain::RefreshSourceFolderDisplay() {
   SetInitialFocus();
 }
 
-std::string frmMain::SummaryOfSubfolders(int error, int subfolders) const {
-  if (error != 0) return CauseOf(error);
-  if (subfolders == 0) return "There are no subfolders";
-  const std::string text = subfolders == 1 ? std::string("There is one subfolder")
-                                           : "There are " + std::to_string(subfolders) + " subfolders";
-  const int included = cboIncludedFolders.count();
+/// An included name that has become a link, or is there in two spellings, is no subfolder of its own.
+std::string frmMain::SummaryOfSubfolders(const FolderContent& content) const {
+  if (content.error != 0) return CauseOf(content.error);
+  if (content.subfolders == 0) return "There are no subfolders";
+  const std::string text = content.subfolders == 1
+                               ? std::string("There is one subfolder")
+                               : "There are " + std::to_string(content.subfolders) + " subfolders";
+  std::set<std::string> keys;
+  for (const std::string& name : cboIncludedFolders.items()) keys.insert(context_.files.NameKey(name));
+  const auto included = std::ranges::count_if(
+      keys, [&](const std::string& key) { return content.subfolder_keys.contains(key); });
   return text +
          (included == 0 ? std::string(", none selected") : ", " + std::to_string(included) + " selected");
 }

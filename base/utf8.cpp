@@ -61,6 +61,23 @@ void AppendPrintableByte(std::string& text, unsigned char byte) {
   }
 }
 
+/// A control character above ASCII, one that ends a line, or a mark that turns the direction in which the
+/// characters after it are read: a name could pretend to be another. 0 for any other character.
+unsigned HiddenCharacter(std::string_view character) {
+  const auto byte = [character](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  if (character.size() == 2 && byte(0) == 0xC2 && byte(1) < 0xA0) return byte(1);
+  if (character.size() != 3 || byte(0) != 0xE2 || (byte(1) != 0x80 && byte(1) != 0x81)) return 0;
+  const unsigned code = 0x2000U | (byte(1) & 0x3FU) << 6 | (byte(2) & 0x3FU);
+  const bool hidden = (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+  return hidden ? code : 0;
+}
+
+void AppendHidden(std::string& text, unsigned code) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  text += "\\u";
+  for (int shift = 12; shift >= 0; shift -= 4) text += kHex[code >> shift & 0xFU];
+}
+
 }  // namespace
 
 std::string_view WithoutByteOrderMark(std::string_view text) {
@@ -127,7 +144,9 @@ std::string Printable(std::string_view text) {
   result.reserve(text.size());
   while (!text.empty()) {
     const std::string_view character = First(text);
-    if (character.size() > 1) {
+    if (const unsigned hidden = HiddenCharacter(character); hidden != 0) {
+      AppendHidden(result, hidden);
+    } else if (character.size() > 1) {
       result += character;
     } else {
       AppendPrintableByte(result, static_cast<unsigned char>(character[0]));

@@ -25,8 +25,9 @@ std::string ToLower(std::string_view text);
 /// The text with its ASCII letters in upper case.
 std::string ToUpper(std::string_view text);
 
-/// The text fit for one line of a report: control characters as "\n", "\t" or "\x1b", bytes that are no
-/// character as U+FFFD. Without such characters the text itself.
+/// The text fit for one line of a report: control characters as "\n", "\t", "\x1b" or "\u0085", marks
+/// that turn the direction of reading as "\u202e", bytes that are no character as U+FFFD. Without such
+/// characters the text itself. Whatever names a file or folder to people goes through here.
 std::string Printable(std::string_view text);
 
 }  // namespace base::utf8

@@ -4,6 +4,7 @@
 
 #include "engine/failure_text.h"
 #include "engine/folder_walk.h"
+#include "engine/run_lock.h"
 #include "engine/validation.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
@@ -45,6 +46,14 @@ std::optional<Refusal> Validate(RunHost& host, const Tools& tools, const RunRequ
   if (auto refusal = CheckSource(tools, request.setup, host)) return refusal;
   if (IsListOperation(request.operation)) return std::nullopt;
   return CheckTarget(tools, request.setup);
+}
+
+Refusal TargetInUse(const Tools& tools, const std::string& holder) {
+  const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
+  return {kTargetInUse,
+          part(text::kTargetInUse) + " " + (holder.empty() ? part(text::kUnknownHolder) : holder) + ". " +
+              part(text::kTargetInUseAdvice),
+          part(text::kTitleTargetInUse)};
 }
 
 RunOutcome Refused(RunHost& host, const Refusal& refusal, std::string* statusText) {
@@ -125,6 +134,9 @@ RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& req
     outcome.status = kNotConfirmed;
     return outcome;
   }
+  RunLock run;
+  if (IsCopyOperation(request.operation)) run = LockTarget(tools, request.setup.TargetFolder);
+  if (run.is_taken) return Refused(host, TargetInUse(tools, run.holder), statusText);
   return WalkAndReport(host, tools, request);
 }
 

@@ -26,6 +26,7 @@ inline constexpr std::int16_t kNotConfirmed = -109;
 inline constexpr std::int16_t kSetupNotRead = -110;
 inline constexpr std::int16_t kNoSetup = -111;
 inline constexpr std::int16_t kTargetNotReadable = -112;
+inline constexpr std::int16_t kTargetInUse = -113;
 
 /// What is to be run.
 struct RunRequest {

@@ -19,6 +19,8 @@ struct Tools {
   std::function<std::int16_t(const std::string& path, double& free_bytes, double& total_bytes)> GetDiskSpace;
   /// Whether a folder cannot be written to; the system's reason goes to `error_text`.
   std::function<bool(const std::string& folder, std::string& error_text)> IsWriteProtected;
+  std::string who = {};          ///< this run in words, for a second one that would copy to its target
+  std::string lock_folder = {};  ///< a folder of this user's on this computer; empty: none
 };
 
 }  // namespace engine

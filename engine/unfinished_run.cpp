@@ -4,6 +4,7 @@
 #include <limits>
 #include <sstream>
 
+#include "engine/run_lock.h"
 #include "platform/path.h"
 
 namespace engine {
@@ -16,7 +17,7 @@ constexpr platform::FileTime kNever{std::numeric_limits<std::int64_t>::max(), 0}
 }  // namespace
 
 bool IsTheProgramsOwn(const std::string& name) {
-  return platform::IsTemporaryName(name) || name == kUnfinishedMark;
+  return platform::IsTemporaryName(name) || name == kUnfinishedMark || name == kRunLock;
 }
 
 UnfinishedRun::UnfinishedRun(platform::FileSystem& files, platform::Clock& clock, const std::string& target)

@@ -15,7 +15,8 @@ namespace engine {
 /// The file in the target folder that says: a run into it has begun and not ended.
 inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
 
-/// Whether a name in a target is not a copy's but the program's own: the mark, or a temporary name.
+/// Whether a name in a target is not a copy's but the program's own: the mark, the lock, or a temporary
+/// name.
 bool IsTheProgramsOwn(const std::string& name);
 
 /// A second net below the copies, which are on the disk before they bear their names: where a disk, a cable

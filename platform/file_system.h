@@ -4,8 +4,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/copier.h"
+#include "platform/file_lock.h"
 #include "platform/folder.h"
 #include "platform/result.h"
 #include "platform/waiting.h"
@@ -83,6 +85,10 @@ class FileSystem {
   /// Linux. Empty when it cannot be told.
   virtual std::string DriveOf(const std::string& path) = 0;
 
+  /// Names for the physical disks on which the volume of `path` lies: two paths that have one in common are
+  /// lost together when it fails. Empty when that cannot be told, as on a network.
+  virtual std::vector<std::string> DisksOf(const std::string& path) = 0;
+
   /// The whole content of a file. kTooLarge when it has more than `limit` bytes.
   virtual Result<std::string> ReadFile(const std::string& path, std::int64_t limit) = 0;
 
@@ -92,6 +98,12 @@ class FileSystem {
   /// Writes a file beside `path` and moves it over it: afterwards `path` holds all of `content`, and on
   /// failure what it held before. Flushed to the disk.
   virtual Status ReplaceFile(const std::string& path, const std::string& content) = 0;
+
+  /// Makes the file `path`, in which others may read `content`, and locks it; both last as long as the lock.
+  /// What a dead program left there is replaced. kInUse when a living one holds the lock: the error's text is
+  /// then the first 1,024 bytes of its content, or empty. kAlreadyExists when something else than a file
+  /// bears the name, which is left alone; any other failure means that nothing can be locked there.
+  virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) = 0;
 
   /// Returns when everything written to the volume of `path` so far, names too, is on the disk; on a slow one
   /// that may take minutes. kCancelled when `waiting`, which may be empty, does not want to wait.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/ascii_case.h"
+
 namespace platform {
 namespace {
 
@@ -16,6 +18,14 @@ std::size_t LastSeparator(std::string_view path, PathStyle style) {
     if (IsSeparator(path[i - 1], style)) return i - 1;
   }
   return std::string_view::npos;
+}
+
+bool IsDeviceName(std::string_view name) {
+  std::string stem = base::LowerAscii(name.substr(0, name.find('.')));
+  stem.erase(stem.find_last_not_of(' ') + 1);
+  const bool numbered = stem.size() == 4 && (stem.starts_with("com") || stem.starts_with("lpt"));
+  return stem == "con" || stem == "prn" || stem == "aux" || stem == "nul" ||
+         (numbered && stem[3] >= '1' && stem[3] <= '9');
 }
 
 }  // namespace
@@ -82,6 +92,16 @@ std::string TypedFolderName(std::string_view typed, PathStyle style) {
   while (!typed.empty() && IsSeparator(typed.front(), style)) typed.remove_prefix(1);
   while (!typed.empty() && !may_end_it(typed.back())) typed.remove_suffix(1);
   return std::string(typed);
+}
+
+NameFault FaultOf(std::string_view name, PathStyle style) {
+  if (!IsPlainName(name, style)) return NameFault::kPath;
+  if (style == PathStyle::kPosix) return NameFault::kNone;
+  if (IsDeviceName(name)) return NameFault::kReserved;
+  const bool allowed = std::ranges::none_of(name, [](char c) {
+    return (c >= 0 && c < ' ') || std::string_view("<>:\"|?*").find(c) != std::string_view::npos;
+  });
+  return allowed ? NameFault::kNone : NameFault::kCharacter;
 }
 
 bool IsSpecified(std::string_view folder, PathStyle style) {

@@ -47,6 +47,15 @@ std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style =
 /// and dots at its end, with which Explorer could neither open nor delete the folder.
 std::string TypedFolderName(std::string_view typed, PathStyle style = NativePathStyle());
 
+/// Why no new folder can have a name as it is typed.
+enum class NameFault {
+  kNone,
+  kPath,       ///< a path, "." or ".."
+  kReserved,   ///< stands for a device on Windows, with an extension, too
+  kCharacter,  ///< a character that Windows does not allow in names
+};
+NameFault FaultOf(std::string_view name, PathStyle style = NativePathStyle());
+
 /// Whether a folder text counts as chosen: three characters or more on Windows ("E:\"), not empty on Linux.
 bool IsSpecified(std::string_view folder, PathStyle style = NativePathStyle());
 

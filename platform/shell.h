@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -24,6 +25,12 @@ class Shell {
 
   /// The name under which the current user is known to the system; empty when it cannot be told.
   virtual std::string UserName() = 0;
+
+  /// The name of this computer in its network; empty when it cannot be told.
+  virtual std::string ComputerName() = 0;
+
+  /// The number by which the system knows the running program.
+  virtual std::uint64_t ProcessNumber() = 0;
 
   /// The folder in which the running program's file lies.
   virtual std::string ProgramFolder() = 0;

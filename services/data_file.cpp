@@ -11,4 +11,17 @@ std::string GetDataFilePath(platform::Shell& shell, platform::FileSystem& files,
   return platform::JoinPath(folder, fileName);
 }
 
+void RemoveTemporaryFiles(platform::FileSystem& files, platform::Clock& clock, const std::string& folder) {
+  constexpr std::int64_t kSecondsToReplace = 60;
+  const auto listing = files.OpenFolder(folder);
+  if (!listing) return;
+  for (const platform::Entry& entry : (*listing)->entries()) {
+    if (entry.kind != platform::EntryKind::kFile || !platform::IsTemporaryName(entry.name)) continue;
+    const std::string path = platform::JoinPath(folder, entry.name);
+    const auto changed = files.ChangedAt(path);
+    const bool is_old = changed && clock.Now().seconds - changed->seconds > kSecondsToReplace;
+    if (is_old) static_cast<void>(files.RemoveFile(path));
+  }
+}
+
 }  // namespace services

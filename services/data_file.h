@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/shell.h"
 
@@ -12,5 +13,9 @@ namespace services {
 /// written. When the system names no folder for application data, the path begins at the root.
 std::string GetDataFilePath(platform::Shell& shell, platform::FileSystem& files, const std::string& fileName,
                             const std::string& folderName);
+
+/// Removes what a program left in the folder that was killed while it replaced a file there: temporary files
+/// that have not been written to for a minute.
+void RemoveTemporaryFiles(platform::FileSystem& files, platform::Clock& clock, const std::string& folder);
 
 }  // namespace services

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/utf8.h"
 #include "services/date_pr2.h"
 #include "services/setup_text.h"
 #include "text/text_numbers.h"
@@ -76,9 +77,10 @@ LoadedSetup LoadOperationFile(const SetupLoader& loader, const std::string& strO
 
 bool AskToClearMissingTarget(ui::Dialogs& dialogs, ui::Form& owner, const text::ProgramTexts& texts,
                              const std::string& path) {
-  return dialogs.AskYesNo(owner, {texts.GetProgramText(text::kMissingTarget) + "\r\n" + path + "\r\n\r\n" +
-                                      texts.GetProgramText(text::kClearMissingTarget),
-                                  texts.GetProgramText(text::kTitleMissingTarget), ui::Icon::kQuestion});
+  return dialogs.AskYesNo(
+      owner, {texts.GetProgramText(text::kMissingTarget) + "\r\n" + base::utf8::Printable(path) + "\r\n\r\n" +
+                  texts.GetProgramText(text::kClearMissingTarget),
+              texts.GetProgramText(text::kTitleMissingTarget), ui::Icon::kQuestion});
 }
 
 }  // namespace services

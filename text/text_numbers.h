@@ -38,6 +38,11 @@ inline constexpr int kTitleNothingToDo = 38;
 inline constexpr int kNoFilesInSetup = 40;
 inline constexpr int kTargetNotSpecified = 42;
 inline constexpr int kTargetWriteProtected = 406;
+/// + " " + who holds it + ". " + kTargetInUseAdvice
+inline constexpr int kTargetInUse = 654;
+inline constexpr int kTargetInUseAdvice = 655;
+inline constexpr int kTitleTargetInUse = 656;
+inline constexpr int kUnknownHolder = 657;
 inline constexpr int kTargetNotReadable = 652;  ///< + " " + path + " (" + the system's reason + ")"
 
 // --- The target folder is not there
@@ -55,6 +60,9 @@ inline constexpr int kFolderCreated = 376;     ///< + " " + path
 /// + CR LF + path; where the drive can be named + " " + kOnDrive + " " + drive + " " + kUnderPath + CR LF +
 /// path
 inline constexpr int kFolderNotCreated = 377;
+inline constexpr int kNameIsPath = 658;        ///< + " " + name
+inline constexpr int kNameIsReserved = 659;    ///< + " " + name
+inline constexpr int kNameHasCharacter = 660;  ///< + " " + name
 inline constexpr int kMakeItTheTarget = 378;  ///< a question; holds "E:\", which gives way to the path
 inline constexpr int kOnDrive = 386;
 inline constexpr int kUnderPath = 387;

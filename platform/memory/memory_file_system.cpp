@@ -25,6 +25,17 @@ class MemoryFolder : public Folder {
   }
 };
 
+class MemoryLock : public FileLock {
+ public:
+  explicit MemoryLock(std::function<void()> release) : release_(std::move(release)) {}
+  ~MemoryLock() override { release_(); }
+  MemoryLock(const MemoryLock&) = delete;
+  MemoryLock& operator=(const MemoryLock&) = delete;
+
+ private:
+  std::function<void()> release_;
+};
+
 std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
 
 std::string Join(const std::string& folder, const std::string& name) {
@@ -179,6 +190,12 @@ std::string MemoryFileSystem::DriveOf(const std::string& path) {
   return "/";
 }
 
+std::vector<std::string> MemoryFileSystem::DisksOf(const std::string& path) {
+  const std::string drive = DriveOf(path);
+  const auto found = disks_.find(drive);
+  return {found == disks_.end() ? drive : found->second};
+}
+
 Result<std::string> MemoryFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
   if (auto error = Enter(Call::kReadFile, path)) return *error;
   const auto node = Find(path);
@@ -214,6 +231,22 @@ Status MemoryFileSystem::WriteFile(const std::string& path, const std::string& c
 Status MemoryFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
   if (auto error = Enter(Call::kReplaceFile, path)) return *error;
   return Put(path, content);
+}
+
+Result<std::unique_ptr<FileLock>> MemoryFileSystem::Lock(const std::string& path,
+                                                         const std::string& content) {
+  if (auto error = Enter(Call::kLock, path)) return *error;
+  const auto held = locks_.find(path);
+  if (held != locks_.end()) return Error{ErrorKind::kInUse, 0, held->second};
+  if (Exists(path) && Find(path).value()->kind != NodeKind::kFile)
+    return MakeError(ErrorKind::kAlreadyExists);
+  Remove(path);
+  if (const Status put = Put(path, content); !put) return put.error();
+  locks_[path] = content;
+  return std::unique_ptr<FileLock>(std::make_unique<MemoryLock>([this, path] {
+    locks_.erase(path);
+    Remove(path);
+  }));
 }
 
 Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) {

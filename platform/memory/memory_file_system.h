@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -34,6 +35,7 @@ enum class Call {
   kReadFile,
   kWriteFile,
   kReplaceFile,
+  kLock,
   kFlush,
 };
 
@@ -84,6 +86,8 @@ class MemoryFileSystem : public FileSystem {
   /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
   /// Unlimited until set.
   void SetSpace(std::uint64_t free, std::uint64_t total);
+  /// The disk on which the volume lies that is mounted at `mount_point`; without this one of its own.
+  void SetDisk(const std::string& mount_point, const std::string& disk) { disks_[mount_point] = disk; }
   /// What LargestFile() answers; copies do not heed it.
   void SetLargestFile(std::int64_t bytes) { largest_file_ = bytes; }
   /// Everything below `path` can be read but not changed (kReadOnlyMedium).
@@ -118,9 +122,11 @@ class MemoryFileSystem : public FileSystem {
   Result<DiskSpace> Space(const std::string& path) override;
   std::int64_t LargestFile(const std::string& path) override;
   std::string DriveOf(const std::string& path) override;
+  std::vector<std::string> DisksOf(const std::string& path) override;
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
+  Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) override;
   Status Flush(const std::string& path, const Waiting& waiting) override;
   std::string NameKey(const std::string& name) const override;
 
@@ -159,10 +165,12 @@ class MemoryFileSystem : public FileSystem {
   NodePtr MakeNode(const std::string& path);
 
   NodePtr root_;
+  std::map<std::string, std::string> locks_;  ///< what is locked, with the content
   std::vector<Touch> touched_;
   std::vector<Fault> faults_;
   std::optional<DiskSpace> space_;
   std::int64_t largest_file_ = 0;
+  std::map<std::string, std::string> disks_;  ///< by mount point
   std::set<std::string> read_only_places_;
   std::set<std::string> kept_read_only_;
   std::function<void(Call, const std::string&)> before_;

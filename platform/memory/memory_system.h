@@ -72,6 +72,8 @@ class MemoryShell : public Shell {
  public:
   std::string ApplicationDataFolder() override { return application_data; }
   std::string UserName() override { return "user"; }
+  std::string ComputerName() override { return "computer"; }
+  std::uint64_t ProcessNumber() override { return 1; }
   std::string ProgramFolder() override { return program; }
   Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
   std::unique_ptr<AwakeGuard> KeepAwake() override;

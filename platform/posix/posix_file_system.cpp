@@ -11,7 +11,9 @@
 #include "platform/path.h"
 #include "platform/posix/attribute_change.h"
 #include "platform/posix/file_facts.h"
+#include "platform/posix/file_lock.h"
 #include "platform/posix/long_path.h"
+#include "platform/posix/physical_disk.h"
 #include "platform/posix/posix_copy_volume.h"
 #include "platform/posix/posix_error.h"
 #include "platform/posix/volume.h"
@@ -120,6 +122,8 @@ std::string PosixFileSystem::DriveOf(const std::string& path) {
   return parent ? MountPointOf(*parent) : std::string();
 }
 
+std::vector<std::string> PosixFileSystem::DisksOf(const std::string& path) { return DisksOfVolume(path); }
+
 Result<std::string> PosixFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
   return ReadWhole(path, limit);
 }
@@ -132,6 +136,10 @@ Status PosixFileSystem::ReplaceFile(const std::string& path, const std::string& 
   // A file that is kept elsewhere and linked to stays a link.
   const auto real = RealPath(path);
   return ReplaceWhole(real ? *real : path, content);
+}
+
+Result<std::unique_ptr<FileLock>> PosixFileSystem::Lock(const std::string& path, const std::string& content) {
+  return LockAt(path, content);
 }
 
 Status PosixFileSystem::Flush(const std::string& path, const Waiting& waiting) {

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 
@@ -50,6 +51,13 @@ std::string PosixShell::ApplicationDataFolder() {
 }
 
 std::string PosixShell::UserName() { return OfUser(&passwd::pw_name); }
+
+std::string PosixShell::ComputerName() {
+  std::array<char, HOST_NAME_MAX + 1> name = {};
+  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+}
+
+std::uint64_t PosixShell::ProcessNumber() { return static_cast<std::uint64_t>(getpid()); }
 
 std::string PosixShell::ProgramFolder() {
   std::error_code failure;

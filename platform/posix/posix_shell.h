@@ -11,6 +11,8 @@ class PosixShell : public Shell {
  public:
   std::string ApplicationDataFolder() override;
   std::string UserName() override;
+  std::string ComputerName() override;
+  std::uint64_t ProcessNumber() override;
   std::string ProgramFolder() override;
   Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
   std::unique_ptr<AwakeGuard> KeepAwake() override;

@@ -3,6 +3,8 @@
 #include <string_view>
 
 #include "platform/windows/open_file.h"
+// After the others: it needs the types of windows_api.h.
+#include <winioctl.h>
 
 namespace platform::windows {
 namespace {
@@ -42,6 +44,24 @@ Volume VolumeOf(const std::wstring& folder) {
 DWORD VolumeNumberOf(const FileHandle& file) {
   BY_HANDLE_FILE_INFORMATION info{};
   return ::GetFileInformationByHandle(file.get(), &info) ? info.dwVolumeSerialNumber : 0;
+}
+
+std::vector<std::string> DisksOfVolume(const std::wstring& folder) {
+  constexpr std::size_t kMostExtents = 64;  // a volume in more parts is told by no part
+  const std::wstring device = VolumeOf(folder).device;
+  const FileHandle volume(::CreateFileW(device.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  std::vector<std::string> disks;
+  if (device.empty() || !volume) return disks;
+  alignas(VOLUME_DISK_EXTENTS) char bytes[sizeof(VOLUME_DISK_EXTENTS) + kMostExtents * sizeof(DISK_EXTENT)];
+  DWORD got = 0;
+  if (!::DeviceIoControl(volume.get(), IOCTL_VOLUME_GET_VOLUME_DISK_EXTENTS, nullptr, 0, bytes, sizeof bytes,
+                         &got, nullptr)) {
+    return disks;
+  }
+  const auto& found = *reinterpret_cast<const VOLUME_DISK_EXTENTS*>(bytes);
+  for (DWORD i = 0; i < found.NumberOfDiskExtents; ++i)
+    disks.push_back(std::to_string(found.Extents[i].DiskNumber));
+  return disks;
 }
 
 bool IsOnFat(const std::wstring& folder) {

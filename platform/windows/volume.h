@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/windows/handle.h"
 
@@ -21,6 +22,10 @@ Volume VolumeOf(const std::wstring& folder);
 
 /// The serial number of an open file's volume; 0 when it cannot be told.
 DWORD VolumeNumberOf(const FileHandle& file);
+
+/// The numbers of the physical disks on which a folder's (long form) volume lies; empty when that cannot be
+/// told.
+std::vector<std::string> DisksOfVolume(const std::wstring& folder);
 
 /// Whether a folder (long form) lies on a volume of the FAT family (not exFAT). The folder may be missing.
 /// False when that cannot be told.

@@ -5,6 +5,7 @@
 
 #include "platform/path.h"
 #include "platform/windows/file_content.h"
+#include "platform/windows/file_lock.h"
 #include "platform/windows/flushing.h"
 #include "platform/windows/listing.h"
 #include "platform/windows/long_path.h"
@@ -174,6 +175,10 @@ std::int64_t WindowsFileSystem::LargestFile(const std::string& path) {
 
 std::string WindowsFileSystem::DriveOf(const std::string& path) { return DriveOfPath(path); }
 
+std::vector<std::string> WindowsFileSystem::DisksOf(const std::string& path) {
+  return DisksOfVolume(LongFolder(path));
+}
+
 Result<std::string> WindowsFileSystem::ReadFile(const std::string& path, std::int64_t limit) {
   return ReadContent(LongPath(path), limit);
 }
@@ -200,6 +205,11 @@ Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string
   if (const Status published = file->Publish(long_path, TargetName::kTaken); !published) return published;
   file->DateBirth();
   return Done{};
+}
+
+Result<std::unique_ptr<FileLock>> WindowsFileSystem::Lock(const std::string& path,
+                                                          const std::string& content) {
+  return LockAt(LongPath(path), content);
 }
 
 Status WindowsFileSystem::Flush(const std::string& path, const Waiting& waiting) {

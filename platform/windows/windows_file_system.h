@@ -33,9 +33,11 @@ class WindowsFileSystem : public FileSystem {
   Result<DiskSpace> Space(const std::string& path) override;
   std::int64_t LargestFile(const std::string& path) override;
   std::string DriveOf(const std::string& path) override;
+  std::vector<std::string> DisksOf(const std::string& path) override;
   Result<std::string> ReadFile(const std::string& path, std::int64_t limit) override;
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
+  Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) override;
   Status Flush(const std::string& path, const Waiting& waiting) override;
   /// In upper case, letter by letter, as NTFS compares names.
   std::string NameKey(const std::string& name) const override;

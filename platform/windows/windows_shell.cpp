@@ -53,6 +53,14 @@ std::string WindowsShell::UserName() {
   return ::GetUserNameW(name, &length) ? Narrow(name) : std::string();
 }
 
+std::string WindowsShell::ComputerName() {
+  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
+  DWORD length = ARRAYSIZE(name);
+  return ::GetComputerNameW(name, &length) ? Narrow(name) : std::string();
+}
+
+std::uint64_t WindowsShell::ProcessNumber() { return ::GetCurrentProcessId(); }
+
 std::string WindowsShell::ProgramFolder() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {

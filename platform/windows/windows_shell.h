@@ -9,6 +9,8 @@ class WindowsShell : public Shell {
  public:
   std::string ApplicationDataFolder() override;
   std::string UserName() override;
+  std::string ComputerName() override;
+  std::uint64_t ProcessNumber() override;
   std::string ProgramFolder() override;
   /// `command` is a bare name such as "shutdown": the program of that name in the system's own folder is run,
   /// by its full path.

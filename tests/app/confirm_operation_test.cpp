@@ -114,6 +114,9 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
       doubts("/dst", {}),
       "The one subfolder of the source is not included. Only the files directly in it will be backed up.");
   EXPECT_TRUE(holds(doubts("/other", {}), "on the same disk as the source"));
+  files.SetDisk("/dst", "/");
+  EXPECT_TRUE(holds(doubts("/dst", {"inside"}), "on the same disk as the source")) << "another volume of it";
+  files.SetDisk("/dst", "sdb");
   EXPECT_TRUE(holds(doubts("/dst", {}, "*.bak"), "Write \".bak\" instead."));
   EXPECT_TRUE(holds(doubts("/dst", {}, "?*"), "Remove it."));
   EXPECT_TRUE(holds(doubts("/src/inside", {}), "target folder is inside the source"));

@@ -75,6 +75,14 @@ TEST_F(Folders, TheSummaryOfSubfoldersCountsThemOrTellsWhyItCannot) {
   EXPECT_EQ(Summary(), "There is one subfolder, none selected");
   Choose(0, "/src/a");
   EXPECT_EQ(Summary(), "There are no subfolders");
+  tree::Add(files, {"/src/link>/dst"});
+  setup.IncludedFolders = {"a", "b", "link"};
+  StartWithSetup();
+  EXPECT_EQ(Summary(), "There are 3 subfolders, 2 selected") << "a link is none";
+  files.AddMountPoint("/dst");
+  EXPECT_EQ(Choose(1, "/dst/$RECYCLE.BIN"), "A recycle bin cannot be a backup source or target.");
+  window->RefreshTargetEmptyLabel();
+  EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target disk is empty.");
   files.Fail(platform::memory::Call::kOpenFolder, "", {platform::ErrorKind::kAccessDenied, 5, ""}, 1);
   Choose(0, "/src");
   EXPECT_EQ(Summary(), "Permission denied");
@@ -106,7 +114,10 @@ TEST_F(Folders, ASubfolderOfTheTargetIsCreatedAndOfferedAsTheTarget) {
   EXPECT_EQ(create("", false), "What should the new subfolder of /dst be called?");
   EXPECT_EQ(create("/x/", false), "Do you want to use the new folder /dst/x as the target folder?");
   EXPECT_EQ(create("x", true), "This folder already exists: /dst/x");
-  EXPECT_EQ(create("no/x", true), "The folder could not be created on drive / at the path\r\n/dst/no/x");
+  EXPECT_EQ(create("no/x", true), "Type one name, not a path: no/x");
+  EXPECT_EQ(create("..", true), "Type one name, not a path: ..");
+  files.Fail(platform::memory::Call::kCreateFolder, "/dst/no", {platform::ErrorKind::kOther, 5, "EIO"});
+  EXPECT_EQ(create("no", true), "The folder could not be created on drive / at the path\r\n/dst/no\r\n(EIO)");
   EXPECT_EQ(Folder(1), "/dst");
   create("y", true);
   EXPECT_EQ(Folder(1), "/dst/y");

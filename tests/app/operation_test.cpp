@@ -40,6 +40,35 @@ TEST_F(UnattendedRun, EndsWithTheExitCodeOfWhatHappenedAndAsksNobody) {
   ends("refused", 4, [](Program& p) { p.files.Remove("/dst"); });
 }
 
+TEST_F(UnattendedRun, IsRefusedWhileAnotherCopiesIntoItsTarget) {
+  const std::string lock = "/dst/.quorvane-lock";
+  std::string who;
+  WhenACopyBegins([&] { who = files.ContentOf(lock); });
+  StartWithSetup("nightly");
+  EXPECT_EQ(who, "Quorvane (process 1), user user, computer computer, since 2023-11-14 22.13.20");
+  EXPECT_FALSE(files.Exists(lock));
+  files.AddFile("/src/b", "new");
+  for (const bool on_its_volume : {true, false}) {
+    if (!on_its_volume) files.Fail(Call::kLock, lock, {});
+    std::unique_ptr<platform::FileLock> other;
+    files.Before([&, once = true](Call call, const std::string& path) mutable {
+      if (call != Call::kLock || path.ends_with("-lock") != on_its_volume || !std::exchange(once, false))
+        return;
+      other = std::move(*files.Lock(path, "another\nprogram"));
+    });
+    StartWithSetup("nightly");
+    EXPECT_TRUE(
+        printed.end()[-2].ends_with("into this target: another\\nprogram. Start this one again when that "
+                                    "one has ended."))
+        << printed.end()[-2];
+    EXPECT_EQ(tree::Below(files, "/dst").find("b="), std::string::npos);
+  }
+  files.Before({});
+  files.Fail(Call::kLock, "", {});
+  StartWithSetup("where nothing can be locked");
+  EXPECT_EQ(tree::Below(files, "/dst"), "a=hello b=new");
+}
+
 TEST_F(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
   for (const bool at_once : {false, true}) {
     Program program({"/src/a"});

@@ -1,3 +1,4 @@
+#include "platform/path.h"
 #include "tests/app/program.h"
 #include "text/text_numbers.h"
 
@@ -18,7 +19,10 @@ TEST_F(StartUp, WithoutALastRunShowsEveryDefaultAndWaitsForASource) {
   EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[0]);
   EXPECT_TRUE(window->FormLoaded && shell.entered_root);
   EXPECT_EQ(window->lblPreviousRun.text() + Said(), "");
+  const std::string left = platform::ParentOf(kLastRun) + "/" + platform::MakeTemporaryName();
+  files.AddFile(left, "of a program that was killed");
   EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
+  EXPECT_FALSE(files.Exists(left));
 }
 
 TEST_F(StartUp, TheFocusGoesWhereTheNextStepIsAndFoldersThatHaveGoneAreClearedWithoutAWord) {

@@ -1,4 +1,5 @@
 #include "base/utf16.h"
+#include "base/utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,13 @@ TEST(Utf16, BytesThatAreNoCharacterAreReplaced) {
   EXPECT_EQ(FromUtf8("a\xE2\x82"), u"a\xFFFD\xFFFD");
   EXPECT_EQ(FromUtf8("\xE0\x80\xAF"), u"\xFFFD");      // an overlong "/"
   EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\xFFFD");  // beyond Unicode
+}
+
+TEST(Printable, ShowsWhatWouldHideOrTurnOtherText) {
+  EXPECT_EQ(utf8::Printable("a\x1b\n\xC2\x85 \xE2\x80\xA8\xE2\x80\xAE\xE2\x81\xA9\xFF"),
+            "a\\x1b\\n\\u0085 \\u2028\\u202e\\u2069\xEF\xBF\xBD");
+  for (const char* text : {"\xC2\xA0", "\xE2\x80\xA7", "\xE2\x80\xAF", "\xE2\x81\xA5", "\xE2\x82\xA8"})
+    EXPECT_EQ(utf8::Printable(text), text);
 }
 
 }  // namespace base::utf16

@@ -43,6 +43,17 @@ TEST(Path, MakesANameThatEveryProgramCanUseOfATypedOne) {
   EXPECT_EQ(TypedFolderName("//a. \\. //", kLin), "a. \\. ");
 }
 
+TEST(Path, ANewFoldersNameIsOneThatTheSystemAllows) {
+  for (const char* name : {"CON", "nul", "com1.txt", "LPT9 .x"}) {
+    EXPECT_EQ(FaultOf(name, kWin), NameFault::kReserved) << name;
+    EXPECT_EQ(FaultOf(name, kLin), NameFault::kNone) << name;
+  }
+  for (const char* name : {"common", "com", "com0", "a.nul"})
+    EXPECT_EQ(FaultOf(name, kWin), NameFault::kNone);
+  for (const char* name : {"a:b", "why?", "a\tb"}) EXPECT_EQ(FaultOf(name, kWin), NameFault::kCharacter);
+  for (const char* name : {"..", "", "a/b"}) EXPECT_EQ(FaultOf(name, kLin), NameFault::kPath);
+}
+
 TEST(Path, KnowsWhatLiesInsideWhat) {
   const std::tuple<PathStyle, const char*, const char*, bool> cases[] = {
       {kLin, "/a/b", "/a", true},    {kLin, "/a", "/a", true},         {kLin, "/ab", "/a", false},

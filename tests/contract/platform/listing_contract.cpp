@@ -21,6 +21,19 @@ TEST_P(FileSystemContract, ListingTellsKindSizeTimeAndReadOnlyOfEveryEntry) {
   EXPECT_EQ(Named(*folder, "below").size, kUnknownSize);
 }
 
+TEST_P(FileSystemContract, ALockIsHeldByOneAndGoesWithItsFile) {
+  AddFile("to/lock", "left by a dead program");
+  auto lock = Must(files().Lock(At("to/lock"), "me"));
+  const auto second = files().Lock(At("to/lock"), "you");
+  ASSERT_FALSE(second);
+  EXPECT_EQ(second.error().kind, ErrorKind::kInUse);
+  EXPECT_EQ(second.error().text, "me");
+  lock.reset();
+  EXPECT_EQ(NamesIn("to"), Names());
+  AddFolder("to/lock");
+  EXPECT_EQ(files().Lock(At("to/lock"), "me").error().kind, ErrorKind::kAlreadyExists);
+}
+
 TEST_P(FileSystemContract, LinksAreToldByWhatTheyLeadTo) {
   AddFile("to/file", "12345");
   AddFolder("to/folder");
@@ -89,6 +102,7 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   EXPECT_TRUE(files().Space(At(file)));
   EXPECT_TRUE(files().Flush(At(file), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
+  EXPECT_EQ(files().DisksOf(At(file)), files().DisksOf(At("to")));
   const auto folder = Open(deep);
   ASSERT_TRUE(CopyAll(folder, {"file"}, Open("to"), TargetName::kTaken).front());
   EXPECT_EQ(ContentOf("to/file"), "content");

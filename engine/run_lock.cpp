@@ -1,0 +1,41 @@
+#include "engine/run_lock.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "base/utf8.h"
+#include "platform/path.h"
+
+namespace engine {
+namespace {
+
+/// A name that is the same for every spelling of a path (FNV-1a).
+std::string NameFor(const Tools& tools, const std::string& target) {
+  const auto real = tools.files.RealPath(target);
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char letter : tools.files.NameKey(real ? *real : target))
+    hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
+  return kRunLock + std::to_string(hash);
+}
+
+bool Take(const Tools& tools, const std::string& path, RunLock& run) {
+  auto lock = tools.files.Lock(path, tools.who);
+  if (lock) {
+    run.lock = std::move(*lock);
+    return true;
+  }
+  run.is_taken = lock.error().kind == platform::ErrorKind::kInUse;
+  if (run.is_taken) run.holder = base::utf8::Printable(lock.error().text);
+  return run.is_taken;
+}
+
+}  // namespace
+
+RunLock LockTarget(const Tools& tools, const std::string& target) {
+  RunLock run;
+  if (Take(tools, platform::JoinPath(target, kRunLock), run) || tools.lock_folder.empty()) return run;
+  Take(tools, platform::JoinPath(tools.lock_folder, NameFor(tools, target)), run);
+  return run;
+}
+
+}  // namespace engine

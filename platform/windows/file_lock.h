@@ -1,0 +1,14 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/file_lock.h"
+#include "platform/result.h"
+
+namespace platform::windows {
+
+/// As FileSystem::Lock().
+Result<std::unique_ptr<FileLock>> LockAt(const std::wstring& long_path, const std::string& content);
+
+}  // namespace platform::windows
