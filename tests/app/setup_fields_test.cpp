@@ -36,7 +36,7 @@ struct SetupFields : testing::Test, Program {
 TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
   frmMain* w = &StartWithSetup();
   const std::string unchanged = Confirmation();
-  const auto follow = [&](const std::string name, const std::function<void(app::Setup&)>& choose) {
+  const auto follow = [&](const std::string& name, const std::function<void(app::Setup&)>& choose) {
     w = &StartWithSetup();
     app::Setup expected = setup;
     choose(expected);

@@ -103,7 +103,7 @@ class FirstDay:
         self.program.tick(CONFIRM, "Do not show this again while the program runs")
         self.program.answer(CONFIRM, "Start backup")
         self.program.find(BACK_UP, "Continue")
-        self.assertCountEqual(self.place.copies(), ["index.txt", ".quorvane-unfinished"])
+        self.assertCountEqual(self.place.copies(), ["index.txt", ".quorvane-unfinished", ".quorvane-lock"])
         for _ in range(2):
             self.program.close(BACK_UP)
             self.answer_box_of("Cancel the backup?", "No")
