@@ -24,6 +24,7 @@
 #include "ui/qt/qt_dialogs.h"
 #include "ui/qt/qt_form.h"
 #include "ui/qt/qt_frame.h"
+#include "ui/qt/qt_high_contrast.h"
 #include "ui/qt/qt_look.h"
 #include "ui/qt/qt_notification.h"
 #include "ui/qt/qt_scale.h"
@@ -63,6 +64,7 @@ bool QtFrontEnd::HasDisplay(int argc, char** argv) {
 QtFrontEnd::QtFrontEnd(int& argc, char** argv) {
   if (QCoreApplication::instance() == nullptr) application_ = std::make_unique<QApplication>(argc, argv);
   QApplication::setStyle(new CalmStyle);  // the application owns it
+  FollowHighContrastOfDesktop();
   QApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setDesktopFileName(kDesktopFile);
   QGuiApplication::setWindowIcon(QIcon::fromTheme(kDesktopFile, QIcon(":/quorvane.png")));
