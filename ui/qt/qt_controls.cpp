@@ -50,7 +50,11 @@ void LabelPeer::MirrorText() {
       one_line && !marked
           ? metrics.elidedText(text, text.contains('/') ? Qt::ElideMiddle : Qt::ElideRight, widget_.width())
           : text);
+  MirrorVisible();
 }
+
+/// A screen reader would come upon an empty one, and have nothing to say.
+void LabelPeer::MirrorVisible() { widget_.setVisible(label_.visible() && !label_.text().empty()); }
 
 void LabelPeer::MirrorBounds() {
   WidgetPeer::MirrorBounds();

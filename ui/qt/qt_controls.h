@@ -35,6 +35,7 @@ class LabelPeer : public WidgetPeer {
 
  protected:
   void MirrorText() override;
+  void MirrorVisible() override;
   void MirrorBounds() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -119,6 +119,13 @@ void ManyLinesPeer::MirrorEnabled() {
   widget_.setUndoRedoEnabled(!box_.read_only());
 }
 
+void ManyLinesPeer::MirrorHelp() {
+  WidgetPeer::MirrorHelp();
+  const QString name = QStringLiteral("Scroll ") + ToQString(box_.spoken_name());
+  widget_.verticalScrollBar()->setAccessibleName(name);
+  widget_.horizontalScrollBar()->setAccessibleName(name + QStringLiteral(" to the side"));
+}
+
 /// The bar's maximum would show an empty line below the last one.
 void ManyLinesPeer::ScrollToEnd() {
   widget_.ensureCursorVisible();

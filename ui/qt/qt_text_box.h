@@ -36,6 +36,7 @@ class ManyLinesPeer : public WidgetPeer {
  protected:
   void MirrorText() override;
   void MirrorEnabled() override;
+  void MirrorHelp() override;
   void MirrorSelection() override;
 
  private:
