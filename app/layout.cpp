@@ -69,6 +69,7 @@ void frmMain::ArrangeMainWindow() {
   cmdBackupModifiedFiles.SetFont(
       {cmdBackupModifiedFiles.font().name, cmdBackupModifiedFiles.font().points, true});
   ArrangeSetupFrames();
+  SetSmallest({kInnerWidth, fraMenu.bounds().bottom() + kMargin});
   SetWidth(kInnerWidth);
 }
 
@@ -193,10 +194,13 @@ void frmMain::SetTextBeside(const ui::Control& control, ui::Label& label, std::s
   label.SetBounds(one_line ? Level(row) : Rect{row.left, row.top + 45, row.width, measures_->step - 45});
 }
 
-/// Gives the window the inner width that its columns need, whatever borders the system has put around it.
+/// Gives the window the inner width that its columns need, whatever borders the system has put around it. A
+/// screen with less room has all of it.
 void frmMain::FitWidth() {
-  const Twips missing = kInnerWidth - inner().width;
-  SetBounds({left() - missing / 2, top(), width() + missing, height()});
+  const Twips screen = context_.front_end.screen().width;
+  const Twips fitting = std::min(width() + kInnerWidth - inner().width, screen);
+  SetBounds(
+      {std::clamp(left() - (fitting - width()) / 2, Twips{0}, screen - fitting), top(), fitting, height()});
 }
 
 /// 300 twips below the top of the screen, in its middle; as high as the commands need. A screen with less

@@ -182,6 +182,7 @@ class frmReport : public ui::Form {
   void SetHandlers();
   ui::Twips PlaceHeader();
   void PlaceBody(ui::Twips top);
+  ui::Size Room() const;
   void PlaceFreeSpace();
   ui::Twips PlaceFindRow(ui::Twips bottom);
 

@@ -61,7 +61,12 @@ bool frmReport::SizedByUser() const {
          std::abs(height() - size_set_.height) > kFromSystem;
 }
 
-void frmReport::Form_Activate() { txbText.SetWidth(inner().width - 2 * kMargin - kRightReserve); }
+/// On a screen with less room than its smallest size the window scrolls.
+ui::Size frmReport::Room() const {
+  return {std::max(inner().width, smallest().width), std::max(inner().height, smallest().height)};
+}
+
+void frmReport::Form_Activate() { txbText.SetWidth(Room().width - 2 * kMargin - kRightReserve); }
 
 void frmReport::Form_Resize() {
   Form_Activate();
@@ -98,9 +103,9 @@ ui::Twips frmReport::PlaceHeader() {
 }
 
 void frmReport::PlaceBody(ui::Twips top) {
-  const ui::Twips bottom = PlaceFindRow(inner().height - kBottomReserve);
+  const ui::Twips bottom = PlaceFindRow(Room().height - kBottomReserve);
   txbText.SetBounds({kMargin, top, txbText.width(), std::max(bottom - top, kSmallestText)});
-  const ui::Twips row = std::max(inner().height - kBottomReserve, txbText.bounds().bottom()) + kGap;
+  const ui::Twips row = std::max(Room().height - kBottomReserve, txbText.bounds().bottom()) + kGap;
   lblBytesCopied.SetBounds({kMargin, row, txbText.width() * 3 / 5 - kGap, kStatusHeight});
   PlaceFreeSpace();
 }

@@ -58,7 +58,8 @@ class Form : public Container {
   /// The size inside borders and title. Before the first Show() the whole size.
   Size inner() const;
 
-  /// The inner size below which the user cannot make the window; at first none.
+  /// The inner size that the controls need, and below which the user cannot make the window; at first none.
+  /// On a screen with less room the window is smaller, and scrolls. To be called before the first Show().
   void SetSmallest(Size inner);
   Size smallest() const { return smallest_; }
 

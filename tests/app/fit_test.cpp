@@ -1,6 +1,7 @@
 #include "tests/app/program.h"
 
 #include "app/frmConfirmOperation.h"
+#include "app/frmSelectSubfolders.h"
 
 /// Every window on the smallest screens that the program is made for.
 namespace app::test {
@@ -41,6 +42,16 @@ TEST(Fit, EveryWindowLiesOnASmallScreenAndEveryControlInItsWindow) {
     window.ReportWindow().ResizeForm(850, 20'000);
     ui::headless::PressKey(window.ReportWindow(), {ui::Key::kFind});
     ExpectInside(window.ReportWindow(), screen);
+    frmView help(program.context);
+    help.ShowFile("Help", "/gone", "the help", window);
+    ExpectInside(help, screen);
+    frmSelectSubfolders select(program.context, "/src", {"a"}, {"gone"});
+    program.front_end.Post([&] {
+      select.Form_Activate();
+      ExpectInside(select, screen);
+      select.cmdCancel_Click();
+    });
+    select.Choose(window);
     frmConfirmOperation confirm(program.context, {program.setup, Operation::kBackupAllFiles, {}, false});
     program.front_end.Post([&] {
       confirm.Form_Activate();

@@ -5,6 +5,8 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollArea>
 #include <QWindow>
 #include <map>
 
@@ -42,6 +44,14 @@ Qt::WindowFlags FlagsOf(FormStyle style) {
 QMargins& SeenFrame(FormStyle style) {
   static std::map<FormStyle, QMargins> frames;
   return frames.try_emplace(style, style == FormStyle::kPopUp ? QMargins() : kUsualFrame).first->second;
+}
+
+QSize RoomFor(FormStyle style) {
+  return QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(SeenFrame(style)).size();
+}
+
+QSize SmallestOf(const Form& form) {
+  return {ToPixels(form.smallest().width), ToPixels(form.smallest().height)};
 }
 
 class FormWindow : public QWidget {
@@ -98,10 +108,17 @@ class FormWindow : public QWidget {
   FormPeer* peer_ = nullptr;
 };
 
-/// Qt itself tells screen readers of no window what it is.
+/// How the names of the parts begin that a scrolled area of Qt is made of.
+constexpr char kPartOfScrolledArea[] = "qt_scrollarea_";
+
+/// Qt itself tells screen readers of no window what it is, nor of what only holds other things.
 QAccessibleInterface* AccessibleWindow(const QString&, QObject* object) {
   auto* const window = dynamic_cast<FormWindow*>(object);
-  if (window == nullptr) return nullptr;
+  if (window == nullptr) {
+    const bool holds =
+        object->isWidgetType() && object->objectName().startsWith(QLatin1String(kPartOfScrolledArea));
+    return holds ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Pane) : nullptr;
+  }
   const bool dialog = window->windowType() == Qt::Dialog;
   return new QAccessibleWidget(window, dialog ? QAccessible::Dialog : QAccessible::Window);
 }
@@ -112,9 +129,29 @@ FormPeer::FormPeer(Form& form)
     : WidgetPeer(form, new FormWindow(form.style())), form_(form), client_(widget()) {
   QAccessible::installFactory(&AccessibleWindow);  // once is enough, and more is the same
   static_cast<FormWindow*>(widget())->ReportTo(this);
+  const QSize needed = SmallestOf(form);
+  if (needed != needed.boundedTo(RoomFor(form.style()))) MakeScroll(needed);
   if (form.style() != FormStyle::kPopUp) return;
   client_ = new QWidget(widget());
   widget()->setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+void FormPeer::MakeScroll(const QSize& needed) {
+  scroll_ = new QScrollArea(widget());
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->setWidgetResizable(true);
+  client_ = new QWidget;
+  client_->setObjectName(QLatin1String(kPartOfScrolledArea) + QStringLiteral("content"));
+  client_->setMinimumSize(needed);
+  scroll_->setWidget(client_);
+  connect(qApp, &QApplication::focusChanged, scroll_, [this](QWidget*, QWidget* now) {
+    if (now != nullptr && client_->isAncestorOf(now)) scroll_->ensureWidgetVisible(now);
+  });
+}
+
+QSize FormPeer::InnerSize() const {
+  return form_.style() == FormStyle::kPopUp ? client_->size() : widget()->size();
 }
 
 void FormPeer::MirrorText() { widget()->setWindowTitle(ToQString(form_.text())); }
@@ -129,11 +166,13 @@ void FormPeer::MirrorBounds() {
   if (form_.style() == FormStyle::kMain) {
     widget()->setFixedSize(size);
   } else {
-    widget()->setMinimumSize(ToPixels(form_.smallest().width), ToPixels(form_.smallest().height));
+    widget()->setMinimumSize(SmallestOf(form_).boundedTo(RoomFor(form_.style())));
     widget()->resize(size);
   }
-  if (client_ != widget()) client_->setGeometry(QRect({0, 0}, size).marginsRemoved(kPopUpBorder));
-  form_.InnerSizeIs(ToTwips(client_->size()));
+  if (form_.style() == FormStyle::kPopUp)
+    client_->setGeometry(QRect({0, 0}, size).marginsRemoved(kPopUpBorder));
+  if (scroll_ != nullptr) scroll_->setGeometry(widget()->rect());
+  form_.InnerSizeIs(ToTwips(InnerSize()));
 }
 
 /// A window that is moved while the desktop is about to give it a border ends up a border too far.
@@ -144,15 +183,16 @@ void FormPeer::WasPainted() {
 }
 
 void FormPeer::WasMovedOrSized() {
+  if (scroll_ != nullptr) scroll_->setGeometry(widget()->rect());
   if (!widget()->isVisible() || widget()->isMinimized()) return;
   const QMargins frame = widget()->windowHandle()->frameMargins();
   if (!frame.isNull()) SeenFrame(form_.style()) = frame;
-  if (place_again_) return form_.InnerSizeIs(ToTwips(client_->size()));
+  if (place_again_) return form_.InnerSizeIs(ToTwips(InnerSize()));
   if (widget()->frameGeometry() != asked_for_) {
     asked_for_ = widget()->frameGeometry();
     form_.UserMoved(ToTwips(asked_for_));
   }
-  form_.InnerSizeIs(ToTwips(client_->size()));
+  form_.InnerSizeIs(ToTwips(InnerSize()));
 }
 
 void FormPeer::ChangedState() {
@@ -181,7 +221,7 @@ void FormPeer::ShowWithOwner() {
   widget()->winId();  // makes the native window, which knows the window it belongs to
   widget()->windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
   widget()->show();
-  form_.InnerSizeIs(ToTwips(client_->size()));  // hidden, it may have got another size
+  form_.InnerSizeIs(ToTwips(InnerSize()));  // hidden, it may have got another size
 }
 
 /// Another program keeps the keyboard: only within this program does the window become the active one.

@@ -5,6 +5,8 @@
 #include "ui/form.h"
 #include "ui/qt/qt_widget_peer.h"
 
+class QScrollArea;
+
 namespace ui::qt {
 
 /// A window. The desktop draws its border and title, whose size is known only once a window stands on the
@@ -31,11 +33,15 @@ class FormPeer : public WidgetPeer {
  private:
   void ComeForward();
   void ShowWithOwner();
+  /// Inside the border and the title, without what a pop-up draws there.
+  QSize InnerSize() const;
+  void MakeScroll(const QSize& needed);
 
   Form& form_;
   QWidget* client_;
-  bool place_again_ = false;  ///< once the border is there
-  QRect asked_for_;           ///< the outer bounds that the program wants, in pixels
+  QScrollArea* scroll_ = nullptr;  ///< where the screen has less room than the controls need
+  bool place_again_ = false;       ///< once the border is there
+  QRect asked_for_;                ///< the outer bounds that the program wants, in pixels
 };
 
 }  // namespace ui::qt

@@ -97,7 +97,7 @@ void DropDownListPeer::MirrorValue() {
 /// The height of the window itself is that of the list when it is open; the closed part follows from the
 /// height of its text, which it surrounds with a border that only a try shows.
 void DropDownListPeer::MirrorBounds() {
-  const RECT place = ToPixels(list_.bounds(), dpi());
+  const RECT place = Place();
   const auto entry = static_cast<int>(window().Send(CB_GETITEMHEIGHT, 0));
   SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place) + kEntriesInView * entry,
                SWP_NOZORDER | SWP_NOACTIVATE);

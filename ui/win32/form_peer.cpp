@@ -1,5 +1,6 @@
 #include "ui/win32/form_peer.h"
 
+#include <algorithm>
 #include <array>
 
 #include <oleacc.h>
@@ -51,7 +52,10 @@ bool IsFirstWindow(const Toolkit& toolkit) {
 }  // namespace
 
 FormPeer::FormPeer(Form& form, Toolkit& toolkit)
-    : WindowPeer(form, toolkit, KindOf(form.style())), form_(form), tool_tips_(handle()) {
+    : WindowPeer(form, toolkit, KindOf(form.style())),
+      form_(form),
+      tool_tips_(handle()),
+      scroller_(window()) {
   toolkit.forms.push_back(this);
   toolkit.accessibility.SetRole(handle(),
                                 form.style() == FormStyle::kDialog ? ROLE_SYSTEM_DIALOG : ROLE_SYSTEM_WINDOW);
@@ -92,7 +96,9 @@ void FormPeer::HandlePlace() {
     RECT least = ToPixels(Rect{0, 0, form_.smallest().width, form_.smallest().height}, dpi());
     const auto style = [this](int which) { return static_cast<DWORD>(GetWindowLongPtrW(handle(), which)); };
     AdjustWindowRectExForDpi(&least, style(GWL_STYLE), FALSE, style(GWL_EXSTYLE), GetDpiForWindow(handle()));
-    reinterpret_cast<MINMAXINFO*>(message.lparam)->ptMinTrackSize = {Width(least), Height(least)};
+    const RECT room = WorkArea();
+    reinterpret_cast<MINMAXINFO*>(message.lparam)->ptMinTrackSize = {std::min(Width(least), Width(room)),
+                                                                     std::min(Height(least), Height(room))};
     return 0;
   });
   window().On(WM_WINDOWPOSCHANGED, [this](const Message& message) -> Answer {
@@ -160,6 +166,7 @@ void FormPeer::TellPlace() {
   const RECT known = ToPixels(form_.bounds(), dpi());
   if (!EqualRect(&outer, &known)) form_.UserMoved(ToTwips(outer, dpi()));
   form_.InnerSizeIs({ToTwips(Width(inner), dpi()), ToTwips(Height(inner), dpi())});
+  scroller_.Need({ToPixels(form_.smallest().width, dpi()), ToPixels(form_.smallest().height, dpi())});
 }
 
 /// To a place on a screen with other dots per inch: all inside is scaled again.

@@ -6,6 +6,7 @@
 #include "ui/win32/modal_block.h"
 #include "ui/win32/tool_tips.h"
 #include "ui/win32/window_peer.h"
+#include "ui/win32/window_scroller.h"
 
 namespace ui::win32 {
 
@@ -20,6 +21,7 @@ class FormPeer : public WindowPeer {
 
   Form& form() { return form_; }
   ToolTips& tool_tips() { return tool_tips_; }
+  WindowScroller& scroller() { return scroller_; }
   /// The number of the next control: from 1,000 on in the order of making, so that tools can find them.
   int NextControlNumber() { return next_number_++; }
 
@@ -47,6 +49,7 @@ class FormPeer : public WindowPeer {
 
   Form& form_;
   ToolTips tool_tips_;
+  WindowScroller scroller_;
   int next_number_ = 1000;
   std::optional<ModalBlock> block_;  ///< while it is shown as a dialog
 };

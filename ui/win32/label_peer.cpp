@@ -30,7 +30,7 @@ void LabelPeer::MirrorText() {
 }
 
 void LabelPeer::MirrorBounds() {
-  RECT place = ToPixels(label_.bounds(), dpi());
+  RECT place = Place();
   const int margin = label_.form().style() == FormStyle::kPopUp ? ToPixels(kPopUpMargin, dpi()) : 0;
   InflateRect(&place, -margin, -margin);
   SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place),

@@ -35,6 +35,12 @@ UINT Enlarged(UINT dpi) {
 UINT DotsPerInch(HWND window) { return Enlarged(GetDpiForWindow(window)); }
 UINT DotsPerInch() { return Enlarged(GetDpiForSystem()); }
 
+RECT WorkArea() {
+  RECT area{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  return area;
+}
+
 int ToPixels(Twips length, UINT dpi) { return MulDiv(length, static_cast<int>(dpi), kTwipsPerInch); }
 
 RECT ToPixels(const Rect& bounds, UINT dpi) {

@@ -11,6 +11,9 @@ namespace ui::win32 {
 UINT DotsPerInch(HWND window);
 UINT DotsPerInch();
 
+/// The first screen without the task bar and the like.
+RECT WorkArea();
+
 int ToPixels(Twips length, UINT dpi);
 /// Edges are rounded, not sizes, so that neighbours stay neighbours.
 RECT ToPixels(const Rect& bounds, UINT dpi);

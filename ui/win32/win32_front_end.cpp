@@ -158,8 +158,7 @@ void Win32FrontEnd::OpenFolder(const std::string& path) {
 }
 
 Size Win32FrontEnd::screen() const {
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  const RECT area = WorkArea();
   const UINT dpi = DotsPerInch();
   return {ToTwips(Width(area), dpi), ToTwips(Height(area), dpi)};
 }

@@ -66,7 +66,18 @@ void WindowPeer::HandleFocus() {
   });
 }
 
-void WindowPeer::FocusArrived() { control_.UserFocused(); }
+void WindowPeer::FocusArrived() {
+  FormPeerOf(control_).scroller().BringIntoView(handle());
+  control_.UserFocused();
+}
+
+RECT WindowPeer::Place() const {
+  RECT place = ToPixels(control_.bounds(), dpi());
+  if (control_.parent() != &control_.form()) return place;
+  const POINT moved = FormPeerOf(control_).scroller().moved();
+  OffsetRect(&place, static_cast<int>(-moved.x), static_cast<int>(-moved.y));
+  return place;
+}
 
 void WindowPeer::HandlePointer() {
   window_.On(WM_MOUSEMOVE, [this](const Message&) -> Answer {
@@ -120,7 +131,7 @@ void WindowPeer::MirrorEnabled() {
 }
 
 void WindowPeer::MirrorBounds() {
-  const RECT place = ToPixels(control_.bounds(), dpi());
+  const RECT place = Place();
   SetWindowPos(handle(), nullptr, place.left, place.top, Width(place), Height(place),
                SWP_NOZORDER | SWP_NOACTIVATE);
 }

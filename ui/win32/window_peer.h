@@ -41,6 +41,8 @@ class WindowPeer : public Peer {
   NativeWindow& window() { return window_; }
   const NativeWindow& window() const { return window_; }
   Toolkit& toolkit() { return toolkit_; }
+  /// Where the control is in the window around it, in pixels.
+  RECT Place() const;
   HFONT font() { return toolkit_.fonts.Get(control_.font(), dpi()); }
   /// Whether a point of a mouse message lies in the window: the button may be released outside of it.
   bool Contains(const Message& mouse) const;

@@ -47,6 +47,17 @@ class Window : public ui::Form {
   ui::Timer timer{this, "timer"};
 };
 
+/// One that needs more room than the screen has, with its check box in the far corner.
+class LargeWindow : public Window {
+ public:
+  explicit LargeWindow(ui::FrontEnd& front_end) : Window(front_end, ui::FormStyle::kReport) {
+    const ui::Size screen = front_end.screen();
+    SetSmallest({2 * screen.width, 2 * screen.height});
+    SetBounds({0, 0, screen.width, screen.height});
+    check.SetBounds({2 * screen.width - 1'500, 2 * screen.height - 600, 1'500, 600});
+  }
+};
+
 class FrontEndContract : public testing::Test {
  protected:
   void SetUp() override { Show(window_); }

@@ -23,6 +23,14 @@ TEST_F(QtFrontEndTest, AnAppendedTextLeavesTheRestUntouchedAndComesIntoView) {
   EXPECT_GE(edit->verticalScrollBar()->value(), edit->verticalScrollBar()->maximum() - 1);
 }
 
+TEST_F(QtFrontEndTest, AWindowLargerThanItsScreenScrollsToTheFocus) {
+  LargeWindow large(front_end_);
+  Show(large);
+  EXPECT_TRUE(WidgetOf(large.check)->visibleRegion().isEmpty());
+  large.check.SetFocus();
+  EXPECT_EQ(WidgetOf(large.check)->visibleRegion().boundingRect(), WidgetOf(large.check)->rect());
+}
+
 TEST_F(QtFrontEndTest, TheFocusThatAClickMovesIsToldOnItsRelease) {
   window_.line.on_lost_focus = Count();
   for (ui::Control* clicked : std::initializer_list<ui::Control*>{&window_.first, &window_.check}) {

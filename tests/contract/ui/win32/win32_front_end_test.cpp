@@ -29,6 +29,23 @@ TEST_F(Win32FrontEndTest, AListThatIsLeftByEscapeKeepsItsChoice) {
   EXPECT_EQ(count_, 0);
 }
 
+TEST_F(Win32FrontEndTest, AWindowLargerThanItsScreenScrollsToTheFocus) {
+  LargeWindow large(front_end_);
+  Show(large);
+  large.check.SetFocus();
+  for (const bool still : {false, true}) {
+    RECT place{};
+    RECT inside{};
+    GetWindowRect(HandleOf(large.check), &place);
+    MapWindowPoints(nullptr, HandleOf(large), reinterpret_cast<POINT*>(&place), 2);
+    GetClientRect(HandleOf(large), &inside);
+    EXPECT_EQ(place.right, inside.right) << still;
+    EXPECT_EQ(place.bottom, inside.bottom) << still;
+    large.check.SetTop(large.check.top() - 15);
+    large.check.SetTop(large.check.top() + 15);
+  }
+}
+
 TEST_F(Win32FrontEndTest, TheFocusThatAClickMovesIsToldBetweenTheReleaseAndTheClick) {
   window_.check.on_click = [this] { EXPECT_TRUE(window_.check.has_focus()); };
   for (ui::Control* clicked : std::vector<ui::Control*>{&window_.first, &window_.check}) {
