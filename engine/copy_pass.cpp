@@ -17,6 +17,9 @@ namespace {
 constexpr double kPlenty = 256.0 * 1024 * 1024;
 constexpr std::chrono::milliseconds kSpaceHolds{100};
 
+using platform::Entry;
+using platform::EntryKind;
+
 constexpr std::chrono::milliseconds kOneWait{50};
 /// After so many waits for the disk alone it is worth saying.
 constexpr int kWaitsToTell = 6;
@@ -268,8 +271,25 @@ void CopyPass::SettleFirst() {
     free_bytes_.reset();
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
-    listener_.WriteLine(FailureLine(tools_, text::kNotCopied, job.SourcePath(), first.outcome->error()));
+    listener_.WriteLine(WhyNotCopied(job, first.outcome->error()));
   });
+}
+
+/// What failed names no side: the one that looks now as the error says is the one.
+std::string CopyPass::WhyNotCopied(const CopyJob& job, platform::Error error) {
+  using platform::ErrorKind;
+  const bool may_be_either = error.kind == ErrorKind::kIsAFolder || error.kind == ErrorKind::kNotFound;
+  const auto source = may_be_either ? tools_.files.Look(job.SourcePath()) : platform::Result<Entry>(error);
+  if (source && source->kind == EntryKind::kFolder && error.kind == ErrorKind::kIsAFolder) {
+    return NoticeLine(tools_, text::kNotCopied, job.SourcePath()) + ". " +
+           tools_.texts.GetProgramText(text::kReasonBecameFolder);
+  }
+  if (source && source->kind == EntryKind::kFile && error.kind == ErrorKind::kNotFound) {
+    if (!target_root_.IsThere() || !tools_.files.Look(job.folders->target_path()))
+      return TargetFailureLine(tools_, text::kNotCopied, job.SourcePath(), error);
+    error.kind = ErrorKind::kBadName;  // some servers say so of a name that they do not allow
+  }
+  return FailureLine(tools_, text::kNotCopied, job.SourcePath(), error);
 }
 
 void CopyPass::TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {

@@ -85,6 +85,7 @@ class CopyPass {
   bool NeedsSecondTry(const Pending& pending) const;
   void TrySecondTime(Pending& pending);
   void SettleFirst();
+  std::string WhyNotCopied(const CopyJob& job, platform::Error error);
   void TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
   void CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome);
   const Pending* Unwritten() const;

@@ -114,6 +114,7 @@ inline constexpr int kReasonShort = 510;
 inline constexpr int kReasonOther = 511;
 inline constexpr int kReasonNameTaken = 512;
 inline constexpr int kReasonTargetGone = 513;
+inline constexpr int kReasonBecameFolder = 661;
 inline constexpr int kNotRead = 520;               ///< lead word: a folder
 inline constexpr int kLinkNotFollowed = 521;       ///< lead word
 inline constexpr int kDeadLink = 522;              ///< lead word

@@ -68,6 +68,24 @@ TEST(CopyPass, ReplacesALinkAndLeavesWhatItLeadsToAlone) {
   EXPECT_EQ(scene.files.AttributesOf("/src/sub/kept"), platform::kReadOnly);
 }
 
+TEST(CopyPass, SaysOnWhichSideAFolderStandsAndANameIsRefused) {
+  using platform::ErrorKind;
+  const auto line = [](ErrorKind kind, bool source_is_folder, bool target_goes) {
+    Scene scene({"/src/in/a"}, {"in"});
+    scene.files.Fail(Call::kCopyFile, "/dst/in/a", {kind, 0, {}});
+    scene.on_copy = [&] {
+      if (source_is_folder) scene.files.Remove("/src/in/a"), scene.files.AddFolder("/src/in/a");
+      if (target_goes) scene.files.Remove("/dst/in");
+    };
+    EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
+    return scene.lines.substr(scene.lines.find("a. ") + 3);
+  };
+  EXPECT_EQ(line(ErrorKind::kIsAFolder, true, false), "Became folder.|");
+  EXPECT_EQ(line(ErrorKind::kIsAFolder, false, false), "Folder in the way.|");
+  EXPECT_EQ(line(ErrorKind::kNotFound, false, false), "Bad name.|");
+  EXPECT_EQ(line(ErrorKind::kNotFound, false, true), "Target gone.|");
+}
+
 TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
   const auto outcome = [](Call call, const std::string& path, const std::string& line) {
     Scene scene({"/src/in/good", "/src/in/bad/x=new", "/dst/in/bad/x=old!"}, {"in"});
