@@ -1,3 +1,4 @@
+#include "app/frmConfirmOperation.h"
 #include "tests/app/program.h"
 
 namespace app::test {
@@ -124,6 +125,35 @@ TEST_F(Operations, LockTheMainWindowAndGiveItBack) {
   EXPECT_EQ(window->ReportWindow().lblState.text(), "Finished: 1 file copied.");
   EXPECT_TRUE(window->cmdBackupAllFiles.reachable() && window->ReportWindow().visible());
   EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is not empty.");
+}
+
+TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCounts) {
+  tree::Add(files, {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
+                    "/src/out/2", "/src/in/disk/3"});
+  files.AddMountPoint("/src/in/disk");
+  files.MountAgain("/dst", "/src/in");
+  setup.IncludedFolders = {"in"};
+  setup.IncludeSubfolders = true;
+  StartWithSetup();
+  std::string counted;
+  bool start = false;
+  front_end.when_idle = [&] {
+    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
+    if (form == nullptr) return;
+    if (form->tmrRead.running()) return front_end.PassTime(1);
+    for (const auto& row : form->fact_rows) {
+      if (row->lblHeading.text() == "To be copied") counted = row->lblText.text();
+    }
+    Tick(form->chkDontShowAgain, true);
+    Click(start ? form->cmdStart : form->cmdCancel);
+  };
+  Click(window->cmdBackupModifiedFiles);
+  EXPECT_FALSE(window->SkipConfirmation) << "nothing was started";
+  start = true;
+  Click(window->cmdBackupModifiedFiles);
+  EXPECT_TRUE(window->SkipConfirmation);
+  EXPECT_EQ(counted.substr(0, counted.find(',')) + " copied, 3 warnings.",
+            window->ReportWindow().lblState.text().substr(sizeof "Finished:"));
 }
 
 }  // namespace app::test
