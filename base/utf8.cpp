@@ -1,6 +1,7 @@
 #include "base/utf8.h"
 
 #include "base/ascii_case.h"
+#include "base/letter_case.h"
 
 namespace base::utf8 {
 namespace {
@@ -15,33 +16,29 @@ std::size_t ExpectedBytes(unsigned char first) {
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-/// The code point of a character of two bytes (the only ones whose case is changed here besides ASCII).
-unsigned DecodeTwo(std::string_view character) {
-  return (static_cast<unsigned>(static_cast<unsigned char>(character[0]) & 0x1F) << 6) |
-         (static_cast<unsigned char>(character[1]) & 0x3F);
+/// The code point of a character of two bytes or more.
+char32_t Decode(std::string_view character) {
+  const unsigned kept = 0x7FU >> character.size();
+  char32_t code = static_cast<unsigned char>(character[0]) & kept;
+  for (const char c : character.substr(1)) code = (code << 6) | (static_cast<unsigned char>(c) & 0x3FU);
+  return code;
 }
 
-void AppendTwo(std::string& text, unsigned code) {
-  text += static_cast<char>(0xC0 | (code >> 6));
-  text += static_cast<char>(0x80 | (code & 0x3F));
-}
-
-bool IsEvenUpper(unsigned c) {
-  return (c >= 0x100 && c <= 0x12F) || (c >= 0x132 && c <= 0x137) || (c >= 0x14A && c <= 0x177) ||
-         (c >= 0x460 && c <= 0x481) || (c >= 0x48A && c <= 0x4BF);
-}
-
-bool IsOddUpper(unsigned c) { return (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E); }
-
-/// The lower case of a code point below 0x800 (Unicode's UnicodeData.txt, simple mappings).
-unsigned LowerOf(unsigned c) {
-  if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2)) return c + 0x20;
-  if (c >= 0x410 && c <= 0x42F) return c + 0x20;
-  if (c >= 0x400 && c <= 0x40F) return c + 0x50;
-  if (c == 0x178) return 0xFF;
-  if (IsEvenUpper(c)) return c | 1U;
-  if (IsOddUpper(c) && (c & 1U) != 0) return c + 1;
-  return c;
+void Append(std::string& text, char32_t code) {
+  const auto byte = [&](char32_t value) { text += static_cast<char>(value); };
+  const auto follow = [&](int shift) { byte(0x80 | ((code >> shift) & 0x3F)); };
+  if (code < 0x80) return byte(code);
+  if (code < 0x800) {
+    byte(0xC0 | (code >> 6));
+  } else if (code < 0x10000) {
+    byte(0xE0 | (code >> 12));
+    follow(6);
+  } else {
+    byte(0xF0 | (code >> 18));
+    follow(12);
+    follow(6);
+  }
+  follow(0);
 }
 
 void AppendPrintableByte(std::string& text, unsigned char byte) {
@@ -119,10 +116,12 @@ std::string ToLower(std::string_view text) {
   text.remove_prefix(done);
   while (!text.empty()) {
     const std::string_view character = First(text);
+    const char32_t code = character.size() > 1 ? Decode(character) : 0;
+    const char32_t lower = code != 0 ? LowerOf(code) : 0;
     if (character.size() == 1) {
       result += LowerAscii(character[0]);
-    } else if (character.size() == 2) {
-      AppendTwo(result, LowerOf(DecodeTwo(character)));
+    } else if (lower != code) {
+      Append(result, lower);
     } else {
       result += character;
     }

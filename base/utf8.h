@@ -19,7 +19,7 @@ std::size_t Length(std::string_view text);
 /// The byte where the character with this number (from 0) begins; the text's size when it has fewer.
 std::size_t OffsetOf(std::string_view text, std::size_t character);
 
-/// The text in lower case: the letters of Latin-1, Latin Extended-A, Greek and Cyrillic; others stay.
+/// The text in lower case, letter by letter, as the system has it (see LowerOf()).
 std::string ToLower(std::string_view text);
 
 /// The text with its ASCII letters in upper case.

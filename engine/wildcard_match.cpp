@@ -41,6 +41,10 @@ bool Match(std::string_view text, std::string_view pattern) {
 std::string NormaliseForMatch(std::string_view text) {
   std::string result = base::utf8::ToLower(text);
   std::replace(result.begin(), result.end(), '\\', '/');
+  // At the end of a word Greek has a small letter of its own for the same capital one.
+  constexpr std::string_view kAtEnd = "\u03C2";
+  for (std::size_t at = result.find(kAtEnd); at != std::string::npos; at = result.find(kAtEnd, at))
+    result.replace(at, kAtEnd.size(), "\u03C3");
   return result;
 }
 

@@ -16,12 +16,13 @@ MAY_INCLUDE = {
     "services": ["ui/dialogs.h", "platform", "text", "app/data"],
     "app": ["report", "services", "engine", "engine/listener", "ui", "platform", "text", "app/data"],
     "ui/qt": ["ui"], "ui/win32": ["ui"], "ui/headless": ["ui"],
-    "platform/posix": ["platform"], "platform/windows": ["platform"], "platform/memory": ["platform"],
+    "platform/posix": ["platform"], "platform/posix/text": [], "platform/windows/text": [],
+    "platform/windows": ["platform"], "platform/memory": ["platform"],
 }
 MAY_INCLUDE["main"] = list(MAY_INCLUDE)
 
 # The only folders that may know which system or toolkit they are built for.
-SYSTEM_FOLDERS = ["platform/windows", "platform/posix", "ui/win32", "ui/qt", "main"]
+SYSTEM_FOLDERS = ["platform/windows", "platform/windows/text", "platform/posix", "platform/posix/text", "ui/win32", "ui/qt", "main"]
 SYSTEM_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__MINGW32__|__linux__|__unix__|__APPLE__|Q_OS_\w+)\b")
 
 NOT_THE_PROGRAM = ["tests", "bench", "build", "demo", "docs", "packaging", "tools", "cmake"]
