@@ -47,6 +47,8 @@ OperationPreview::OperationPreview(platform::FileSystem& files, platform::Clock&
     : files_(files),
       setup_(WithPlainFolders(files, request.setup)),
       nesting_(files, setup_.SourceFolder, setup_.TargetFolder),
+      target_(
+          std::make_shared<engine::TargetFolder>(setup_.TargetFolder, setup_.SourceFolder, nullptr, true)),
       unfinished_(files, clock, setup_.TargetFolder),
       rules_(engine::RulesOf(request)),
       without_period_(rules_) {
@@ -81,7 +83,10 @@ void OperationPreview::LookInto(const Pending& folder) {
   const bool is_source = folder.level == Level::kSource;
   if (folder.level == Level::kIncluded && !IsThere(folder.source)) return;
   if (!is_source && LandsInSource(folder)) return;
-  auto pair = engine::FolderPair::Open(files_, folder.source, folder.target);
+  auto pair =
+      engine::FolderPair::Open(files_, folder.source,
+                               std::make_shared<engine::TargetFolder>(folder.target, folder.source,
+                                                                      is_source ? nullptr : target_, true));
   if (is_source) findings_.first_level_known = true;
   if (!pair) {
     ++findings_.folders_not_read;
@@ -97,8 +102,7 @@ void OperationPreview::LookInto(const Pending& folder) {
     FindStrangers(*pair);
     if (setup_.ExcludeFilesInSourceFolder) return;
   }
-  if (!target && target.error().kind != platform::ErrorKind::kNotFound &&
-      target.error().kind != platform::ErrorKind::kNotAFolder) {
+  if (!target && !engine::HoldsNoCopies(target.error().kind)) {
     ++findings_.folders_not_read;
     return;
   }

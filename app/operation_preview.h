@@ -81,6 +81,7 @@ class OperationPreview {
   platform::FileSystem& files_;
   Setup setup_;
   engine::Nesting nesting_;
+  engine::TargetFolder::Ptr target_;
   engine::UnfinishedRun unfinished_;
   engine::SelectionRules rules_;
   engine::SelectionRules without_period_;

@@ -34,7 +34,9 @@ void JoinTwoFolders(benchmark::State& state) {
   const TwoFolders folders(state.range(0));
   platform::posix::PosixFileSystem files;
   for ([[maybe_unused]] auto _ : state) {
-    auto pair = engine::FolderPair::Open(files, folders.source(), folders.target());
+    auto pair = engine::FolderPair::Open(
+        files, folders.source(),
+        std::make_shared<engine::TargetFolder>(folders.target(), folders.source(), nullptr, true));
     if (!pair || !pair->OpenTarget().ok()) return state.SkipWithError("the folders cannot be listed");
     for (const platform::Entry& entry : pair->source().entries())
       benchmark::DoNotOptimize(pair->TargetOf(entry));

@@ -46,13 +46,6 @@ Question ReadOnlyQuestion(const Tools& tools, const std::string& path) {
       part(text::kGoOn) + " " + part(text::kWithNextFile)};
 }
 
-bool IsLink(platform::FileSystem& files, const std::string& folder, const std::string& path) {
-  const auto real_folder = files.RealPath(folder);
-  const auto real = files.RealPath(path);
-  if (!real || !real_folder) return false;
-  return files.NameKey(*real) != files.NameKey(platform::JoinPath(*real_folder, platform::NameOf(path)));
-}
-
 }  // namespace
 
 std::string CopyJob::SourcePath() const { return platform::JoinPath(folders->source().path(), file->name); }
@@ -65,7 +58,7 @@ void Count(const Selection& selection, const platform::Entry& file, FolderCounts
 }
 
 CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
-                   UnfinishedRun& unfinished, const std::string& source_root, const TargetRoot& target_root)
+                   UnfinishedRun& unfinished, const std::string& source_root, TargetRoot& target_root)
     : tools_(tools),
       listener_(listener),
       pulse_(pulse),
@@ -80,7 +73,7 @@ void CopyPass::Copy(CopyJob job) {
     Finish();
     unfinished_.MoveOn();
   }
-  if (!CheckSpace(job) || !EnsureTargetFolder(job) || !MakeReplaceable(job)) return;
+  if (!CheckSize(job) || !CheckSpace(job) || !EnsureTargetFolder(job) || !MakeReplaceable(job)) return;
   listener_.CopyBegun(job.SourcePath());
   if (listener_.StopRequested()) return;
   Begin(std::move(job));
@@ -112,6 +105,16 @@ std::optional<double> CopyPass::FreeBytesFor(double wanted) {
   return FreeBytes();
 }
 
+/// Not to write up to the limit of the volume's format in vain.
+bool CopyPass::CheckSize(const CopyJob& job) {
+  if (!largest_file_) largest_file_ = tools_.files.LargestFile(target_root_.path());
+  if (*largest_file_ == 0 || job.file->size <= *largest_file_) return true;
+  Fail(job, FailureLine(tools_, text::kNotCopied, job.SourcePath(), {platform::ErrorKind::kTooLarge, 0, {}}) +
+                " (" + text::GroupedNumber(job.file->size, tools_.marks) + " > " +
+                text::GroupedNumber(*largest_file_, tools_.marks) + " bytes)");
+  return false;
+}
+
 bool CopyPass::CheckSpace(const CopyJob& job) {
   const std::int32_t source_size = FileSizeOf(*job.file);
   const std::optional<double> free_bytes = FreeBytesFor(source_size);
@@ -126,7 +129,8 @@ bool CopyPass::CheckSpace(const CopyJob& job) {
   }
   if (static_cast<double>(source_size) < *free_bytes) return true;
   Fail(job, NoticeLine(tools_, text::kNotCopied, job.SourcePath()) + ". " + kNoSpaceForFile + " (" +
-                text::GroupedNumber(std::int64_t{source_size}, tools_.marks) + " bytes).");
+                text::GroupedNumber(std::max<std::int64_t>(source_size, job.file->size), tools_.marks) +
+                " bytes).");
   return false;
 }
 
@@ -139,6 +143,7 @@ bool CopyPass::EnsureTargetFolder(const CopyJob& job) {
   if (!folder_given_up_.empty() && platform::IsInside(target, folder_given_up_)) return fail(why_given_up_);
   const platform::Status ready = job.folders->EnsureTarget(target_root_);
   if (ready) return true;
+  if (job.folders->place().refused()) return fail(ready.error());
   folder_given_up_ = target;
   why_given_up_ = ready.error();
   Finish();
@@ -151,9 +156,9 @@ bool CopyPass::EnsureTargetFolder(const CopyJob& job) {
 bool CopyPass::MakeReplaceable(const CopyJob& job) {
   const platform::Entry* const old = job.selection.target;
   if (old == nullptr || old->kind != platform::EntryKind::kFile || !IsReadOnly(old->attributes)) return true;
+  // The copy takes the place of a name; what that leads to stays as it is.
+  if (!tools_.files.ReadOnlyForbidsReplacing() || job.folders->IsNoCopy(*job.file, *old)) return true;
   const std::string path = platform::JoinPath(job.folders->target_path(), old->name);
-  // The copy takes the place of a link; what the link leads to stays as it is.
-  if (IsLink(tools_.files, job.folders->target_path(), path)) return true;
   if (ClearReadOnly(tools_.files, path)) return true;
   Finish();
   if (!pending_.empty()) return false;  // the user stops
@@ -294,6 +299,7 @@ std::string CopyPass::WhyNotCopied(const CopyJob& job, platform::Error error) {
 
 void CopyPass::TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {
   CarryAttributes(job, outcome);
+  if (job.selection.target != nullptr) job.folders->TakeSpelling(*job.file, *job.selection.target);
   Count(job.selection, *job.file, *job.counts);
   ++job.counts->counts.copied;
   if (outcome.changed) {

@@ -43,7 +43,7 @@ class CopyPass {
  public:
   /// `target_root`: the setup's target folder; its disk's free space counts. `source_root`: its source.
   CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
-           UnfinishedRun& unfinished, const std::string& source_root, const TargetRoot& target_root);
+           UnfinishedRun& unfinished, const std::string& source_root, TargetRoot& target_root);
 
   /// Hands a file over. Returns when there is room for the next one, or when the user wants to stop.
   void Copy(CopyJob job);
@@ -73,6 +73,7 @@ class CopyPass {
   /// The target disk's, less what is on its way; nothing when they cannot be told.
   std::optional<double> FreeBytes();
   std::optional<double> FreeBytesFor(double wanted);
+  bool CheckSize(const CopyJob& job);
   bool CheckSpace(const CopyJob& job);
   bool EnsureTargetFolder(const CopyJob& job);
   bool MakeReplaceable(const CopyJob& job);
@@ -103,7 +104,7 @@ class CopyPass {
   ReportOrder& order_;
   UnfinishedRun& unfinished_;
   const std::string source_root_;
-  const TargetRoot& target_root_;
+  TargetRoot& target_root_;
   std::unique_ptr<platform::Copier> copier_;  ///< made for the first file
   std::deque<Pending> pending_;               ///< handed over and not settled, the oldest first
   std::size_t on_their_way_ = 0;              ///< of these, those that the copier has
@@ -115,6 +116,7 @@ class CopyPass {
   platform::Error why_given_up_;
   std::optional<double> free_bytes_;  ///< when last asked, less what was handed over since
   std::chrono::milliseconds free_bytes_asked_{0};
+  std::optional<std::int64_t> largest_file_;  ///< that the target can hold; 0: no limit is known
   bool operation_terminated_ = false;
 };
 

@@ -26,6 +26,8 @@ int SentenceOf(platform::ErrorKind kind) {
       return text::kReasonNameTaken;
     case ErrorKind::kInUse:
       return text::kReasonInUse;
+    case ErrorKind::kForeignLink:
+      return text::kReasonForeignLink;
     case ErrorKind::kBadName:
       return text::kReasonBadName;
     case ErrorKind::kTooLarge:
@@ -65,8 +67,10 @@ std::string FailureLine(const Tools& tools, int lead_text, const std::string& pa
 
 std::string TargetFailureLine(const Tools& tools, int lead_text, const std::string& path,
                               const platform::Error& error) {
-  const bool gone = error.kind == platform::ErrorKind::kNotFound;
-  return Line(tools, lead_text, path, gone ? text::kReasonTargetGone : SentenceOf(error.kind), error);
+  int sentence = SentenceOf(error.kind);
+  if (error.kind == platform::ErrorKind::kNotFound) sentence = text::kReasonTargetGone;
+  if (error.kind == platform::ErrorKind::kNameTaken) sentence = text::kReasonFolderNameTaken;
+  return Line(tools, lead_text, path, sentence, error);
 }
 
 }  // namespace engine

@@ -3,71 +3,59 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/utf8.h"
 #include "platform/path.h"
 
 namespace engine {
 
 using platform::Entry;
 using platform::EntryKind;
-using platform::ErrorKind;
 using platform::Status;
 
 FolderPair::FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source,
-                       std::string target_path)
-    : files_(&files), source_(std::move(source)), target_path_(std::move(target_path)) {}
+                       TargetFolder::Ptr target)
+    : files_(&files), source_(std::move(source)), place_(std::move(target)) {}
 
 platform::Result<FolderPair> FolderPair::Open(platform::FileSystem& files, const std::string& source,
-                                              const std::string& target) {
+                                              TargetFolder::Ptr target) {
   auto folder = files.OpenFolder(source);
   if (!folder) return folder.error();
-  return FolderPair(files, std::move(*folder), target);
+  return FolderPair(files, std::move(*folder), std::move(target));
 }
 
 Status FolderPair::OpenTarget() {
-  auto folder = files_->OpenFolder(target_path_);
+  auto folder = files_->OpenFolder(target_path(), place_->links());
   if (!folder) return folder.error();
   target_ = std::move(*folder);
   next_ = 0;
   index_.clear();
+  spellings_.reset();
   return platform::Done{};
 }
 
-Status FolderPair::EnsureTarget(const TargetRoot& root) {
+Status FolderPair::EnsureTarget(TargetRoot& root) {
   if (target_) return platform::Done{};
-  if (!root.IsThere()) return platform::Error{ErrorKind::kNotFound, 0, {}};
-  const Status created = CreateWithParents(target_path_, root.path());
-  if (!created && created.error().kind != ErrorKind::kAlreadyExists) return created;
-  const Status opened = OpenTarget();
-  // A file or a dead link bears the name of the folder, or that of one above it.
-  if (!opened && opened.error().kind == ErrorKind::kNotFound && !created) return created;
-  return opened;
-}
-
-Status FolderPair::CreateWithParents(const std::string& path, const std::string& root) {
-  if (path == root) return platform::Error{ErrorKind::kNotFound, 0, {}};
-  Status created = files_->CreateFolder(path);
-  if (created || created.error().kind != ErrorKind::kNotFound) return created;
-  const std::string parent = platform::ParentOf(path);
-  if (parent.empty() || parent == path || parent == root) return created;
-  if (Status above = CreateWithParents(parent, root); !above) return above;
-  return files_->CreateFolder(path);
+  if (const Status there = place_->Ensure(*files_, root); !there) return there;
+  if (const Status opened = OpenTarget(); !opened) return opened;
+  root.Claim(*target_);
+  return platform::Done{};
 }
 
 std::size_t FolderPair::PlaceInTarget(const std::string& name) {
   const std::vector<Entry>& entries = target_->entries();
   if (index_.empty()) {
-    for (std::size_t i = 0; i < entries.size(); ++i) index_.emplace(files_->NameKey(entries[i].name), i);
+    for (std::size_t i = 0; i < entries.size(); ++i) index_.emplace(entries[i].name, i);
   }
-  const auto found = index_.find(files_->NameKey(name));
+  const auto found = index_.find(name);
   return found == index_.end() ? entries.size() : found->second;
 }
 
-const Entry* FolderPair::TargetOf(const Entry& source_file) {
+const Entry* FolderPair::TargetOf(const Entry& source) {
   if (!target_) return nullptr;
   const std::vector<Entry>& entries = target_->entries();
-  if (next_ >= entries.size() || entries[next_].name != source_file.name) {
-    const std::size_t place = PlaceInTarget(source_file.name);
-    if (place == entries.size()) return nullptr;
+  if (next_ >= entries.size() || entries[next_].name != source.name) {
+    const std::size_t place = PlaceInTarget(source.name);
+    if (place == entries.size()) return OtherSpellingOf(source);
     next_ = place;
   }
   return &entries[next_++];
@@ -77,13 +65,24 @@ bool FolderPair::IsOneFolder() const {
   return target_ && source_->identity() && source_->identity() == target_->identity();
 }
 
-std::set<std::string> FolderPair::TargetLinks() const {
-  std::set<std::string> keys;
-  if (!target_) return keys;
-  for (const Entry& entry : target_->entries()) {
-    if (entry.kind == EntryKind::kFolderLink) keys.insert(files_->NameKey(entry.name));
-  }
-  return keys;
+const Entry* FolderPair::OtherSpellingOf(const Entry& source) {
+  if (!spellings_) spellings_.emplace(*files_, *source_, *target_);
+  return spellings_->Find(source);
+}
+
+bool FolderPair::IsNoCopy(const Entry& source_file, const Entry& target) const {
+  if (target.is_link) return true;
+  if (target.number == 0 || target.number != source_file.number) return false;
+  // Numbers of two volumes may be equal by chance.
+  const auto identity = files_->IdentityOf(platform::JoinPath(target_path(), target.name));
+  return identity && identity == files_->IdentityOf(platform::JoinPath(source_->path(), source_file.name));
+}
+
+void FolderPair::TakeSpelling(const Entry& source, const Entry& target) const {
+  if (source.name == target.name || base::utf8::ToLower(source.name) != base::utf8::ToLower(target.name))
+    return;
+  // It is its copy, however its name is spelled.
+  static_cast<void>(files_->Respell(target_path(), target.name, source.name));
 }
 
 std::vector<std::string> FolderPair::Leftovers() {

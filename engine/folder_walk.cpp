@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "engine/failure_text.h"
@@ -52,7 +54,10 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
       unfinished_(tools.files, tools.clock, plan_.target),
-      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_) {}
+      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_) {
+  if (!plan_.target.empty())
+    target_ = std::make_shared<TargetFolder>(plan_.target, plan_.source, nullptr, true);
+}
 
 const Totals& FolderWalk::Run() {
   if (unfinished_.error())
@@ -64,6 +69,7 @@ const Totals& FolderWalk::Run() {
     const Pending folder = std::move(pending_.back());
     pending_.pop_back();
     BackupFolder(folder);
+    if (!is_placed_) PlaceIncluded();
   }
   copy_pass_.Finish();
   if (!Ended()) listener_.Progress(1.0);
@@ -85,7 +91,9 @@ void FolderWalk::PushRoots() {
   }
   std::reverse(pending_.begin(), pending_.end());
   if (!plan_.exclude_files_in_source_folder) {
-    pending_.push_back({plan_.source, plan_.target, false, true, 0, share});
+    pending_.push_back({plan_.source, target_, false, 0, share});
+  } else {
+    PlaceIncluded();
   }
 }
 
@@ -93,13 +101,9 @@ void FolderWalk::PushRoots() {
 std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
   std::vector<Pending> folders;
   std::set<std::string> seen;
-  FirstSpellings spellings;
   for (const std::string& name : plan_.included_folders) {
     if (!seen.insert(tools_.files.NameKey(name)).second) continue;
-    auto folder = IncludedFolder(name);
-    if (!folder) continue;
-    MarkTwin(*folder, spellings);
-    folders.push_back(std::move(*folder));
+    if (auto folder = IncludedFolder(name)) folders.push_back(std::move(*folder));
   }
   return folders;
 }
@@ -123,11 +127,39 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
   }
   // The setup may spell the name in another way than the disk.
   const auto real = tools_.files.RealPath(source);
-  Pending folder = Below({plan_.source, plan_.target}, real ? std::string(platform::NameOf(*real)) : name);
+  Pending folder = Below({plan_.source, target_}, real ? std::string(platform::NameOf(*real)) : name);
   folder.with_subfolders = plan_.include_subfolders;
-  const bool target_is_link = !folder.target.empty() && IsFolderLink(tools_.files, folder.target);
+  const bool target_is_link = folder.target && IsFolderLink(tools_.files, folder.target->path());
   if (!MayBeWalked(folder, target_is_link)) return std::nullopt;
   return folder;
+}
+
+/// Where the files of the source folder take no part, the listings are had for this alone.
+void FolderWalk::PlaceIncluded() {
+  is_placed_ = true;
+  if (!target_ || pending_.empty()) return;
+  auto root = FolderPair::Open(tools_.files, plan_.source, target_);
+  if (!root || !root->OpenTarget()) return;
+  const std::vector<Entry>& entries = root->source().entries();
+  std::vector<Selection> selections(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i].kind == EntryKind::kFolder) selections[i].target = root->TargetOf(entries[i]);
+  }
+  PlaceIncluded(*root, selections);
+}
+
+void FolderWalk::PlaceIncluded(const FolderPair& root, const std::vector<Selection>& selections) {
+  is_placed_ = true;
+  std::unordered_map<std::string_view, Pending*> included;
+  for (Pending& folder : pending_) included.emplace(platform::NameOf(folder.source), &folder);
+  const std::vector<Entry>& entries = root.source().entries();
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const auto found =
+        entries[i].kind == EntryKind::kFolder ? included.find(entries[i].name) : included.end();
+    if (found == included.end()) continue;
+    Place(*found->second, root, entries[i], selections[i].target);
+    found->second->is_expected = false;
+  }
 }
 
 void FolderWalk::BackupFolder(const Pending& folder) {
@@ -137,9 +169,8 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   const auto pair = std::make_shared<FolderPair>(std::move(*opened));
   if (!BelongsToSource(pair->source()) || !OpenTarget(folder, *pair) || !TargetIsItsOwn(folder, *pair))
     return;
-  const bool target_was_there = pair->has_target();
-
   const std::vector<Selection> selections = SelectFiles(*pair);
+  if (!is_placed_) PlaceIncluded(*pair, selections);
   const auto counts = CountsOf(*pair, selections);
   TellBegin(counts);
   RemoveLeftovers(*pair);
@@ -148,7 +179,7 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   TellEnd(counts);
   if (Ended()) return;
   PauseIfWished(*counts);
-  if (folder.with_subfolders) PushSubfolders(folder, *pair, target_was_there);
+  if (folder.with_subfolders) PushSubfolders(folder, *pair, selections);
 }
 
 std::shared_ptr<FolderCounts> FolderWalk::CountsOf(const FolderPair& pair,
@@ -199,30 +230,47 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
 
 /// False when nothing can be said about the files because the target folder cannot be read.
 bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
-  if (folder.target.empty() || !folder.target_may_exist) return true;
+  if (!folder.target || folder.target->refused() || !folder.target->is_there()) return true;
   if (!target_root_.IsThere()) {
     const platform::Error gone{platform::ErrorKind::kNotFound, 0, {}};
-    WriteUnread(TargetFailureLine(tools_, text::kNotRead, folder.target, gone));
+    WriteUnread(TargetFailureLine(tools_, text::kNotRead, folder.target->path(), gone));
     return false;
   }
   const platform::Status opened = pair.OpenTarget();
   if (opened) return true;
-  if (IsGone(opened.error())) return true;
-  FailFolder(folder.target, opened.error());
-  return false;
+  if (!HoldsNoCopies(opened.error().kind)) {
+    FailFolder(folder.target->path(), opened.error());
+    return false;
+  }
+  folder.target->SetMissing();
+  if (opened.error().kind == platform::ErrorKind::kForeignLink)
+    RefuseTarget(folder, pair, text::kLinkInTarget, platform::ErrorKind::kForeignLink);
+  return true;
 }
 
-/// False when the copies would take the place of what is no older copy of theirs.
-bool FolderWalk::TargetIsItsOwn(const Pending& folder, const FolderPair& pair) {
-  if (pair.IsOneFolder()) {
+/// False when the copies would take the place of what is in the source. A target folder that is another's is
+/// closed to this one.
+bool FolderWalk::TargetIsItsOwn(const Pending& folder, FolderPair& pair) {
+  if (!pair.has_target()) return true;
+  if (pair.IsOneFolder() || nesting_.IsSource(pair.target())) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }
-  if (folder.twin_target.empty() || !pair.has_target()) return true;
-  const auto identity = tools_.files.IdentityOf(folder.target);
-  if (!identity || identity != tools_.files.IdentityOf(folder.twin_target)) return true;
-  WriteUnread(NoticeLine(tools_, text::kFolderNameTaken, folder.source));
-  return false;
+  if (!target_root_.Claim(pair.target())) {
+    RefuseTarget(folder, pair, text::kFolderNameTaken, platform::ErrorKind::kNameTaken);
+  } else if (pair.target().is_link() && !folder.target->is_root()) {
+    Write(NoticeLine(tools_, text::kCopiesLieElsewhere, folder.target->path()));
+  }
+  return true;
+}
+
+/// Its files, and those below it, count as failed when it comes to copying them.
+void FolderWalk::RefuseTarget(const Pending& folder, FolderPair& pair, int lead_text,
+                              platform::ErrorKind why) {
+  Warn(NoticeLine(tools_, lead_text,
+                  lead_text == text::kLinkInTarget ? folder.target->path() : folder.source));
+  folder.target->Refuse({why, 0, {}});
+  pair.CloseTarget();
 }
 
 void FolderWalk::ExpectNext() {
@@ -232,8 +280,8 @@ void FolderWalk::ExpectNext() {
     if (next.is_expected) continue;
     if (!tools_.files.ExpectFolder(next.source)) return;
     next.is_expected = true;
-    if (!next.target.empty() && next.target_may_exist && next.twin_target.empty())
-      tools_.files.ExpectFolder(next.target);
+    if (next.target && next.target->is_there())
+      tools_.files.ExpectFolder(next.target->path(), next.target->links());
   }
 }
 
@@ -271,6 +319,7 @@ std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (entries[i].kind == EntryKind::kFile)
       selections[i] = unfinished_.Select(plan_.rules, pair, entries[i]);
+    if (entries[i].kind == EntryKind::kFolder) selections[i].target = pair.TargetOf(entries[i]);
   }
   return selections;
 }
@@ -300,6 +349,7 @@ void FolderWalk::ActOnFile(CopyJob job) {
     ++counts.filtered_out;
   } else if (selection.finding == Finding::kUpToDate) {
     ++counts.up_to_date;
+    if (IsCopyOperation(plan_.rules.operation)) job.folders->TakeSpelling(*job.file, *selection.target);
   } else {
     ++counts.due;
   }
@@ -322,39 +372,38 @@ void FolderWalk::PauseIfWished(const FolderCounts& counts) {
   listener_.Pause();
 }
 
-void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there) {
+void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair,
+                                const std::vector<Selection>& selections) {
   const double unit = folder.share / UnitsOf(pair);
   double end = folder.share_begin + folder.share;
-  const std::set<std::string> links = pair.TargetLinks();
   const std::vector<Entry>& entries = pair.source().entries();
-  FirstSpellings spellings;
-  for (const Entry& entry : entries) {
-    if (entry.kind == EntryKind::kFolder) spellings.Of(entry.name);
-  }
-  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-    if (entry->kind != EntryKind::kFolder) continue;
-    Pending below = Below(folder, entry->name);
+  for (std::size_t i = entries.size(); i-- > 0;) {
+    if (entries[i].kind != EntryKind::kFolder) continue;
+    const Entry* const target = selections[i].target;
+    Pending below = Below(folder, entries[i].name);
     below.with_subfolders = true;
-    MarkTwin(below, spellings);
-    below.target_may_exist = target_was_there || !below.twin_target.empty();
     below.share_begin = end - unit;
     below.share = unit;
     end -= unit;
-    const bool target_is_link = !links.empty() && links.contains(tools_.files.NameKey(entry->name));
-    if (MayBeWalked(below, target_is_link)) pending_.push_back(std::move(below));
+    Place(below, pair, entries[i], target);
+    if (MayBeWalked(below, target != nullptr && target->kind == EntryKind::kFolderLink))
+      pending_.push_back(std::move(below));
   }
 }
 
 FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& name) const {
-  Pending below{platform::JoinPath(folder.source, name), {}};
-  if (!folder.target.empty()) below.target = platform::JoinPath(folder.target, name);
+  Pending below{platform::JoinPath(folder.source, name), nullptr};
+  if (folder.target)
+    below.target = std::make_shared<TargetFolder>(platform::JoinPath(folder.target->path(), name),
+                                                  below.source, folder.target, false);
   return below;
 }
 
-void FolderWalk::MarkTwin(Pending& folder, FirstSpellings& spellings) {
-  const std::string name(platform::NameOf(folder.target));
-  const std::string& first = spellings.Of(name);
-  if (first != name) folder.twin_target = platform::JoinPath(platform::ParentOf(folder.target), first);
+/// Notes what the listing of its parent's target says of a folder's target.
+void FolderWalk::Place(Pending& folder, const FolderPair& parents, const Entry& source, const Entry* target) {
+  if (!folder.target || target == nullptr || !IsFolder(target->kind)) return;
+  folder.target->SetThere();
+  if (IsCopyOperation(plan_.rules.operation)) parents.TakeSpelling(source, *target);
 }
 
 /// The target inside the source is left out; so is a folder whose copies would land in the source.
@@ -363,7 +412,7 @@ bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
     Write(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
-  if (!folder.target.empty() && nesting_.LandsInSource(folder.target, target_is_link)) {
+  if (folder.target && nesting_.LandsInSource(folder.target->path(), target_is_link)) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }

@@ -7,7 +7,6 @@
 
 #include "app/data/setup.h"
 #include "engine/copy_pass.h"
-#include "engine/first_spellings.h"
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
 #include "engine/nesting.h"
@@ -31,8 +30,9 @@ struct WalkPlan {
 
 /// Walks over the source folder's own files, the included folders and, when wished, everything below them,
 /// folder by folder: the files of a folder come before its subfolders. Decides for each file what the
-/// operation does with it, and does it. Keeps no more of the tree than the names still to be visited, and the
-/// folder pairs whose copies are on their way; folders that come next may be listed ahead.
+/// operation does with it, and does it. Keeps no more of the tree than the names still to be visited, the
+/// identities of the target's folders (some 40 bytes each), and the folder pairs whose copies are on their
+/// way; folders that come next may be listed ahead.
 ///
 /// It decides folder by folder, and goes on while copies are on their way; what it tells the listener comes
 /// in the order of the walk all the same (see ReportOrder), and a run that is cancelled tells nothing of what
@@ -54,24 +54,24 @@ class FolderWalk {
  private:
   struct Pending {
     std::string source;
-    std::string target;  ///< empty: there is none
+    TargetFolder::Ptr target;  ///< null: there is none
     bool with_subfolders = false;
-    bool target_may_exist = true;
     double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
     double share = 0;
-    /// The target of a folder before it whose name differs only in case; mostly empty.
-    std::string twin_target = {};
     bool is_expected = false;  ///< may be listed already
   };
 
   void PushRoots();
   std::vector<Pending> IncludedFolders();
   std::optional<Pending> IncludedFolder(const std::string& name);
+  void PlaceIncluded();
+  void PlaceIncluded(const FolderPair& root, const std::vector<Selection>& selections);
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
   bool BelongsToSource(const platform::Folder& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
-  bool TargetIsItsOwn(const Pending& folder, const FolderPair& pair);
+  bool TargetIsItsOwn(const Pending& folder, FolderPair& pair);
+  void RefuseTarget(const Pending& folder, FolderPair& pair, int lead_text, platform::ErrorKind why);
   /// Lets the folders be listed that come next.
   void ExpectNext();
   void RemoveLeftovers(FolderPair& pair);
@@ -84,9 +84,11 @@ class FolderWalk {
   void ActOnFile(CopyJob job);
   void TellBegin(const std::shared_ptr<FolderCounts>& counts);
   void TellEnd(const std::shared_ptr<FolderCounts>& counts);
-  void PushSubfolders(const Pending& folder, const FolderPair& pair, bool target_was_there);
-  static void MarkTwin(Pending& folder, FirstSpellings& spellings);
+  void PushSubfolders(const Pending& folder, const FolderPair& pair,
+                      const std::vector<Selection>& selections);
   Pending Below(const Pending& folder, const std::string& name) const;
+  void Place(Pending& folder, const FolderPair& parents, const platform::Entry& source,
+             const platform::Entry* target);
   bool MayBeWalked(const Pending& folder, bool target_is_link);
   void PauseIfWished(const FolderCounts& counts);
   /// Asks the listener, too.
@@ -107,7 +109,9 @@ class FolderWalk {
   ReportOrder order_;
   UnfinishedRun unfinished_;
   CopyPass copy_pass_;
+  TargetFolder::Ptr target_;      ///< null: there is none
   std::vector<Pending> pending_;  ///< the next one at the end
+  bool is_placed_ = false;        ///< the included folders know whether their targets are there
   bool cancelled_ = false;
   bool paused_ = false;
 };

@@ -9,6 +9,7 @@ Nesting::Nesting(platform::FileSystem& files, const std::string& source, const s
       source_{platform::WithoutTrailingSeparators(source), {}, {}},
       target_{platform::WithoutTrailingSeparators(target), {}, {}} {
   if (target_.path.empty()) return;
+  source_identity_ = files.IdentityOf(source_.path);
   target_identity_ = files.IdentityOf(target_.path);
   const auto real_source = files.RealPath(source_.path);
   const auto real_target = files.RealPath(target_.path);
@@ -29,6 +30,10 @@ bool Nesting::IsTarget(const std::string& source_folder) const {
 
 bool Nesting::IsTarget(const platform::Folder& source_folder) const {
   return target_identity_ && source_folder.identity() == target_identity_;
+}
+
+bool Nesting::IsSource(const platform::Folder& target_folder) const {
+  return source_identity_ && target_folder.identity() == source_identity_;
 }
 
 bool Nesting::LandsInSource(const std::string& target_folder, bool is_link) const {

@@ -22,6 +22,9 @@ class Nesting {
   /// places.
   bool IsTarget(const platform::Folder& source_folder) const;
 
+  /// Whether an open folder of the target is the source, by whatever path.
+  bool IsSource(const platform::Folder& target_folder) const;
+
   /// Whether what is copied into a folder of the target would land in the source: it is the source, or a link
   /// that leads into it, or above it, from where the copies could come upon the source further down.
   bool LandsInSource(const std::string& target_folder, bool is_link) const;
@@ -39,7 +42,8 @@ class Nesting {
   platform::FileSystem& files_;
   Root source_;
   Root target_;
-  std::optional<platform::FolderIdentity> target_identity_;
+  std::optional<platform::Identity> source_identity_;
+  std::optional<platform::Identity> target_identity_;
 };
 
 }  // namespace engine

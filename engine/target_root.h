@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 
 #include "platform/file_system.h"
@@ -20,10 +24,25 @@ class TargetRoot {
   /// folder on which it was mounted shows in its place.
   bool IsThere() const { return !identity_ || files_.IdentityOf(path_) == identity_; }
 
+  /// Takes a folder of the target for one of the source. False when it is another's already: links and mounts
+  /// can lead to one folder under two names. A folder whose volume tells no identity is always free.
+  bool Claim(const platform::Folder& folder) {
+    const auto& identity = folder.identity();
+    if (!identity || folder.path() == path_) return true;
+    return identity != identity_ && claimed_.insert(*identity).second;
+  }
+
  private:
+  struct Hash {
+    std::size_t operator()(const platform::Identity& identity) const {
+      return std::hash<std::uint64_t>{}(identity.number ^ (identity.volume << 40));
+    }
+  };
+
   platform::FileSystem& files_;
   std::string path_;
-  std::optional<platform::FolderIdentity> identity_;
+  std::optional<platform::Identity> identity_;
+  std::unordered_set<platform::Identity, Hash> claimed_;
 };
 
 }  // namespace engine

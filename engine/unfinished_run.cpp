@@ -61,7 +61,9 @@ bool UnfinishedRun::Doubts(const std::string& copy) const {
 
 Selection UnfinishedRun::Select(const SelectionRules& rules, FolderPair& pair,
                                 const platform::Entry& file) const {
-  Candidate candidate{pair.source().path(), file, pair.TargetOf(file)};
+  const platform::Entry* const target = pair.TargetOf(file);
+  Candidate candidate{pair.source().path(), file, target};
+  candidate.is_doubted = target != nullptr && pair.IsNoCopy(file, *target);
   const Selection selection = SelectFile(rules, candidate);
   if (selection.finding != Finding::kUpToDate || !was_found()) return selection;
   candidate.is_doubted = Doubts(platform::JoinPath(pair.target_path(), candidate.target->name));
@@ -90,6 +92,8 @@ void UnfinishedRun::MoveOn() { static_cast<void>(Write()); }
 
 platform::Status UnfinishedRun::Write() {
   written_ = clock_.Monotonic();
+  // Whoever laid a link of that name, nothing is written to where it leads.
+  if (const auto old = files_.Look(path_); old && old->is_link) static_cast<void>(files_.RemoveFile(path_));
   return files_.ReplaceFile(path_, Content());
 }
 

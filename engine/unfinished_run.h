@@ -40,7 +40,8 @@ class UnfinishedRun {
   /// Whether there was one.
   bool was_found() const { return !doubted_.empty(); }
 
-  /// As SelectFile(), but a copy that an unfinished run may have left is not up to date.
+  /// As SelectFile(), but a copy that an unfinished run may have left is not up to date, nor is what is no
+  /// copy at all.
   Selection Select(const SelectionRules& rules, FolderPair& pair, const platform::Entry& file) const;
 
   /// Sets the mark, unless it was done before. To be called before anything is copied.

@@ -28,15 +28,17 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// Opens and lists a folder. Follows a link that stands at `path` itself. kNotFound, kNotAFolder,
-  /// kAccessDenied.
-  virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) = 0;
+  /// Opens and lists a folder. kNotFound, kNotAFolder, kAccessDenied; kForeignLink for a link at `path` that
+  /// is not followed. Links further up in the path are followed.
+  virtual Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path,
+                                                     FollowLinks links = FollowLinks::kAll) = 0;
 
-  /// A hint that OpenFolder(path) is called soon: the folder may be listed in the background meanwhile, up to
-  /// a second ahead. Hints may stand for many folders at a time. False when it comes too early: enough others
-  /// stand.
-  virtual bool ExpectFolder(const std::string& path) {
+  /// A hint that OpenFolder(path, links) is called soon: the folder may be listed in the background
+  /// meanwhile, up to a second ahead. Hints may stand for many folders at a time. False when it comes too
+  /// early: enough others stand.
+  virtual bool ExpectFolder(const std::string& path, FollowLinks links = FollowLinks::kAll) {
     static_cast<void>(path);
+    static_cast<void>(links);
     return true;
   }
 
@@ -46,12 +48,13 @@ class FileSystem {
   /// `path` with every link in it resolved, without "." and "..". The path must exist.
   virtual Result<std::string> RealPath(const std::string& path) = 0;
 
-  /// What stands for the folder at `path`, links followed: a folder that is mounted in two places has two
-  /// real paths. Empty when there is no folder, and on Windows, where RealPath() tells.
-  virtual std::optional<FolderIdentity> IdentityOf(const std::string& path) {
-    static_cast<void>(path);
-    return std::nullopt;
-  }
+  /// What stands for the file or folder at `path`, links followed: a folder that is mounted in two places, or
+  /// shared under two names, has two real paths. Empty when there is nothing, or its volume does not tell.
+  virtual std::optional<Identity> IdentityOf(const std::string& path) = 0;
+
+  /// Whether what stands at `path`, a link for itself, belongs to the user who runs the program, or to the
+  /// system's administrators.
+  virtual bool BelongsToUser(const std::string& path) = 0;
 
   /// What copies files from below `source` to below `target`, both folders that exist; see Copier. Must not
   /// outlive the file system.
@@ -61,8 +64,21 @@ class FileSystem {
   /// time of its copying there, whatever its modification time. A link stands for itself.
   virtual Result<FileTime> ChangedAt(const std::string& path) = 0;
 
-  /// Creates one folder whose parent exists. kAlreadyExists when anything bears the name.
-  virtual Status CreateFolder(const std::string& path) = 0;
+  /// Creates one folder whose parent exists, open to nobody who may not read or change the folder `like`, as
+  /// far as the system keeps that; its owner can always write. With an empty `like` the system's defaults
+  /// hold. kAlreadyExists when anything bears the name.
+  virtual Status CreateFolder(const std::string& path, const std::string& like = {}) = 0;
+
+  /// Creates a file that holds `content`. kAlreadyExists when anything bears the name, a link too: it is
+  /// neither opened nor followed. A failure leaves nothing.
+  virtual Status WriteNewFile(const std::string& path, const std::string& content) = 0;
+
+  /// Whether a read-only file must be made writable before a copy can take its place.
+  virtual bool ReadOnlyForbidsReplacing() const = 0;
+
+  /// Gives the file or folder `from` in `folder` the same name in another spelling, such as other letters
+  /// where the volume does not heed case. It may bear a temporary name for a moment.
+  virtual Status Respell(const std::string& folder, const std::string& from, const std::string& to) = 0;
 
   /// Removes one file or link, also one that is read-only. Not a folder.
   virtual Status RemoveFile(const std::string& path) = 0;

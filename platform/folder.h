@@ -43,13 +43,26 @@ struct Entry {
   /// As far as the listing itself tells: read-only everywhere, hidden and system where the system's listing
   /// carries them. FileSystem::GetAttributes() always tells all three.
   Attributes attributes = 0;
+  /// The file's number on its volume, that of what a link leads to; 0 where the listing does not tell.
+  /// FileSystem::Look() tells it of folders, too.
+  std::uint64_t number = 0;
+  bool is_link = false;          ///< what bears the name is a link, wherever it leads
+  bool has_other_names = false;  ///< more than one name leads to the file (hard links), where that is told
 };
 
-/// What tells a folder from all others of this computer, whichever path leads to it.
-struct FolderIdentity {
+/// What tells a file or folder from all others of this computer, whichever path leads to it.
+struct Identity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
-  bool operator==(const FolderIdentity&) const = default;
+  bool operator==(const Identity&) const = default;
+};
+
+/// Which links at the very path of a folder are followed.
+enum class FollowLinks {
+  kAll,
+  /// Those that belong to the user who runs the program, or to the system's administrators: nobody else can
+  /// have laid them.
+  kTrusted,
 };
 
 /// One folder, opened and listed once. While it lives, its files are reached through it without looking the
@@ -61,7 +74,9 @@ class Folder {
   /// The folder's content in the order in which the system yields it, without "." and "..".
   const std::vector<Entry>& entries() const { return entries_; }
   /// Empty where FileSystem::IdentityOf() is.
-  const std::optional<FolderIdentity>& identity() const { return identity_; }
+  const std::optional<Identity>& identity() const { return identity_; }
+  /// Whether a link stands at path(): the folder lies elsewhere.
+  bool is_link() const { return is_link_; }
   /// Whether another volume, or another folder of this one, is mounted at path(). Always false on Windows,
   /// where a listing has kFolderLink for that.
   bool is_mount_point() const { return is_mount_point_; }
@@ -69,7 +84,8 @@ class Folder {
  protected:
   std::string path_;
   std::vector<Entry> entries_;
-  std::optional<FolderIdentity> identity_;
+  std::optional<Identity> identity_;
+  bool is_link_ = false;
   bool is_mount_point_ = false;
 };
 

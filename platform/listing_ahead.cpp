@@ -40,10 +40,11 @@ std::size_t QuickThreads() {
 struct ListingAhead::Task {
   enum class State { kWaits, kRuns, kDone };
 
-  explicit Task(std::string its_path) : path(std::move(its_path)) {}
+  Task(std::string its_path, FollowLinks its_links) : path(std::move(its_path)), links(its_links) {}
   std::size_t names() const { return listing ? (*listing)->entries().size() : 0; }
 
   const std::string path;
+  const FollowLinks links;
   State state = State::kWaits;  ///< under the lock
   Listing listing = Error{};
   SteadyClock::time_point ended;
@@ -78,7 +79,7 @@ struct ListingAhead::Queue {
 
   void Run(Task& task) const {
     const auto begun = SteadyClock::now();
-    task.listing = lister(task.path);
+    task.listing = lister(task.path, task.links);
     task.ended = SteadyClock::now();
     task.took = task.ended - begun;
   }
@@ -101,13 +102,13 @@ ListingAhead::~ListingAhead() {
   queue_->waiting.clear();
 }
 
-bool ListingAhead::Begin(const std::string& path) {
+bool ListingAhead::Begin(const std::string& path, FollowLinks links) {
   if (last_took_ < kHandOver || queue_->names > kMostNames) return false;
   if (tasks_.size() >= kMostTasks) DropStale();
   if (tasks_.size() >= kMostTasks) return false;
   const auto [place, is_new] = tasks_.try_emplace(path);
   if (!is_new) return true;
-  place->second = std::make_shared<Task>(path);
+  place->second = std::make_shared<Task>(path, links);
   const Queue::Lock lock(queue_->mutex);
   queue_->waiting.push_back(place->second);
   if (queue_->threads < queue_->allowed) {
@@ -117,15 +118,15 @@ bool ListingAhead::Begin(const std::string& path) {
   return true;
 }
 
-ListingAhead::Listing ListingAhead::Take(const std::string& path) {
+ListingAhead::Listing ListingAhead::Take(const std::string& path, FollowLinks links) {
   std::shared_ptr<Task> task;
   if (const auto found = tasks_.find(path); found != tasks_.end()) {
     task = std::move(found->second);
     tasks_.erase(found);
     Finish(task);
   }
-  if (!task || !task->listing || SteadyClock::now() - task->ended > kFresh) {
-    task = std::make_shared<Task>(path);
+  if (!task || task->links != links || !task->listing || SteadyClock::now() - task->ended > kFresh) {
+    task = std::make_shared<Task>(path, links);
     queue_->Run(*task);
   }
   last_took_ = task->took;

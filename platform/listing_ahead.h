@@ -18,18 +18,18 @@ class ListingAhead {
  public:
   using Listing = Result<std::unique_ptr<Folder>>;
   /// Lists the folder at a path. Called from several threads at a time.
-  using Lister = std::function<Listing(const std::string& path)>;
+  using Lister = std::function<Listing(const std::string& path, FollowLinks links)>;
 
   explicit ListingAhead(Lister lister);
   ~ListingAhead();
 
   /// Begins to list `path` in the background. False, and nothing, when listings are so quick that it would
   /// not pay, or many are there that nobody has taken.
-  bool Begin(const std::string& path);
+  bool Begin(const std::string& path, FollowLinks links);
 
   /// The listing of `path`: the one begun, while it is fresh, or a new one. That a folder is missing is
   /// looked at anew in any case: the program may have made it meanwhile.
-  Listing Take(const std::string& path);
+  Listing Take(const std::string& path, FollowLinks links);
 
  private:
   struct Task;

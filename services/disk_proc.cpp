@@ -7,6 +7,8 @@ namespace DiskProc {
 namespace {
 
 constexpr const char* kProbeName = "klasdjfdskjfkjkwjkweoewiroew.txt";
+constexpr const char* kProbeContent = "A line\r\n";
+constexpr std::int64_t kLongestLeftOver = 64;
 constexpr double kKilobyte = 1024;
 constexpr double kMegabyte = 1024 * kKilobyte;
 constexpr double kGigabyte = 1024 * kMegabyte;
@@ -16,6 +18,13 @@ std::string DiskOf(const std::string& path) {
   if (platform::NativePathStyle() == platform::PathStyle::kPosix) return path;
   const std::string disk = base::LowerAscii(path.substr(0, 2));
   return disk.ends_with(':') ? platform::FolderForm(disk) : disk;
+}
+
+/// Whether an earlier probe may have left the file: a small one of the user's own that has no other name.
+bool IsLeftOver(platform::FileSystem& files, const std::string& probe) {
+  const auto entry = files.Look(probe);
+  return entry && entry->kind == platform::EntryKind::kFile && !entry->is_link && !entry->has_other_names &&
+         entry->size <= kLongestLeftOver && files.BelongsToUser(probe);
 }
 
 }  // namespace
@@ -47,9 +56,15 @@ std::string FormatDiskSize(double bytes, std::int16_t capital, const text::Numbe
 }
 
 bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, std::string& error_text) {
-  const std::string probe = platform::FolderForm(folder) + kProbeName;
-  const platform::Status written = files.WriteFile(probe, "A line\r\n");
-  const platform::Status removed = files.RemoveFile(probe);
+  std::string probe = platform::FolderForm(folder) + kProbeName;
+  if (IsLeftOver(files, probe)) static_cast<void>(files.RemoveFile(probe));
+  platform::Status written = files.WriteNewFile(probe, kProbeContent);
+  if (!written && written.error().kind == platform::ErrorKind::kAlreadyExists) {
+    // Something else bears the name; it is nobody's to touch.
+    probe = platform::FolderForm(folder) + platform::MakeTemporaryName();
+    written = files.WriteNewFile(probe, kProbeContent);
+  }
+  const platform::Status removed = written ? files.RemoveFile(probe) : written;
   error_text.clear();
   if (!written)
     error_text = written.error().text;

@@ -24,7 +24,8 @@ std::string FreeSpaceText(platform::FileSystem& files, const std::string& path,
 std::string FormatDiskSize(double bytes, std::int16_t capital, const text::NumberMarks& marks);
 
 /// Whether no file can be made and removed again in a folder; tried with a small file, which is gone
-/// afterwards. `error_text` receives the system's text for what failed, or nothing.
+/// afterwards. What else bears the file's name, a link above all, stays as it is: then the name is another
+/// one. `error_text` receives the system's text for what failed, or nothing.
 bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, std::string& error_text);
 
 }  // namespace DiskProc

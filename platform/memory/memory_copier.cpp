@@ -57,14 +57,15 @@ class MemoryDraft : public Draft {
 
   Status Publish() override {
     if (auto error = files_.Enter(Call::kPublish, target_path_)) return *error;
-    const NodePtr old = FindChild(*folder_, order_.file->name, files_.ignore_case_);
+    const NodePtr old = FindChild(*folder_, order_.file->name, files_.folding_);
     if (old && old->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
     if (old && order_.name == TargetName::kFree) return MakeError(ErrorKind::kNameTaken);
     std::vector<NodePtr>& children = folder_->children;
     files_.WillChange(folder_, file_->name);
     std::erase(children, file_);
     files_.WillChange(folder_, old ? old->name : order_.file->name);
-    file_->name = order_.file->name;
+    // A volume that takes two spellings for one keeps the first.
+    file_->name = old ? old->name : files_.StoredName(*folder_, order_.file->name);
     if (old) {
       *std::find(children.begin(), children.end(), old) = file_;
       replaced_ = old;
@@ -169,7 +170,7 @@ void MemoryFileSystem::WillChange(const NodePtr& folder, const std::string& name
   const bool is_known =
       std::any_of(names_on_disk_.begin(), names_on_disk_.end(),
                   [&](const NameOnDisk& known) { return known.folder == folder && known.name == name; });
-  if (!is_known) names_on_disk_.push_back({folder, name, FindChild(*folder, name, false)});
+  if (!is_known) names_on_disk_.push_back({folder, name, FindChild(*folder, name, nullptr)});
 }
 
 void MemoryFileSystem::FlushAll() {

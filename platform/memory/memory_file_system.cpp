@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/ascii_case.h"
 #include "platform/memory/memory_node.h"
 #include "platform/path.h"
 
@@ -13,14 +12,14 @@ namespace {
 constexpr FileTime kTimeOfWrites{1'700'000'000, 0};
 constexpr DiskSpace kUnlimited{std::uint64_t{1} << 40, std::uint64_t{1} << 41};
 
-FolderIdentity IdentityOf(const Node& node) { return {0, reinterpret_cast<std::uintptr_t>(&node)}; }
-
 class MemoryFolder : public Folder {
  public:
-  MemoryFolder(const std::string& path, const Node& node, std::vector<Entry> entries) {
+  MemoryFolder(const std::string& path, const Node& node, Identity identity, bool is_link,
+               std::vector<Entry> entries) {
     path_ = path;
+    is_link_ = is_link;
     entries_ = std::move(entries);
-    identity_ = IdentityOf(node);
+    identity_ = identity;
     is_mount_point_ = node.is_mount_point;
   }
 };
@@ -62,7 +61,7 @@ std::optional<Error> MemoryFileSystem::Enter(Call call, const std::string& path)
 }
 
 Result<NodePtr> MemoryFileSystem::Find(const std::string& path) const {
-  auto place = Walk(root_, path, LastLink::kFollow, ignore_case_);
+  auto place = Walk(root_, path, LastLink::kFollow, folding_);
   if (!place.ok()) return place.error();
   return place->node;
 }
@@ -83,11 +82,13 @@ void MemoryFileSystem::TakeSpace(std::int64_t bytes) {
 Entry MemoryFileSystem::EntryOf(const NodePtr& node, const std::string& path) const {
   Entry entry;
   entry.name = NameOf(path, PathStyle::kPosix);
+  entry.is_link = node->kind == NodeKind::kLink;
   NodePtr end = node;
   if (node->kind == NodeKind::kLink) {
     const auto followed = Find(path);
     end = followed.ok() ? *followed : nullptr;
   }
+  if (end) entry.number = IdentityOf(*end, path).number;
   if (!end) {
     entry.kind = EntryKind::kDeadLink;
   } else if (end->kind == NodeKind::kFolder) {
@@ -98,40 +99,78 @@ Entry MemoryFileSystem::EntryOf(const NodePtr& node, const std::string& path) co
     entry.size = end->size;
     entry.modified = end->modified;
     entry.attributes = end->attributes;
+    entry.has_other_names = end->has_other_places;
   }
   return entry;
 }
 
-Result<std::unique_ptr<Folder>> MemoryFileSystem::OpenFolder(const std::string& path) {
+Result<std::unique_ptr<Folder>> MemoryFileSystem::OpenFolder(const std::string& path, FollowLinks links) {
   if (auto error = Enter(Call::kOpenFolder, path)) return *error;
+  const auto first = Walk(root_, path, LastLink::kKeep, folding_);
+  const bool is_link = first && first->node->kind == NodeKind::kLink;
+  if (is_link && first->node->is_foreign && links == FollowLinks::kTrusted)
+    return MakeError(ErrorKind::kForeignLink);
   const auto node = Find(path);
   if (!node.ok()) return node.error();
   if ((*node)->kind != NodeKind::kFolder) return MakeError(ErrorKind::kNotAFolder);
   std::vector<Entry> entries;
   for (const NodePtr& child : (*node)->children) entries.push_back(EntryOf(child, Join(path, child->name)));
-  return std::unique_ptr<Folder>(std::make_unique<MemoryFolder>(path, **node, std::move(entries)));
+  return std::unique_ptr<Folder>(
+      std::make_unique<MemoryFolder>(path, **node, IdentityOf(**node, path), is_link, std::move(entries)));
 }
 
 Result<Entry> MemoryFileSystem::Look(const std::string& path) {
   if (auto error = Enter(Call::kLook, path)) return *error;
-  const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
+  const auto place = Walk(root_, path, LastLink::kKeep, folding_);
   if (!place.ok()) return place.error();
   return EntryOf(place->node, path);
 }
 
 Result<std::string> MemoryFileSystem::RealPath(const std::string& path) {
-  auto place = Walk(root_, path, LastLink::kFollow, ignore_case_);
+  auto place = Walk(root_, path, LastLink::kFollow, folding_);
   if (!place.ok()) return place.error();
   return std::move(place->path);
 }
 
-std::optional<FolderIdentity> MemoryFileSystem::IdentityOf(const std::string& path) {
+std::optional<Identity> MemoryFileSystem::IdentityOf(const std::string& path) {
   const auto node = Find(path);
-  if (!node.ok() || (*node)->kind != NodeKind::kFolder) return std::nullopt;
-  return memory::IdentityOf(**node);
+  if (!node.ok()) return std::nullopt;
+  return IdentityOf(**node, path);
 }
 
-Status MemoryFileSystem::CreateFolder(const std::string& path) {
+Identity MemoryFileSystem::IdentityOf(const Node& node, const std::string& path) const {
+  if (numbers_by_spelling_) return {1, std::hash<std::string>{}(path)};
+  return {0, reinterpret_cast<std::uintptr_t>(&node)};
+}
+
+std::string MemoryFileSystem::StoredName(const Node& folder, std::string_view name) {
+  if (folder.folding == &FoldMuch) name = name.substr(0, name.find_last_not_of('.') + 1);
+  return std::string(name);
+}
+
+bool MemoryFileSystem::BelongsToUser(const std::string& path) {
+  const auto place = Walk(root_, path, LastLink::kKeep, folding_);
+  return place && !place->node->is_foreign;
+}
+
+Status MemoryFileSystem::WriteNewFile(const std::string& path, const std::string& content) {
+  if (auto error = Enter(Call::kWriteFile, path)) return *error;
+  if (Exists(path)) return MakeError(ErrorKind::kAlreadyExists);
+  return Put(path, content);
+}
+
+Status MemoryFileSystem::Respell(const std::string& folder, const std::string& from, const std::string& to) {
+  if (auto error = Enter(Call::kRespell, Join(folder, from))) return *error;
+  const auto node = Walk(root_, Join(folder, from), LastLink::kKeep, folding_);
+  if (!node) return node.error();
+  const auto other = Walk(root_, Join(folder, to), LastLink::kKeep, folding_);
+  if (other && other->node != node->node) return MakeError(ErrorKind::kAlreadyExists);
+  const auto parent = Find(folder);
+  node->node->name = StoredName(**parent, to);
+  return Done{};
+}
+
+Status MemoryFileSystem::CreateFolder(const std::string& path, const std::string&) {
   if (auto error = Enter(Call::kCreateFolder, path)) return *error;
   if (Exists(path)) return MakeError(ErrorKind::kAlreadyExists);
   if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
@@ -145,7 +184,7 @@ Status MemoryFileSystem::CreateFolder(const std::string& path) {
 
 Status MemoryFileSystem::RemoveFile(const std::string& path) {
   if (auto error = Enter(Call::kRemoveFile, path)) return *error;
-  const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
+  const auto place = Walk(root_, path, LastLink::kKeep, folding_);
   if (!place.ok()) return place.error();
   if (place->node->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
   if (IsReadOnlyPlace(path)) return MakeError(ErrorKind::kReadOnlyMedium);
@@ -257,7 +296,7 @@ Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) 
 }
 
 std::string MemoryFileSystem::NameKey(const std::string& name) const {
-  return ignore_case_ ? base::LowerAscii(name) : name;
+  return folding_ == &FoldCase ? FoldCase(name) : name;
 }
 
 }  // namespace platform::memory

@@ -11,11 +11,9 @@
 
 #include "platform/file_system.h"
 #include "platform/grouped_copier.h"
+#include "platform/memory/memory_node.h"
 
 namespace platform::memory {
-
-struct Node;
-using NodePtr = std::shared_ptr<Node>;
 
 /// The calls of FileSystem, as a test names them when it asks what was touched or wants one to fail.
 enum class Call {
@@ -33,9 +31,10 @@ enum class Call {
   kSetAttributes,
   kSpace,
   kReadFile,
-  kWriteFile,
+  kWriteFile,  ///< or create
   kReplaceFile,
   kLock,
+  kRespell,
   kFlush,
 };
 
@@ -64,8 +63,10 @@ class MemoryFileSystem : public FileSystem {
   void AddPipe(const std::string& path);
   /// A folder on which another volume is mounted.
   void AddMountPoint(const std::string& path);
-  /// The folder once more in another one, under its own name, as by a bind mount.
+  /// The file or folder once more in another folder, under its own name, as by a hard link or a bind mount.
   void MountAgain(const std::string& folder, const std::string& in);
+  /// It belongs to another user from now on.
+  void MakeForeign(const std::string& path);
   void Remove(const std::string& path);  ///< with everything below it
 
   // --- Looking at it.
@@ -106,16 +107,24 @@ class MemoryFileSystem : public FileSystem {
   void CutPower(unsigned random);
   void PowerOn() { is_dead_ = false; }
   /// Names are compared without regard to the case of ASCII letters.
-  void IgnoreCase(bool ignore) { ignore_case_ = ignore; }
+  void IgnoreCase(bool ignore) { folding_ = ignore ? &FoldCase : nullptr; }
+  /// Names in the folder and below it are compared as on a stick (see FoldMuch()), where dots at the end are
+  /// not kept. With `numbers_by_spelling` a file has another number under each spelling of its path.
+  void FoldNames(const std::string& folder, bool numbers_by_spelling);
 
   // --- FileSystem
-  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
+  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path,
+                                             FollowLinks links = FollowLinks::kAll) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
+  std::optional<Identity> IdentityOf(const std::string& path) override;
+  bool BelongsToUser(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
   Result<FileTime> ChangedAt(const std::string& path) override;
-  Status CreateFolder(const std::string& path) override;
+  Status CreateFolder(const std::string& path, const std::string& like = {}) override;
+  Status WriteNewFile(const std::string& path, const std::string& content) override;
+  bool ReadOnlyForbidsReplacing() const override { return true; }
+  Status Respell(const std::string& folder, const std::string& from, const std::string& to) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;
@@ -150,6 +159,8 @@ class MemoryFileSystem : public FileSystem {
   /// Records the call, runs the hook and tells whether the call is to fail.
   std::optional<Error> Enter(Call call, const std::string& path);
   Result<NodePtr> Find(const std::string& path) const;
+  Identity IdentityOf(const Node& node, const std::string& path) const;
+  static std::string StoredName(const Node& folder, std::string_view name);
   Entry EntryOf(const NodePtr& node, const std::string& path) const;
   bool IsReadOnlyPlace(const std::string& path) const;
   bool HasSpaceFor(std::int64_t bytes) const;
@@ -175,7 +186,8 @@ class MemoryFileSystem : public FileSystem {
   std::set<std::string> kept_read_only_;
   std::function<void(Call, const std::string&)> before_;
   std::int64_t block_size_ = std::int64_t{256} * 1024;
-  bool ignore_case_ = false;
+  Folding folding_ = nullptr;
+  bool numbers_by_spelling_ = false;
   std::size_t group_size_ = 20;
   std::int64_t changes_ = 0;
   std::vector<NameOnDisk> names_on_disk_;

@@ -3,6 +3,7 @@
 #include <deque>
 
 #include "base/ascii_case.h"
+#include "base/utf8.h"
 
 namespace platform::memory {
 namespace {
@@ -28,15 +29,30 @@ Place PlaceOf(const std::vector<NodePtr>& trail) {
 
 }  // namespace
 
-NodePtr FindChild(const Node& folder, std::string_view name, bool ignore_case) {
+std::string FoldCase(std::string_view name) { return base::LowerAscii(name); }
+
+std::string FoldMuch(std::string_view name) {
+  std::string folded = base::utf8::ToLower(name.substr(0, name.find_last_not_of(". ") + 1));
+  constexpr std::pair<std::string_view, std::string_view> kApart[] = {{"e\u0301", "\u00E9"},
+                                                                      {"u\u0308", "\u00FC"}};
+  for (const auto& [apart, whole] : kApart) {
+    for (std::size_t at = folded.find(apart); at != std::string::npos; at = folded.find(apart))
+      folded.replace(at, apart.size(), whole);
+  }
+  return folded;
+}
+
+NodePtr FindChild(const Node& folder, std::string_view name, Folding folding) {
+  if (folding == nullptr) folding = folder.folding;
+  const std::string wanted = folding != nullptr ? folding(name) : std::string();
   for (const NodePtr& child : folder.children) {
     if (child->name == name) return child;
-    if (ignore_case && base::LowerAscii(child->name) == base::LowerAscii(name)) return child;
+    if (folding != nullptr && folding(child->name) == wanted) return child;
   }
   return nullptr;
 }
 
-Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, bool ignore_case) {
+Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, Folding folding) {
   std::vector<NodePtr> trail{root};
   std::deque<std::string> parts;
   Prepend(path, parts);
@@ -50,7 +66,7 @@ Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, bo
       if (trail.size() > 1) trail.pop_back();
       continue;
     }
-    NodePtr child = FindChild(*trail.back(), part, ignore_case);
+    NodePtr child = FindChild(*trail.back(), part, folding);
     if (!child) return MakeError(ErrorKind::kNotFound);
     if (child->kind == NodeKind::kLink && (last == LastLink::kFollow || !parts.empty())) {
       if (++links > kMaxLinks) return MakeError(ErrorKind::kOther);
@@ -86,6 +102,8 @@ Error MakeError(ErrorKind kind) {
       return {kind, 36, "File name too long"};
     case ErrorKind::kTooLarge:
       return {kind, 27, "File too large"};
+    case ErrorKind::kForeignLink:
+      return {kind, 0, {}};
     case ErrorKind::kShort:
       return {kind, 0, "The file ended early"};
     case ErrorKind::kCancelled:

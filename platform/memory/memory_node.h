@@ -16,6 +16,9 @@ using NodePtr = std::shared_ptr<Node>;
 
 enum class NodeKind { kFile, kFolder, kLink, kPipe };
 
+/// What a volume compares instead of the names themselves; null: the names.
+using Folding = std::string (*)(std::string_view name);
+
 struct Node {
   std::string name;
   NodeKind kind = NodeKind::kFile;
@@ -26,10 +29,20 @@ struct Node {
   Attributes attributes = 0;
   std::string destination;  ///< of a link: an absolute path
   bool is_mount_point = false;
-  FileTime changed = {};     ///< when it came to be or was changed last; counts on with each change
-  bool is_on_disk = true;    ///< whether a power cut leaves the content of the file
-  bool is_given_up = false;  ///< its space may hold something else by now
+  bool is_foreign = false;        ///< belongs to another user
+  bool has_other_places = false;  ///< stands in another folder, too
+  FileTime changed = {};          ///< when it came to be or was changed last; counts on with each change
+  bool is_on_disk = true;         ///< whether a power cut leaves the content of the file
+  Folding folding = nullptr;      ///< of a folder: how it compares names; new folders in it take it over
+  bool is_given_up = false;       ///< its space may hold something else by now
 };
+
+/// Without regard to the case of ASCII letters.
+std::string FoldCase(std::string_view name);
+
+/// As a stick may do it: without regard to case, to dots and blanks at the end, and to whether an accent is a
+/// character of its own (of some letters).
+std::string FoldMuch(std::string_view name);
 
 /// Whether the last part of a path is followed when it is a link.
 enum class LastLink { kFollow, kKeep };
@@ -40,11 +53,11 @@ struct Place {
   std::string path;
 };
 
-/// The child of that name, or null.
-NodePtr FindChild(const Node& folder, std::string_view name, bool ignore_case);
+/// The child of that name, or null. `folding`: of the whole file system, if any.
+NodePtr FindChild(const Node& folder, std::string_view name, Folding folding);
 
 /// Walks `path` down from `root`. kNotFound, kNotAFolder, or kOther where links lead in a circle.
-Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, bool ignore_case);
+Result<Place> Walk(const NodePtr& root, std::string_view path, LastLink last, Folding folding);
 
 /// The error of a kind with the number and text that Linux has for it.
 Error MakeError(ErrorKind kind);

@@ -9,10 +9,11 @@
 namespace platform::memory {
 namespace {
 
-NodePtr AddChild(Node& folder, std::string_view name, bool ignore_case) {
-  if (NodePtr old = FindChild(folder, name, ignore_case)) return old;
+NodePtr AddChild(Node& folder, std::string_view name, Folding folding) {
+  if (NodePtr old = FindChild(folder, name, folding)) return old;
   auto node = std::make_shared<Node>();
   node->name = name;
+  node->folding = folder.folding;
   folder.children.push_back(node);
   return node;
 }
@@ -22,12 +23,12 @@ NodePtr AddChild(Node& folder, std::string_view name, bool ignore_case) {
 NodePtr MemoryFileSystem::MakeNode(const std::string& path) {
   const std::string parent = ParentOf(path, PathStyle::kPosix);
   AddFolder(parent);
-  const auto folder = Walk(root_, parent, LastLink::kFollow, ignore_case_);
-  return AddChild(*folder->node, NameOf(path, PathStyle::kPosix), ignore_case_);
+  const auto folder = Walk(root_, parent, LastLink::kFollow, folding_);
+  return AddChild(*folder->node, StoredName(*folder->node, NameOf(path, PathStyle::kPosix)), folding_);
 }
 
 void MemoryFileSystem::AddFolder(const std::string& path) {
-  if (Walk(root_, path, LastLink::kFollow, ignore_case_).ok()) return;
+  if (Walk(root_, path, LastLink::kFollow, folding_).ok()) return;
   MakeNode(path)->kind = NodeKind::kFolder;
 }
 
@@ -52,6 +53,16 @@ void MemoryFileSystem::AddLink(const std::string& path, const std::string& desti
   node->destination = destination;
 }
 
+void MemoryFileSystem::MakeForeign(const std::string& path) {
+  Walk(root_, path, LastLink::kKeep, folding_)->node->is_foreign = true;
+}
+
+void MemoryFileSystem::FoldNames(const std::string& folder, bool numbers_by_spelling) {
+  AddFolder(folder);
+  Find(folder).value()->folding = &FoldMuch;
+  numbers_by_spelling_ = numbers_by_spelling;
+}
+
 void MemoryFileSystem::AddPipe(const std::string& path) { MakeNode(path)->kind = NodeKind::kPipe; }
 
 void MemoryFileSystem::AddMountPoint(const std::string& path) {
@@ -62,16 +73,17 @@ void MemoryFileSystem::AddMountPoint(const std::string& path) {
 void MemoryFileSystem::MountAgain(const std::string& folder, const std::string& in) {
   AddFolder(in);
   Find(in).value()->children.push_back(Find(folder).value());
+  Find(folder).value()->has_other_places = true;
 }
 
 void MemoryFileSystem::Remove(const std::string& path) {
-  const auto place = Walk(root_, path, LastLink::kKeep, ignore_case_);
-  const auto parent = Walk(root_, ParentOf(path, PathStyle::kPosix), LastLink::kFollow, ignore_case_);
+  const auto place = Walk(root_, path, LastLink::kKeep, folding_);
+  const auto parent = Walk(root_, ParentOf(path, PathStyle::kPosix), LastLink::kFollow, folding_);
   if (place.ok() && parent.ok()) std::erase(parent->node->children, place->node);
 }
 
 bool MemoryFileSystem::Exists(const std::string& path) const {
-  return Walk(root_, path, LastLink::kKeep, ignore_case_).ok();
+  return Walk(root_, path, LastLink::kKeep, folding_).ok();
 }
 
 std::string MemoryFileSystem::ContentOf(const std::string& path) const {

@@ -9,6 +9,7 @@ namespace platform::posix {
 namespace {
 
 void TakeOver(const struct stat& facts, Entry& entry) {
+  entry.number = facts.st_ino;
   if (S_ISDIR(facts.st_mode)) {
     entry.kind = EntryKind::kFolder;
   } else if (!S_ISREG(facts.st_mode)) {
@@ -17,12 +18,14 @@ void TakeOver(const struct stat& facts, Entry& entry) {
     entry.size = facts.st_size;
     entry.modified = ModifiedOf(facts);
     entry.attributes = AttributesOf(facts);
+    entry.has_other_names = facts.st_nlink > 1;
   }
 }
 
 bool LeadsNowhere(int number) { return number == ENOENT || number == ENOTDIR || number == ELOOP; }
 
 bool DescribeLink(int folder, const char* name, Entry& entry) {
+  entry.is_link = true;
   struct stat facts = {};
   if (fstatat(folder, name, &facts, 0) != 0) {
     if (!LeadsNowhere(errno)) return false;

@@ -35,7 +35,7 @@ class PosixCopyVolume : public CopyVolume {
   CopyLimits limits_;
   DraftSetting setting_;
   std::mutex mutex_;
-  std::map<std::uint64_t, VolumeKind> kinds_;  ///< by FolderIdentity::volume
+  std::map<std::uint64_t, VolumeKind> kinds_;  ///< by Identity::volume
 };
 
 }  // namespace platform::posix

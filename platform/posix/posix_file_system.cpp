@@ -12,7 +12,9 @@
 #include "platform/posix/attribute_change.h"
 #include "platform/posix/file_facts.h"
 #include "platform/posix/file_lock.h"
+#include "platform/posix/folder_change.h"
 #include "platform/posix/long_path.h"
+#include "platform/posix/owner.h"
 #include "platform/posix/physical_disk.h"
 #include "platform/posix/posix_copy_volume.h"
 #include "platform/posix/posix_error.h"
@@ -26,8 +28,8 @@ std::string NamePart(const std::string& path) { return std::string(NameOf(path, 
 
 std::string Parent(const std::string& path) { return ParentOf(path, PathStyle::kPosix); }
 
-ListingAhead::Listing List(const std::string& path) {
-  auto folder = PosixFolder::Open(path);
+ListingAhead::Listing List(const std::string& path, FollowLinks links) {
+  auto folder = PosixFolder::Open(path, links);
   if (!folder) return folder.error();
   return std::unique_ptr<Folder>(std::move(*folder));
 }
@@ -36,11 +38,13 @@ ListingAhead::Listing List(const std::string& path) {
 
 PosixFileSystem::PosixFileSystem() : listing_ahead_(List) {}
 
-Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path) {
-  return listing_ahead_.Take(path);
+Result<std::unique_ptr<Folder>> PosixFileSystem::OpenFolder(const std::string& path, FollowLinks links) {
+  return listing_ahead_.Take(path, links);
 }
 
-bool PosixFileSystem::ExpectFolder(const std::string& path) { return listing_ahead_.Begin(path); }
+bool PosixFileSystem::ExpectFolder(const std::string& path, FollowLinks links) {
+  return listing_ahead_.Begin(path, links);
+}
 
 Result<Entry> PosixFileSystem::Look(const std::string& path) {
   const auto place = Reach(path);
@@ -67,12 +71,16 @@ Result<std::string> PosixFileSystem::RealPath(const std::string& path) {
   return JoinPath(*parent, entry->name, PathStyle::kPosix);
 }
 
-std::optional<FolderIdentity> PosixFileSystem::IdentityOf(const std::string& path) {
+std::optional<Identity> PosixFileSystem::IdentityOf(const std::string& path) {
   const auto place = Reach(path);
   struct stat facts = {};
-  if (!place || fstatat(place->at(), place->rest, &facts, 0) != 0 || !S_ISDIR(facts.st_mode))
-    return std::nullopt;
-  return FolderIdentity{facts.st_dev, facts.st_ino};
+  if (!place || fstatat(place->at(), place->rest, &facts, 0) != 0) return std::nullopt;
+  return Identity{facts.st_dev, facts.st_ino};
+}
+
+bool PosixFileSystem::BelongsToUser(const std::string& path) {
+  const auto owner = OwnerOf(path);
+  return owner && owner->is_trusted;
 }
 
 std::unique_ptr<Copier> PosixFileSystem::MakeCopier(const std::string& source, const std::string& target) {
@@ -91,11 +99,16 @@ Result<FileTime> PosixFileSystem::ChangedAt(const std::string& path) {
   return (facts.stx_mask & STATX_BTIME) != 0 ? std::max(changed, born) : changed;
 }
 
-Status PosixFileSystem::CreateFolder(const std::string& path) {
-  const auto place = Reach(path);
-  if (!place) return place.error();
-  if (mkdirat(place->at(), place->rest, S_IRWXU | S_IRWXG | S_IRWXO) != 0) return LastNameError();
-  return Done{};
+Status PosixFileSystem::CreateFolder(const std::string& path, const std::string& like) {
+  return MakeFolder(path, like);
+}
+
+Status PosixFileSystem::WriteNewFile(const std::string& path, const std::string& content) {
+  return CreateWhole(path, content);
+}
+
+Status PosixFileSystem::Respell(const std::string& folder, const std::string& from, const std::string& to) {
+  return posix::Respell(folder, from, to);
 }
 
 Status PosixFileSystem::RemoveFile(const std::string& path) {

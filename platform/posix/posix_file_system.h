@@ -12,14 +12,19 @@ namespace platform::posix {
 class PosixFileSystem : public FileSystem {
  public:
   PosixFileSystem();
-  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path) override;
-  bool ExpectFolder(const std::string& path) override;
+  Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path,
+                                             FollowLinks links = FollowLinks::kAll) override;
+  bool ExpectFolder(const std::string& path, FollowLinks links = FollowLinks::kAll) override;
   Result<Entry> Look(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
-  std::optional<FolderIdentity> IdentityOf(const std::string& path) override;
+  std::optional<Identity> IdentityOf(const std::string& path) override;
+  bool BelongsToUser(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
   Result<FileTime> ChangedAt(const std::string& path) override;
-  Status CreateFolder(const std::string& path) override;
+  Status CreateFolder(const std::string& path, const std::string& like = {}) override;
+  Status WriteNewFile(const std::string& path, const std::string& content) override;
+  bool ReadOnlyForbidsReplacing() const override { return false; }
+  Status Respell(const std::string& folder, const std::string& from, const std::string& to) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;

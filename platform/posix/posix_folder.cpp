@@ -9,6 +9,7 @@
 
 #include "platform/posix/file_facts.h"
 #include "platform/posix/long_path.h"
+#include "platform/posix/owner.h"
 #include "platform/posix/posix_error.h"
 
 namespace platform::posix {
@@ -20,27 +21,38 @@ constexpr std::size_t kEntriesSize = std::size_t{32} * 1024;
 // A record with a name of some 12 letters; only used to reserve room.
 constexpr std::size_t kUsualRecord = 32;
 
+Error ForeignLinkError() { return {ErrorKind::kForeignLink, 0, {}}; }
+
 bool IsDots(std::string_view name) { return name == "." || name == ".."; }
 
 }  // namespace
 
-Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path) {
-  auto handle = OpenPath(path, O_RDONLY | O_DIRECTORY);
+Result<std::unique_ptr<PosixFolder>> PosixFolder::Open(const std::string& path, FollowLinks links) {
+  constexpr int kFolder = O_RDONLY | O_DIRECTORY;
+  auto handle = OpenPath(path, links == FollowLinks::kAll ? kFolder : kFolder | O_NOFOLLOW);
+  bool is_link = false;
+  if (!handle && links == FollowLinks::kTrusted && handle.error().kind == ErrorKind::kNotAFolder) {
+    const auto owner = OwnerOf(path);
+    is_link = owner && owner->is_link;
+    if (is_link && !owner->is_trusted) return ForeignLinkError();
+    if (is_link) handle = OpenPath(path, kFolder);
+  }
   if (!handle) return handle.error();
-  std::unique_ptr<PosixFolder> folder(new PosixFolder(path, std::move(*handle)));
+  std::unique_ptr<PosixFolder> folder(new PosixFolder(path, std::move(*handle), is_link));
   folder->Identify();
   if (const Status listed = folder->List(); !listed) return listed.error();
   return folder;
 }
 
-PosixFolder::PosixFolder(std::string path, FileDescriptor handle) : handle_(std::move(handle)) {
+PosixFolder::PosixFolder(std::string path, FileDescriptor handle, bool is_link) : handle_(std::move(handle)) {
   path_ = std::move(path);
+  is_link_ = is_link;
 }
 
 void PosixFolder::Identify() {
   struct statx facts = {};
   if (statx(handle(), "", AT_EMPTY_PATH, STATX_INO, &facts) != 0) return;
-  identity_ = FolderIdentity{makedev(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
+  identity_ = platform::Identity{makedev(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
   is_mount_point_ = (facts.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 

@@ -11,13 +11,13 @@ namespace platform::posix {
 /// An open folder and its listing.
 class PosixFolder : public Folder {
  public:
-  /// Opens and lists the folder at `path`.
-  static Result<std::unique_ptr<PosixFolder>> Open(const std::string& path);
+  /// Opens and lists the folder at `path`; see FileSystem::OpenFolder().
+  static Result<std::unique_ptr<PosixFolder>> Open(const std::string& path, FollowLinks links);
 
   int handle() const { return handle_.get(); }
 
  private:
-  PosixFolder(std::string path, FileDescriptor handle);
+  PosixFolder(std::string path, FileDescriptor handle, bool is_link);
   void Identify();
   Status List();
   void Take(const char* block, std::size_t length);

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <mutex>
 
 #include "platform/file_system.h"
 #include "platform/posix/posix_error.h"
@@ -47,11 +48,15 @@ bool TemporaryFile::Rename(const char* name, TargetName listed) const {
   if (listed == TargetName::kFree) {
     if (renameat2(folder_, temporary_.c_str(), folder_, name, RENAME_NOREPLACE) == 0) return true;
     if (errno != EINVAL && errno != ENOSYS) return false;
-    // The volume knows no such renaming.
+    // The volume knows no such renaming. Of two copies of this program whose names the volume takes for one,
+    // the second is to see the first.
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
     if (faccessat(folder_, name, F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
       errno = EEXIST;
       return false;
     }
+    return renameat(folder_, temporary_.c_str(), folder_, name) == 0;
   }
   return renameat(folder_, temporary_.c_str(), folder_, name) == 0;
 }

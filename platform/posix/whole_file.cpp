@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -50,12 +51,28 @@ Result<std::string> ReadWhole(const std::string& path, std::int64_t limit) {
   }
 }
 
+namespace {
+
+Status WriteAndClose(FileDescriptor& file, const std::string& content) {
+  if (Status written = WriteAll(file.get(), content); !written) return written;
+  if (close(file.Release()) != 0 && errno != EINTR) return LastError();
+  return Done{};
+}
+
+}  // namespace
+
+Status CreateWhole(const std::string& path, const std::string& content) {
+  auto file = OpenPath(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, kNewFile);
+  if (!file) return file.error();
+  const Status written = WriteAndClose(*file, content);
+  if (const auto place = Reach(path); !written && place) unlinkat(place->at(), place->rest, 0);
+  return written;
+}
+
 Status WriteWhole(const std::string& path, const std::string& content) {
   auto file = OpenPath(path, O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK, kNewFile);
   if (!file) return file.error();
-  if (Status written = WriteAll(file->get(), content); !written) return written;
-  if (close(file->Release()) != 0 && errno != EINTR) return LastError();
-  return Done{};
+  return WriteAndClose(*file, content);
 }
 
 Status ReplaceWhole(const std::string& path, const std::string& content) {

@@ -6,6 +6,7 @@
 namespace platform::posix {
 
 Result<std::string> ReadWhole(const std::string& path, std::int64_t limit);
+Status CreateWhole(const std::string& path, const std::string& content);
 Status WriteWhole(const std::string& path, const std::string& content);
 Status ReplaceWhole(const std::string& path, const std::string& content);
 

@@ -22,18 +22,40 @@ Result<std::string> ReadContent(const std::wstring& long_path, std::int64_t limi
   }
 }
 
-Status WriteContent(const std::wstring& long_path, const std::string& content) {
-  // CREATE_ALWAYS would refuse an existing file that is hidden or a system file.
-  const FileHandle file(::CreateFileW(long_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return FileError(long_path, ::GetLastError());
-  if (!::SetEndOfFile(file.get())) return LastError();
+namespace {
+
+FileHandle OpenForWriting(const std::wstring& long_path, DWORD which, DWORD flags) {
+  return FileHandle(::CreateFileW(long_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, which,
+                                  FILE_ATTRIBUTE_NORMAL | flags, nullptr));
+}
+
+Status WriteAll(const FileHandle& file, const std::string& content) {
   DWORD written = 0;
   if (!::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr)) {
     return LastError();
   }
   if (written != content.size()) return SystemError(ERROR_DISK_FULL);
   return Done{};
+}
+
+}  // namespace
+
+Status WriteNewContent(const std::wstring& long_path, const std::string& content) {
+  // Without the flag a link that leads nowhere would be followed to where a file can be made.
+  FileHandle file = OpenForWriting(long_path, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
+  if (!file) return LastError();
+  Status written = WriteAll(file, content);
+  file.Close();
+  if (!written) ::DeleteFileW(long_path.c_str());
+  return written;
+}
+
+Status WriteContent(const std::wstring& long_path, const std::string& content) {
+  // CREATE_ALWAYS would refuse an existing file that is hidden or a system file.
+  const FileHandle file = OpenForWriting(long_path, OPEN_ALWAYS, 0);
+  if (!file) return FileError(long_path, ::GetLastError());
+  if (!::SetEndOfFile(file.get())) return LastError();
+  return WriteAll(file, content);
 }
 
 }  // namespace platform::windows

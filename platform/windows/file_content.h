@@ -10,6 +10,8 @@ namespace platform::windows {
 
 Result<std::string> ReadContent(const std::wstring& long_path, std::int64_t limit);
 
+/// See FileSystem::WriteNewFile().
+Status WriteNewContent(const std::wstring& long_path, const std::string& content);
 Status WriteContent(const std::wstring& long_path, const std::string& content);
 
 }  // namespace platform::windows

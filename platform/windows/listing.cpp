@@ -82,7 +82,8 @@ Entry EntryOf(const WIN32_FIND_DATAW& found, const std::wstring& folder) {
   Entry entry;
   entry.name = Narrow(found.cFileName);
   entry.attributes = found.dwFileAttributes & kKnownAttributes;
-  if (IsLink(found)) {
+  entry.is_link = IsLink(found);
+  if (entry.is_link) {
     FollowLink(entry, found, folder + found.cFileName);
   } else if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     entry.kind = EntryKind::kFolder;
@@ -95,7 +96,7 @@ Entry EntryOf(const WIN32_FIND_DATAW& found, const std::wstring& folder) {
   return entry;
 }
 
-Result<std::vector<Entry>> ListFolder(const std::wstring& folder) {
+Result<std::vector<Entry>> SearchFolder(const std::wstring& folder) {
   std::vector<Entry> entries;
   WIN32_FIND_DATAW found;
   const SearchHandle search(::FindFirstFileExW((folder + L'*').c_str(), FindExInfoBasic, &found,

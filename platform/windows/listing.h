@@ -17,7 +17,7 @@ inline constexpr Attributes kKnownAttributes = kReadOnly | kHidden | kSystem;
 /// compactly are reparse points too, but ordinary files to everybody.
 Entry EntryOf(const WIN32_FIND_DATAW& found, const std::wstring& folder);
 
-/// Everything in a folder, whose long form ends in a separator.
-Result<std::vector<Entry>> ListFolder(const std::wstring& folder);
+/// Everything in a folder, whose long form ends in a separator. A link at the folder itself is followed.
+Result<std::vector<Entry>> SearchFolder(const std::wstring& folder);
 
 }  // namespace platform::windows

@@ -10,8 +10,8 @@ FileHandle OpenForAttributes(const std::wstring& long_path, DWORD access) {
                                   FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-FileHandle OpenLinkForAttributes(const std::wstring& long_path) {
-  return FileHandle(::CreateFileW(long_path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+FileHandle OpenLinkForAttributes(const std::wstring& long_path, DWORD access) {
+  return FileHandle(::CreateFileW(long_path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
@@ -24,6 +24,16 @@ std::wstring FinalPath(const FileHandle& file, DWORD flags) {
     path.resize(length);
     if (fits) return path;
   }
+}
+
+std::uint64_t NumberOf(const BY_HANDLE_FILE_INFORMATION& info) {
+  return (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow;
+}
+
+std::optional<Identity> IdentityOf(const FileHandle& file) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  if (!::GetFileInformationByHandle(file.get(), &info) || NumberOf(info) == 0) return std::nullopt;
+  return Identity{info.dwVolumeSerialNumber, NumberOf(info)};
 }
 
 Result<FILE_BASIC_INFO> BasicInfo(const FileHandle& file) {

@@ -7,10 +7,12 @@
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_lock.h"
 #include "platform/windows/flushing.h"
+#include "platform/windows/folder_listing.h"
 #include "platform/windows/listing.h"
 #include "platform/windows/long_path.h"
 #include "platform/windows/name_key.h"
 #include "platform/windows/open_file.h"
+#include "platform/windows/owner.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/temporary_file.h"
 #include "platform/windows/volume.h"
@@ -50,6 +52,14 @@ bool IsFolderLink(const std::wstring& path) {
          IsReparseTagNameSurrogate(found.dwReserved0);
 }
 
+/// What only the open file tells.
+void LookCloser(Entry& entry, const FileHandle& file) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  if (!file || !::GetFileInformationByHandle(file.get(), &info)) return;
+  entry.number = NumberOf(info);
+  entry.has_other_names = entry.kind == EntryKind::kFile && info.nNumberOfLinks > 1;
+}
+
 Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   ULARGE_INTEGER free{};
   ULARGE_INTEGER total{};
@@ -58,23 +68,25 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   return DiskSpace{free.QuadPart, total.QuadPart};
 }
 
-ListingAhead::Listing List(const std::string& path) {
+ListingAhead::Listing List(const std::string& path, FollowLinks links) {
   std::wstring long_path = LongFolder(path);
-  auto entries = ListFolder(long_path);
-  if (!entries) return entries.error();
+  auto listing = ListFolder(long_path, links);
+  if (!listing) return listing.error();
   return std::unique_ptr<Folder>(
-      std::make_unique<WindowsFolder>(path, std::move(long_path), std::move(*entries)));
+      std::make_unique<WindowsFolder>(path, std::move(long_path), std::move(*listing)));
 }
 
 }  // namespace
 
 WindowsFileSystem::WindowsFileSystem() : listing_ahead_(List) {}
 
-Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path) {
-  return listing_ahead_.Take(path);
+Result<std::unique_ptr<Folder>> WindowsFileSystem::OpenFolder(const std::string& path, FollowLinks links) {
+  return listing_ahead_.Take(path, links);
 }
 
-bool WindowsFileSystem::ExpectFolder(const std::string& path) { return listing_ahead_.Begin(path); }
+bool WindowsFileSystem::ExpectFolder(const std::string& path, FollowLinks links) {
+  return listing_ahead_.Begin(path, links);
+}
 
 Result<Entry> WindowsFileSystem::Look(const std::string& path) {
   const std::wstring long_path = LongPath(path);
@@ -84,7 +96,11 @@ Result<Entry> WindowsFileSystem::Look(const std::string& path) {
   WIN32_FIND_DATAW found;
   const SearchHandle search(
       ::FindFirstFileExW(long_path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0));
-  if (search) return EntryOf(found, long_path.substr(0, long_path.rfind(L'\\') + 1));
+  if (search) {
+    Entry entry = EntryOf(found, long_path.substr(0, long_path.rfind(L'\\') + 1));
+    LookCloser(entry, OpenForAttributes(long_path));
+    return entry;
+  }
   // No search finds the root of a volume, nor what lies in a folder that the user may not list.
   Entry entry = EntryOf(*known, {});
   entry.name = NameOf(path);
@@ -103,6 +119,13 @@ Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
   return PlainPath(name);
 }
 
+std::optional<Identity> WindowsFileSystem::IdentityOf(const std::string& path) {
+  const FileHandle file = OpenForAttributes(LongPath(path));
+  return file ? windows::IdentityOf(file) : std::nullopt;
+}
+
+bool WindowsFileSystem::BelongsToUser(const std::string& path) { return IsTrusted(LongPath(path)); }
+
 std::unique_ptr<Copier> WindowsFileSystem::MakeCopier(const std::string& source, const std::string& target) {
   return std::make_unique<GroupedCopier>(std::make_shared<WindowsCopyVolume>(source, target), copy_threads_);
 }
@@ -116,8 +139,18 @@ Result<FileTime> WindowsFileSystem::ChangedAt(const std::string& path) {
   return FromTicks(std::max(info->ChangeTime.QuadPart, info->CreationTime.QuadPart));
 }
 
-Status WindowsFileSystem::CreateFolder(const std::string& path) {
+Status WindowsFileSystem::CreateFolder(const std::string& path, const std::string&) {
   return StatusOf(::CreateDirectoryW(LongPath(path).c_str(), nullptr));
+}
+
+Status WindowsFileSystem::WriteNewFile(const std::string& path, const std::string& content) {
+  return WriteNewContent(LongPath(path), content);
+}
+
+/// The system sees the change and makes it in one step.
+Status WindowsFileSystem::Respell(const std::string& folder, const std::string& from, const std::string& to) {
+  const std::wstring place = LongFolder(folder);
+  return StatusOf(::MoveFileExW((place + Widen(from)).c_str(), (place + Widen(to)).c_str(), 0));
 }
 
 Status WindowsFileSystem::RemoveFile(const std::string& path) {

@@ -2,10 +2,9 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/file_system.h"
-#include "platform/windows/long_path.h"
+#include "platform/windows/folder_listing.h"
 
 namespace platform::windows {
 
@@ -13,10 +12,12 @@ namespace platform::windows {
 /// handle: an open folder could not be renamed or removed by others on Windows.
 class WindowsFolder : public Folder {
  public:
-  WindowsFolder(std::string path, std::wstring long_path, std::vector<Entry> entries)
+  WindowsFolder(std::string path, std::wstring long_path, FolderListing listing)
       : long_path_(std::move(long_path)) {
     path_ = std::move(path);
-    entries_ = std::move(entries);
+    entries_ = std::move(listing.entries);
+    identity_ = listing.identity;
+    is_link_ = listing.is_link;
   }
 
   /// Ends in a separator.

@@ -43,8 +43,8 @@ TEST_F(View, ShowsAHelpThatExplainsEveryMessageAboutAFile) {
   std::istringstream file{std::string(text::EnglishHelp())};
   std::string help;
   for (std::string word; file >> word;) help += word + " ";
-  for (int number = 501; number < 540; ++number) {
-    const std::string text = Text(number);
+  for (int number = 501; number < 564; ++number) {
+    const std::string text = number < 540 || number >= 560 ? Text(number) : std::string();
     const std::string sentence = text.substr(0, text.find(". "));
     EXPECT_TRUE(number == text::kTitleSameFolder || help.find(sentence) != std::string::npos) << text;
   }

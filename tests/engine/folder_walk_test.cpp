@@ -90,27 +90,74 @@ TEST(FolderWalk, AFolderIsKnownByEveryPathThatMountsGiveIt) {
   EXPECT_TRUE(in_target.Wrote("Would overwrite: /src/in|"));
 }
 
-TEST(FolderWalk, TwoFoldersThatTheTargetTakesForOneDoNotMix) {
-  Scene scene({"/src/Docs/a=upper", "/src/docs/a=lower!", "/src/Docs/In/b=upper", "/src/Docs/in/b=lower!",
-               "/dst/docs>/dst/Docs", "/dst/Docs/in>/dst/Docs/In"},
-              {"Docs", "docs"});
-  EXPECT_EQ(scene.BackUp(), "new 2, copied 2, unread 2");
-  EXPECT_EQ(tree::Below(scene.files, "/dst/Docs"), "In/b=upper a=upper in=");
-  EXPECT_TRUE(scene.Wrote("Same name: /src/docs|") && scene.Wrote("Same name: /src/Docs/in|"));
+TEST(FolderWalk, NoObjectOfTheTargetReceivesTwoSourcesWhateverRuleTheTargetFoldsNamesBy) {
+  for (const bool numbers_by_spelling : {false, true}) {
+    Scene scene({"/src/Docs/a=upper", "/src/docs/a=lower!", "/src/Docs/In/b=upper", "/src/Docs/in/b=lower!",
+                 "/src/\u1EC6.txt=one", "/src/\u1EC7.txt=two", "/src/d/x=plain", "/src/d./x=dotted",
+                 "/src/d/e\u0301=apart", "/src/d/\u00E9=whole"},
+                {"Docs", "docs", "d", "d."});
+    scene.files.FoldNames("/dst", numbers_by_spelling);
+    EXPECT_EQ(scene.BackUp(), "new 10, copied 5, failed 5") << scene.lines;
+    const std::string copies = "Docs/In/b=upper Docs/a=upper d/e\u0301=apart d/x=plain \u1EC6.txt=one";
+    EXPECT_EQ(scene.Copies(), copies);
+    EXPECT_TRUE(scene.Wrote("Not copied: /src/docs/a. Folder name taken.") &&
+                scene.Wrote("Not copied: /src/\u1EC7.txt. Name taken."));
+    EXPECT_EQ(scene.BackUp(), "new 5, up to date 5, failed 5") << scene.lines;
+    EXPECT_EQ(scene.Copies(), copies);
+  }
+}
+
+TEST(FolderWalk, WhatTheTargetSpellsInAnotherWayIsTheCopyAndTakesTheNewCase) {
+  for (const bool numbers_by_spelling : {false, true}) {
+    Scene scene({"/src/in/A.txt", "/src/in/B.txt=new", "/src/in/only.=dots", "/src/in/Sub/c", "/dst/in/a.txt",
+                 "/dst/in/b.txt=old!", "/dst/in/only=dots", "/dst/in/gone", "/dst/in/sub/c"},
+                {"in"});
+    scene.files.FoldNames("/dst", false);
+    scene.files.FoldNames("/dst/in", numbers_by_spelling);
+    scene.files.FoldNames("/dst/in/sub", numbers_by_spelling);
+    EXPECT_EQ(scene.Check(), "modified 1, up to date 3, due 1") << scene.lines;
+    EXPECT_EQ(scene.BackUp(), "modified 1, copied 1, up to date 3") << scene.lines;
+    EXPECT_EQ(scene.Copies(), "in/A.txt=1 in/B.txt=new in/Sub/c=1 in/gone=1 in/only=dots");
+    EXPECT_EQ(scene.BackUp(), "up to date 4");
+  }
+}
+
+TEST(FolderWalk, TwoLinksOfTheTargetToOneFolderDoNotMix) {
+  Scene scene({"/src/a/x=first", "/src/b/x=second", "/else/", "/dst/a>/else", "/dst/b>/else"}, {"a", "b"});
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1, warnings 1");
+  EXPECT_EQ(scene.files.ContentOf("/else/x"), "first");
+  EXPECT_TRUE(scene.Wrote("Elsewhere: /dst/a|") && scene.Wrote("Same name: /src/b|"));
+}
+
+TEST(FolderWalk, ALinkThatAnotherUserLaidInTheTargetIsNotFollowed) {
+  Scene scene({"/src/in/below/x=new", "/src/in/y=new", "/else/below/x=kept", "/else/y=kept", "/dst/in>/else"},
+              {"in"});
+  scene.files.MakeForeign("/dst/in");
+  EXPECT_EQ(scene.BackUp(), "new 2, failed 2, warnings 1");
+  EXPECT_EQ(tree::Below(scene.files, "/else"), "below/x=kept y=kept");
+  EXPECT_TRUE(scene.Wrote("Foreign: /dst/in|") && scene.Wrote("/src/in/below/x. Foreign link."));
+}
+
+TEST(FolderWalk, NeitherALinkNorTheSourcesOwnFileIsACopy) {
+  Scene scene({"/src/a", "/src/b", "/other", "/dst/a>/other"});
+  scene.files.MountAgain("/src/b", "/dst");
+  EXPECT_EQ(scene.BackUp(), "modified 2, copied 2");
+  EXPECT_EQ(scene.BackUp(), "up to date 2");
+  scene.files.AddFile("/src/b", "changed");
+  EXPECT_EQ(scene.Copies(), "a=1 b=1");
 }
 
 TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnewNorTakenForAnotherFolder) {
   for (const bool bare_mount_point : {false, true}) {
-    Scene scene({"/src/in/a", "/src/next/b"}, {"in", "next"});
-    scene.files.Before([&](platform::memory::Call call, const std::string& path) {
-      if (path != "/dst/in" || call != platform::memory::Call::kOpenFolder) return;
+    Scene scene({"/src/in/a", "/src/next/b", "/dst/next/"}, {"in", "next"});
+    scene.files.Before([&](Call call, const std::string& path) {
+      if (path != "/src/in" || call != Call::kOpenFolder || scene.visited.empty()) return;
       scene.files.MountAgain("/dst", "/elsewhere");
       scene.files.Remove("/dst");
       if (bare_mount_point) scene.files.AddFolder("/dst");
     });
-    EXPECT_EQ(scene.BackUp(), "new 1, failed 1, unread 1");
-    EXPECT_TRUE(scene.Wrote("Not copied: /src/in/a. Target gone.") &&
-                scene.Wrote("Not read: /dst/next. Target gone."));
+    scene.BackUp();
+    EXPECT_TRUE(scene.Wrote("Not read: /dst/next. Target gone."));
     EXPECT_EQ(scene.Copies(), "");
   }
 }

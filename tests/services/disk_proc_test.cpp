@@ -32,6 +32,12 @@ TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
   EXPECT_FALSE(IsWriteProtected(files, "/t", error));
   EXPECT_EQ(error, "");
   EXPECT_FALSE(files.Exists(probe));
+  files.AddFile("/kept", "kept");
+  files.AddLink(probe, "/kept");
+  EXPECT_FALSE(IsWriteProtected(files, "/t", error)) << "somebody's link";
+  EXPECT_EQ(files.ContentOf("/kept"), "kept");
+  EXPECT_EQ(files.NamesIn("/t").size(), 1U);
+  files.Remove(probe);
   files.Fail(platform::memory::Call::kRemoveFile, probe, {platform::ErrorKind::kOther, 5, "stays"});
   EXPECT_TRUE(IsWriteProtected(files, "/t/", error));
   EXPECT_EQ(error, "stays");

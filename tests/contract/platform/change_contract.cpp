@@ -38,6 +38,44 @@ TEST_P(FileSystemContract, AFileIsReadUpToTheLimitAndNotBeyond) {
   EXPECT_EQ(files().ReadFile(At("from/file"), 4).error().kind, ErrorKind::kTooLarge);
 }
 
+TEST_P(FileSystemContract, ANewFileIsMadeOnlyWhereNothingBearsTheName) {
+  ASSERT_TRUE(files().WriteNewFile(At("to/new"), "new"));
+  EXPECT_EQ(ContentOf("to/new"), "new");
+  AddFile("from/file", "kept");
+  const bool links = scene_->MakeLink(At("to/link"), At("from/file")) && EntryAt("to/link").is_link &&
+                     scene_->MakeLink(At("to/dead"), At("from/none"));
+  for (const char* name : {"to/new", "to/link", "to/dead", "from"}) {
+    if (!links && name[3] != 'n' && name[0] == 't') continue;
+    EXPECT_EQ(files().WriteNewFile(At(name), "x").error().kind, ErrorKind::kAlreadyExists) << name;
+  }
+  EXPECT_EQ(ContentOf("to/new") + ContentOf("from/file"), "newkept");
+  EXPECT_EQ(NamesIn("from"), Names{"file"});
+}
+
+TEST_P(FileSystemContract, AReadOnlyFileIsReplacedWithoutTouchingWhatElseBearsAnotherNameOfIt) {
+  if (files().ReadOnlyForbidsReplacing()) GTEST_SKIP() << "a read-only file must be made writable here";
+  AddFile("from/file", "new");
+  AddFile("to/file", "old");
+  if (!scene_->MakeHardLink(At("other"), At("to/file"))) GTEST_SKIP() << "hard links cannot be made here";
+  ASSERT_TRUE(files().SetAttributes(At("other"), kReadOnly));
+  EXPECT_TRUE(EntryAt("other").has_other_names);
+  EXPECT_EQ(files().IdentityOf(At("other")), files().IdentityOf(At("to/file")));
+  ASSERT_TRUE(Copy("file"));
+  EXPECT_EQ(ContentOf("to/file") + ContentOf("other"), "newold");
+  EXPECT_EQ(*files().GetAttributes(At("other")), kReadOnly);
+}
+
+TEST_P(FileSystemContract, ANameTakesAnotherSpellingAndNeverThePlaceOfAnother) {
+  AddFile("to/name", "it");
+  AddFile("to/other", "another");
+  AddFolder("to/folder");
+  EXPECT_FALSE(files().Respell(At("to"), "name", "other"));
+  ASSERT_TRUE(files().Respell(At("to"), "name", "NAME"));
+  ASSERT_TRUE(files().Respell(At("to"), "folder", "Folder"));
+  EXPECT_EQ(NamesIn("to"), (Names{"Folder", "NAME", "other"}));
+  EXPECT_EQ(ContentOf("to/NAME") + ContentOf("to/other"), "itanother");
+}
+
 TEST_P(FileSystemContract, WrittenAndReplacedFilesHoldTheNewContentAlone) {
   AddFile("from/file", "a longer old content");
   ASSERT_TRUE(files().WriteFile(At("from/file"), "short"));

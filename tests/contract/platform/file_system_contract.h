@@ -27,6 +27,9 @@ class Scene {
   virtual std::string root() const = 0;
   virtual void SetModified(const std::string& path, FileTime modified) = 0;
   virtual bool MakeLink(const std::string& path, const std::string& destination) = 0;
+  /// Gives something, a link for itself, to another user, or to the one who runs the tests.
+  virtual bool GiveTo(const std::string& /*path*/, bool /*another*/) { return false; }
+  virtual bool MakeHardLink(const std::string& /*path*/, const std::string& /*file*/) { return false; }
   virtual bool MakePipe(const std::string& /*path*/) { return false; }
   virtual bool ForbidReading(const std::string& /*file*/) { return false; }
   virtual bool ForbidChanges(const std::string& /*folder*/) { return false; }

@@ -141,4 +141,32 @@ TEST_P(FileSystemContract, TheVolumeIsKnownForAFolderThatIsStillToBeMade) {
   EXPECT_FALSE(files().Space(At("none/new")));
 }
 
+TEST_P(FileSystemContract, OnlyTrustedLinksToFoldersAreFollowedWhereThatIsAsked) {
+  AddFile("from/file", "x");
+  if (!scene_->MakeLink(At("link"), At("from")) || !EntryAt("link").is_link)
+    GTEST_SKIP() << "links cannot be made here";
+  for (const bool another : {false, true}) {
+    if (!scene_->GiveTo(At("link"), another)) GTEST_SKIP() << "a link cannot be given to another user here";
+    EXPECT_EQ(files().BelongsToUser(At("link")), !another);
+    const auto opened = files().OpenFolder(At("link"), FollowLinks::kTrusted);
+    ASSERT_EQ(opened.ok(), !another);
+    EXPECT_TRUE(opened ? (*opened)->is_link() : opened.error().kind == ErrorKind::kForeignLink);
+    EXPECT_TRUE(files().OpenFolder(At("link")));
+  }
+  EXPECT_FALSE(Must(files().OpenFolder(At("from"), FollowLinks::kTrusted))->is_link());
+}
+
+TEST_P(FileSystemContract, WhatBearsTwoNamesHasOneIdentity) {
+  AddFile("from/file", "x");
+  AddFile("from/other", "x");
+  EXPECT_EQ(files().IdentityOf(At("from")), Open("from")->identity());
+  EXPECT_TRUE(files().IdentityOf(At("from/file")) && Open("from")->identity());
+  EXPECT_NE(files().IdentityOf(At("from/file")), files().IdentityOf(At("from/other")));
+  EXPECT_NE(files().IdentityOf(At("from")), files().IdentityOf(At("to")));
+  if (!scene_->MakeHardLink(At("to/file"), At("from/file"))) GTEST_SKIP() << "hard links cannot be made here";
+  EXPECT_EQ(files().IdentityOf(At("from/file")), files().IdentityOf(At("to/file")));
+  EXPECT_EQ(Named(*Open("from"), "file").number, Named(*Open("to"), "file").number);
+  EXPECT_EQ(Named(*Open("from"), "file").number, EntryAt("to/file").number);
+}
+
 }  // namespace platform::contract

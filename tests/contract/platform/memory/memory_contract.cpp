@@ -23,6 +23,10 @@ class MemoryScene : public Scene {
     files_.AddLink(path, destination);
     return true;
   }
+  bool GiveTo(const std::string& path, bool another) override {
+    if (another) files_.MakeForeign(path);
+    return true;
+  }
   bool MakePipe(const std::string& path) override {
     files_.AddPipe(path);
     return true;

@@ -29,6 +29,12 @@ class PosixScene : public Scene {
   bool MakeLink(const std::string& path, const std::string& destination) override {
     return symlink(destination.c_str(), path.c_str()) == 0;
   }
+  bool GiveTo(const std::string& path, bool another) override {
+    return scratch_.GiveTo(path, another ? 65'533 : geteuid());
+  }
+  bool MakeHardLink(const std::string& path, const std::string& file) override {
+    return link(file.c_str(), path.c_str()) == 0;
+  }
   bool MakePipe(const std::string& path) override { return mkfifo(path.c_str(), S_IRWXU) == 0; }
   bool ForbidReading(const std::string& file) override { return chmod(file.c_str(), 0) == 0; }
   bool ForbidChanges(const std::string& folder) override {
@@ -88,6 +94,17 @@ TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
     ASSERT_TRUE(Copy("file"));
     EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  }
+  umask(old_mask);
+}
+
+TEST_F(PosixFiles, ANewFolderHasThePermissionsOfItsSourceAndItsOwnerCanWrite) {
+  const mode_t old_mask = umask(022);
+  for (const auto& [source, expected] : {std::pair(0700u, 0700u), {0775u, 0775u}, {0555u, 0755u}}) {
+    ASSERT_EQ(chmod(At("from").c_str(), source), 0);
+    ASSERT_TRUE(files().CreateFolder(At("to/new"), At("from")));
+    EXPECT_EQ(std::filesystem::status(At("to/new")).permissions(), std::filesystem::perms{expected});
+    rmdir(At("to/new").c_str());
   }
   umask(old_mask);
 }

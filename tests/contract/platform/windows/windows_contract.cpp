@@ -34,6 +34,9 @@ class WindowsScene : public Scene {
     ::CreateSymbolicLinkW(link.c_str(), aim.c_str(), kind | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE);
     return ::GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
   }
+  bool MakeHardLink(const std::string& path, const std::string& file) override {
+    return ::CreateHardLinkW(windows::LongPath(path).c_str(), windows::LongPath(file).c_str(), nullptr);
+  }
 
  private:
   TemporaryFolder folder_;

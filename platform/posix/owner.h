@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "platform/result.h"
+
+namespace platform::posix {
+
+/// To whom something belongs, a link for itself.
+struct Owner {
+  bool is_trusted = false;  ///< the user who runs the program, or root
+  bool is_link = false;
+};
+
+Result<Owner> OwnerOf(const std::string& path);
+
+}  // namespace platform::posix
