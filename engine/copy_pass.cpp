@@ -299,7 +299,8 @@ std::string CopyPass::WhyNotCopied(const CopyJob& job, platform::Error error) {
 
 void CopyPass::TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {
   CarryAttributes(job, outcome);
-  if (job.selection.target != nullptr) job.folders->TakeSpelling(*job.file, *job.selection.target);
+  if (job.selection.target != nullptr)
+    target_root_.TakeSpelling(job.folders->target_path(), *job.selection.target, job.file->name);
   Count(job.selection, *job.file, *job.counts);
   ++job.counts->counts.copied;
   if (outcome.changed) {

@@ -17,7 +17,8 @@ std::int32_t FileSizeOf(std::int64_t bytes);
 /// Whether a file's copy counts as outdated, by what the two folder listings say. Different lengths: yes.
 /// Otherwise the times of modification decide, coarsely and without asking which file is newer: seconds, one
 /// minute, and whole half hours up to eight hours within one month (time zones, daylight saving) are no
-/// difference; an unreadable time is none either.
+/// difference; an unreadable time is none either. Nor is it one when the target cannot hold so early or late
+/// a time and has the nearest that it can.
 bool FileTimesDiffer(const platform::Entry& source, const platform::Entry& target);
 
 constexpr bool IsReadOnly(platform::Attributes attributes) { return (attributes & platform::kReadOnly) != 0; }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/utf8.h"
 #include "platform/path.h"
 
 namespace engine {
@@ -76,13 +75,6 @@ bool FolderPair::IsNoCopy(const Entry& source_file, const Entry& target) const {
   // Numbers of two volumes may be equal by chance.
   const auto identity = files_->IdentityOf(platform::JoinPath(target_path(), target.name));
   return identity && identity == files_->IdentityOf(platform::JoinPath(source_->path(), source_file.name));
-}
-
-void FolderPair::TakeSpelling(const Entry& source, const Entry& target) const {
-  if (source.name == target.name || base::utf8::ToLower(source.name) != base::utf8::ToLower(target.name))
-    return;
-  // It is its copy, however its name is spelled.
-  static_cast<void>(files_->Respell(target_path(), target.name, source.name));
 }
 
 std::vector<std::string> FolderPair::Leftovers() {

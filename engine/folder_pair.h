@@ -55,9 +55,6 @@ class FolderPair {
   /// Whether what bears a file's name in the target is no copy of it: a link, or the very file itself.
   bool IsNoCopy(const platform::Entry& source_file, const platform::Entry& target) const;
 
-  /// Gives a copy the spelling that the source has by now, where the two differ in case only.
-  void TakeSpelling(const platform::Entry& source, const platform::Entry& target) const;
-
   /// Whether the target folder is the source folder, whatever paths lead to them.
   bool IsOneFolder() const;
 

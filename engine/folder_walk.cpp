@@ -349,7 +349,8 @@ void FolderWalk::ActOnFile(CopyJob job) {
     ++counts.filtered_out;
   } else if (selection.finding == Finding::kUpToDate) {
     ++counts.up_to_date;
-    if (IsCopyOperation(plan_.rules.operation)) job.folders->TakeSpelling(*job.file, *selection.target);
+    if (IsCopyOperation(plan_.rules.operation))
+      target_root_.TakeSpelling(job.folders->target_path(), *selection.target, job.file->name);
   } else {
     ++counts.due;
   }
@@ -403,7 +404,8 @@ FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& 
 void FolderWalk::Place(Pending& folder, const FolderPair& parents, const Entry& source, const Entry* target) {
   if (!folder.target || target == nullptr || !IsFolder(target->kind)) return;
   folder.target->SetThere();
-  if (IsCopyOperation(plan_.rules.operation)) parents.TakeSpelling(source, *target);
+  if (IsCopyOperation(plan_.rules.operation))
+    target_root_.TakeSpelling(parents.target_path(), *target, source.name);
 }
 
 /// The target inside the source is left out; so is a folder whose copies would land in the source.

@@ -24,6 +24,10 @@ class TargetRoot {
   /// folder on which it was mounted shows in its place.
   bool IsThere() const { return !identity_ || files_.IdentityOf(path_) == identity_; }
 
+  /// Gives a copy in a folder of the target the spelling that its source has by now, where the two differ in
+  /// case only. Where the target turns out to spell names in its own way, it is left alone from then on.
+  void TakeSpelling(const std::string& folder, const platform::Entry& copy, const std::string& name);
+
   /// Takes a folder of the target for one of the source. False when it is another's already: links and mounts
   /// can lead to one folder under two names. A folder whose volume tells no identity is always free.
   bool Claim(const platform::Folder& folder) {
@@ -33,6 +37,8 @@ class TargetRoot {
   }
 
  private:
+  bool KeepsSpelling(const std::string& folder, const std::string& name);
+
   struct Hash {
     std::size_t operator()(const platform::Identity& identity) const {
       return std::hash<std::uint64_t>{}(identity.number ^ (identity.volume << 40));
@@ -43,6 +49,7 @@ class TargetRoot {
   std::string path_;
   std::optional<platform::Identity> identity_;
   std::unordered_set<platform::Identity, Hash> claimed_;
+  std::optional<bool> keeps_spelling_;
 };
 
 }  // namespace engine

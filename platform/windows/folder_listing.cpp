@@ -15,10 +15,10 @@ namespace platform::windows {
 namespace {
 
 // One call brings some five hundred names.
-constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+constexpr std::size_t kListingSize = std::size_t{64} * 1024;
 
-struct Block {
-  alignas(FILE_ID_BOTH_DIR_INFO) char bytes[kBlockSize];
+struct ListingBlock {
+  alignas(FILE_ID_BOTH_DIR_INFO) char bytes[kListingSize];
 };
 
 /// The root of a drive keeps its separator: without it the path would be that of the device.
@@ -56,7 +56,7 @@ WIN32_FIND_DATAW FoundOf(const FILE_ID_BOTH_DIR_INFO& info) {
   return found;
 }
 
-void Take(const Block& block, const std::wstring& folder, std::vector<Entry>& entries) {
+void Take(const ListingBlock& block, const std::wstring& folder, std::vector<Entry>& entries) {
   for (const char* at = block.bytes;;) {
     const auto& info = *reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(at);
     const WIN32_FIND_DATAW found = FoundOf(info);
@@ -75,9 +75,9 @@ bool IsEnd(DWORD code) { return code == ERROR_NO_MORE_FILES || code == ERROR_FIL
 
 /// Whether the volume knows such a listing; else nothing is done.
 bool List(const FileHandle& handle, const std::wstring& folder, std::vector<Entry>& entries, DWORD& code) {
-  const auto block = std::make_unique<Block>();
+  const auto block = std::make_unique<ListingBlock>();
   auto kind = FileIdBothDirectoryRestartInfo;
-  while (::GetFileInformationByHandleEx(handle.get(), kind, block.get(), sizeof(Block))) {
+  while (::GetFileInformationByHandleEx(handle.get(), kind, block.get(), sizeof(ListingBlock))) {
     Take(*block, folder, entries);
     kind = FileIdBothDirectoryInfo;
   }

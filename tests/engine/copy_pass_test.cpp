@@ -27,6 +27,15 @@ TEST(CopyPass, SkipsAFileThatExactlyFillsTheDiskAndGoesOnWithASmallerOne) {
   EXPECT_TRUE(scene.Wrote("/src/big. Insufficient space on the target drive for this file. (1,000 bytes).|"));
 }
 
+TEST(CopyPass, SaysAtOnceWhatIsTooLargeForTheFormatOfTheTarget) {
+  Scene scene({"/src/small"});
+  scene.files.AddHugeFile("/src/big", std::int64_t{5} << 30);
+  scene.files.SetLargestFile(platform::kLargestOnFat);
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1");
+  EXPECT_TRUE(scene.Wrote("/src/big. Too large. (5,368,709,120 > 4,294,967,295 bytes)|"));
+  EXPECT_EQ(scene.files.CountOf(Call::kCopyFile), 1U);
+}
+
 TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
   for (const auto& [free, times] : {std::pair(1'000'000'000U, 2U), {1'000'000U, 10U}}) {
     Scene scene(

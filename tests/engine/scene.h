@@ -107,7 +107,8 @@ class Scene : public RunHost, public Listener {
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
       "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
-      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n520 Not "
+      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n509 Too "
+      "large.\n520 Not "
       "read:\n521 Link:\n522 Dead:\n523 Special:\n"
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
       "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"

@@ -65,6 +65,11 @@ TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
   EXPECT_TRUE(differ(kMonthEnd - 900, kMonthEnd + 900)) << "half an hour across the month's end";
   EXPECT_TRUE(differ(kMonthEnd - 1, kMonthEnd)) << "a second across the month's end";
   EXPECT_FALSE(FileTimesDiffer(File(5), File(5, kNoon))) << "a time that cannot be read";
+  constexpr std::int64_t k1980 = 315'532'800;
+  constexpr std::int64_t k2108 = 4'354'819'200;
+  EXPECT_FALSE(FileTimesDiffer(File(5, -7), File(5, k1980 + 3'600))) << "FAT cannot hold it";
+  EXPECT_FALSE(FileTimesDiffer(File(5, k2108 + kNoon), File(5, k2108 - 2)));
+  EXPECT_TRUE(FileTimesDiffer(File(5, k1980 - 3'600), File(5, k2108 - 2)));
   EXPECT_TRUE(FileTimesDiffer(File(5, kNoon), File(6, kNoon)));
   EXPECT_TRUE(FileTimesDiffer(File(5'000'000'000), File(5'000'000'001)));
 }
