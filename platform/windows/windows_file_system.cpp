@@ -52,6 +52,13 @@ bool IsFolderLink(const std::wstring& path) {
          IsReparseTagNameSurrogate(found.dwReserved0);
 }
 
+/// Whether a folder's listing spells a name in this way.
+bool IsSpelled(const std::wstring& folder, const std::wstring& name) {
+  WIN32_FIND_DATAW found;
+  const SearchHandle search(::FindFirstFileW((folder + name).c_str(), &found));
+  return search && name == found.cFileName;
+}
+
 /// What only the open file tells.
 void LookCloser(Entry& entry, const FileHandle& file) {
   BY_HANDLE_FILE_INFORMATION info{};
@@ -147,10 +154,20 @@ Status WindowsFileSystem::WriteNewFile(const std::string& path, const std::strin
   return WriteNewContent(LongPath(path), content);
 }
 
-/// The system sees the change and makes it in one step.
+/// Windows sees the change and makes it in one step; others that stand in for it may see none and do nothing.
 Status WindowsFileSystem::Respell(const std::string& folder, const std::string& from, const std::string& to) {
   const std::wstring place = LongFolder(folder);
-  return StatusOf(::MoveFileExW((place + Widen(from)).c_str(), (place + Widen(to)).c_str(), 0));
+  const auto move = [&](const std::wstring& a, const std::wstring& b) {
+    return StatusOf(::MoveFileExW((place + a).c_str(), (place + b).c_str(), 0));
+  };
+  const std::wstring old_name = Widen(from);
+  const std::wstring new_name = Widen(to);
+  if (Status moved = move(old_name, new_name); !moved || IsSpelled(place, new_name)) return moved;
+  const std::wstring between = Widen(MakeTemporaryName());
+  if (Status moved = move(old_name, between); !moved) return moved;
+  Status moved = move(between, new_name);
+  if (!moved) static_cast<void>(move(between, old_name));
+  return moved;
 }
 
 Status WindowsFileSystem::RemoveFile(const std::string& path) {
