@@ -35,6 +35,8 @@ class Story(unittest.TestCase):
         self.place.write(files, LAST_YEAR)
 
     def check_copies(self, expected):
+        lock = os.path.join(self.place.target, ".quorvane-lock")
+        desktop.wait_until(lambda: not os.path.exists(lock), "the run to let go of the target")  # after its last word
         times = {path: (data, LAST_YEAR) for path, data in expected.items()}
         self.assertEqual(self.place.copies(), times)
 
