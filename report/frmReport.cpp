@@ -189,8 +189,8 @@ void frmReport::Form_Unload() {
   if (main_.StopRequested()) return;
   if (Paused) {
     AskWhetherToCancel();
-  } else if (cmdPauseContinue.visible()) {
-    cmdPauseContinue_Click();
+  } else if (cmdPauseContinue.visible() || rests_) {
+    PauseOperation();
   }
 }
 

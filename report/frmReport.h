@@ -189,6 +189,7 @@ class frmReport : public ui::Form {
   platform::Clock& clock_;
   const text::ProgramTexts& texts_;
   MainWindow& main_;
+  bool rests_ = false;  ///< the full box is shown, without the button for a pause
   ReportLine line_;
   std::string title_;
   std::string time_left_;

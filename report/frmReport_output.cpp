@@ -108,7 +108,9 @@ void frmReport::ShowFullTextbox() {
   cmdPauseContinue.SetVisible(false);
   ShowText();
   Repaint();
+  rests_ = true;
   front_end().RunPendingEvents();
+  rests_ = false;
   if (front_end().quitting() || !SomebodyReads()) return;
   clock_.Sleep(std::chrono::seconds(WaitSeconds));
   WaitSeconds = NextWait(WaitSeconds);

@@ -62,6 +62,22 @@ TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsWithoutThePauseButtonAndEmpti
   }
 }
 
+TEST(Output, AWindowThatIsClosedJustBeforeTheRestPausesTheRunAndIsNotForgotten) {
+  ReportScene scene;
+  scene.FillTo(61'441);
+  bool paused = false;
+  scene.front_end.Post([&] {
+    scene.front_end.Post([&] {
+      paused = scene.window.Paused && scene.window.cmdPauseContinue.visible();
+      if (paused) ui::headless::Click(scene.window.cmdPauseContinue);
+    });
+    scene.window.UserClosed();
+  });
+  scene.window.Output("x", true);
+  EXPECT_TRUE(paused);
+  EXPECT_FALSE(scene.window.Paused);
+}
+
 TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
   const std::function<void(ReportScene&)> cases[] = {
       [](ReportScene& scene) { scene.unattended = true; }, [](ReportScene& scene) { scene.stop = true; },
