@@ -63,7 +63,7 @@ inline constexpr int kFolderNotCreated = 377;
 inline constexpr int kNameIsPath = 658;        ///< + " " + name
 inline constexpr int kNameIsReserved = 659;    ///< + " " + name
 inline constexpr int kNameHasCharacter = 660;  ///< + " " + name
-inline constexpr int kMakeItTheTarget = 378;  ///< a question; holds "E:\", which gives way to the path
+inline constexpr int kMakeItTheTarget = 378;   ///< a question; holds "E:\", which gives way to the path
 inline constexpr int kOnDrive = 386;
 inline constexpr int kUnderPath = 387;
 

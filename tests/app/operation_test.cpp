@@ -59,8 +59,8 @@ TEST_F(UnattendedRun, IsRefusedWhileAnotherCopiesIntoItsTarget) {
     });
     StartWithSetup("nightly");
     EXPECT_TRUE(
-        printed.end()[-2].ends_with("into this target: another\\nprogram. Start this one again when that "
-                                    "one has ended."))
+        printed.end()[-2].ends_with("into this target: another\\nprogram. Start this backup again when "
+                                    "the other one has ended."))
         << printed.end()[-2];
     EXPECT_EQ(tree::Below(files, "/dst").find("b="), std::string::npos);
   }
