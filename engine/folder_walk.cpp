@@ -301,6 +301,7 @@ bool FolderWalk::IsLeftOut(const std::string& path) const {
 
 void FolderWalk::WarnAboutLinks(const Pending& folder, const FolderPair& pair) {
   for (const Entry& entry : pair.source().entries()) {
+    if (entry.kind == EntryKind::kFile || entry.kind == EntryKind::kFolder) continue;
     const std::string path = platform::JoinPath(folder.source, entry.name);
     int lead = 0;
     if (entry.kind == EntryKind::kFolderLink && folder.with_subfolders && !IsLeftOut(path))
