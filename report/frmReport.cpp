@@ -132,7 +132,7 @@ void frmReport::EnterPhase(Phase phase) {
 
 void frmReport::ShowState() {
   const std::string percent = std::to_string(static_cast<int>(barProgress.fraction() * 100)) + " %";
-  const std::array<std::string, 4> states{percent, "Paused", "Being cancelled", end_};
+  const std::array<std::string, 5> states{percent, "Waiting", "Paused", "Being cancelled", end_};
   const std::string& state = states[static_cast<std::size_t>(phase_)];
   lblState.SetText(phase_ == Phase::kPaused ? state + ": " + percent : state);
   lblState.SetToolTip(end_);
@@ -189,7 +189,7 @@ void frmReport::Form_Unload() {
   if (main_.StopRequested()) return;
   if (Paused) {
     AskWhetherToCancel();
-  } else if (cmdPauseContinue.visible() || rests_) {
+  } else if (cmdPauseContinue.visible() || phase_ == Phase::kFull) {
     PauseOperation();
   }
 }

@@ -146,7 +146,7 @@ class frmReport : public ui::Form {
   ui::Button cmdCancelClose{this, "cmdCancelClose"};
 
  private:
-  enum class Phase { kRunning, kPaused, kStopping, kEnded };
+  enum class Phase { kRunning, kFull, kPaused, kStopping, kEnded };
   enum class WhenFull { kDrop, kKeep };
 
   void Write(const std::string& Text, bool NewLine, WhenFull when_full);
@@ -189,7 +189,6 @@ class frmReport : public ui::Form {
   platform::Clock& clock_;
   const text::ProgramTexts& texts_;
   MainWindow& main_;
-  bool rests_ = false;  ///< the full box is shown, without the button for a pause
   ReportLine line_;
   std::string title_;
   std::string time_left_;

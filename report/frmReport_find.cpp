@@ -7,7 +7,7 @@
 namespace report {
 
 bool frmReport::KeyPressed(const ui::KeyPress& press) {
-  if (!txbText.reachable() || phase_ == Phase::kRunning) return false;
+  if (!txbText.reachable() || phase_ == Phase::kRunning || phase_ == Phase::kFull) return false;
   const Direction direction = press.shift ? Direction::kBack : Direction::kForward;
   switch (press.key) {
     case ui::Key::kF8:

@@ -103,17 +103,20 @@ void frmReport::ShowFullTextbox() {
   if (main_.SnipFullReport()) SnipEnd();
   txbText.Append("\r\n\r\nThe textbox is full.\r\nAfter" + StrProc::Str(WaitSeconds) +
                  " seconds the textbox will be emptied and the report will continue.");
+  const Phase before = phase_;
   const bool pause_was_visible = cmdPauseContinue.visible();
   const bool pause_had_focus = focused() == &cmdPauseContinue;
   cmdPauseContinue.SetVisible(false);
   ShowText();
+  EnterPhase(Phase::kFull);
   Repaint();
-  rests_ = true;
-  front_end().RunPendingEvents();
-  rests_ = false;
+  front_end().RunPendingEvents();  // a window that is closed now pauses the operation before the wait
   if (front_end().quitting() || !SomebodyReads()) return;
+  EnterPhase(Phase::kFull);
+  Repaint();
   clock_.Sleep(std::chrono::seconds(WaitSeconds));
   WaitSeconds = NextWait(WaitSeconds);
+  EnterPhase(before);
   cmdPauseContinue.SetVisible(pause_was_visible);
   if (pause_had_focus) cmdPauseContinue.SetFocus();
 }
