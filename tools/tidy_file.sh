@@ -2,7 +2,7 @@
 # tidy_file.sh FILE: prints what clang-tidy finds in the file; only if it finds something it leaves a log in build/tidy.
 # What only the build for Windows compiles is read with the headers of mingw-w64.
 log=build/tidy/${1//\//_}.log
-options=(-p build/release)
+options=(-p build/tidy-linux)
 case $1 in
   *win32* | */windows/* | *_windows.cpp)
     compiler=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
