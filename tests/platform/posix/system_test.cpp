@@ -3,6 +3,7 @@
 #include "platform/posix/child_process.h"
 #include "platform/posix/dos_attributes.h"
 #include "platform/posix/file_settings_store.h"
+#include "platform/posix/physical_disk.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_locale.h"
@@ -73,6 +74,24 @@ TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
   EXPECT_NE(store.Write("Key", "name", "value").create_code, kStoreSuccess);
   EXPECT_NE(store.Read("Key", "name").code, kStoreSuccess);
   EXPECT_FALSE(store.Message(store.Read("Key", "name").code).empty());
+}
+
+TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
+  const std::string mounts =
+      "21 1 254:0 / / rw,relatime shared:1 - ext4 /dev/vda1 rw\n"
+      "30 21 0:33 / /media/My\\040Disk rw - btrfs /dev/sdb2 rw\n"
+      "31 21 0:40 / /media/My\\040Disk/share rw - cifs //nas/my\\040files rw\n"
+      "32 21 8:1 / /mnt rw - ext4 /dev/sda1 rw\n"
+      "33 32 8:2 / /mnt rw - ext4 /dev/sda2 rw\n";
+  const std::pair<std::string, std::string> cases[] = {{"/home", "/dev/vda1"},
+                                                       {"/media/My Disk/subvolume/folder", "/dev/sdb2"},
+                                                       {"/media/My", "/dev/vda1"},
+                                                       {"/media/My Disk/share", "//nas/my files"},
+                                                       {"/mnt/folder", "/dev/sda2"}};
+  for (const auto& [path, source] : cases) {
+    std::istringstream lines(mounts);
+    EXPECT_EQ(SourceOfMount(lines, path), source) << path;
+  }
 }
 
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
