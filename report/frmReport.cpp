@@ -92,7 +92,7 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
                             const std::string& target_folder) {
   line_.StartOver();
   txbText.SetText("");
-  problems_.clear();
+  problems_.Clear();
   title_ = title;
   end_.clear();
   lblSourceDirpath.SetText(source_folder);

@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "report/main_window.h"
+#include "report/problem_list.h"
 #include "report/report_line.h"
 #include "report/text_search.h"
 #include "text/program_texts.h"
@@ -53,6 +54,10 @@ class frmReport : public ui::Form {
   void OutputKept(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kKeep); }
   /// A whole line about something that went wrong; it is not lost, and F8 leads to it.
   void OutputProblem(const std::string& Text);
+  /// Lists what OutputProblem() wrote to parts of the report that were emptied meanwhile, for F8 as well: as
+  /// much of it as half a report holds. A report that has no room for it is emptied first. The line sink,
+  /// which got these lines, does not get them again. Without such lines nothing is written.
+  void RepeatLostProblems();
   /// Brings the screen up to date with what was written.
   void ShowText();
 
@@ -194,7 +199,7 @@ class frmReport : public ui::Form {
   std::string time_left_;
   std::string end_;  ///< how the run ended; empty while it runs
   Phase phase_ = Phase::kEnded;
-  std::vector<ui::Selection> problems_;                ///< where they stand in the text
+  ProblemList problems_;
   std::optional<std::chrono::milliseconds> shown_at_;  ///< when the screen last got the text
   std::chrono::milliseconds close_from_{0};            ///< before that moment "Close" does nothing
   ui::Size size_set_;  ///< the size that the window was given last, not by the user

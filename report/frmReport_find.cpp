@@ -38,11 +38,12 @@ void frmReport::GoToProblem(Direction direction) {
   };
   // With nothing selected the problem at the caret itself comes first.
   const std::size_t from = selected.start + (direction == Direction::kForward && selected.length > 0 ? 1 : 0);
-  auto found = std::lower_bound(problems_.begin(), problems_.end(), from, begins_before);
+  const std::vector<ui::Selection>& places = problems_.places();
+  auto found = std::lower_bound(places.begin(), places.end(), from, begins_before);
   if (direction == Direction::kForward) {
-    if (found == problems_.end()) found = problems_.begin();
+    if (found == places.end()) found = places.begin();
   } else {
-    found = std::prev(found == problems_.begin() ? problems_.end() : found);
+    found = std::prev(found == places.begin() ? places.end() : found);
   }
   txbText.Select(*found);
   txbText_MouseUp();

@@ -4,6 +4,7 @@
 #include "base/utf8.h"
 #include "report/frmReport.h"
 #include "report/str_proc.h"
+#include "text/text_numbers.h"
 #include "ui/front_end.h"
 
 namespace report {
@@ -42,9 +43,24 @@ void frmReport::Write(const std::string& Text, bool NewLine, WhenFull when_full)
 void frmReport::OutputProblem(const std::string& Text) {
   const std::size_t before = txbText.length();
   OutputKept(Text, true);
-  const std::size_t length = base::utf8::Length(Text);
-  const bool emptied = txbText.length() < before + length;
-  problems_.push_back({emptied ? 0 : before, length});
+  const bool emptied = txbText.length() < before + base::utf8::Length(Text);
+  problems_.Add(emptied ? 0 : before, Text);
+}
+
+void frmReport::RepeatLostProblems() {
+  if (!problems_.HasLost()) return;
+  CloseLine();
+  if (txbText.length() > main_.ReportCapacity() / 2) EmptyFullTextbox(WhenFull::kKeep);
+  const auto append = [this](const std::string& line) { txbText.AppendLater(line + "\r\n"); };
+  const ProblemList::Lost lost = problems_.TakeLost();
+  append("");
+  append(texts_.GetProgramText(text::kLostProblems));
+  for (const std::string& line : lost.lines) {
+    problems_.Add(txbText.length(), line);
+    append(line);
+  }
+  if (lost.more > 0) append(texts_.GetProgramText(text::kMoreLostProblems) + " " + std::to_string(lost.more));
+  ShowText();
 }
 
 void frmReport::ShowText() {
@@ -91,7 +107,7 @@ void frmReport::EmptyFullTextbox(WhenFull when_full) {
   const bool reads = SomebodyReads();
   if (reads) ShowFullTextbox();
   txbText.SetText("");
-  problems_.clear();
+  problems_.Emptied(main_.ReportCapacity() / 2);
   if (when_full == WhenFull::kDrop) line_.Emptied();
   TextboxFull = false;
   Repaint();

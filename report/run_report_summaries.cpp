@@ -20,6 +20,7 @@ void RunReport::BeginSummary() {
   ShowLatest();
   ShowFreeSpace();
   window_.CloseLine();
+  window_.RepeatLostProblems();
 }
 
 void RunReport::WriteCount(const char* caption, std::int64_t count) {

@@ -146,6 +146,8 @@ inline constexpr int kMarkNotRead = 542;  ///< lead word
 // --- Report window
 inline constexpr int kAskCancelBackup = 700;
 inline constexpr int kAskCancelOperation = 701;
+inline constexpr int kLostProblems = 702;
+inline constexpr int kMoreLostProblems = 703;  ///< lead words
 
 // --- Hints: one sentence for each button of the main window
 inline constexpr int kHintSource = 610;

@@ -105,6 +105,42 @@ TEST(Output, WhatMustNotBeLostStandsInTheEmptiedBoxAndOnceInTheLines) {
   EXPECT_EQ(scene.lines, "line of the box|Number of files copied: 5|Not copied: x|");
 }
 
+TEST(Output, ProblemsThatAFullBoxLostAreListedAgainAtTheEndAndOnlyThere) {
+  ReportScene scene;
+  scene.capacity = 100;
+  scene.window.OutputProblem("Not copied: a");
+  scene.FillTo(101);
+  scene.window.OutputProblem("Not copied: b");
+  scene.FillTo(101);
+  scene.window.OutputKept("end", true);
+  const std::string lines = scene.lines;
+  scene.window.RepeatLostProblems();
+  const std::string text = scene.window.txbText.text();
+  EXPECT_EQ(text, "end\r\n\r\nLost:\r\nNot copied: a\r\nNot copied: b\r\n");
+  EXPECT_EQ(scene.lines, lines);
+  scene.window.SetReportButtons("Close");
+  scene.window.cmdNextProblem.UserPressed();
+  EXPECT_EQ(scene.window.txbText.selected_text(), "Not copied: a");
+  scene.window.RepeatLostProblems();
+  EXPECT_EQ(scene.window.txbText.text(), text);
+}
+
+TEST(Output, OfLostProblemsAsManyAreListedAsHalfAReportHolds) {
+  ReportScene scene;
+  scene.capacity = 1'000;
+  for (int i = 0; i < 300; ++i) scene.window.OutputProblem("Not copied: some file");
+  scene.window.RepeatLostProblems();
+  const std::string text = scene.window.txbText.text();
+  EXPECT_LE(text.size(), 1'000U);
+  const std::size_t from = text.find("Lost:\r\n");
+  const auto listed = std::count(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), '\n') - 2;
+  const auto in_box = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(from), '\n') - 1;
+  EXPECT_TRUE(text.ends_with("\nMore: " + std::to_string(300 - listed - std::max<std::ptrdiff_t>(in_box, 0)) +
+                             "\r\n"))
+      << text;
+  EXPECT_GT(listed, 10);
+}
+
 TEST(Output, TheLineSinkGetsEveryLineOnceEvenAcrossAFullBox) {
   ReportScene scene;
   scene.capacity = 10;

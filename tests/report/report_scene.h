@@ -51,7 +51,7 @@ struct ReportScene : MainWindow {
 
   ui::headless::HeadlessFrontEnd front_end;
   platform::memory::MemoryClock clock;
-  text::ProgramTexts texts{"112 Copy all\n113 Copy selected\n"};
+  text::ProgramTexts texts{"112 Copy all\n113 Copy selected\n702 Lost:\n703 More:\n"};
   ui::Form main{front_end, "frmMain", ui::FormStyle::kMain};
   frmReport window{front_end, clock, texts, *this};
 };

@@ -66,6 +66,17 @@ TEST(RunReport, TheHeadLineComesWhenSomethingIsToBeCopiedAndGoesOnBehindThePhras
   EXPECT_EQ(scene.lines.substr(0, lines.size()), lines);
 }
 
+TEST(RunReport, TheSummaryIsPrecededByWhatWentWrongInPartsThatWereCleared) {
+  RunScene scene(kAll);
+  scene.Folder("/data/wrong", 1, 0, 0, "  Not copied: x");
+  scene.FillTo(61'441);
+  scene.Folder("/data/later", 1, 1, 1);
+  scene.run.WriteSummary({});
+  const std::string shown = scene.window.txbText.text();
+  const std::size_t lost = shown.find("Lost:\r\n  Not copied: x\r\n");
+  EXPECT_LT(lost, shown.find("Number of files copied: 0")) << shown;
+}
+
 TEST(RunReport, NamesOfAnyBytesStayOnTheirLine) {
   RunScene scene(kAll);
   RunReport run(scene.window, scene, scene.clock, {}, {kAll, false, false, "/d\n/", "/t\r", "", "", {}});
