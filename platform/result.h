@@ -22,6 +22,7 @@ enum class ErrorKind {
   kBadName,      ///< the name is too long or not allowed on the volume
   kTooLarge,     ///< the file is larger than the volume's format can hold
   kShort,        ///< fewer bytes arrived than the file has
+  kDamaged,      ///< what the volume's file system says of its files contradicts itself
   kCancelled,    ///< a watcher asked to stop
   kOther,
 };

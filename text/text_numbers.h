@@ -112,6 +112,7 @@ inline constexpr int kReasonBadName = 508;
 inline constexpr int kReasonTooLarge = 509;
 inline constexpr int kReasonShort = 510;
 inline constexpr int kReasonOther = 511;
+inline constexpr int kReasonDamaged = 514;
 inline constexpr int kReasonNameTaken = 512;
 inline constexpr int kReasonTargetGone = 513;
 inline constexpr int kReasonBecameFolder = 661;

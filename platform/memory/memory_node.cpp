@@ -106,6 +106,8 @@ Error MakeError(ErrorKind kind) {
       return {kind, 0, {}};
     case ErrorKind::kShort:
       return {kind, 0, "The file ended early"};
+    case ErrorKind::kDamaged:
+      return {kind, 117, "Structure needs cleaning"};
     case ErrorKind::kCancelled:
       return {kind, 125, "Operation canceled"};
     case ErrorKind::kOther:

@@ -33,6 +33,8 @@ ErrorKind KindOf(int number) {
       return ErrorKind::kBadName;
     case EFBIG:
       return ErrorKind::kTooLarge;
+    case EUCLEAN:
+      return ErrorKind::kDamaged;
     case ECANCELED:
       return ErrorKind::kCancelled;
     default:

@@ -49,6 +49,9 @@ ErrorKind KindOf(DWORD code) {
       return ErrorKind::kTooLarge;
     case ERROR_HANDLE_EOF:
       return ErrorKind::kShort;
+    case ERROR_FILE_CORRUPT:
+    case ERROR_DISK_CORRUPT:
+      return ErrorKind::kDamaged;
     case ERROR_REQUEST_ABORTED:
     case ERROR_CANCELLED:
       return ErrorKind::kCancelled;
