@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/comparer.h"
 #include "platform/copier.h"
 #include "platform/file_lock.h"
 #include "platform/folder.h"
@@ -59,6 +60,10 @@ class FileSystem {
   /// What copies files from below `source` to below `target`, both folders that exist; see Copier. Must not
   /// outlive the file system.
   virtual std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) = 0;
+
+  /// What compares files below `source` with files below `target`, both folders that exist; see Comparer.
+  /// Must not outlive the file system.
+  virtual std::unique_ptr<Comparer> MakeComparer(const std::string& source, const std::string& target) = 0;
 
   /// When the file at `path` came to be there or was changed last, as its volume's clock says: a copy has the
   /// time of its copying there, whatever its modification time. A link stands for itself.

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/content_reader.h"
 #include "platform/file_system.h"
 #include "platform/grouped_copier.h"
 #include "platform/memory/memory_node.h"
@@ -19,12 +20,13 @@ namespace platform::memory {
 enum class Call {
   kOpenFolder,
   kLook,
-  kCopyFile,    ///< the writing of a copy; path: the target file
-  kReadSource,  ///< the reading side of that; path: the source file
-  kReadBlock,   ///< after each block of that; path: the source file. Not recorded and cannot fail
-  kSaveData,    ///< a group's data is brought to the disk; path: the first target file
-  kPublish,     ///< a copy gets its final name; path: the target file
-  kSaveNames,   ///< a group's names are brought to the disk; path: the first target file
+  kCopyFile,     ///< the writing of a copy; path: the target file
+  kReadSource,   ///< the reading side of that; path: the source file
+  kReadBlock,    ///< after each block of that; path: the source file. Not recorded and cannot fail
+  kSaveData,     ///< a group's data is brought to the disk; path: the first target file
+  kPublish,      ///< a copy gets its final name; path: the target file
+  kReadContent,  ///< a file is opened to be compared; path: its own
+  kSaveNames,    ///< a group's names are brought to the disk; path: the first target file
   kCreateFolder,
   kRemoveFile,
   kGetAttributes,
@@ -120,6 +122,7 @@ class MemoryFileSystem : public FileSystem {
   std::optional<Identity> IdentityOf(const std::string& path) override;
   bool BelongsToUser(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  std::unique_ptr<Comparer> MakeComparer(const std::string& source, const std::string& target) override;
   Result<FileTime> ChangedAt(const std::string& path) override;
   Status CreateFolder(const std::string& path, const std::string& like = {}) override;
   Status WriteNewFile(const std::string& path, const std::string& content) override;
@@ -140,6 +143,7 @@ class MemoryFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
+  friend class MemoryContent;
   friend class MemoryDraft;
   friend class MemoryCopyVolume;
 
@@ -160,6 +164,7 @@ class MemoryFileSystem : public FileSystem {
   std::optional<Error> Enter(Call call, const std::string& path);
   Result<NodePtr> Find(const std::string& path) const;
   Identity IdentityOf(const Node& node, const std::string& path) const;
+  Result<std::unique_ptr<ReadableFile>> OpenToRead(const std::string& path);
   static std::string StoredName(const Node& folder, std::string_view name);
   Entry EntryOf(const NodePtr& node, const std::string& path) const;
   bool IsReadOnlyPlace(const std::string& path) const;

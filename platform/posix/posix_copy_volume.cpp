@@ -66,6 +66,14 @@ Status FlushVolumes(const Drafts& drafts, Wanted wanted) {
 
 }  // namespace
 
+std::size_t WorkersBetween(const std::string& source, const std::string& target) {
+  const auto kind_of = [](const std::string& path) {
+    const auto folder = OpenPath(path, O_RDONLY | O_DIRECTORY);
+    return folder ? KindOfVolume(folder->get()) : VolumeKind::kUnordered;
+  };
+  return WorkersFor(kind_of(source), kind_of(target));
+}
+
 PosixCopyVolume::PosixCopyVolume(const std::string& source, const std::string& target) {
   const auto from = OpenPath(source, O_RDONLY | O_DIRECTORY);
   const auto to = OpenPath(target, O_RDONLY | O_DIRECTORY);

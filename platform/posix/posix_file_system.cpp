@@ -8,6 +8,7 @@
 #include <climits>
 #include <cstdlib>
 
+#include "platform/pair_comparer.h"
 #include "platform/path.h"
 #include "platform/posix/attribute_change.h"
 #include "platform/posix/file_facts.h"
@@ -18,6 +19,7 @@
 #include "platform/posix/physical_disk.h"
 #include "platform/posix/posix_copy_volume.h"
 #include "platform/posix/posix_error.h"
+#include "platform/posix/readable_file.h"
 #include "platform/posix/volume.h"
 #include "platform/posix/whole_file.h"
 
@@ -85,6 +87,12 @@ bool PosixFileSystem::BelongsToUser(const std::string& path) {
 
 std::unique_ptr<Copier> PosixFileSystem::MakeCopier(const std::string& source, const std::string& target) {
   return std::make_unique<GroupedCopier>(std::make_shared<PosixCopyVolume>(source, target), copy_threads_);
+}
+
+std::unique_ptr<Comparer> PosixFileSystem::MakeComparer(const std::string& source,
+                                                        const std::string& target) {
+  copy_threads_.writers.Allow(WorkersBetween(source, target));
+  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers);
 }
 
 Result<FileTime> PosixFileSystem::ChangedAt(const std::string& path) {

@@ -20,6 +20,7 @@ class PosixFileSystem : public FileSystem {
   std::optional<Identity> IdentityOf(const std::string& path) override;
   bool BelongsToUser(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  std::unique_ptr<Comparer> MakeComparer(const std::string& source, const std::string& target) override;
   Result<FileTime> ChangedAt(const std::string& path) override;
   Status CreateFolder(const std::string& path, const std::string& like = {}) override;
   Status WriteNewFile(const std::string& path, const std::string& content) override;

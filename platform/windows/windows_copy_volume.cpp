@@ -24,9 +24,7 @@ constexpr std::size_t kFoldersKept = 64;
 
 CopyLimits LimitsOf(const Volume& source, const Volume& target) {
   CopyLimits limits;
-  const std::size_t cores = std::thread::hardware_concurrency();
-  limits.workers = source.is_remote || target.is_remote ? kWorkersOfServer
-                                                        : std::clamp(cores, kFewestWorkers, kMostWorkers);
+  limits.workers = WorkersBetween(source, target);
   const std::size_t here = target.is_journaled ? kFilesInOrder : kFilesWithoutOrder;
   limits.files = target.is_remote ? kFilesOnServer : here;
   limits.bytes = std::int64_t{256} << 20;
@@ -68,6 +66,12 @@ Status FlushEachFully(const Drafts& drafts) {
 }
 
 }  // namespace
+
+std::size_t WorkersBetween(const Volume& source, const Volume& target) {
+  if (source.is_remote || target.is_remote) return kWorkersOfServer;
+  const std::size_t cores = std::thread::hardware_concurrency();
+  return std::clamp(cores, kFewestWorkers, kMostWorkers);
+}
 
 WindowsCopyVolume::WindowsCopyVolume(const std::string& source, const std::string& target,
                                      DataFlush data_flush)

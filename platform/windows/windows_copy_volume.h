@@ -10,6 +10,9 @@
 
 namespace platform::windows {
 
+/// How many threads make sense for reading on one volume and reading or writing on another.
+std::size_t WorkersBetween(const Volume& source, const Volume& target);
+
 /// How the data of a group comes to the disk.
 enum class DataFlush {
   kVolume,     ///< the volume is flushed once

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/pair_comparer.h"
 #include "platform/path.h"
 #include "platform/windows/file_content.h"
 #include "platform/windows/file_lock.h"
@@ -13,6 +14,7 @@
 #include "platform/windows/name_key.h"
 #include "platform/windows/open_file.h"
 #include "platform/windows/owner.h"
+#include "platform/windows/readable_file.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/temporary_file.h"
 #include "platform/windows/volume.h"
@@ -135,6 +137,12 @@ bool WindowsFileSystem::BelongsToUser(const std::string& path) { return IsTruste
 
 std::unique_ptr<Copier> WindowsFileSystem::MakeCopier(const std::string& source, const std::string& target) {
   return std::make_unique<GroupedCopier>(std::make_shared<WindowsCopyVolume>(source, target), copy_threads_);
+}
+
+std::unique_ptr<Comparer> WindowsFileSystem::MakeComparer(const std::string& source,
+                                                          const std::string& target) {
+  copy_threads_.writers.Allow(WorkersBetween(VolumeOf(LongFolder(source)), VolumeOf(LongFolder(target))));
+  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers);
 }
 
 Result<FileTime> WindowsFileSystem::ChangedAt(const std::string& path) {

@@ -28,6 +28,7 @@ class WindowsFileSystem : public FileSystem {
   std::optional<Identity> IdentityOf(const std::string& path) override;
   bool BelongsToUser(const std::string& path) override;
   std::unique_ptr<Copier> MakeCopier(const std::string& source, const std::string& target) override;
+  std::unique_ptr<Comparer> MakeComparer(const std::string& source, const std::string& target) override;
   Result<FileTime> ChangedAt(const std::string& path) override;
   /// A new folder hands down the rights of the one above it, whatever `like` has.
   Status CreateFolder(const std::string& path, const std::string& like = {}) override;

@@ -1,0 +1,181 @@
+#include "platform/pair_comparer.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <cstring>
+#include <deque>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace platform {
+namespace {
+
+// What is on its way: enough for the threads never to wait, and few enough folders for their handles.
+constexpr std::size_t kMostPairs = 1024;
+constexpr std::size_t kMostFolders = 32;
+constexpr std::int64_t kMostBytes = std::int64_t{64} << 20;
+
+// A batch: enough for handing it over not to count.
+constexpr std::size_t kBatchPairs = 16;
+constexpr std::int64_t kBatchBytes = std::int64_t{1} << 20;
+
+// Of a big file each side is read in blocks large enough for a disk that goes to and fro between two files.
+constexpr std::int64_t kBigFile = std::int64_t{8} << 20;
+constexpr std::int64_t kBlock = std::int64_t{256} << 10;
+constexpr std::int64_t kBigBlock = std::int64_t{1} << 20;
+
+struct Pair {
+  CompareOrder order;
+  CompareOutcome outcome = {};
+  std::atomic<bool> is_done = false;
+};
+
+using Pairs = std::vector<Pair*>;
+
+std::int64_t SizeOf(const CompareOrder& order) { return std::max<std::int64_t>(order.file->size, 0); }
+
+/// Room for the blocks of both sides; one for each thread.
+struct Blocks {
+  std::unique_ptr<char[]> bytes;
+  std::size_t size = 0;
+
+  std::span<char> Side(std::size_t side, std::size_t wanted) {
+    if (size < wanted) {
+      bytes = std::make_unique_for_overwrite<char[]>(2 * wanted);
+      size = wanted;
+    }
+    return {bytes.get() + side * size, wanted};
+  }
+};
+
+/// Fills the room as far as the file goes. Where a read that finds less ends after `expected` bytes, as
+/// listed, that is the end.
+Result<std::size_t> Fill(ReadableFile& file, std::span<char> room, std::int64_t expected) {
+  std::size_t filled = 0;
+  while (filled < room.size()) {
+    const auto got = file.Read(room.subspan(filled));
+    if (!got) return got.error();
+    filled += *got;
+    if (*got == 0 || static_cast<std::int64_t>(filled) == expected) break;
+  }
+  return filled;
+}
+
+}  // namespace
+
+struct PairComparer::State {
+  explicit State(ContentOpener its_opener) : opener(std::move(its_opener)) {}
+
+  void Compare(const Pairs& batch);
+  CompareOutcome Compare(const CompareOrder& order);
+  CompareOutcome CompareOpen(const CompareOrder& order, ReadableFile& file, ReadableFile& copy);
+
+  const ContentOpener opener;
+  std::atomic<bool> given_up = false;
+
+  // --- Of the caller's thread
+  std::deque<Pair> pairs;  ///< a pair stays where it is until it is collected
+  Pairs batch;
+  std::int64_t batch_bytes = 0;
+  std::int64_t bytes = 0;
+  std::deque<std::pair<const Folder*, std::size_t>> folders;  ///< of the pairs, with how many are in each
+
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::mutex one_big_file;
+};
+
+void PairComparer::State::Compare(const Pairs& its_batch) {
+  for (Pair* pair : its_batch) {
+    if (given_up) return;
+    pair->outcome = Compare(pair->order);
+    pair->is_done = true;
+  }
+  { const std::lock_guard lock(mutex); }
+  changed.notify_all();
+}
+
+CompareOutcome PairComparer::State::Compare(const CompareOrder& order) {
+  if (order.watcher) order.watcher(0);
+  const auto file = opener(*order.source, *order.file);
+  if (!file) return {Comparison::kSourceUnread, file.error()};
+  const auto copy = opener(*order.target, *order.copy);
+  if (!copy) return {Comparison::kCopyUnread, copy.error()};
+  std::unique_lock big(one_big_file, std::defer_lock);
+  if (SizeOf(order) >= kBigFile) big.lock();
+  CompareOutcome outcome = CompareOpen(order, **file, **copy);
+  if (outcome.finding == Comparison::kDifferent && !(*file)->IsAsListed(*order.file))
+    outcome.finding = Comparison::kChanged;
+  return outcome;
+}
+
+/// Each side is read one byte further than its listing says, so that an end is told in the same read.
+CompareOutcome PairComparer::State::CompareOpen(const CompareOrder& order, ReadableFile& file,
+                                                ReadableFile& copy) {
+  thread_local Blocks blocks;
+  const std::int64_t most = SizeOf(order) >= kBigFile ? kBigBlock : kBlock;
+  const auto wanted = static_cast<std::size_t>(std::min(SizeOf(order) + 1, most));
+  const std::span<char> ours = blocks.Side(0, wanted);
+  const std::span<char> theirs = blocks.Side(1, wanted);
+  for (std::int64_t compared = 0; !given_up;) {
+    const auto source_bytes = Fill(file, ours, SizeOf(order) - compared);
+    if (!source_bytes) return {Comparison::kSourceUnread, source_bytes.error()};
+    const auto copy_bytes = Fill(copy, theirs, SizeOf(order) - compared);
+    if (!copy_bytes) return {Comparison::kCopyUnread, copy_bytes.error()};
+    if (*source_bytes != *copy_bytes || std::memcmp(ours.data(), theirs.data(), *copy_bytes) != 0)
+      return {Comparison::kDifferent};
+    if (*source_bytes < wanted) break;
+    compared += static_cast<std::int64_t>(*source_bytes);
+    if (order.watcher) order.watcher(compared);
+  }
+  return {};
+}
+
+PairComparer::PairComparer(ContentOpener opener, Workers& threads)
+    : threads_(threads), state_(std::make_shared<State>(std::move(opener))) {}
+
+PairComparer::~PairComparer() { state_->given_up = true; }
+
+bool PairComparer::HasRoom() {
+  return state_->pairs.size() < kMostPairs && state_->folders.size() < kMostFolders &&
+         state_->bytes < kMostBytes;
+}
+
+void PairComparer::Start(CompareOrder order) {
+  State& state = *state_;
+  const Folder* const folder = order.source.get();
+  if (state.folders.empty() || state.folders.back().first != folder) state.folders.emplace_back(folder, 0);
+  ++state.folders.back().second;
+  const std::int64_t size = SizeOf(order);
+  state.bytes += size;
+  state.batch_bytes += size;
+  state.batch.push_back(&state.pairs.emplace_back(std::move(order)));
+  if (state.batch.size() >= kBatchPairs || state.batch_bytes >= kBatchBytes) Post();
+}
+
+void PairComparer::Post() {
+  if (state_->batch.empty()) return;
+  state_->batch_bytes = 0;
+  threads_.Post([state = state_, batch = std::exchange(state_->batch, {})] { state->Compare(batch); });
+}
+
+std::optional<CompareOutcome> PairComparer::Collect() {
+  State& state = *state_;
+  if (state.pairs.empty() || !state.pairs.front().is_done) return std::nullopt;
+  CompareOutcome outcome = std::move(state.pairs.front().outcome);
+  state.bytes -= SizeOf(state.pairs.front().order);
+  if (--state.folders.front().second == 0) state.folders.pop_front();
+  state.pairs.pop_front();
+  return outcome;
+}
+
+void PairComparer::Wait(std::chrono::milliseconds longest) {
+  if (state_->pairs.empty()) return;
+  Post();
+  std::unique_lock lock(state_->mutex);
+  state_->changed.wait_for(lock, longest, [this] { return state_->pairs.front().is_done.load(); });
+}
+
+}  // namespace platform
