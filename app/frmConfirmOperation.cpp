@@ -13,7 +13,7 @@ namespace {
 using ui::Twips;
 
 constexpr ui::Size kOuterSize{9'600, 8'700};
-constexpr ui::Size kSmallest{8'400, 5'400};  ///< inside
+constexpr ui::Size kSmallest{8'400, 6'000};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kTitleHeight = 390;
@@ -25,7 +25,9 @@ constexpr Twips kInset = 180;           ///< from the sides of a frame to what i
 constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's font
 constexpr Twips kFactGap = 120;         ///< between two facts
 constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
-constexpr Twips kSlack = 90;            ///< by which a label is wider than the text it is to hold
+constexpr Twips kChoiceHeight = 330;
+constexpr Twips kIndent = 285;  ///< of what stands below a check box
+constexpr Twips kSlack = 90;    ///< by which a label is wider than the text it is to hold
 
 constexpr std::chrono::milliseconds kSlice{40};
 constexpr int kBetweenSlices = 1;
@@ -58,6 +60,7 @@ void frmConfirmOperation::ConnectHandlers() {
   on_resize = [this] { Form_Resize(); };
   on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
   vsbFacts.on_change = [this] { vsbFacts_Change(); };
+  chkCompareContents.on_click = [this] { chkCompareContents_Click(); };
   cmdStart.on_mouse_up = [this] { cmdStart_Click(); };
   cmdCancel.on_mouse_up = [this] { cmdCancel_Click(); };
   tmrRead.on_timer = [this] { tmrRead_Timer(); };
@@ -80,6 +83,11 @@ void frmConfirmOperation::Form_Load() {
   vsbFacts.SetSpokenName("Scroll what will be done");
   lblDoubtsHeading.SetText("Worth a second look");
   fraDoubts.SetSpokenName("Worth a second look");
+  chkCompareContents.SetText("Compare contents, too (reads every file on both sides)");
+  chkCompareContents.SetAccessKey('C');
+  chkCompareContents.SetVisible(request_.operation == Operation::kBackupModifiedFiles);
+  chkCompareContents.SetValue(request_.compare_contents ? 1 : 0);
+  lblToBeCompared.SetVisible(chkCompareContents.visible());
   chkDontShowAgain.SetText("Do not show this again while the program runs");
   chkDontShowAgain.SetAccessKey('D');
   cmdStart.SetText("Start backup");
@@ -131,8 +139,18 @@ void frmConfirmOperation::tmrRead_Timer() {
   Refresh();
 }
 
+FactsToTell frmConfirmOperation::WhatToTell() const {
+  return {request_, volume_, preview_.findings(), context_.texts, context_.marks};
+}
+
+void frmConfirmOperation::chkCompareContents_Click() {
+  const std::string text = ComparisonText(WhatToTell(), ComparesContents());
+  lblToBeCompared.SetText(text);
+  chkCompareContents.SetDescription(text);
+}
+
 void frmConfirmOperation::Refresh() {
-  const FactsToTell tell{request_, volume_, preview_.findings(), context_.texts, context_.marks};
+  const FactsToTell tell = WhatToTell();
   facts_ = FactsOf(tell);
   doubts_ = warnings_;
   const std::vector<std::string> found = DoubtsOf(tell);
@@ -141,6 +159,7 @@ void frmConfirmOperation::Refresh() {
   for (const std::string& doubt : doubts_) spoken += " " + doubt;
   for (const Fact& fact : facts_) spoken += " " + fact.heading + " " + fact.text;
   cmdStart.SetDescription(spoken);
+  chkCompareContents_Click();
   Form_Resize();
 }
 
@@ -159,14 +178,23 @@ void frmConfirmOperation::Form_Resize() {
   chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
 
   const Twips facts = lblExplanation.bounds().bottom() + kMargin;
-  const Twips facts_end = PlaceDoubts(buttons - kGap, width) - kGap;
+  const Twips facts_end = PlaceDoubts(PlaceChoices(buttons, width) - kGap, width) - kGap;
   picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
   PlaceFacts();
   if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
 }
 
-/// The doubts stand right above the buttons. Returns their upper edge.
+/// The choices stand right above the buttons. Returns their upper edge.
+Twips frmConfirmOperation::PlaceChoices(Twips bottom, Twips width) {
+  if (!chkCompareContents.visible()) return bottom;
+  const Twips label = bottom - kGap - kLineHeight;
+  lblToBeCompared.SetBounds({kMargin + kIndent, label, width - kIndent, kLineHeight});
+  chkCompareContents.SetBounds({kMargin, label - kChoiceHeight, width, kChoiceHeight});
+  return chkCompareContents.top();
+}
+
+/// The doubts stand above them. Returns their upper edge.
 Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
   fraDoubts.SetVisible(!doubts_.empty());
   if (doubts_.empty()) return bottom;

@@ -26,6 +26,9 @@ class frmConfirmOperation : public ui::Form {
   /// Whether the user does not want to be asked again. Counts only for an operation that is started.
   bool NotAgain() const { return chkDontShowAgain.value() == 1; }
 
+  /// Whether the user wants contents to be compared, by this operation and by those to come.
+  bool ComparesContents() const { return chkCompareContents.value() == 1; }
+
   /// What was found out while the window stood open.
   const PreviewFindings& findings() const { return preview_.findings(); }
 
@@ -34,6 +37,7 @@ class frmConfirmOperation : public ui::Form {
   void Form_Resize();
   void vsbFacts_Change();
   void tmrRead_Timer();
+  void chkCompareContents_Click();
   void cmdStart_Click();
   void cmdCancel_Click();
 
@@ -53,6 +57,8 @@ class frmConfirmOperation : public ui::Form {
   ui::Frame fraDoubts{this, "fraDoubts"};
   ui::Label lblDoubtsHeading{&fraDoubts, "lblDoubtsHeading"};
   ui::Label lblDoubts{&fraDoubts, "lblDoubts"};
+  ui::CheckBox chkCompareContents{this, "chkCompareContents"};
+  ui::Label lblToBeCompared{this, "lblToBeCompared"};
   ui::CheckBox chkDontShowAgain{this, "chkDontShowAgain"};
   ui::Button cmdStart{this, "cmdStart"};
   ui::Button cmdCancel{this, "cmdCancel"};
@@ -62,8 +68,10 @@ class frmConfirmOperation : public ui::Form {
   void ConnectHandlers();
   /// Words what is known by now.
   void Refresh();
+  FactsToTell WhatToTell() const;
   bool ShareADisk(const std::string& source, const std::string& target) const;
   void MakeFactRows(std::size_t count);
+  ui::Twips PlaceChoices(ui::Twips bottom, ui::Twips width);
   ui::Twips PlaceDoubts(ui::Twips bottom, ui::Twips width);
   void PlaceFacts();
   std::string Broken(const std::string& text, ui::Twips width, const ui::Font& font) const;

@@ -248,6 +248,15 @@ std::vector<Fact> FactsOf(const FactsToTell& tell) {
   return facts;
 }
 
+std::string ComparisonText(const FactsToTell& tell, bool is_chosen) {
+  const PreviewFindings& findings = tell.findings;
+  std::string text = "To be read: " + Count(findings.files_same, "file", tell) + ", " +
+                     Size(findings.bytes_same, tell) + " on each side" +
+                     (findings.complete ? "." : " so far . . .");
+  if (is_chosen) text += " Holds for \"Check backup state\", too, until the program ends.";
+  return text;
+}
+
 std::vector<std::string> DoubtsOf(const FactsToTell& tell) {
   std::vector<std::string> doubts;
   DoubtWhatStaysOut(tell, doubts);

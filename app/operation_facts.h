@@ -40,6 +40,9 @@ std::string OperationExplained(Operation operation);
 /// From where, to where, what, how much: as far as it is known, in the order in which it is shown.
 std::vector<Fact> FactsOf(const FactsToTell& tell);
 
+/// How much is to be read when contents are compared, and for how long that choice holds.
+std::string ComparisonText(const FactsToTell& tell, bool is_chosen);
+
 /// What in the setup is worth a second look; empty when nothing is.
 std::vector<std::string> DoubtsOf(const FactsToTell& tell);
 

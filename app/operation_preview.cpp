@@ -192,9 +192,14 @@ void OperationPreview::CountFiles(engine::FolderPair& pair) {
       continue;
     }
     ++findings_.files_met;
+    const std::int64_t size = std::max<std::int64_t>(entry.size, 0);
+    if (selection.finding == engine::Finding::kUpToDate) {
+      ++findings_.files_same;
+      findings_.bytes_same += size;
+      findings_.largest_same_bytes = std::max(findings_.largest_same_bytes, size);
+    }
     if (!selection.selected) continue;
     ++findings_.files_due;
-    const std::int64_t size = std::max<std::int64_t>(entry.size, 0);
     findings_.bytes_due += size;
     if (size > findings_.largest_due_bytes) {
       findings_.largest_due_bytes = size;

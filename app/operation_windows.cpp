@@ -40,8 +40,10 @@ void OperationWindows::Run(Operation operation) {
   const auto begin = context_.clock.Monotonic();
   const bool unattended = Unattended();
   std::string reason;
+  const engine::RunRequest request = RequestFor(operation);
+  compares_contents_ = ComparesContents(request);
   engine::RunOutcome outcome =
-      engine::RunOperation(*this, EngineTools(), RequestFor(operation), unattended ? &reason : nullptr);
+      engine::RunOperation(*this, EngineTools(), request, unattended ? &reason : nullptr);
   running_ = false;
   if (outcome.status == 0) ShowEnd(outcome);
   if (unattended) {
@@ -99,6 +101,7 @@ engine::RunRequest OperationWindows::RequestFor(Operation operation) const {
   request.operation = operation;
   request.modified_since = DatePr2::ModifiedSinceLimit(request.setup.ModifiedSince, context_.clock);
   request.skip_picture_caches = main_.SkipPictureCaches;
+  request.compare_contents = main_.CompareContents && !Unattended();
   return request;
 }
 
@@ -143,17 +146,24 @@ void OperationWindows::ShowNote(const std::string& note) { main_.ShowNote(note);
 
 /// A file that is a large part of the whole would let the bar stand still for as long: then the shares, which
 /// follow each block, say more.
-report::Expected OperationWindows::ExpectedBy(const PreviewFindings& findings) {
+report::Expected OperationWindows::ExpectedBy(const PreviewFindings& findings, bool compares) {
   constexpr std::int64_t kLargeParts = 5;
-  if (!findings.complete || findings.largest_due_bytes > findings.bytes_due / kLargeParts) return {};
-  return {findings.files_due, findings.bytes_due};
+  const std::int64_t files = findings.files_due + (compares ? findings.files_same : 0);
+  const std::int64_t bytes = findings.bytes_due + (compares ? findings.bytes_same : 0);
+  const std::int64_t largest =
+      std::max(findings.largest_due_bytes, compares ? findings.largest_same_bytes : 0);
+  if (!findings.complete || largest > bytes / kLargeParts) return {};
+  return {files, bytes};
 }
 
-bool OperationWindows::ConfirmOperation(const engine::RunRequest& request) {
+bool OperationWindows::ConfirmOperation(engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
   frmConfirmOperation window(context_, request, warnings_);
   const bool confirmed = window.Confirm(main_);
-  expected_ = ExpectedBy(window.findings());
+  main_.CompareContents = window.ComparesContents();
+  request.compare_contents = main_.CompareContents;
+  compares_contents_ = ComparesContents(request);
+  expected_ = ExpectedBy(window.findings(), compares_contents_);
   main_.SkipConfirmation = confirmed && window.NotAgain();
   return confirmed;
 }
@@ -163,6 +173,7 @@ engine::Listener& OperationWindows::OpenReport(Operation operation, const engine
   report::RunFacts facts;
   facts.operation = operation;
   facts.expected = std::exchange(expected_, {});
+  facts.compares_contents = compares_contents_;
   facts.suppress_detailed_report = setup.SuppressDetailedReports;
   facts.unattended = Unattended();
   facts.source_folder = setup.SourceFolder;

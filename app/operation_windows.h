@@ -50,7 +50,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   void PrepareFor(Operation operation) override;
   void Refuse(const std::string& text, const std::string& title) override;
   void ShowNote(const std::string& note) override;
-  bool ConfirmOperation(const engine::RunRequest& request) override;
+  bool ConfirmOperation(engine::RunRequest& request) override;
   engine::Listener& OpenReport(Operation operation, const engine::ReportHeading& heading) override;
   void RefreshFreeSpace() override;
   void LockControls() override;
@@ -77,7 +77,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   std::string TrueReason(std::int16_t status, const std::string& reason) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
 
-  static report::Expected ExpectedBy(const PreviewFindings& findings);
+  static report::Expected ExpectedBy(const PreviewFindings& findings, bool compares);
   void ShowEnd(const engine::RunOutcome& outcome);
 
   Context& context_;
@@ -91,6 +91,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   std::string unattended_heading_;
   std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
   std::string target_;                 ///< of the last run that copies
+  bool compares_contents_ = false;     ///< the run does
   report::Expected expected_;          ///< of the run that was just confirmed
 };
 

@@ -52,6 +52,8 @@ std::string EndText(Operation operation, const engine::RunOutcome& outcome, cons
     parts.Add(files.copied, "file", " copied");
     parts.AddUnlessNone(files.failed, "file", " could not be copied");
   }
+  if (outcome.compared_contents) parts.Add(files.compared, "file", " compared");
+  parts.AddUnlessNone(files.differed, "file", " with other content");
   parts.AddUnlessNone(totals.unread_folders, "folder", " could not be read");
   parts.AddUnlessNone(totals.warnings, "warning", "");
   const char* const how = outcome.cancelled    ? "Cancelled: "
@@ -66,10 +68,13 @@ std::string ResultLine(const engine::RunOutcome& outcome, double seconds) {
   const auto field = [](const char* name, std::int64_t value) {
     return " " + std::string(name) + "=" + std::to_string(value);
   };
+  std::string compared;
+  if (outcome.compared_contents)
+    compared = field("compared", counts.compared) + field("differed", counts.differed);
   return std::string("RESULT status=") + kWords[static_cast<std::size_t>(EndingOf(outcome))] +
          field("new", counts.new_files) + field("modified", counts.modified_files) +
          field("copied", counts.copied) + field("failed", counts.failed) +
-         field("bytes", outcome.totals.bytes_copied) + field("seconds", std::llround(seconds));
+         field("bytes", outcome.totals.bytes_copied) + field("seconds", std::llround(seconds)) + compared;
 }
 
 }  // namespace app

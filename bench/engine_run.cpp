@@ -1,5 +1,6 @@
 #include "bench/engine_run.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "engine/operation_run.h"
@@ -16,6 +17,8 @@ class SilentListener : public engine::Listener {
   void WriteLine(const std::string& text) override { std::fprintf(stderr, "%s\n", text.c_str()); }
   void CopyBegun(const std::string&) override {}
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void Comparing(const std::string&) override {}
+  void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool) override {}
   void Progress(double) override {}
   void Breathe() override {}
@@ -31,7 +34,7 @@ class SilentHost : public engine::RunHost {
   void PrepareFor(app::Operation) override {}
   void Refuse(const std::string&, const std::string&) override {}
   void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(const engine::RunRequest&) override { return true; }
+  bool ConfirmOperation(engine::RunRequest&) override { return true; }
   engine::Listener& OpenReport(app::Operation, const engine::ReportHeading&) override { return listener_; }
   void RefreshFreeSpace() override {}
   void LockControls() override {}
@@ -64,10 +67,11 @@ void IncludeEverything(platform::FileSystem& files, app::Setup& setup) {
 int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing, platform::Clock& clock,
               const std::vector<std::string>& words) {
   if (words.size() < 3) {
-    std::fputs("engine_run check|modified|all SOURCE TARGET [--flush]\n", stderr);
+    std::fputs("engine_run check|modified|all SOURCE TARGET [--flush] [--compare]\n", stderr);
     return 2;
   }
-  platform::FileSystem& files = words.size() > 3 && words[3] == "--flush" ? flushing : not_flushing;
+  const auto wished = [&](const char* option) { return std::ranges::find(words, option) != words.end(); };
+  platform::FileSystem& files = wished("--flush") ? flushing : not_flushing;
   const text::ProgramTexts texts;
   const engine::Tools tools{files,
                             clock,
@@ -81,6 +85,7 @@ int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing
                             }};
   engine::RunRequest request;
   request.operation = OperationOf(words[0]);
+  request.compare_contents = wished("--compare");
   request.setup.SourceFolder = words[1];
   request.setup.TargetFolder = words[2];
   IncludeEverything(files, request.setup);
@@ -88,10 +93,13 @@ int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing
   std::string status_text;
   const engine::RunOutcome outcome = engine::RunOperation(host, tools, request, &status_text);
   const engine::FileCounts& counts = outcome.totals.counts;
-  std::printf("status %d met %lld new %lld modified %lld copied %lld failed %lld\n", outcome.status,
-              static_cast<long long>(counts.met), static_cast<long long>(counts.new_files),
-              static_cast<long long>(counts.modified_files), static_cast<long long>(counts.copied),
-              static_cast<long long>(counts.failed));
+  std::printf(
+      "status %d met %lld new %lld modified %lld copied %lld failed %lld compared %lld "
+      "differed %lld\n",
+      outcome.status, static_cast<long long>(counts.met), static_cast<long long>(counts.new_files),
+      static_cast<long long>(counts.modified_files), static_cast<long long>(counts.copied),
+      static_cast<long long>(counts.failed), static_cast<long long>(counts.compared),
+      static_cast<long long>(counts.differed));
   return outcome.status == 0 && counts.failed == 0 ? 0 : 1;
 }
 

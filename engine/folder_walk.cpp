@@ -33,6 +33,8 @@ void Add(const FileCounts& folder, FileCounts& totals) {
   totals.filtered_out += folder.filtered_out;
   totals.failed += folder.failed;
   totals.due += folder.due;
+  totals.compared += folder.compared;
+  totals.differed += folder.differed;
 }
 
 bool IsFolderLink(platform::FileSystem& files, const std::string& path) {
@@ -54,7 +56,10 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
       unfinished_(tools.files, tools.clock, plan_.target),
-      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_) {
+      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_),
+      comparison_(tools, pulse_, plan_.source, plan_.target),
+      file_pass_(tools, listener, pulse_, order_, copy_pass_, comparison_, target_root_,
+                 {plan_.rules, plan_.compare_contents, [this] { return Ended(); }}) {
   if (!plan_.target.empty())
     target_ = std::make_shared<TargetFolder>(plan_.target, plan_.source, nullptr, true);
 }
@@ -71,6 +76,7 @@ const Totals& FolderWalk::Run() {
     BackupFolder(folder);
     if (!is_placed_) PlaceIncluded();
   }
+  file_pass_.Finish();
   copy_pass_.Finish();
   if (!Ended()) listener_.Progress(1.0);
   return totals_;
@@ -163,7 +169,7 @@ void FolderWalk::PlaceIncluded(const FolderPair& root, const std::vector<Selecti
 }
 
 void FolderWalk::BackupFolder(const Pending& folder) {
-  copy_pass_.Beat(folder.share_begin);
+  file_pass_.Beat(folder.share_begin);
   auto opened = FolderPair::Open(tools_.files, folder.source, folder.target);
   if (!opened) return FailFolder(folder.source, opened.error());
   const auto pair = std::make_shared<FolderPair>(std::move(*opened));
@@ -178,7 +184,7 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   ActOnFiles(folder, pair, selections, counts);
   TellEnd(counts);
   if (Ended()) return;
-  PauseIfWished(*counts);
+  file_pass_.InTurn([this, counts] { PauseIfWished(*counts); });
   if (folder.with_subfolders) PushSubfolders(folder, *pair, selections);
 }
 
@@ -200,7 +206,7 @@ std::shared_ptr<FolderCounts> FolderWalk::CountsOf(const FolderPair& pair,
 }
 
 void FolderWalk::TellBegin(const std::shared_ptr<FolderCounts>& counts) {
-  order_.Tell([this, counts] {
+  Tell([this, counts] {
     ++totals_.folders;
     if (counts->files_in_folder > 0) ++totals_.non_empty_folders;
     listener_.FolderBegun(*counts);
@@ -208,11 +214,12 @@ void FolderWalk::TellBegin(const std::shared_ptr<FolderCounts>& counts) {
 }
 
 void FolderWalk::TellEnd(const std::shared_ptr<FolderCounts>& counts) {
-  order_.TellEndOfFolder([this, counts] {
+  const auto tell = [this, counts] {
     Add(counts->counts, totals_.counts);
     totals_.bytes_met += counts->bytes_met;
     listener_.FolderEnded(*counts);
-  });
+  };
+  file_pass_.AtEndOfFolder([this, tell] { order_.TellEndOfFolder(tell); });
 }
 
 /// What only the open folder tells: that it is the target, or another volume.
@@ -333,36 +340,19 @@ void FolderWalk::ActOnFiles(const Pending& folder, const std::shared_ptr<FolderP
   for (std::size_t i = 0; i < selections.size() && !Ended(); ++i) {
     const Entry& entry = pair->source().entries()[i];
     if (entry.kind != EntryKind::kFile) continue;
-    ActOnFile({pair, &entry, selections[i], counts, done, unit});
+    file_pass_.Take({pair, &entry, selections[i], counts, done, unit});
     done += unit;
-    copy_pass_.Beat(done);
+    file_pass_.Beat(done);
   }
-}
-
-void FolderWalk::ActOnFile(CopyJob job) {
-  const Selection selection = job.selection;
-  if (selection.selected) return copy_pass_.Copy(std::move(job));
-  FileCounts& counts = job.counts->counts;
-  if (selection.skip_text != 0) {
-    ++counts.filtered_out;
-    Write(NoticeLine(tools_, selection.skip_text, job.file->name) + ".");
-  } else if (selection.finding == Finding::kFilteredOut) {
-    ++counts.filtered_out;
-  } else if (selection.finding == Finding::kUpToDate) {
-    ++counts.up_to_date;
-    if (IsCopyOperation(plan_.rules.operation))
-      target_root_.TakeSpelling(job.folders->target_path(), *selection.target, job.file->name);
-  } else {
-    ++counts.due;
-  }
-  Count(selection, *job.file, *job.counts);
 }
 
 bool FolderWalk::Ended() {
-  if (OperationTerminated()) return true;
-  if (cancelled_ || !listener_.StopRequested()) return cancelled_;
-  cancelled_ = true;
-  copy_pass_.GiveUp();
+  if (cancelled_) return true;
+  const bool terminated = OperationTerminated();
+  if (!terminated && !listener_.StopRequested()) return false;
+  cancelled_ = !terminated;
+  file_pass_.GiveUp();
+  if (cancelled_) copy_pass_.GiveUp();
   return true;
 }
 
@@ -422,19 +412,23 @@ bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
   return true;
 }
 
+void FolderWalk::Tell(ReportOrder::Act act) {
+  file_pass_.InTurn([this, act = std::move(act)] { order_.Tell(act); });
+}
+
 void FolderWalk::Write(const std::string& line) {
-  order_.Tell([this, line] { listener_.WriteLine(line); });
+  Tell([this, line] { listener_.WriteLine(line); });
 }
 
 void FolderWalk::Warn(const std::string& line) {
-  order_.Tell([this, line] {
+  Tell([this, line] {
     ++totals_.warnings;
     listener_.WriteLine(line);
   });
 }
 
 void FolderWalk::WriteUnread(const std::string& line) {
-  order_.Tell([this, line] {
+  Tell([this, line] {
     ++totals_.unread_folders;
     listener_.WriteLine(line);
   });

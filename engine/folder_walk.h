@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "app/data/setup.h"
+#include "engine/content_comparison.h"
 #include "engine/copy_pass.h"
+#include "engine/file_pass.h"
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
 #include "engine/nesting.h"
@@ -25,6 +27,7 @@ struct WalkPlan {
   std::vector<std::string> included_folders;
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
+  bool compare_contents = false;  ///< of files that count as up to date
   SelectionRules rules;
 };
 
@@ -81,7 +84,6 @@ class FolderWalk {
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
   void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
-  void ActOnFile(CopyJob job);
   void TellBegin(const std::shared_ptr<FolderCounts>& counts);
   void TellEnd(const std::shared_ptr<FolderCounts>& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair,
@@ -93,6 +95,7 @@ class FolderWalk {
   void PauseIfWished(const FolderCounts& counts);
   /// Asks the listener, too.
   bool Ended();
+  void Tell(ReportOrder::Act act);
   void Write(const std::string& line);
   void Warn(const std::string& line);
   /// A folder, or a part of the target, that could not be read.
@@ -109,6 +112,8 @@ class FolderWalk {
   ReportOrder order_;
   UnfinishedRun unfinished_;
   CopyPass copy_pass_;
+  ContentComparison comparison_;
+  FilePass file_pass_;
   TargetFolder::Ptr target_;      ///< null: there is none
   std::vector<Pending> pending_;  ///< the next one at the end
   bool is_placed_ = false;        ///< the included folders know whether their targets are there

@@ -25,6 +25,7 @@ ReportHeading HeadingOf(const Tools& tools, const RunRequest& request) {
   heading.lines.push_back(std::move(title));
   heading.lines.push_back("{" + tools.texts.GetProgramText(text::kSourceFolder) +
                           "} = " + setup.SourceFolder);
+  if (ComparesContents(request)) heading.lines.push_back(tools.texts.GetProgramText(text::kComparesContents));
   heading.lines.emplace_back();
   return heading;
 }
@@ -38,6 +39,7 @@ WalkPlan PlanOf(const RunRequest& request) {
   plan.included_folders = setup.IncludedFolders;
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
+  plan.compare_contents = ComparesContents(request);
   plan.rules = RulesOf(request);
   return plan;
 }
@@ -102,6 +104,7 @@ RunOutcome WalkAndReport(RunHost& host, const Tools& tools, const RunRequest& re
   const WalkPlan plan = PlanOf(request);
   FolderWalk walk(tools, listener, plan);
   RunOutcome outcome;
+  outcome.compared_contents = plan.compare_contents;
   outcome.totals = walk.Run();
   outcome.cancelled = walk.cancelled();
   outcome.terminated = walk.OperationTerminated();
@@ -125,11 +128,17 @@ SelectionRules RulesOf(const RunRequest& request) {
           request.skip_picture_caches};
 }
 
+bool ComparesContents(const RunRequest& request) {
+  return request.compare_contents && (request.operation == app::Operation::kCheckBackupState ||
+                                      request.operation == app::Operation::kBackupModifiedFiles);
+}
+
 RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& request,
                         std::string* statusText) {
   host.PrepareFor(request.operation);
   if (const auto refusal = Validate(host, tools, request)) return Refused(host, *refusal, statusText);
-  if (IsCopyOperation(request.operation) && statusText == nullptr && !host.ConfirmOperation(request)) {
+  RunRequest confirmed = request;
+  if (IsCopyOperation(request.operation) && statusText == nullptr && !host.ConfirmOperation(confirmed)) {
     RunOutcome outcome;
     outcome.status = kNotConfirmed;
     return outcome;
@@ -137,7 +146,7 @@ RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& req
   RunLock run;
   if (IsCopyOperation(request.operation)) run = LockTarget(tools, request.setup.TargetFolder);
   if (run.is_taken) return Refused(host, TargetInUse(tools, run.holder), statusText);
-  return WalkAndReport(host, tools, request);
+  return WalkAndReport(host, tools, confirmed);
 }
 
 }  // namespace engine

@@ -34,15 +34,22 @@ struct RunRequest {
   app::Operation operation = app::Operation::kCheckBackupState;
   std::optional<platform::FileTime> modified_since;  ///< the limit that setup.ModifiedSince stands for
   bool skip_picture_caches = false;
+  /// Files that count as up to date are read and compared with their copies, by an operation that looks for
+  /// modified ones.
+  bool compare_contents = false;
 };
 
 struct RunOutcome {
   std::int16_t status = 0;  ///< 0, or why it did not start
   Totals totals;
+  bool compared_contents = false;  ///< of files that counted as up to date
   bool cancelled = false;
   /// Ended early: target drive full, an answer that stops, data not safe on the disk.
   bool terminated = false;
 };
+
+/// Whether such a run reads files that count as up to date.
+bool ComparesContents(const RunRequest& request);
 
 /// What holds for every file of such a run.
 SelectionRules RulesOf(const RunRequest& request);

@@ -39,7 +39,7 @@ void ReportOrder::Take(Step step) {
 void ReportOrder::Do(const Step& step) {
   if (is_closed_) return;
   step.act();
-  is_closed_ = gives_up_ && step.ends_folder;
+  is_closed_ = is_closed_ || (gives_up_ && step.ends_folder);
 }
 
 }  // namespace engine

@@ -5,8 +5,8 @@
 
 namespace engine {
 
-/// Keeps what a run has to tell in the order of the walk while copies are on their way: what comes after such
-/// a copy waits until it is known what came of it.
+/// Keeps what a run does or tells in the order of the walk while something is on its way, copies or
+/// comparisons: what comes after it waits until it is known what came of it. "Copy" stands for either below.
 class ReportOrder {
  public:
   using Act = std::function<void()>;

@@ -30,8 +30,9 @@ class RunHost {
   /// Shows what is going on before the report opens; empty: nothing any more.
   virtual void ShowNote(const std::string& note) = 0;
 
-  /// Shows the settings of a copying run; false: the user does not want it.
-  virtual bool ConfirmOperation(const RunRequest& request) = 0;
+  /// Shows the settings of a copying run; false: the user does not want it. What the user chooses there for
+  /// this run goes into the request.
+  virtual bool ConfirmOperation(RunRequest& request) = 0;
 
   /// Opens the report, empty but for its heading, and hands out the listener of the run.
   virtual Listener& OpenReport(app::Operation operation, const ReportHeading& heading) = 0;

@@ -7,6 +7,12 @@
 #include "ui/front_end.h"
 
 namespace report {
+namespace {
+
+constexpr const char* kCopying = "File now being copied: ";
+constexpr const char* kComparing = "Now being compared: ";
+
+}  // namespace
 
 frmReport::frmReport(ui::FrontEnd& front_end, platform::Clock& clock, const text::ProgramTexts& texts,
                      MainWindow& main)
@@ -56,7 +62,7 @@ void frmReport::SetTextsAndKeys() {
   cmdFindNext.SetAccessKey('X');
   lblSourceCaption.SetText("Source: ");
   lblTargetCaption.SetText("Target: ");
-  Label1.SetText("File now being copied: ");
+  Label1.SetText(kCopying);
   barProgress.SetSpokenName("Progress of the operation");
   txbText.SetReadOnly(true);
   txbText.SetSpokenName("Report");
@@ -158,10 +164,16 @@ void frmReport::ShowEnd(const std::string& title, const std::string& text, EndKi
 }
 
 void frmReport::ShowFileBeingCopied(const std::string& path) {
+  Label1.SetText(kCopying);
   Label1.SetVisible(!path.empty());
   lblFileName.SetText(path);
   lblFileName.SetToolTip(path);
   lblFileName.SetVisible(!path.empty());
+}
+
+void frmReport::ShowFileBeingCompared(const std::string& path) {
+  ShowFileBeingCopied(path);
+  Label1.SetText(kComparing);
 }
 
 void frmReport::ShowSaving() {

@@ -75,6 +75,8 @@ class frmReport : public ui::Form {
   // --- What is shown beside the report.
   /// The file that is being copied; none when empty.
   void ShowFileBeingCopied(const std::string& path);
+  /// In its place: the file that is being compared with its copy.
+  void ShowFileBeingCompared(const std::string& path);
   /// In its place: that what was copied is being brought safely to the disk.
   void ShowSaving();
   /// What has been copied: "Copied: " and so on.

@@ -34,7 +34,7 @@ void RunProgress::Passed(Time now) {
 /// What was counted may have changed since: only the end of the run is all of it.
 double RunProgress::ByCount() const {
   constexpr double kNearlyAll = 0.99;
-  return shares_ >= 1 ? 1 : std::min(CostOf(done_) / CostOf(expected_), kNearlyAll);
+  return shares_ >= 1 ? 1 : std::min(CostOf(Done()) / CostOf(expected_), kNearlyAll);
 }
 
 double RunProgress::fraction() {
@@ -47,15 +47,17 @@ std::string RunProgress::Details() const {
   const auto size = [this](std::int64_t bytes) {
     return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), kDecimals, marks_);
   };
-  return text::GroupedNumber(done_.files, marks_) + " of " + text::GroupedNumber(expected_.files, marks_) +
-         " file" + StrProc::PluralSuffix(expected_.files) + ", " + size(done_.bytes) + " of " +
+  const Expected done = Done();
+  return text::GroupedNumber(done.files, marks_) + " of " + text::GroupedNumber(expected_.files, marks_) +
+         " file" + StrProc::PluralSuffix(expected_.files) + ", " + size(done.bytes) + " of " +
          size(expected_.bytes);
 }
 
 std::string RunProgress::TimeLeft() const {
   constexpr double kMinute = 60;
   constexpr double kHour = 3'600;
-  if (!counted() || worked_ < kLeastWorked || fraction_ < kLeastDone || fraction_ >= 1) return {};
+  if ((!counted() && !by_shares_) || worked_ < kLeastWorked || fraction_ < kLeastDone || fraction_ >= 1)
+    return {};
   const double seconds = std::chrono::duration<double>(worked_).count() * (1 - fraction_) / fraction_;
   if (seconds < kMinute) return "less than a minute left";
   const bool hours = seconds >= 2 * kHour;

@@ -9,7 +9,7 @@
 
 namespace report {
 
-/// What is to be copied in a run, as far as it was counted before.
+/// What is to be copied or compared in a run, as far as it was counted before.
 struct Expected {
   std::int64_t files = 0;  ///< 0: nobody has counted
   std::int64_t bytes = 0;
@@ -21,11 +21,15 @@ class RunProgress {
  public:
   using Time = std::chrono::milliseconds;
 
-  RunProgress(Expected expected, const text::NumberMarks& marks) : expected_(expected), marks_(marks) {}
+  /// Where nobody has counted, the time left is told only when `by_shares` says that the run reads
+  /// everything, and so that its time goes with them.
+  RunProgress(Expected expected, const text::NumberMarks& marks, bool by_shares = false)
+      : expected_(expected), marks_(marks), by_shares_(by_shares) {}
 
   /// The share of the run that is done, 0 to 1.
   void Shares(double fraction) { shares_ = fraction; }
-  void Copied(std::int64_t files, std::int64_t bytes) { done_ = {files, bytes}; }
+  void Copied(std::int64_t files, std::int64_t bytes) { copied_ = {files, bytes}; }
+  void Compared(std::int64_t files, std::int64_t bytes) { compared_ = {files, bytes}; }
   /// The run is held from now on; it goes on with the next Passed().
   void Held(Time now);
   void Passed(Time now);
@@ -40,10 +44,13 @@ class RunProgress {
  private:
   bool counted() const { return expected_.files > 0; }
   double ByCount() const;
+  Expected Done() const { return {copied_.files + compared_.files, copied_.bytes + compared_.bytes}; }
 
   Expected expected_;
-  Expected done_;
+  Expected copied_;
+  Expected compared_;
   text::NumberMarks marks_;
+  bool by_shares_ = false;
   double shares_ = 0;
   double fraction_ = 0;
   Time worked_{0};

@@ -41,7 +41,7 @@ RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock
       clock_(clock),
       marks_(marks),
       facts_(std::move(facts)),
-      progress_(facts_.expected, marks) {}
+      progress_(facts_.expected, marks, facts_.compares_contents) {}
 
 void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
   window_.BeginReport(title, Printable(facts_.source_folder), Printable(facts_.target_folder));
@@ -98,14 +98,27 @@ void RunReport::WriteLine(const std::string& text) {
 
 void RunReport::CopyBegun(const std::string& source_path) {
   file_ = source_path;
+  is_compared_ = false;
   copying_ = true;
   ShowWhenDue();
 }
 
 void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) {
-  copied_ = Copied{bytes_copied, files_copied};
+  copied_ = Sum{bytes_copied, files_copied};
   copying_ = false;
   progress_.Copied(files_copied, bytes_copied);
+  ShowWhenDue();
+}
+
+void RunReport::Comparing(const std::string& source_path) {
+  file_ = source_path;
+  is_compared_ = true;
+  ShowWhenDue();
+}
+
+void RunReport::Compared(std::int64_t bytes, std::int64_t files) {
+  compared_ = Sum{bytes, files};
+  progress_.Compared(files, bytes);
   ShowWhenDue();
 }
 
@@ -164,17 +177,23 @@ void RunReport::ShowWhenDue() {
 }
 
 void RunReport::ShowLatest() {
-  if (file_) window_.ShowFileBeingCopied(Printable(*file_));
-  if (copied_) {
-    const std::string size =
-        StrProc::FormatByteCountWithMb(static_cast<double>(copied_->bytes), false, marks_);
-    window_.ShowBytesCopied("Copied: " + size + " in " + text::GroupedNumber(copied_->files, marks_) +
-                            " file" + StrProc::PluralSuffix(copied_->files));
-  }
+  if (file_ && is_compared_) window_.ShowFileBeingCompared(Printable(*file_));
+  if (file_ && !is_compared_) window_.ShowFileBeingCopied(Printable(*file_));
+  ShowSums();
   const double fraction = progress_.fraction();
   window_.ShowProgress(fraction, progress_.Details(), progress_.TimeLeft());
   file_.reset();
-  copied_.reset();
+}
+
+void RunReport::ShowSums() {
+  std::string text = copied_ ? InWords("Copied: ", *copied_) : std::string();
+  if (compared_) text += (text.empty() ? "" : ".  ") + InWords("Compared: ", *compared_);
+  if (!text.empty()) window_.ShowBytesCopied(text);
+}
+
+std::string RunReport::InWords(const char* what, const Sum& sum) const {
+  return what + StrProc::FormatByteCountWithMb(static_cast<double>(sum.bytes), false, marks_) + " in " +
+         text::GroupedNumber(sum.files, marks_) + " file" + StrProc::PluralSuffix(sum.files);
 }
 
 void RunReport::ShowHeld() {

@@ -28,6 +28,7 @@ struct RunFacts {
   std::string target_drive;                      ///< as the free space names it, such as "E:"
   std::function<std::string()> free_space_text;  ///< the free space on the target; may be empty
   Expected expected = {};                        ///< what was counted before
+  bool compares_contents = false;                ///< also of files that seem up to date
 };
 
 /// Turns what the engine tells during a run into the lines of the report, and answers it.
@@ -56,6 +57,8 @@ class RunReport : public engine::Listener {
   void WriteLine(const std::string& text) override;
   void CopyBegun(const std::string& source_path) override;
   void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) override;
+  void Comparing(const std::string& source_path) override;
+  void Compared(std::int64_t bytes, std::int64_t files) override;
   void Saving(bool is_saving) override;
   void Progress(double fraction) override;
   void Breathe() override;
@@ -74,7 +77,7 @@ class RunReport : public engine::Listener {
   void WriteSummary(const engine::Totals& totals);
 
  private:
-  struct Copied {
+  struct Sum {
     std::int64_t bytes = 0;
     std::int64_t files = 0;
   };
@@ -88,9 +91,12 @@ class RunReport : public engine::Listener {
   void WriteSize(const char* caption, std::int64_t bytes);
   void WriteSinceHeading();
   void WriteCopied(const engine::Totals& totals);
+  void WriteCompared(const engine::Totals& totals);
   void WriteWarningLine(const engine::Totals& totals);
 
   void ShowWhenDue();
+  void ShowSums();
+  std::string InWords(const char* what, const Sum& sum) const;
   void ShowFreeSpace();
 
   frmReport& window_;
@@ -108,7 +114,9 @@ class RunReport : public engine::Listener {
 
   // What has come since the labels were set last.
   std::optional<std::string> file_;
-  std::optional<Copied> copied_;
+  bool is_compared_ = false;  ///< the file, not copied
+  std::optional<Sum> copied_;
+  std::optional<Sum> compared_;
   std::optional<std::chrono::milliseconds> shown_;
   std::optional<std::chrono::milliseconds> free_space_shown_;
 };

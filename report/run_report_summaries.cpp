@@ -43,6 +43,12 @@ void RunReport::WriteCopied(const engine::Totals& totals) {
   }
 }
 
+void RunReport::WriteCompared(const engine::Totals& totals) {
+  if (!facts_.compares_contents) return;
+  WriteCount("Number of files whose contents were compared: ", totals.counts.compared);
+  WriteCount("Number of these with other content in the copy: ", totals.counts.differed);
+}
+
 void RunReport::ReportForListFolders(const engine::Totals& totals) {
   BeginSummary();
   WriteCount("Number of folders: ", totals.folders);
@@ -70,6 +76,7 @@ void RunReport::ReportForBackupModifiedFiles(const engine::Totals& totals) {
   }
   WriteCopied(totals);
   WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
+  WriteCompared(totals);
   WriteWarningLine(totals);
 }
 
@@ -82,11 +89,12 @@ void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
   const bool all_seen = totals.counts.failed == 0 && totals.unread_folders == 0 && !StopRequested();
   if (modified + new_files == 0 && all_seen) {
     window_.OutputKept("All files backed up.", true);
-    return;
+  } else {
+    WriteCount("Number of modified files: ", modified);
+    WriteCount("Number of files not backed up: ", new_files);
+    WriteCount("Number of files modified or not backed up: ", modified + new_files);
   }
-  WriteCount("Number of modified files: ", modified);
-  WriteCount("Number of files not backed up: ", new_files);
-  WriteCount("Number of files modified or not backed up: ", modified + new_files);
+  WriteCompared(totals);
 }
 
 void RunReport::WriteWarningLine(const engine::Totals& totals) {

@@ -144,6 +144,14 @@ inline constexpr int kUnfinishedRunFound = 540;
 inline constexpr int kNotMarked = 541;    ///< lead word
 inline constexpr int kMarkNotRead = 542;  ///< lead word
 
+// --- Contents compared; lines of the engine
+inline constexpr int kOtherContent = 770;            ///< lead word
+inline constexpr int kNotCompared = 771;             ///< lead word: a file of the source
+inline constexpr int kCopyNotRead = 772;             ///< lead word: a copy
+inline constexpr int kCopyNotReadAdvice = 773;       ///< a sentence behind that line
+inline constexpr int kChangedBeforeComparing = 774;  ///< lead word
+inline constexpr int kComparesContents = 775;        ///< a line of the heading
+
 // --- Report window
 inline constexpr int kAskCancelBackup = 700;
 inline constexpr int kAskCancelOperation = 701;

@@ -33,6 +33,11 @@ class Listener {
   /// A file has been copied; the sums of the run so far.
   virtual void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) = 0;
 
+  /// The run waits for this file, whose content is compared with that of its copy. To be shown.
+  virtual void Comparing(const std::string& source_path) = 0;
+  /// What has been compared so far: bytes of one side, and files. Told now and then.
+  virtual void Compared(std::int64_t bytes, std::int64_t files) = 0;
+
   /// Whether the run now waits until what was copied is safely on the disk.
   virtual void Saving(bool is_saving) = 0;
 

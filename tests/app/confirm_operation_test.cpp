@@ -167,6 +167,20 @@ TEST_F(ConfirmOperation, DoubtsWhatTheTargetCannotHold) {
   EXPECT_TRUE(Doubts().ends_with("film")) << Doubts();
 }
 
+TEST_F(ConfirmOperation, OffersToCompareWhatSeemsUpToDateAndTellsHowMuchThatIs) {
+  tree::Add(files, {"/src/a=12345", "/dst/a=12345", "/src/b=123", "/dst/b=345", "/src/new", "/src/longer=12",
+                    "/dst/longer=1"});
+  Confirm([&] {
+    EXPECT_EQ(confirm->lblToBeCompared.text(), "To be read: 2 files, 8 bytes on each side.");
+    confirm->UserPressedAccessKey('C');
+  });
+  EXPECT_TRUE(confirm->ComparesContents());
+  EXPECT_TRUE(confirm->lblToBeCompared.text().ends_with(
+      " Holds for \"Check backup state\", too, until the program ends."));
+  request.operation = Operation::kBackupAllFiles;
+  Confirm([&] { EXPECT_FALSE(confirm->chkCompareContents.visible() || confirm->lblToBeCompared.visible()); });
+}
+
 TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {
   EXPECT_TRUE(Confirm([&] { confirm->UserPressedEnter(); }));
   EXPECT_FALSE(confirm->NotAgain());

@@ -156,4 +156,33 @@ TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCo
             window->ReportWindow().lblState.text().substr(sizeof "Finished:"));
 }
 
+TEST_F(Operations, CompareContentsOnceThatIsTickedAlsoWhereNothingIsStartedButNeverUnattended) {
+  tree::Add(files, {"/dst/a=hullo"});
+  StartWithSetup("nightly");
+  EXPECT_EQ(printed.back(), "RESULT status=ok new=0 modified=0 copied=0 failed=0 bytes=0 seconds=0");
+  bool ticks = true;
+  front_end.when_idle = [&] {
+    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
+    if (form == nullptr || form->tmrRead.running()) return front_end.PassTime(1);
+    if (ticks) Tick(form->chkCompareContents, true);
+    EXPECT_TRUE(form->ComparesContents());
+    Click(std::exchange(ticks, false) ? form->cmdCancel : form->cmdStart);
+  };
+  Click(window->cmdBackupModifiedFiles);
+  const auto ends = [this](ui::Button& button) {
+    Click(button);
+    return window->ReportWindow().lblState.text();
+  };
+  EXPECT_EQ(ends(window->cmdCheckBackupState),
+            "Finished: 1 file to be backed up, 1 file compared, 1 file with other content.");
+  EXPECT_EQ(ends(window->cmdBackupModifiedFiles),
+            "Finished: 1 file copied, 1 file compared, 1 file with other content.");
+  EXPECT_EQ(tree::Below(files, "/dst"), "a=hello");
+  EXPECT_EQ(ends(window->cmdCheckBackupState), "Finished: 0 files to be backed up, 1 file compared.");
+  EXPECT_NE(window->ReportWindow().txbText.text().find(
+                "All files backed up.\r\nNumber of files whose contents were compared: 1\r\n"
+                "Number of these with other content in the copy: 0\r\n"),
+            std::string::npos);
+}
+
 }  // namespace app::test

@@ -30,7 +30,7 @@ class Scene : public RunHost, public Listener {
 
   /// Runs an operation, holds its sums against each other, and gives them in words: "new 2, copied 2".
   std::string Run(app::Operation operation, std::string* status_text = nullptr) {
-    outcome = RunOperation(*this, tools, {setup, operation, {}, false}, status_text);
+    outcome = RunOperation(*this, tools, {setup, operation, {}, false, compare_contents}, status_text);
     const FileCounts& sums = outcome.totals.counts;
     EXPECT_EQ(sums.met, sums.copied + sums.up_to_date + sums.filtered_out + sums.failed + sums.due);
     const char* const names[] = {"new", "modified", "copied",   "up to date", "filtered",  "failed",
@@ -63,7 +63,7 @@ class Scene : public RunHost, public Listener {
     steps += "refuse " + title + ": " + text + "|";
   }
   void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(const RunRequest&) override {
+  bool ConfirmOperation(RunRequest&) override {
     steps += "confirm|";
     return confirm;
   }
@@ -88,6 +88,8 @@ class Scene : public RunHost, public Listener {
     if (on_copy) on_copy();
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void Comparing(const std::string&) override {}
+  void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool is_saving) override { saving += is_saving ? "saving|" : "done|"; }
   void Progress(double fraction) override { progress.push_back(fraction); }
   void Breathe() override {
@@ -113,7 +115,9 @@ class Scene : public RunHost, public Listener {
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
       "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"
       "560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n563 Folder name taken.\n"
-      "540 Interrupted.\n541 Not marked:\n505 Folder in the way.\n508 Bad name.\n511 Unknown.\n661 Became "
+      "770 Other content:\n771 Not compared:\n772 Copy unreadable:\n773 Move it.\n774 Changed before:\n"
+      "775 Comparing all.\n540 Interrupted.\n541 Not marked:\n505 Folder in the way.\n508 Bad name.\n511 "
+      "Unknown.\n661 Became "
       "folder.\n652 Unreadable:\n653 Not plain:\n"};
   bool write_protected = false;
   Tools tools{files,
@@ -135,6 +139,7 @@ class Scene : public RunHost, public Listener {
   std::string steps, lines, visited, copied, told, paused_after, saving;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
+  bool compare_contents = false;
   bool confirm = true, go_on = true, stop = false, pause_wished = false;
   std::function<void()> on_copy, on_breath;
 };

@@ -2,8 +2,10 @@
 #include <fstream>
 #include <random>
 
+#include "platform/pair_comparer.h"
 #include "platform/posix/posix_copy_volume.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/posix/readable_file.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -12,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 using platform::CopyLimits;
 
-/// The system's own files, with copiers of so many threads.
+/// The system's own files, with copiers and comparers of so many threads.
 class Files : public platform::posix::PosixFileSystem {
  public:
   explicit Files(std::size_t threads) : threads_(threads) {}
@@ -20,6 +22,10 @@ class Files : public platform::posix::PosixFileSystem {
                                                const std::string& target) override {
     return std::make_unique<platform::GroupedCopier>(std::make_shared<Volume>(source, target, threads_),
                                                      copiers_);
+  }
+  std::unique_ptr<platform::Comparer> MakeComparer(const std::string&, const std::string&) override {
+    comparers_.Allow(threads_);
+    return std::make_unique<platform::PairComparer>(platform::posix::OpenToRead, comparers_);
   }
 
  private:
@@ -37,11 +43,12 @@ class Files : public platform::posix::PosixFileSystem {
 
   const std::size_t threads_;
   platform::CopyThreads copiers_;
+  platform::Workers comparers_;
 };
 
-void Write(const fs::path& path, std::size_t length) {
+void Write(const fs::path& path, std::size_t length, char with = 'x') {
   fs::create_directories(path.parent_path());
-  std::ofstream(path) << std::string(length, 'x');
+  std::ofstream(path) << std::string(length, with);
 }
 
 /// A source, and a target in which some of its files are up to date and others have something in their way.
@@ -56,7 +63,7 @@ void MakeTree(const fs::path& root, unsigned seed) {
     Write(root / "src" / name, roll(3) == 0 ? 100'000 : roll(9));
     const fs::path copy = root / "dst" / name;
     if (roll(3) == 0) {
-      Write(copy, roll(9));
+      Write(copy, roll(9), "xxxy"[roll(4)]);
     } else if (roll(9) == 0) {
       fs::create_directories(copy / "in the way");
     }
@@ -74,8 +81,8 @@ std::string Told(const fs::path& root, unsigned seed, std::size_t threads) {
   setup.SourceFolder = (root / "src").string();
   setup.TargetFolder = (root / "dst").string();
   setup.IncludedFolders = {"d0", "d1", "d2", "d3"};
-  const auto outcome =
-      RunOperation(scene, tools, {setup, app::Operation::kBackupModifiedFiles, {}, false}, nullptr);
+  const auto outcome = RunOperation(
+      scene, tools, {setup, app::Operation::kBackupModifiedFiles, {}, false, seed % 2 == 0}, nullptr);
   const FileCounts& sums = outcome.totals.counts;
   return scene.lines + scene.visited + std::to_string(sums.copied) + " of " + std::to_string(sums.met);
 }

@@ -1,0 +1,131 @@
+#include <numeric>
+#include <random>
+#include <set>
+
+#include "tests/engine/scene.h"
+
+namespace engine::test {
+
+using platform::memory::Call;
+
+/// Runs compare contents here.
+struct ContentComparison : testing::Test, Scene {
+  ContentComparison() { compare_contents = true; }
+
+  std::string Sums() const {
+    return std::to_string(outcome.totals.counts.compared) + " compared, " +
+           std::to_string(outcome.totals.counts.differed) + " differed";
+  }
+  /// One byte of a file becomes another, and nothing else.
+  void Flip(const std::string& path, std::size_t at) {
+    std::string content = files.ContentOf(path);
+    content[at] = static_cast<char>(content[at] ^ 1);
+    const platform::FileTime modified = files.ModifiedOf(path);
+    files.Remove(path);
+    files.AddFile(path, content, modified);
+  }
+};
+
+/// The files that the report names as other than their copies, sorted, "|" behind each.
+std::string FilesThatDiffer(const Scene& scene) {
+  const std::string lead = "Other content: ";
+  std::set<std::string> found;
+  for (auto at = scene.lines.find(lead); at != std::string::npos; at = scene.lines.find(lead, at + 1))
+    found.insert(scene.lines.substr(at + lead.size(), scene.lines.find('|', at) - at - lead.size() + 1));
+  return std::accumulate(found.begin(), found.end(), std::string());
+}
+
+TEST_F(ContentComparison, FindsExactlyTheFilesThatAreOtherThanTheirCopiesWhateverTheTree) {
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    Scene scene({}, {"d0", "d1", "d2"});
+    scene.compare_contents = true;
+    scene.files.SetBlockSize(1'000);
+    std::minstd_rand random(seed);
+    const auto dice = [&](unsigned sides) { return static_cast<unsigned>(random() / 7 % sides); };
+    std::set<std::string> differ;
+    std::int64_t pairs = 0;
+    for (unsigned i = dice(40); i > 0; --i) {
+      const unsigned folder = dice(5);  // the source itself, three that are included, and one that is not
+      const std::string below = "/d" + std::to_string(folder) + (dice(2) == 0 ? "/below/" : "/");
+      const std::string name = (folder == 4 ? "/" : below) + std::to_string(i);
+      std::string content(dice(150) == 0 ? 300'000 : dice(20), '\0');
+      for (char& byte : content) byte = static_cast<char>(random());
+      scene.files.AddFile("/src" + name, content);
+      if (dice(8) == 0) continue;
+      const bool flips = !content.empty() && dice(3) == 0;
+      if (flips) content[dice(static_cast<unsigned>(content.size()))] ^= 1;
+      scene.files.AddFile("/dst" + name, content);
+      if (folder == 3) continue;
+      ++pairs;
+      if (flips) differ.insert("/src" + name + "|");
+    }
+    const std::string expected = std::accumulate(differ.begin(), differ.end(), std::string());
+    const engine::FileCounts& sums = scene.outcome.totals.counts;
+    scene.Check();
+    ASSERT_EQ(FilesThatDiffer(scene), expected) << "seed " << seed;
+    ASSERT_EQ(sums.compared, pairs) << "seed " << seed;
+    scene.BackUp();
+    ASSERT_EQ(FilesThatDiffer(scene), expected) << "seed " << seed;
+    scene.Check();
+    ASSERT_EQ(FilesThatDiffer(scene) + (sums.due > 0 ? "due" : ""), "") << "not repaired; seed " << seed;
+  }
+}
+
+TEST_F(ContentComparison, TellsAllInTheOrderOfTheWalk) {
+  tree::Add(files, {"/src/a=12", "/dst/a=13", "/src/b=new", "/src/c=12", "/dst/c=12", "/src/d=1", "/dst/d=2",
+                    "/src/in/e=1", "/dst/in/e=2"});
+  setup.IncludedFolders = {"in", "gone"};
+  EXPECT_EQ(BackUp(), "new 1, modified 3, copied 4, up to date 1, warnings 1");
+  EXPECT_EQ(Sums(), "4 compared, 3 differed");
+  EXPECT_EQ(copied, "/src/a|/src/b|/src/d|/src/in/e|");
+  EXPECT_TRUE(
+      Wrote("      Other content: /src/a|      Other content: /src/d|      Other content: /src/in/e|"));
+  EXPECT_TRUE(Wrote("Comparing all.|"));
+  EXPECT_EQ(files.ContentOf("/dst/a") + files.ContentOf("/dst/d"), "121");
+}
+
+TEST_F(ContentComparison, IsNotMadeUnlessItIsWishedForNorWhereEverythingIsCopied) {
+  tree::Add(files, {"/src/a=12", "/dst/a=13"});
+  EXPECT_EQ(BackUpAll(), "copied 1");
+  compare_contents = false;
+  Flip("/dst/a", 0);
+  EXPECT_EQ(Check() + "; " + BackUp(), "up to date 1; up to date 1");
+  EXPECT_EQ(files.CountOf(Call::kReadContent), 0u);
+}
+
+TEST_F(ContentComparison, TakesNothingForEqualThatCannotBeRead) {
+  tree::Add(files, {"/src/a=1", "/dst/a=1", "/src/b=1", "/dst/b=1", "/src/c=1", "/dst/c=1"});
+  files.Fail(Call::kReadContent, "/src/a", {platform::ErrorKind::kAccessDenied, 13, "Denied"});
+  files.Fail(Call::kReadContent, "/dst/b", {platform::ErrorKind::kOther, 5, "Bad sector"});
+  EXPECT_EQ(BackUp(), "up to date 1, failed 2");
+  EXPECT_EQ(Sums(), "1 compared, 0 differed");
+  EXPECT_TRUE(Wrote("      Not compared: /src/a. No permission. (13: Denied)|"));
+  EXPECT_TRUE(Wrote("      Copy unreadable: /dst/b. Unknown. (5: Bad sector) Move it.|"));
+}
+
+TEST_F(ContentComparison, TellsASourceThatChangesFromACopyThatIsBad) {
+  tree::Add(files, {"/src/a=1", "/dst/a=1", "/src/b=1", "/dst/b=1"});
+  files.Before([this](Call call, const std::string& path) {
+    if (call == Call::kReadContent && path == "/src/a") files.AddFile("/src/a", "22", {1'700'000'100, 0});
+  });
+  EXPECT_EQ(BackUp(), "modified 1, copied 1, up to date 1");
+  EXPECT_EQ(Sums(), "2 compared, 0 differed");
+  EXPECT_TRUE(Wrote("Changed before: /src/a|") && !Wrote("Other content"));
+  EXPECT_EQ(files.ContentOf("/dst/a"), "22");
+}
+
+TEST_F(ContentComparison, IsGivenUpWithTheRunWhoseSumsBalanceAllTheSame) {
+  for (int i = 0; i < 3'000; ++i) {
+    const std::string name = "/" + std::to_string(i);
+    tree::Add(files, {"/src" + name + "=12", "/dst" + name + "=12"});
+  }
+  Flip("/dst/1500", 1);
+  tree::Add(files, {"/src/new=12"});
+  on_copy = [this] { stop = true; };
+  EXPECT_EQ(BackUp(), "up to date 1500, cancelled 1");
+  stop = false;
+  files.SetSpace(0, 1'000);
+  EXPECT_EQ(BackUp(), "modified 1, up to date 1500, failed 1, terminated 1");
+}
+
+}  // namespace engine::test
