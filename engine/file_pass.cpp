@@ -10,7 +10,7 @@
 namespace engine {
 namespace {
 
-constexpr std::chrono::milliseconds kOneWait{50};
+constexpr std::chrono::milliseconds kOneWaitToCompare{50};
 
 }  // namespace
 
@@ -48,7 +48,7 @@ void FilePass::Compare(CopyJob job) {
 bool FilePass::Wait() {
   if (setting_.has_ended()) return false;
   if (pulse_.IsDue()) listener_.Comparing(comparison_.FileAtHand());
-  comparison_.Wait(kOneWait);
+  comparison_.Wait(kOneWaitToCompare);
   Settle();
   copy_pass_.Beat(comparison_.Reached(0));
   return !setting_.has_ended();

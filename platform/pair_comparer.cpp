@@ -18,8 +18,8 @@ constexpr std::size_t kMostFolders = 32;
 constexpr std::int64_t kMostBytes = std::int64_t{64} << 20;
 
 // A batch: enough for handing it over not to count.
-constexpr std::size_t kBatchPairs = 16;
-constexpr std::int64_t kBatchBytes = std::int64_t{1} << 20;
+constexpr std::size_t kPairsOfBatch = 16;
+constexpr std::int64_t kBytesOfBatch = std::int64_t{1} << 20;
 
 // Of a big file each side is read in blocks large enough for a disk that goes to and fro between two files.
 constexpr std::int64_t kBigFile = std::int64_t{8} << 20;
@@ -152,7 +152,7 @@ void PairComparer::Start(CompareOrder order) {
   state.bytes += size;
   state.batch_bytes += size;
   state.batch.push_back(&state.pairs.emplace_back(std::move(order)));
-  if (state.batch.size() >= kBatchPairs || state.batch_bytes >= kBatchBytes) Post();
+  if (state.batch.size() >= kPairsOfBatch || state.batch_bytes >= kBytesOfBatch) Post();
 }
 
 void PairComparer::Post() {

@@ -7,6 +7,7 @@ import unittest
 
 import accessible
 import desktop
+from damaged_copies import DamagedCopies
 from first_day import FirstDay
 from held_runs import HeldRuns
 from story import FOLDERS, INCLUDED, Story, Unattended
@@ -54,7 +55,7 @@ class OnLinux:
         return [*OF_ITS_OWN, desktop.PROGRAM]
 
 
-class LinuxRuns(OnLinux, HeldRuns, Story):
+class LinuxRuns(OnLinux, DamagedCopies, HeldRuns, Story):
     pass
 
 

@@ -7,6 +7,7 @@ import unittest
 
 import desktop
 import wine_desktop
+from damaged_copies import DamagedCopies
 from desktop import TEXT
 from first_day import FirstDay
 from held_runs import ALL, HeldRuns
@@ -73,7 +74,7 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
         desktop.wait_until(lambda: self.calls() == [LAST_CALL, "/a"], "the end of the shutdown")
 
 
-class Runs(OnWindows, HeldRuns, Story):
+class Runs(OnWindows, DamagedCopies, HeldRuns, Story):
     def test_a_run_is_held_by_pause_goes_on_by_continue_and_ends_by_cancel(self):
         files = {f"Folder {number % 20:02}/file {number:04}": b"content" for number in range(6000)}
         self.write(files)

@@ -1,0 +1,58 @@
+"""What becomes of copies that went bad without anybody noticing."""
+
+import os
+
+import desktop
+from desktop import CHECK
+from first_day import CONFIRM
+from story import BACK_UP, FOLDERS, INCLUDED, MAIN
+
+CHECK_STATE, COMPARE = "Check backup state", "Compare contents, too (reads every file on both sides)"
+
+
+class DamagedCopies:
+    """A story to be told on each desktop."""
+
+    def flip_one_byte(self, path):
+        copy = os.path.join(self.place.target, path)
+        times = os.stat(copy)
+        with open(copy, "r+b") as file:
+            file.seek(times.st_size - 2)
+            byte = file.read(1)
+            file.seek(times.st_size - 2)
+            file.write(bytes([byte[0] ^ 1]))
+        os.utime(copy, ns=(times.st_atime_ns, times.st_mtime_ns))
+
+    def report_of(self, operation):
+        self.program.find(operation, "Close")
+        report = self.program.text(operation, "Report")
+        self.program.answer(operation, "Close")
+        return report
+
+    def check(self):
+        self.program.press(MAIN, CHECK_STATE)
+        return self.report_of(CHECK_STATE)
+
+    def test_one_other_byte_is_found_by_the_check_and_repaired_by_the_backup_once_contents_are_compared(self):
+        self.write(INCLUDED)
+        self.save_setup(FOLDERS)
+        self.start("nightly")
+        self.check_result(copied="7")
+        self.program.answer(BACK_UP, "Close")
+        self.flip_one_byte("Pictures/big.jpg")
+        self.assertIn("All files backed up.", self.check())
+        self.program.press(MAIN, BACK_UP)
+        self.program.find_label("To be read: 7 files, 2.93 Mb on each side.", CONFIRM)
+        self.program.tick(CONFIRM, COMPARE)
+        self.program.answer(CONFIRM, "Cancel")
+        line = "Same size and time, other content: " + self.place.seen(os.path.join(self.place.source, "Pictures", "big.jpg"))
+        report = self.check()
+        self.assertIn(line, report)
+        self.assertNotIn("All files backed up.", report)
+        self.program.press(MAIN, BACK_UP)
+        self.assertTrue(self.program.find(CONFIRM, COMPARE, CHECK).ticked)
+        self.program.answer(CONFIRM, "Start backup")
+        self.assertIn(line, self.report_of(BACK_UP))
+        self.check_copies(INCLUDED)
+        self.assertIn("All files backed up.", self.check())
+        self.quit()
