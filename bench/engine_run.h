@@ -9,9 +9,10 @@
 #include "platform/grouped_copier.h"
 
 /// One operation of the engine with its report suppressed, as a program to be timed from outside:
-///   engine_run check|modified|all SOURCE TARGET [--flush]
+///   engine_run check|modified|all SOURCE TARGET [--flush] [--compare]
 /// All first-level subfolders are included with everything below them. Without --flush nothing is
-/// brought to the disk: the tools it is compared with do not do it either.
+/// brought to the disk: the tools it is compared with do not do it either. With --compare contents are
+/// compared.
 namespace bench {
 
 /// Copies that go the usual way and are not brought to the disk.
