@@ -46,12 +46,13 @@ frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
 }
 
 frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request,
-                                         std::vector<std::string> warnings)
+                                         std::vector<std::string> warnings, ComparisonPace pace)
     : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
       context_(context),
       request_(std::move(request)),
       preview_(context.files, context.clock, request_),
-      warnings_(std::move(warnings)) {
+      warnings_(std::move(warnings)),
+      pace_(pace) {
   ConnectHandlers();
 }
 
@@ -144,7 +145,7 @@ FactsToTell frmConfirmOperation::WhatToTell() const {
 }
 
 void frmConfirmOperation::chkCompareContents_Click() {
-  const std::string text = ComparisonText(WhatToTell(), ComparesContents());
+  const std::string text = ComparisonText(WhatToTell(), pace_, ComparesContents());
   lblToBeCompared.SetText(text);
   chkCompareContents.SetDescription(text);
 }

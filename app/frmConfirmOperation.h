@@ -18,8 +18,10 @@ namespace app {
 /// stands open.
 class frmConfirmOperation : public ui::Form {
  public:
-  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts.
-  frmConfirmOperation(Context& context, engine::RunRequest request, std::vector<std::string> warnings = {});
+  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts. `pace`
+  /// is that of earlier comparisons.
+  frmConfirmOperation(Context& context, engine::RunRequest request, std::vector<std::string> warnings = {},
+                      ComparisonPace pace = {});
 
   /// Shows the window above `owner`. Returns whether the user wants the operation. Called once.
   bool Confirm(ui::Form& owner);
@@ -82,6 +84,7 @@ class frmConfirmOperation : public ui::Form {
   OperationPreview preview_;
   TargetVolume volume_;
   std::vector<std::string> warnings_;
+  const ComparisonPace pace_;
   std::vector<Fact> facts_;
   std::vector<std::string> doubts_;
   bool activated_ = false;

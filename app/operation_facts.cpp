@@ -1,6 +1,7 @@
 #include "app/operation_facts.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/utf8.h"
 #include "engine/wildcard_match.h"
@@ -119,6 +120,22 @@ std::string OptionsText(const Setup& setup) {
     text += std::string(text.empty() ? "" : "\r\n") + "Reports problems and the summary only.";
   }
   return text;
+}
+
+/// By what earlier comparisons took; too short a time tells nothing.
+std::string TimeText(const PreviewFindings& findings, const ComparisonPace& pace) {
+  constexpr double kCostOfAFile = 64 * 1024;  // beyond its bytes, in bytes
+  constexpr double kLeastSeconds = 3;
+  constexpr double kMinute = 60;
+  const auto cost = [](std::int64_t files, std::int64_t bytes) {
+    return static_cast<double>(bytes) + kCostOfAFile * static_cast<double>(files);
+  };
+  if (pace.files == 0 || pace.seconds < kLeastSeconds || findings.files_same == 0) return {};
+  const double seconds =
+      pace.seconds * cost(findings.files_same, findings.bytes_same) / cost(pace.files, pace.bytes);
+  if (seconds < kMinute) return ", less than a minute";
+  const auto minutes = static_cast<std::int64_t>(std::ceil(seconds / kMinute));
+  return ", about " + std::to_string(minutes) + " minute" + StrProc::PluralSuffix(minutes);
 }
 
 /// What stays out although somebody who uses the program for the first time would expect it to be in.
@@ -248,10 +265,10 @@ std::vector<Fact> FactsOf(const FactsToTell& tell) {
   return facts;
 }
 
-std::string ComparisonText(const FactsToTell& tell, bool is_chosen) {
+std::string ComparisonText(const FactsToTell& tell, const ComparisonPace& pace, bool is_chosen) {
   const PreviewFindings& findings = tell.findings;
   std::string text = "To be read: " + Count(findings.files_same, "file", tell) + ", " +
-                     Size(findings.bytes_same, tell) + " on each side" +
+                     Size(findings.bytes_same, tell) + " on each side" + TimeText(findings, pace) +
                      (findings.complete ? "." : " so far . . .");
   if (is_chosen) text += " Holds for \"Check backup state\", too, until the program ends.";
   return text;

@@ -26,6 +26,13 @@ struct TargetVolume {
   std::int64_t largest_file = 0;             ///< bytes that one file may have; 0: no limit is known
 };
 
+/// How long it took to compare so many files and bytes of one side; no files: it is not known.
+struct ComparisonPace {
+  std::int64_t files = 0;
+  std::int64_t bytes = 0;
+  double seconds = 0;
+};
+
 struct FactsToTell {
   const engine::RunRequest& request;
   const TargetVolume& volume;
@@ -40,8 +47,9 @@ std::string OperationExplained(Operation operation);
 /// From where, to where, what, how much: as far as it is known, in the order in which it is shown.
 std::vector<Fact> FactsOf(const FactsToTell& tell);
 
-/// How much is to be read when contents are compared, and for how long that choice holds.
-std::string ComparisonText(const FactsToTell& tell, bool is_chosen);
+/// How much is to be read when contents are compared, how long that takes at a known pace, and for how long
+/// the choice holds.
+std::string ComparisonText(const FactsToTell& tell, const ComparisonPace& pace, bool is_chosen);
 
 /// What in the setup is worth a second look; empty when nothing is.
 std::vector<std::string> DoubtsOf(const FactsToTell& tell);

@@ -45,6 +45,7 @@ void OperationWindows::Run(Operation operation) {
   engine::RunOutcome outcome =
       engine::RunOperation(*this, EngineTools(), request, unattended ? &reason : nullptr);
   running_ = false;
+  if (outcome.status == 0) RememberPace(outcome.totals);
   if (outcome.status == 0) ShowEnd(outcome);
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
@@ -61,6 +62,13 @@ std::string OperationWindows::TrueReason(std::int16_t status, const std::string&
   if (!of_target && !of_source) return reason;
   const std::string why = main_.WhyMissing(of_target);
   return why.empty() ? reason : why;
+}
+
+/// What copies took would count, too.
+void OperationWindows::RememberPace(const engine::Totals& totals) {
+  if (totals.counts.compared == 0 || totals.counts.copied > 0) return;
+  const std::chrono::duration<double> worked = run_report_->worked();
+  pace_ = {totals.counts.compared, totals.bytes_compared, worked.count()};
 }
 
 void OperationWindows::ShowEnd(const engine::RunOutcome& outcome) {
@@ -158,7 +166,7 @@ report::Expected OperationWindows::ExpectedBy(const PreviewFindings& findings, b
 
 bool OperationWindows::ConfirmOperation(engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
-  frmConfirmOperation window(context_, request, warnings_);
+  frmConfirmOperation window(context_, request, warnings_, pace_);
   const bool confirmed = window.Confirm(main_);
   main_.CompareContents = window.ComparesContents();
   request.compare_contents = main_.CompareContents;

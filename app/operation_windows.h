@@ -7,6 +7,7 @@
 
 #include "app/context.h"
 #include "app/data/operation.h"
+#include "app/operation_facts.h"
 #include "app/operation_preview.h"
 #include "engine/operation_run.h"
 #include "engine/run_host.h"
@@ -78,6 +79,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
 
   static report::Expected ExpectedBy(const PreviewFindings& findings, bool compares);
+  void RememberPace(const engine::Totals& totals);
   void ShowEnd(const engine::RunOutcome& outcome);
 
   Context& context_;
@@ -92,6 +94,7 @@ class OperationWindows : public engine::RunHost, public report::MainWindow {
   std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
   std::string target_;                 ///< of the last run that copies
   bool compares_contents_ = false;     ///< the run does
+  ComparisonPace pace_;                ///< of the last run that compared much
   report::Expected expected_;          ///< of the run that was just confirmed
 };
 

@@ -106,9 +106,11 @@ void FilePass::Conclude(CopyJob job, const platform::CompareOutcome& outcome) {
 }
 
 void FilePass::CountCompared(const CopyJob& job) {
+  const std::int64_t size = std::max<std::int64_t>(job.file->size, 0);
   ++job.counts->counts.compared;
+  job.counts->bytes_compared += size;
   ++files_compared_;
-  bytes_compared_ += std::max<std::int64_t>(job.file->size, 0);
+  bytes_compared_ += size;
   if (pulse_.IsDue()) listener_.Compared(bytes_compared_, files_compared_);
 }
 

@@ -217,6 +217,7 @@ void FolderWalk::TellEnd(const std::shared_ptr<FolderCounts>& counts) {
   const auto tell = [this, counts] {
     Add(counts->counts, totals_.counts);
     totals_.bytes_met += counts->bytes_met;
+    totals_.bytes_compared += counts->bytes_compared;
     listener_.FolderEnded(*counts);
   };
   file_pass_.AtEndOfFolder([this, tell] { order_.TellEndOfFolder(tell); });

@@ -33,6 +33,8 @@ class RunProgress {
   /// The run is held from now on; it goes on with the next Passed().
   void Held(Time now);
   void Passed(Time now);
+  /// For how long it has not been held.
+  Time worked() const { return worked_; }
 
   /// 0 to 1; never less than before.
   double fraction();

@@ -50,6 +50,8 @@ class RunReport : public engine::Listener {
   void ShowLatest();
   /// The same for a run that is about to be held.
   void ShowHeld();
+  /// How long the run has been at work, as far as its labels have followed it; a hold does not count.
+  std::chrono::milliseconds worked() const { return progress_.worked(); }
 
   // --- engine::Listener
   void FolderBegun(const engine::FolderCounts& folder) override;

@@ -27,6 +27,7 @@ struct FolderCounts {
   FileCounts counts;
   std::int64_t files_to_copy = 0;  ///< how many of them are selected
   std::int64_t bytes_met = 0;      ///< as in Totals
+  std::int64_t bytes_compared = 0;
 };
 
 /// The whole run.
@@ -38,6 +39,7 @@ struct Totals {
   std::int64_t bytes_met = 0;          ///< of the files that pass the filters; 0 for an unreadable size
   std::int64_t bytes_copied = 0;       ///< by FileSizeOf()
   std::int64_t warnings = 0;           ///< lines about things that are not in the backup and no failed files
+  std::int64_t bytes_compared = 0;     ///< of one side
 };
 
 }  // namespace engine

@@ -12,7 +12,7 @@ struct ConfirmOperation : testing::Test, Program {
 
   /// Opens the window, lets it read to its end, then lets the user act.
   bool Confirm(const std::function<void()>& user) {
-    confirm.emplace(context, request);
+    confirm.emplace(context, request, std::vector<std::string>(), pace);
     front_end.when_idle = [&] {
       if (confirm->tmrRead.running()) return front_end.PassTime(1);
       user();
@@ -42,6 +42,7 @@ struct ConfirmOperation : testing::Test, Program {
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
   engine::RunRequest request{setup, Operation::kBackupModifiedFiles, {}, false};
+  ComparisonPace pace;
   std::optional<frmConfirmOperation> confirm;
 };
 
@@ -177,6 +178,9 @@ TEST_F(ConfirmOperation, OffersToCompareWhatSeemsUpToDateAndTellsHowMuchThatIs) 
   EXPECT_TRUE(confirm->ComparesContents());
   EXPECT_TRUE(confirm->lblToBeCompared.text().ends_with(
       " Holds for \"Check backup state\", too, until the program ends."));
+  pace = {3, 0, 90};
+  const std::string known = "To be read: 2 files, 8 bytes on each side, about 2 minutes.";
+  Confirm([&] { EXPECT_EQ(confirm->lblToBeCompared.text(), known); });
   request.operation = Operation::kBackupAllFiles;
   Confirm([&] { EXPECT_FALSE(confirm->chkCompareContents.visible() || confirm->lblToBeCompared.visible()); });
 }
