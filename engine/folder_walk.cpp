@@ -139,7 +139,7 @@ void FolderWalk::PlaceIncluded() {
   is_placed_ = true;
   if (!target_ || pending_.empty()) return;
   auto root = FolderPair::Open(tools_.files, plan_.source, target_);
-  if (!root || !root->OpenTarget()) return;
+  if (!root || !ListTarget(*root)) return;
   const std::vector<Entry>& entries = root->source().entries();
   std::vector<Selection> selections(entries.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -236,7 +236,7 @@ bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
     WriteUnread(TargetFailureLine(tools_, text::kNotRead, folder.target->path(), gone));
     return false;
   }
-  const platform::Status opened = pair.OpenTarget();
+  const platform::Status opened = ListTarget(pair);
   if (opened) return true;
   if (!HoldsNoCopies(opened.error().kind)) {
     FailFolder(folder.target->path(), opened.error());
@@ -246,6 +246,26 @@ bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
   if (opened.error().kind == platform::ErrorKind::kForeignLink)
     RefuseTarget(folder, pair, text::kLinkInTarget, platform::ErrorKind::kForeignLink);
   return true;
+}
+
+platform::Status FolderWalk::ListTarget(FolderPair& pair) {
+  const platform::Status opened = pair.OpenTarget();
+  return opened && EndRespellings(pair) ? pair.OpenTarget() : opened;
+}
+
+/// A run may have ended while it respelled the name of a folder or a file. True when that is put right, so
+/// that the listing has to be had anew.
+bool FolderWalk::EndRespellings(const FolderPair& pair) {
+  bool ended = false;
+  if (!IsCopyOperation(plan_.rules.operation)) return ended;
+  for (const std::string& name : pair.Leftovers(EntryKind::kFolder)) {
+    const std::string path = platform::JoinPath(pair.target_path(), name);
+    if (!tools_.files.BelongsToUser(path)) continue;
+    ended = true;
+    const platform::Status done = tools_.files.EndRespelling(pair.target_path(), name);
+    if (!done) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, done.error()));
+  }
+  return ended;
 }
 
 /// False when the copies would take the place of what is in the source. A target folder that is another's is
@@ -287,7 +307,7 @@ void FolderWalk::ExpectNext() {
 
 void FolderWalk::RemoveLeftovers(FolderPair& pair) {
   if (!IsCopyOperation(plan_.rules.operation)) return;
-  for (const std::string& name : pair.Leftovers()) {
+  for (const std::string& name : pair.Leftovers(EntryKind::kFile)) {
     const std::string path = platform::JoinPath(pair.target_path(), name);
     const platform::Status removed = tools_.files.RemoveFile(path);
     if (!removed) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, removed.error()));

@@ -70,6 +70,8 @@ class FolderWalk {
   void BackupFolder(const Pending& folder);
   bool BelongsToSource(const platform::Folder& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
+  platform::Status ListTarget(FolderPair& pair);
+  bool EndRespellings(const FolderPair& pair);
   bool TargetIsItsOwn(const Pending& folder, FolderPair& pair);
   void RefuseTarget(const Pending& folder, FolderPair& pair, int lead_text, platform::ErrorKind why);
   /// Lets the folders be listed that come next.

@@ -111,6 +111,10 @@ Status PosixFileSystem::Respell(const std::string& folder, const std::string& fr
   return posix::Respell(folder, from, to);
 }
 
+Status PosixFileSystem::EndRespelling(const std::string& folder, const std::string& temporary) {
+  return posix::EndRespelling(folder, temporary);
+}
+
 Status PosixFileSystem::RemoveFile(const std::string& path) {
   const auto place = Reach(path);
   if (!place) return place.error();

@@ -190,6 +190,20 @@ TEST(FolderWalk, LeftoversOfAnInterruptedRunGoButOnlyFromTheTarget) {
   EXPECT_EQ(scene.Copies(), of_the_user + "=1 a=1");
 }
 
+TEST(FolderWalk, WhatARunLeftThatEndedWhileItRespelledANameGetsItBack) {
+  const std::string between = "/dst/" + platform::MakeTemporaryName();
+  Scene scene({"/src/Name/a", between + "/Name/a", between.substr(0, 20) + "/mine"}, {"Name"});
+  for (const bool source_files : {true, false}) {
+    scene.setup.ExcludeFilesInSourceFolder = !source_files;
+    EXPECT_EQ(scene.BackUp(), "up to date 1");
+    EXPECT_EQ(scene.files.NamesIn("/dst"), (std::vector<std::string>{between.substr(5, 15), "Name"}));
+    tree::Add(scene.files, {between + "/"});
+  }
+  scene.files.MakeForeign(between);
+  scene.BackUp();
+  EXPECT_TRUE(scene.files.Exists(between));
+}
+
 TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFiles) {
   Scene scene({"/src/x/1/a", "/src/x/2/a", "/src/x/3/a", "/src/x/4/a", "/src/x/5/a", "/src/x/6/a",
                "/src/y/1/", "/src/y/2/", "/src/y/3/", "/src/y/4/", "/src/y/5/", "/src/y/6/"},
