@@ -47,6 +47,14 @@ bool Move(const FileDescriptor& folder, const std::string& from, const FileDescr
   return renameat(folder.get(), from.c_str(), to_folder.get(), to.c_str()) == 0;
 }
 
+/// The kernel remembers for a while that a share has something under a name, also after that was moved away
+/// under another spelling; then nothing would move to the name. It asks the server here.
+void ForgetName(const FileDescriptor& folder, const std::string& name) {
+  struct statx facts = {};
+  static_cast<void>(statx(folder.get(), name.c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_FORCE_SYNC,
+                          STATX_BASIC_STATS, &facts) == 0);
+}
+
 Result<FileDescriptor> OpenBelow(const FileDescriptor& folder, const std::string& name) {
   FileDescriptor below(openat(folder.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   if (!below) return LastError();
@@ -80,9 +88,12 @@ Status Respell(const std::string& folder, const std::string& from, const std::st
   Status done = between ? Status(Done{}) : between.error();
   if (between && !Move(*place, from, *between, to)) {
     done = LastNameError();
-  } else if (between && !Move(*between, to, *place, to)) {
-    done = LastNameError();
-    static_cast<void>(Move(*between, to, *place, from));
+  } else if (between) {
+    ForgetName(*place, to);
+    if (!Move(*between, to, *place, to)) {
+      done = LastNameError();
+      static_cast<void>(Move(*between, to, *place, from));
+    }
   }
   RemoveEmpty(*place, temporary);
   return done;
