@@ -113,6 +113,21 @@ TEST(FolderWalk, NoObjectOfTheTargetReceivesTwoSourcesWhateverRuleTheTargetFolds
   }
 }
 
+TEST(FolderWalk, AnotherSpellingOfOneCopyIsNeverTakenForTheCopyOfAnother) {
+  for (const bool numbers_by_spelling : {false, true}) {
+    Scene scene(
+        {"/src/both=AAAA", "/src/both.=BBBB", "/src/only.=CCCC", "/src/f/x", "/src/f./y", "/src/o./z"},
+        {"f", "f.", "o."});
+    scene.files.FoldNames("/dst", numbers_by_spelling);
+    scene.BackUp();
+    EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
+    const bool sees_all = !numbers_by_spelling;
+    EXPECT_EQ(scene.BackUp(), sees_all ? "new 2, up to date 4, failed 2" : "new 4, up to date 2, failed 4")
+        << scene.lines;
+    EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
+  }
+}
+
 TEST(FolderWalk, WhatTheTargetSpellsInAnotherWayIsTheCopyAndTakesTheNewCase) {
   for (const bool numbers_by_spelling : {false, true}) {
     Scene scene({"/src/in/A.txt", "/src/in/B.txt=new", "/src/in/only.=dots", "/src/in/Sub/c", "/dst/in/a.txt",
