@@ -128,7 +128,11 @@ Status PosixFileSystem::SetAttributes(const std::string& path, Attributes attrib
   return ChangeAttributes(path, attributes);
 }
 
-Result<DiskSpace> PosixFileSystem::Space(const std::string& path) { return SpaceAt(path); }
+/// Every run ends with this question, and then nothing of the volume is to be held open.
+Result<DiskSpace> PosixFileSystem::Space(const std::string& path) {
+  ForgetWays();
+  return SpaceAt(path);
+}
 
 std::int64_t PosixFileSystem::LargestFile(const std::string& path) { return LargestFileAt(path); }
 
