@@ -92,6 +92,7 @@ void OperationPreview::LookInto(const Pending& folder) {
     ++findings_.folders_not_read;
     return;
   }
+  if (nesting_.IsTarget(pair->source())) findings_.target_in_source = true;
   if (nesting_.IsTarget(pair->source()) || (!is_source && pair->IsOneFolder())) return;
   if (pair->source().is_mount_point() && !is_source) return;
   // Without a listing of the target everything counts as new there, as it does when there is no such folder

@@ -72,6 +72,8 @@ std::string TargetFailureLine(const Tools& tools, int lead_text, const std::stri
   int sentence = SentenceOf(error.kind);
   if (error.kind == platform::ErrorKind::kNotFound) sentence = text::kReasonTargetGone;
   if (error.kind == platform::ErrorKind::kNameTaken) sentence = text::kReasonFolderNameTaken;
+  const bool is_of_a_run = error.kind == platform::ErrorKind::kInUse && error.code == 0;
+  if (is_of_a_run) sentence = text::kReasonFolderInUse;
   return Line(tools, lead_text, path, sentence, error);
 }
 

@@ -77,7 +77,7 @@ bool FolderPair::IsNoCopy(const Entry& source_file, const Entry& target) const {
   return identity && identity == files_->IdentityOf(platform::JoinPath(source_->path(), source_file.name));
 }
 
-std::vector<std::string> FolderPair::Leftovers() {
+std::vector<std::string> FolderPair::Leftovers(EntryKind kind) const {
   std::vector<std::string> names;
   if (!target_) return names;
   const auto in_source = [this](const std::string& name) {
@@ -85,9 +85,8 @@ std::vector<std::string> FolderPair::Leftovers() {
                        [&](const Entry& entry) { return entry.name == name; });
   };
   for (const Entry& entry : target_->entries()) {
-    if (entry.kind == EntryKind::kFile && platform::IsTemporaryName(entry.name) && !in_source(entry.name)) {
+    if (entry.kind == kind && platform::IsTemporaryName(entry.name) && !in_source(entry.name))
       names.push_back(entry.name);
-    }
   }
   return names;
 }

@@ -58,9 +58,9 @@ class FolderPair {
   /// Whether the target folder is the source folder, whatever paths lead to them.
   bool IsOneFolder() const;
 
-  /// Files of the target listing that an interrupted run left behind: a temporary name that the source does
-  /// not have.
-  std::vector<std::string> Leftovers();
+  /// Files, or folders, of the target listing that an interrupted run left behind: a temporary name that the
+  /// source does not have.
+  std::vector<std::string> Leftovers(platform::EntryKind kind) const;
 
  private:
   FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source, TargetFolder::Ptr target);

@@ -145,7 +145,7 @@ void FolderWalk::PlaceIncluded() {
   is_placed_ = true;
   if (!target_ || pending_.empty()) return;
   auto root = FolderPair::Open(tools_.files, plan_.source, target_);
-  if (!root || !root->OpenTarget()) return;
+  if (!root || !ListTarget(*root)) return;
   const std::vector<Entry>& entries = root->source().entries();
   std::vector<Selection> selections(entries.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -236,51 +236,6 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
   return true;
 }
 
-/// False when nothing can be said about the files because the target folder cannot be read.
-bool FolderWalk::OpenTarget(const Pending& folder, FolderPair& pair) {
-  if (!folder.target || folder.target->refused() || !folder.target->is_there()) return true;
-  if (!target_root_.IsThere()) {
-    const platform::Error gone{platform::ErrorKind::kNotFound, 0, {}};
-    WriteUnread(TargetFailureLine(tools_, text::kNotRead, folder.target->path(), gone));
-    return false;
-  }
-  const platform::Status opened = pair.OpenTarget();
-  if (opened) return true;
-  if (!HoldsNoCopies(opened.error().kind)) {
-    FailFolder(folder.target->path(), opened.error());
-    return false;
-  }
-  folder.target->SetMissing();
-  if (opened.error().kind == platform::ErrorKind::kForeignLink)
-    RefuseTarget(folder, pair, text::kLinkInTarget, platform::ErrorKind::kForeignLink);
-  return true;
-}
-
-/// False when the copies would take the place of what is in the source. A target folder that is another's is
-/// closed to this one.
-bool FolderWalk::TargetIsItsOwn(const Pending& folder, FolderPair& pair) {
-  if (!pair.has_target()) return true;
-  if (pair.IsOneFolder() || nesting_.IsSource(pair.target())) {
-    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
-    return false;
-  }
-  if (!target_root_.Claim(pair.target())) {
-    RefuseTarget(folder, pair, text::kFolderNameTaken, platform::ErrorKind::kNameTaken);
-  } else if (pair.target().is_link() && !folder.target->is_root()) {
-    Write(NoticeLine(tools_, text::kCopiesLieElsewhere, folder.target->path()));
-  }
-  return true;
-}
-
-/// Its files, and those below it, count as failed when it comes to copying them.
-void FolderWalk::RefuseTarget(const Pending& folder, FolderPair& pair, int lead_text,
-                              platform::ErrorKind why) {
-  Warn(NoticeLine(tools_, lead_text,
-                  lead_text == text::kLinkInTarget ? folder.target->path() : folder.source));
-  folder.target->Refuse({why, 0, {}});
-  pair.CloseTarget();
-}
-
 void FolderWalk::ExpectNext() {
   const std::size_t last = pending_.size();
   for (std::size_t i = last; i > 0 && last - i < kExpected; --i) {
@@ -290,15 +245,6 @@ void FolderWalk::ExpectNext() {
     next.is_expected = true;
     if (next.target && next.target->is_there())
       tools_.files.ExpectFolder(next.target->path(), next.target->links());
-  }
-}
-
-void FolderWalk::RemoveLeftovers(FolderPair& pair) {
-  if (!IsCopyOperation(plan_.rules.operation)) return;
-  for (const std::string& name : pair.Leftovers()) {
-    const std::string path = platform::JoinPath(pair.target_path(), name);
-    const platform::Status removed = tools_.files.RemoveFile(path);
-    if (!removed) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, removed.error()));
   }
 }
 

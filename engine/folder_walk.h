@@ -73,8 +73,12 @@ class FolderWalk {
   void BackupFolder(const Pending& folder);
   bool BelongsToSource(const platform::Folder& folder);
   bool OpenTarget(const Pending& folder, FolderPair& pair);
+  platform::Status ListTarget(FolderPair& pair);
+  bool EndRespellings(const FolderPair& pair);
   bool TargetIsItsOwn(const Pending& folder, FolderPair& pair);
-  void RefuseTarget(const Pending& folder, FolderPair& pair, int lead_text, platform::ErrorKind why);
+  void RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
+                    platform::ErrorKind why);
+  std::optional<std::string> OtherRunIn(const FolderPair& pair);
   /// Lets the folders be listed that come next.
   void ExpectNext();
   void RemoveLeftovers(FolderPair& pair);

@@ -20,9 +20,21 @@ Nesting::Nesting(platform::FileSystem& files, const std::string& source, const s
   target_.key = files.NameKey(*real_target);
 }
 
-bool Nesting::TargetIsInSource() const { return known() && platform::IsInside(target_.key, source_.key); }
+bool Nesting::TargetIsInSource() const { return LiesIn(target_, source_, source_identity_); }
 
-bool Nesting::SourceIsInTarget() const { return known() && platform::IsInside(source_.key, target_.key); }
+bool Nesting::SourceIsInTarget() const { return LiesIn(source_, target_, target_identity_); }
+
+bool Nesting::LiesIn(const Root& inner, const Root& outer,
+                     const std::optional<platform::Identity>& identity) const {
+  if (!known()) return false;
+  if (platform::IsInside(inner.key, outer.key)) return true;
+  std::string below = inner.real;
+  for (std::string at = platform::ParentOf(below); at.size() < below.size(); at = platform::ParentOf(at)) {
+    if (identity && files_.IdentityOf(at) == identity) return true;
+    below = at;
+  }
+  return false;
+}
 
 bool Nesting::IsTarget(const std::string& source_folder) const {
   return known() && KeyBelow(source_, source_folder) == target_.key;

@@ -7,8 +7,11 @@
 
 namespace engine {
 
-/// How the source and the target of a setup lie to each other, whatever links their paths hold. Where one of
-/// the two cannot be resolved, or no target is given, they count as lying apart.
+/// How the source and the target of a setup lie to each other, whatever links, mounts, drive letters and
+/// names of shares lead to them: folders are known by their identity and, where a volume tells none, by their
+/// paths. Where one of the two cannot be resolved, or no target is given, they count as lying apart. So they
+/// do where what shows the target shows no folder above it that belongs to the source, such as a share for
+/// the target alone; the open folders of the source tell then.
 class Nesting {
  public:
   Nesting(platform::FileSystem& files, const std::string& source, const std::string& target);
@@ -37,6 +40,7 @@ class Nesting {
     std::string key;
   };
   bool known() const { return !source_.real.empty(); }
+  bool LiesIn(const Root& inner, const Root& outer, const std::optional<platform::Identity>& identity) const;
   std::string KeyBelow(const Root& root, const std::string& path) const;
 
   platform::FileSystem& files_;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/utf8.h"
 #include "engine/failure_text.h"
 #include "engine/folder_walk.h"
 #include "engine/run_lock.h"
@@ -50,11 +51,13 @@ std::optional<Refusal> Validate(RunHost& host, const Tools& tools, const RunRequ
   return CheckTarget(tools, request.setup);
 }
 
-Refusal TargetInUse(const Tools& tools, const std::string& holder) {
+Refusal TargetInUse(const Tools& tools, const RunLock& run) {
   const auto part = [&](int number) { return tools.texts.GetProgramText(number); };
-  return {kTargetInUse,
-          part(text::kTargetInUse) + " " + (holder.empty() ? part(text::kUnknownHolder) : holder) + ". " +
-              part(text::kTargetInUseAdvice),
+  const std::string holder = run.holder.empty() ? part(text::kUnknownHolder) : run.holder;
+  const std::string what = run.above.empty()
+                               ? part(text::kTargetInUse)
+                               : part(text::kFolderAboveInUse) + " " + base::utf8::Printable(run.above) + ",";
+  return {kTargetInUse, what + " " + holder + ". " + part(text::kTargetInUseAdvice),
           part(text::kTitleTargetInUse)};
 }
 
@@ -145,7 +148,7 @@ RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& req
   }
   RunLock run;
   if (IsCopyOperation(request.operation)) run = LockTarget(tools, request.setup.TargetFolder);
-  if (run.is_taken) return Refused(host, TargetInUse(tools, run.holder), statusText);
+  if (run.is_taken) return Refused(host, TargetInUse(tools, run), statusText);
   return WalkAndReport(host, tools, confirmed);
 }
 

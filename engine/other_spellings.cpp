@@ -15,10 +15,15 @@ using platform::Entry;
 OtherSpellings::OtherSpellings(platform::FileSystem& files, const platform::Folder& source,
                                const platform::Folder& target)
     : files_(files), target_(target) {
-  std::unordered_set<std::string_view> names;
-  for (const Entry& entry : source.entries()) names.insert(entry.name);
+  std::unordered_set<std::string_view> of_source, of_target;
+  for (const Entry& entry : source.entries()) of_source.insert(entry.name);
   for (const Entry& entry : target.entries()) {
-    if (!names.contains(entry.name) && !IsTheProgramsOwn(entry.name)) free_.push_back(&entry);
+    of_target.insert(entry.name);
+    const bool is_free = !of_source.contains(entry.name) && !IsTheProgramsOwn(entry.name);
+    (is_free ? free_ : taken_).push_back(&entry);
+  }
+  for (const Entry& entry : source.entries()) {
+    if (!of_target.contains(entry.name)) wanted_.push_back(&entry);
   }
 }
 
@@ -31,15 +36,20 @@ const Entry* OtherSpellings::Find(const Entry& source) {
   return found;
 }
 
+/// What has a number in the listing is that very entry: where that is another's copy, it is nobody else's.
 const Entry* OtherSpellings::Match(const Entry& source, const Entry& known) {
-  for (const Entry* entry : free_) {
-    if (entry->kind == known.kind && known.number != 0 && NumberOf(*entry) == known.number) return entry;
-  }
-  return MatchWithoutNumbers(source, known);
+  const auto is_it = [&](const Entry* entry) { return IsKnownAs(*entry, known); };
+  const auto found = std::find_if(free_.begin(), free_.end(), is_it);
+  if (found != free_.end()) return *found;
+  return std::any_of(taken_.begin(), taken_.end(), is_it) ? nullptr : MatchWithoutNumbers(source, known);
+}
+
+bool OtherSpellings::IsKnownAs(const Entry& target, const Entry& known) {
+  return target.kind == known.kind && known.number != 0 && NumberOf(target) == known.number;
 }
 
 /// Servers may give a file another number under each spelling. There the same name but for case is taken, or
-/// what alone is of that kind, size and time.
+/// what alone is of that kind, size and time, for what alone is so in the source.
 const Entry* OtherSpellings::MatchWithoutNumbers(const Entry& source, const Entry& known) {
   const std::string lower = base::utf8::ToLower(source.name);
   const Entry* found = nullptr;
@@ -51,14 +61,23 @@ const Entry* OtherSpellings::MatchWithoutNumbers(const Entry& source, const Entr
     found = entry;
     ++others;
   }
-  return others == 1 && !IsListedNow(source.name) ? found : nullptr;
+  return others == 1 && IsAlone(source) && !IsListedNow(source.name) ? found : nullptr;
+}
+
+bool OtherSpellings::IsAlone(const Entry& source) const {
+  return std::count_if(wanted_.begin(), wanted_.end(), [&](const Entry* entry) {
+           return entry->kind == source.kind && entry->size == source.size &&
+                  entry->modified == source.modified;
+         }) == 1;
 }
 
 /// Listings may tell no numbers of folders.
 std::uint64_t OtherSpellings::NumberOf(const Entry& target) {
   if (target.number != 0 || !IsFolder(target.kind)) return target.number;
+  const auto [place, is_new] = numbers_.try_emplace(&target);
+  if (!is_new) return place->second;
   const auto known = files_.Look(platform::JoinPath(target_.path(), target.name));
-  return known ? known->number : 0;
+  return place->second = known ? known->number : 0;
 }
 
 /// Somebody may have made it since the folder was listed; then it is nobody's other spelling.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -23,12 +24,18 @@ class OtherSpellings {
  private:
   const platform::Entry* Match(const platform::Entry& source, const platform::Entry& known);
   const platform::Entry* MatchWithoutNumbers(const platform::Entry& source, const platform::Entry& known);
+  bool IsKnownAs(const platform::Entry& target, const platform::Entry& known);
   std::uint64_t NumberOf(const platform::Entry& target);
+  bool IsAlone(const platform::Entry& source) const;
   bool IsListedNow(const std::string& name);
 
   platform::FileSystem& files_;
   const platform::Folder& target_;
-  std::vector<const platform::Entry*> free_;  ///< what no name of the source stands for
+  std::vector<const platform::Entry*> free_;   ///< what no name of the source stands for
+  std::vector<const platform::Entry*> taken_;  ///< the rest of the target's listing
+  std::vector<const platform::Entry*>
+      wanted_;  ///< entries of the source whose names the target does not have
+  std::unordered_map<const platform::Entry*, std::uint64_t> numbers_;  ///< of folders
 };
 
 }  // namespace engine

@@ -29,13 +29,36 @@ bool Take(const Tools& tools, const std::string& path, RunLock& run) {
   return run.is_taken;
 }
 
+void LookAbove(const Tools& tools, const std::string& target, RunLock& run) {
+  const auto real = tools.files.RealPath(target);
+  std::string below = real ? *real : target;
+  for (std::string at = platform::ParentOf(below); at.size() < below.size(); at = platform::ParentOf(at)) {
+    const auto holder = HolderOf(tools, at);
+    below = at;
+    if (!holder) continue;
+    run.is_taken = true;
+    run.holder = *holder;
+    run.above = at;
+    return;
+  }
+}
+
 }  // namespace
 
+/// First the lock and then the look: of two that begin at the same time one sees the other.
 RunLock LockTarget(const Tools& tools, const std::string& target) {
   RunLock run;
-  if (Take(tools, platform::JoinPath(target, kRunLock), run) || tools.lock_folder.empty()) return run;
-  Take(tools, platform::JoinPath(tools.lock_folder, NameFor(tools, target)), run);
+  if (!Take(tools, platform::JoinPath(target, kRunLock), run) && !tools.lock_folder.empty())
+    Take(tools, platform::JoinPath(tools.lock_folder, NameFor(tools, target)), run);
+  if (!run.is_taken) LookAbove(tools, target, run);
   return run;
+}
+
+std::optional<std::string> HolderOf(const Tools& tools, const std::string& folder) {
+  const std::string path = platform::JoinPath(folder, kRunLock);
+  RunLock run;
+  if (!tools.files.Look(path)) return std::nullopt;
+  return Take(tools, path, run) && run.is_taken ? std::optional(run.holder) : std::nullopt;
 }
 
 }  // namespace engine

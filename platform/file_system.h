@@ -82,8 +82,13 @@ class FileSystem {
   virtual bool ReadOnlyForbidsReplacing() const = 0;
 
   /// Gives the file or folder `from` in `folder` the same name in another spelling, such as other letters
-  /// where the volume does not heed case. It may bear a temporary name for a moment.
+  /// where the volume does not heed case. For a moment it may lie, already in the new spelling, in a folder
+  /// in `folder` that has a temporary name.
   virtual Status Respell(const std::string& folder, const std::string& from, const std::string& to) = 0;
+
+  /// Ends what a Respell() began that was interrupted: all that lies in `temporary`, such a folder in
+  /// `folder`, moves up into `folder`, and `temporary` is removed. A name that is taken there stays below.
+  virtual Status EndRespelling(const std::string& folder, const std::string& temporary) = 0;
 
   /// Removes one file or link, also one that is read-only. Not a folder.
   virtual Status RemoveFile(const std::string& path) = 0;

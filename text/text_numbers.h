@@ -40,6 +40,7 @@ inline constexpr int kTargetNotSpecified = 42;
 inline constexpr int kTargetWriteProtected = 406;
 /// + " " + who holds it + ". " + kTargetInUseAdvice
 inline constexpr int kTargetInUse = 654;
+inline constexpr int kFolderAboveInUse = 590;  ///< + " " + the folder + ", " + the same
 inline constexpr int kTargetInUseAdvice = 655;
 inline constexpr int kTitleTargetInUse = 656;
 inline constexpr int kUnknownHolder = 657;
@@ -135,6 +136,8 @@ inline constexpr int kMountNotFollowed = 534;    ///< lead word
 inline constexpr int kFolderNameTaken = 535;     ///< lead word
 inline constexpr int kCopiesLieElsewhere = 560;  ///< lead word: a folder of the target
 inline constexpr int kLinkInTarget = 561;        ///< lead word: a folder of the target
+inline constexpr int kFolderBelowInUse = 591;    ///< lead word: a folder of the target; + ", " + who copies
+inline constexpr int kReasonFolderInUse = 592;
 inline constexpr int kReasonForeignLink = 562;
 inline constexpr int kReasonFolderNameTaken = 563;
 inline constexpr int kFlushing = 536;

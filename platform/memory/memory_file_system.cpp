@@ -170,6 +170,20 @@ Status MemoryFileSystem::Respell(const std::string& folder, const std::string& f
   return Done{};
 }
 
+Status MemoryFileSystem::EndRespelling(const std::string& folder, const std::string& temporary) {
+  if (auto error = Enter(Call::kRespell, Join(folder, temporary))) return *error;
+  const auto place = Find(folder);
+  const auto between = Find(Join(folder, temporary));
+  if (!place || !between) return MakeError(ErrorKind::kNotFound);
+  for (const NodePtr& child : std::vector<NodePtr>((*between)->children)) {
+    if (FindChild(**place, child->name, folding_)) return MakeError(ErrorKind::kAlreadyExists);
+    (*place)->children.push_back(child);
+    std::erase((*between)->children, child);
+  }
+  Remove(Join(folder, temporary));
+  return Done{};
+}
+
 Status MemoryFileSystem::CreateFolder(const std::string& path, const std::string&) {
   if (auto error = Enter(Call::kCreateFolder, path)) return *error;
   if (Exists(path)) return MakeError(ErrorKind::kAlreadyExists);

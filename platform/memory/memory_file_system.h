@@ -128,6 +128,7 @@ class MemoryFileSystem : public FileSystem {
   Status WriteNewFile(const std::string& path, const std::string& content) override;
   bool ReadOnlyForbidsReplacing() const override { return true; }
   Status Respell(const std::string& folder, const std::string& from, const std::string& to) override;
+  Status EndRespelling(const std::string& folder, const std::string& temporary) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;

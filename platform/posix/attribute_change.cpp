@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "platform/posix/dos_attributes.h"
+#include "platform/posix/dos_bits.h"
 #include "platform/posix/file_facts.h"
 #include "platform/posix/long_path.h"
 #include "platform/posix/posix_error.h"
@@ -18,6 +18,23 @@ Status ChangeMode(const std::string& path, mode_t mode) {
   return Done{};
 }
 
+/// Opens for reading or, where that is not allowed, for writing.
+Result<FileDescriptor> OpenForBits(const std::string& path) {
+  constexpr int kFlags = O_NONBLOCK | O_NOCTTY;
+  auto file = OpenPath(path, O_RDONLY | kFlags);
+  return file ? std::move(file) : OpenPath(path, O_WRONLY | kFlags);
+}
+
+Attributes DosBitsOf(const std::string& path) {
+  const auto file = OpenForBits(path);
+  return file ? ReadDosBits(file->get(), PlaceOfDosBits(file->get())) : 0;
+}
+
+Status ChangeDosBits(const std::string& path, Attributes attributes) {
+  const auto file = OpenForBits(path);
+  return file ? WriteDosBits(file->get(), PlaceOfDosBits(file->get()), attributes) : Status(file.error());
+}
+
 }  // namespace
 
 Result<Attributes> ReadAttributes(const std::string& path) {
@@ -25,8 +42,7 @@ Result<Attributes> ReadAttributes(const std::string& path) {
   if (!file) return file.error();
   struct stat facts = {};
   if (fstat(file->get(), &facts) != 0) return LastError();
-  const auto value = ReadDosAttribute(PathOfDescriptor(file->get()));
-  return AttributesOf(facts) | BitsOfDosAttribute(value.value_or(""));
+  return AttributesOf(facts) | DosBitsOf(PathOfDescriptor(file->get()));
 }
 
 Status ChangeAttributes(const std::string& path, Attributes attributes) {
@@ -37,14 +53,13 @@ Status ChangeAttributes(const std::string& path, Attributes attributes) {
   const std::string place = PathOfDescriptor(file->get());
   mode_t mode = facts.st_mode & kModeBits;
 
-  const std::string value = ReadDosAttribute(place).value_or("");
-  if (BitsOfDosAttribute(value) != (attributes & (kHidden | kSystem))) {
-    // Extended attributes are changed with the right to write, which the owner of a read-only file lacks.
+  if (DosBitsOf(place) != (attributes & (kHidden | kSystem))) {
+    // They are changed with the right to write, which the owner of a read-only file lacks.
     if ((mode & S_IWUSR) == 0) {
       if (Status opened = ChangeMode(place, mode | S_IWUSR); !opened) return opened;
       mode |= S_IWUSR;
     }
-    if (Status written = WriteDosAttribute(place, WithDosBits(value, attributes)); !written) {
+    if (Status written = ChangeDosBits(place, attributes); !written) {
       static_cast<void>(ChangeMode(place, facts.st_mode & kModeBits));
       return written;
     }

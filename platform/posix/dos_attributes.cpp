@@ -1,18 +1,12 @@
 #include "platform/posix/dos_attributes.h"
 
-#include <sys/xattr.h>
-
 #include <array>
 #include <charconv>
-
-#include "platform/posix/posix_error.h"
 
 namespace platform::posix {
 namespace {
 
-constexpr const char* kName = "user.DOSATTRIB";
 constexpr Attributes kKept = kHidden | kSystem;
-constexpr std::size_t kLongestValue = 256;
 
 // The binary form, little endian: an empty text and its padding (2 bytes), the version (2), the version again
 // (4), which fields are valid (4, bit 0: the attributes), the attributes (4), and more.
@@ -42,11 +36,6 @@ std::string TextOf(Attributes number) {
   return "0x" + std::string(digits.data(), end);
 }
 
-std::optional<std::string> ValueIn(const std::array<char, kLongestValue>& buffer, ssize_t length) {
-  if (length < 0) return std::nullopt;
-  return std::string(buffer.data(), static_cast<std::size_t>(length));
-}
-
 }  // namespace
 
 Attributes BitsOfDosAttribute(std::string_view value) { return NumberOf(value) & kKept; }
@@ -56,26 +45,6 @@ std::string WithDosBits(std::string value, Attributes attributes) {
   if (!IsBinary(value)) return TextOf(number);
   value[kBitsAt] = static_cast<char>(number & 0xff);
   return value;
-}
-
-std::optional<std::string> ReadDosAttribute(int file) {
-  std::array<char, kLongestValue> buffer = {};
-  return ValueIn(buffer, fgetxattr(file, kName, buffer.data(), buffer.size()));
-}
-
-bool MarkNewFile(int file, Attributes attributes) {
-  const std::string value = TextOf(attributes & kKept);
-  return fsetxattr(file, kName, value.data(), value.size(), 0) == 0;
-}
-
-std::optional<std::string> ReadDosAttribute(const std::string& path) {
-  std::array<char, kLongestValue> buffer = {};
-  return ValueIn(buffer, getxattr(path.c_str(), kName, buffer.data(), buffer.size()));
-}
-
-Status WriteDosAttribute(const std::string& path, const std::string& value) {
-  if (setxattr(path.c_str(), kName, value.data(), value.size(), 0) != 0) return LastError();
-  return Done{};
 }
 
 }  // namespace platform::posix

@@ -8,8 +8,10 @@
 #include <cstdio>
 
 #include "platform/file_system.h"
+#include "platform/path.h"
 #include "platform/posix/long_path.h"
 #include "platform/posix/posix_error.h"
+#include "platform/posix/posix_folder.h"
 
 namespace platform::posix {
 namespace {
@@ -34,14 +36,33 @@ void GiveMode(const std::string& path, mode_t mode) {
 }
 
 /// Only where nothing bears the new name, as far as the volume can tell that.
-bool Rename(int folder, const std::string& from, const std::string& to) {
-  if (renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+bool Move(const FileDescriptor& folder, const std::string& from, const FileDescriptor& to_folder,
+          const std::string& to) {
+  if (renameat2(folder.get(), from.c_str(), to_folder.get(), to.c_str(), RENAME_NOREPLACE) == 0) return true;
   if (errno != EINVAL && errno != ENOSYS) return false;
-  if (faccessat(folder, to.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+  if (faccessat(to_folder.get(), to.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
     errno = EEXIST;
     return false;
   }
-  return renameat(folder, from.c_str(), folder, to.c_str()) == 0;
+  return renameat(folder.get(), from.c_str(), to_folder.get(), to.c_str()) == 0;
+}
+
+/// The kernel remembers for a while that a share has something under a name, also after that was moved away
+/// under another spelling; then nothing would move to the name. It asks the server here.
+void ForgetName(const FileDescriptor& folder, const std::string& name) {
+  struct statx facts = {};
+  static_cast<void>(statx(folder.get(), name.c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_FORCE_SYNC,
+                          STATX_BASIC_STATS, &facts) == 0);
+}
+
+Result<FileDescriptor> OpenBelow(const FileDescriptor& folder, const std::string& name) {
+  FileDescriptor below(openat(folder.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!below) return LastError();
+  return below;
+}
+
+void RemoveEmpty(const FileDescriptor& folder, const std::string& name) {
+  static_cast<void>(unlinkat(folder.get(), name.c_str(), AT_REMOVEDIR) == 0);
 }
 
 }  // namespace
@@ -55,16 +76,41 @@ Status MakeFolder(const std::string& path, const std::string& like) {
   return Done{};
 }
 
-/// In two steps: from a name to another spelling of it the system sees no change and does nothing.
+/// In two steps: from a name to another spelling of it the system sees no change and does nothing. Between
+/// them what is respelled bears its name in a folder of its own, so that it is not lost should the program
+/// end there.
 Status Respell(const std::string& folder, const std::string& from, const std::string& to) {
   const auto place = OpenPath(folder, O_RDONLY | O_DIRECTORY);
   if (!place) return place.error();
-  const std::string between = MakeTemporaryName();
-  if (!Rename(place->get(), from, between)) return LastNameError();
-  if (Rename(place->get(), between, to)) return Done{};
-  const Error error = LastNameError();
-  static_cast<void>(Rename(place->get(), between, from));
-  return error;
+  const std::string temporary = MakeTemporaryName();
+  if (mkdirat(place->get(), temporary.c_str(), S_IRWXU) != 0) return LastNameError();
+  const auto between = OpenBelow(*place, temporary);
+  Status done = between ? Status(Done{}) : between.error();
+  if (between && !Move(*place, from, *between, to)) {
+    done = LastNameError();
+  } else if (between) {
+    ForgetName(*place, to);
+    if (!Move(*between, to, *place, to)) {
+      done = LastNameError();
+      static_cast<void>(Move(*between, to, *place, from));
+    }
+  }
+  RemoveEmpty(*place, temporary);
+  return done;
+}
+
+Status EndRespelling(const std::string& folder, const std::string& temporary) {
+  const auto place = OpenPath(folder, O_RDONLY | O_DIRECTORY);
+  if (!place) return place.error();
+  const auto between = OpenBelow(*place, temporary);
+  if (!between) return between.error();
+  const auto listed = PosixFolder::Open(JoinPath(folder, temporary, PathStyle::kPosix), FollowLinks::kAll);
+  if (!listed) return listed.error();
+  for (const Entry& entry : (*listed)->entries()) {
+    if (!Move(*between, entry.name, *place, entry.name)) return LastNameError();
+  }
+  RemoveEmpty(*place, temporary);
+  return Done{};
 }
 
 }  // namespace platform::posix

@@ -3,26 +3,31 @@
 #include <fcntl.h>
 #include <sys/types.h>
 
+#include <memory>
 #include <string>
 
 #include "platform/posix/file_descriptor.h"
 #include "platform/result.h"
 
-/// Paths that are longer than one call of the system takes (PATH_MAX, 4,096 bytes on Linux).
+/// Paths that are long, or longer than one call of the system takes (PATH_MAX, 4,096 bytes on Linux).
 namespace platform::posix {
 
-/// A path as the calls of the "at" family take it: the path itself in most cases; for a longer one an open
+/// A path as the calls of the "at" family take it: the path itself in most cases; for a long one an open
 /// folder on the way and the rest of the path from there.
 struct ReachedPath {
-  FileDescriptor folder;
+  std::shared_ptr<const FileDescriptor> folder;
   const char* rest;  ///< a part of the path that was given to Reach()
 
-  int at() const { return folder ? folder.get() : AT_FDCWD; }
+  int at() const { return folder ? folder->get() : AT_FDCWD; }
 };
 
-/// Opens as many folders on the way as the length of `path` asks for, most often none. `path` must outlive
-/// the result.
+/// Opens folders on the way of a path of 2,048 bytes or more, one each 1,024 bytes, and keeps the latest open
+/// for up to a second: the system walks each path from its beginning, and a long one under which there is
+/// much would be walked again and again. `path` must outlive the result.
 Result<ReachedPath> Reach(const std::string& path);
+
+/// Closes what Reach() keeps open.
+void ForgetWays();
 
 /// open() for a path of any length; O_CLOEXEC is added. `mode` is used with O_CREAT only.
 Result<FileDescriptor> OpenPath(const std::string& path, int flags, mode_t mode = 0);

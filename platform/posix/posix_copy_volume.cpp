@@ -79,21 +79,23 @@ PosixCopyVolume::PosixCopyVolume(const std::string& source, const std::string& t
   const auto to = OpenPath(target, O_RDONLY | O_DIRECTORY);
   const VolumeKind source_kind = from ? KindOfVolume(from->get()) : VolumeKind::kUnordered;
   limits_ = LimitsOf(source_kind, to ? KindOfVolume(to->get()) : VolumeKind::kUnordered);
-  setting_.source_has_coarse_times = from && HasCoarseTimes(from->get());
+  if (from) setting_.source = {HasCoarseTimes(from->get()), PlaceOfDosBits(from->get())};
   setting_.mask = FileModeMask();
 }
 
 std::unique_ptr<Draft> PosixCopyVolume::Prepare(const CopyOrder& order) {
   DraftSetting setting = setting_;
-  setting.target = KindOf(static_cast<const PosixFolder&>(*order.target));
+  const Target target = TargetOf(static_cast<const PosixFolder&>(*order.target));
+  setting.target = target.kind;
+  setting.dos_bits = target.dos_bits;
   return std::make_unique<PosixDraft>(order, setting);
 }
 
-VolumeKind PosixCopyVolume::KindOf(const PosixFolder& folder) {
-  if (!folder.identity()) return VolumeKind::kUnordered;
+PosixCopyVolume::Target PosixCopyVolume::TargetOf(const PosixFolder& folder) {
+  if (!folder.identity()) return {};
   const std::lock_guard lock(mutex_);
-  const auto [place, is_new] = kinds_.try_emplace(folder.identity()->volume);
-  if (is_new) place->second = KindOfVolume(folder.handle());
+  const auto [place, is_new] = targets_.try_emplace(folder.identity()->volume);
+  if (is_new) place->second = {KindOfVolume(folder.handle()), PlaceOfDosBits(folder.handle())};
   return place->second;
 }
 

@@ -32,13 +32,18 @@ class PosixCopyVolume : public CopyVolume {
   Status SaveNames(const Drafts& drafts) override;
 
  private:
+  struct Target {
+    VolumeKind kind = VolumeKind::kUnordered;
+    DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;
+  };
+
   /// A link below the target folder may lead to another volume.
-  VolumeKind KindOf(const PosixFolder& folder);
+  Target TargetOf(const PosixFolder& folder);
 
   CopyLimits limits_;
   DraftSetting setting_;
   std::mutex mutex_;
-  std::map<std::uint64_t, VolumeKind> kinds_;  ///< by Identity::volume
+  std::map<std::uint64_t, Target> targets_;  ///< by Identity::volume
 };
 
 }  // namespace platform::posix

@@ -7,10 +7,9 @@
 #include <memory>
 
 #include "platform/posix/data_mover.h"
-#include "platform/posix/dos_attributes.h"
+#include "platform/posix/dos_bits.h"
 #include "platform/posix/file_facts.h"
 #include "platform/posix/posix_error.h"
-#include "platform/posix/source_file.h"
 
 namespace platform::posix {
 namespace {
@@ -55,7 +54,7 @@ Status CarryTime(int target, const struct stat& facts, bool changed) {
 
 Result<CopyOutcome> PosixDraft::Write(const CopyWatcher& watcher) {
   const int folder = static_cast<const PosixFolder&>(*order_.source).handle();
-  auto source = OpenSource(folder, order_.file->name, setting_.source_has_coarse_times);
+  auto source = OpenSource(folder, order_.file->name, setting_.source);
   if (!source) return source.error();
 
   const mode_t mode = (source->facts.st_mode & kPermissions) | S_IWUSR;
@@ -69,7 +68,8 @@ Result<CopyOutcome> PosixDraft::Write(const CopyWatcher& watcher) {
   CopyOutcome outcome{mover.moved(), source->attributes, 0,
                       source->is_fresh || Differ(before, source->facts)};
   const bool is_system = (source->attributes & kSystem) != 0;
-  if (is_system && MarkNewFile(file_.handle(), kSystem)) outcome.target_attributes = kSystem;
+  if (is_system && WriteDosBits(file_.handle(), setting_.dos_bits, kSystem))
+    outcome.target_attributes = kSystem;
   // A volume without permissions refuses this, and the copy is whole all the same.
   if ((mode & setting_.mask) != 0) static_cast<void>(fchmod(file_.handle(), mode) == 0);
   if (const Status carried = CarryTime(file_.handle(), source->facts, outcome.changed); !carried)

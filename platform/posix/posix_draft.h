@@ -4,6 +4,7 @@
 
 #include "platform/copy_volume.h"
 #include "platform/posix/posix_folder.h"
+#include "platform/posix/source_file.h"
 #include "platform/posix/temporary_file.h"
 #include "platform/posix/volume_kind.h"
 
@@ -12,7 +13,8 @@ namespace platform::posix {
 /// What a draft is to know beforehand.
 struct DraftSetting {
   VolumeKind target = VolumeKind::kUnordered;
-  bool source_has_coarse_times = false;
+  DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;  ///< of the target
+  SourceVolume source;
   mode_t mask = 0;  ///< the process's file mode mask
 };
 

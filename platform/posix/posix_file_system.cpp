@@ -119,6 +119,10 @@ Status PosixFileSystem::Respell(const std::string& folder, const std::string& fr
   return posix::Respell(folder, from, to);
 }
 
+Status PosixFileSystem::EndRespelling(const std::string& folder, const std::string& temporary) {
+  return posix::EndRespelling(folder, temporary);
+}
+
 Status PosixFileSystem::RemoveFile(const std::string& path) {
   const auto place = Reach(path);
   if (!place) return place.error();
@@ -132,7 +136,11 @@ Status PosixFileSystem::SetAttributes(const std::string& path, Attributes attrib
   return ChangeAttributes(path, attributes);
 }
 
-Result<DiskSpace> PosixFileSystem::Space(const std::string& path) { return SpaceAt(path); }
+/// Every run ends with this question, and then nothing of the volume is to be held open.
+Result<DiskSpace> PosixFileSystem::Space(const std::string& path) {
+  ForgetWays();
+  return SpaceAt(path);
+}
 
 std::int64_t PosixFileSystem::LargestFile(const std::string& path) { return LargestFileAt(path); }
 

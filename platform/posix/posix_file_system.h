@@ -26,6 +26,7 @@ class PosixFileSystem : public FileSystem {
   Status WriteNewFile(const std::string& path, const std::string& content) override;
   bool ReadOnlyForbidsReplacing() const override { return false; }
   Status Respell(const std::string& folder, const std::string& from, const std::string& to) override;
+  Status EndRespelling(const std::string& folder, const std::string& temporary) override;
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;

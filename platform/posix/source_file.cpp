@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <ctime>
 
-#include "platform/posix/dos_attributes.h"
 #include "platform/posix/file_facts.h"
 #include "platform/posix/posix_error.h"
 
@@ -48,16 +47,15 @@ bool Examine(SourceFile& file) {
 
 }  // namespace
 
-Result<SourceFile> OpenSource(int folder, const std::string& name, bool has_coarse_times) {
+Result<SourceFile> OpenSource(int folder, const std::string& name, const SourceVolume& volume) {
   // Not blocking, should a pipe have taken the file's place.
   SourceFile file;
   file.handle.Reset(openat(folder, name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file.handle || !Examine(file)) return LastError();
   if (!S_ISREG(file.facts.st_mode)) return NotAFileError(file.facts);
   const std::int64_t age = Now().tv_sec - file.facts.st_mtim.tv_sec;
-  file.is_fresh = has_coarse_times && age >= 0 && age <= kCoarseStep;
-  const auto dos = ReadDosAttribute(file.handle.get());
-  file.attributes = AttributesOf(file.facts) | BitsOfDosAttribute(dos.value_or(""));
+  file.is_fresh = volume.has_coarse_times && age >= 0 && age <= kCoarseStep;
+  file.attributes = AttributesOf(file.facts) | ReadDosBits(file.handle.get(), volume.dos_bits);
   return file;
 }
 

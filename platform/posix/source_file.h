@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/copier.h"
+#include "platform/posix/dos_bits.h"
 #include "platform/posix/file_descriptor.h"
 
 namespace platform::posix {
@@ -18,9 +19,15 @@ struct SourceFile {
   bool is_fresh = false;
 };
 
+/// What is to be known of a volume whose files are read.
+struct SourceVolume {
+  bool has_coarse_times = false;
+  DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;
+};
+
 /// Opens the file `name` in the open folder `folder`. Fails on everything but a regular file. A file that was
 /// written to within the present tick of the system's clock is opened when that is over (4 ms mostly); where
 /// the volume's times are coarser than that, it is told by is_fresh.
-Result<SourceFile> OpenSource(int folder, const std::string& name, bool has_coarse_times);
+Result<SourceFile> OpenSource(int folder, const std::string& name, const SourceVolume& volume);
 
 }  // namespace platform::posix

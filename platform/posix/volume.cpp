@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <linux/magic.h>
 #include <sys/stat.h>
-#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -51,8 +50,7 @@ Result<DiskSpace> SpaceAt(const std::string& path) {
 
 std::int64_t LargestFileAt(const std::string& path) {
   const auto place = OpenOnVolume(path, O_PATH);
-  struct statfs facts;
-  const bool is_fat = place && fstatfs(place->get(), &facts) == 0 && facts.f_type == MSDOS_SUPER_MAGIC;
+  const bool is_fat = place && MagicOf(place->get()) == MSDOS_SUPER_MAGIC;
   return is_fat ? kLargestOnFat : 0;
 }
 

@@ -17,8 +17,6 @@ constexpr unsigned long kXfs = 0x58465342;
 constexpr unsigned long kZfs = 0x2FC12FC1;
 constexpr unsigned long kBcachefs = 0xCA451A4E;
 constexpr unsigned long kJfs = 0x3153464A;
-constexpr unsigned long kCifs = 0xFF534D42;
-constexpr unsigned long kSmb2 = 0xFE534D42;
 
 /// ext2, ext3 and ext4 share one magic number. The driver of ext4 tells the process that writes the journal
 /// (fs/ext4/sysfs.c, since Linux 5.1); no file, or "<none>": there is no journal, as far as is known.
@@ -37,10 +35,13 @@ bool HasJournal(int file) {
 
 }  // namespace
 
-VolumeKind KindOfVolume(int file) {
+unsigned long MagicOf(int file) {
   struct statfs facts = {};
-  if (fstatfs(file, &facts) != 0) return VolumeKind::kUnordered;
-  switch (static_cast<unsigned long>(facts.f_type)) {
+  return fstatfs(file, &facts) == 0 ? static_cast<unsigned long>(facts.f_type) : 0;
+}
+
+VolumeKind KindOfVolume(int file) {
+  switch (MagicOf(file)) {
     case EXT4_SUPER_MAGIC:
       return HasJournal(file) ? VolumeKind::kJournaled : VolumeKind::kUnordered;
     case BTRFS_SUPER_MAGIC:
@@ -66,9 +67,6 @@ VolumeKind KindOfVolume(int file) {
   }
 }
 
-bool HasCoarseTimes(int file) {
-  struct statfs facts = {};
-  return fstatfs(file, &facts) == 0 && static_cast<unsigned long>(facts.f_type) == MSDOS_SUPER_MAGIC;
-}
+bool HasCoarseTimes(int file) { return MagicOf(file) == MSDOS_SUPER_MAGIC; }
 
 }  // namespace platform::posix

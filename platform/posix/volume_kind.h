@@ -10,10 +10,18 @@ enum class VolumeKind {
   /// Names, sizes and the list of free space reach the disk in any order. Also what is not known.
   kUnordered,
   /// Somebody else keeps it: a server, or a program (FUSE). Each call may be a round trip, the kernel does
-  /// not
-  /// pass the flush of a volume on, and a file that is held open may not be replaced.
+  /// not pass the flush of a volume on, and a file that is held open may not be replaced.
   kServed,
 };
+
+// Numbers of file systems that linux/magic.h does not name; from the kernel's sources of each.
+inline constexpr unsigned long kCifs = 0xFF534D42;
+inline constexpr unsigned long kSmb2 = 0xFE534D42;
+inline constexpr unsigned long kExfat = 0x2011BAB0;
+inline constexpr unsigned long kNtfs3 = 0x7366746E;
+
+/// The number of the file system on which an open file or folder lies; 0 when it cannot be told.
+unsigned long MagicOf(int file);
 
 /// The kind of the volume of an open file or folder.
 VolumeKind KindOfVolume(int file);

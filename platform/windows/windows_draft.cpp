@@ -1,5 +1,6 @@
 #include "platform/windows/windows_draft.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/windows/data_mover.h"
@@ -18,6 +19,31 @@ namespace {
 /// From here on the system's copy is the faster one, or at least not slower.
 constexpr std::int64_t kBigFile = 16 << 20;
 
+// What every FAT and exFAT volume can hold, wherever it lies: they count from 1980 to 2107, after the clock
+// on the wall.
+constexpr std::int64_t kEarliestOnFat = 315'576'000;  // 1980-01-01 12:00
+constexpr std::int64_t kLatestOnFat = 4'354'765'200;  // 2107-12-31 09:00
+
+/// The nearest time that a volume can hold that refuses this one; nothing when it is not the time's fault.
+std::optional<std::int64_t> NearestOnFat(std::int64_t time) {
+  const std::int64_t seconds = FromTicks(time).seconds;
+  if (seconds >= kEarliestOnFat && seconds <= kLatestOnFat) return std::nullopt;
+  const std::int64_t nearest = seconds < kEarliestOnFat ? kEarliestOnFat : kLatestOnFat;
+  return time + (nearest - seconds) * kTicksPerSecond;
+}
+
+/// Where the system refuses the time, the nearest that a copy can have there takes its place.
+bool SetBasicInfo(const FileHandle& copy, FILE_BASIC_INFO wanted) {
+  const auto set = [&] {
+    return ::SetFileInformationByHandle(copy.get(), FileBasicInfo, &wanted, sizeof wanted) != 0;
+  };
+  if (set()) return true;
+  const auto nearest = NearestOnFat(wanted.LastWriteTime.QuadPart);
+  if (::GetLastError() != ERROR_INVALID_PARAMETER || !nearest) return false;
+  wanted.LastWriteTime.QuadPart = *nearest;
+  return set();
+}
+
 /// Modification time and attributes of the source: read-only and hidden are dropped, the rest stays as the
 /// copy has it.
 Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, bool changed) {
@@ -31,7 +57,7 @@ Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, b
   if (attributes != info->FileAttributes) {
     wanted.FileAttributes = attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
   }
-  if (!::SetFileInformationByHandle(copy.get(), FileBasicInfo, &wanted, sizeof wanted)) return LastError();
+  if (!SetBasicInfo(copy, wanted)) return LastError();
   return Attributes{attributes & kKnownAttributes};
 }
 

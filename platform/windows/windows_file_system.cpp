@@ -34,6 +34,11 @@ Status StatusOf(BOOL success) {
   return Done{};
 }
 
+/// Never over anything.
+Status Move(const std::wstring& from, const std::wstring& to) {
+  return StatusOf(::MoveFileExW(from.c_str(), to.c_str(), 0));
+}
+
 /// What the system knows of a path without a search. A link stands for itself.
 Result<WIN32_FIND_DATAW> KnownOf(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -165,17 +170,32 @@ Status WindowsFileSystem::WriteNewFile(const std::string& path, const std::strin
 /// Windows sees the change and makes it in one step; others that stand in for it may see none and do nothing.
 Status WindowsFileSystem::Respell(const std::string& folder, const std::string& from, const std::string& to) {
   const std::wstring place = LongFolder(folder);
-  const auto move = [&](const std::wstring& a, const std::wstring& b) {
-    return StatusOf(::MoveFileExW((place + a).c_str(), (place + b).c_str(), 0));
-  };
   const std::wstring old_name = Widen(from);
   const std::wstring new_name = Widen(to);
-  if (Status moved = move(old_name, new_name); !moved || IsSpelled(place, new_name)) return moved;
-  const std::wstring between = Widen(MakeTemporaryName());
-  if (Status moved = move(old_name, between); !moved) return moved;
-  Status moved = move(between, new_name);
-  if (!moved) static_cast<void>(move(between, old_name));
+  if (Status moved = Move(place + old_name, place + new_name); !moved || IsSpelled(place, new_name))
+    return moved;
+  const std::wstring temporary = place + Widen(MakeTemporaryName());
+  if (!::CreateDirectoryW(temporary.c_str(), nullptr)) return LastError();
+  const std::wstring between = temporary + L'\\' + new_name;
+  Status moved = Move(place + old_name, between);
+  if (moved) {
+    moved = Move(between, place + new_name);
+    if (!moved) static_cast<void>(Move(between, place + old_name));
+  }
+  ::RemoveDirectoryW(temporary.c_str());
   return moved;
+}
+
+Status WindowsFileSystem::EndRespelling(const std::string& folder, const std::string& temporary) {
+  const std::string path = JoinPath(folder, temporary);
+  const auto listed = List(path, FollowLinks::kTrusted);
+  if (!listed) return listed.error();
+  for (const Entry& entry : (*listed)->entries()) {
+    const std::wstring name = Widen(entry.name);
+    if (Status moved = Move(LongFolder(path) + name, LongFolder(folder) + name); !moved) return moved;
+  }
+  ::RemoveDirectoryW(LongPath(path).c_str());
+  return Done{};
 }
 
 Status WindowsFileSystem::RemoveFile(const std::string& path) {

@@ -1,5 +1,7 @@
 #include <random>
 
+#include "engine/nesting.h"
+
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -84,6 +86,10 @@ TEST(FolderWalk, AFolderIsKnownByEveryPathThatMountsGiveIt) {
   in_source.BackUp();
   EXPECT_EQ(in_source.BackUp(), "up to date 1");
   EXPECT_TRUE(in_source.Wrote("Target inside: /src/in/backup|"));
+  in_source.files.MountAgain("/src/in", "/mnt");
+  EXPECT_TRUE(Nesting(in_source.files, "/src/in", "/mnt/in/backup").TargetIsInSource());
+  EXPECT_TRUE(Nesting(in_source.files, "/mnt/in/backup", "/src/in").SourceIsInTarget());
+  EXPECT_FALSE(Nesting(in_source.files, "/src/in/backup", "/mnt/in").TargetIsInSource());
   Scene in_target({"/src/in/a=original", "/src/in/b"}, {"in"});
   in_target.files.MountAgain("/src/in", "/dst");
   EXPECT_EQ(in_target.BackUpAll(), "warnings 1");
@@ -104,6 +110,21 @@ TEST(FolderWalk, NoObjectOfTheTargetReceivesTwoSourcesWhateverRuleTheTargetFolds
                 scene.Wrote("Not copied: /src/\u1EC7.txt. Name taken."));
     EXPECT_EQ(scene.BackUp(), "new 5, up to date 5, failed 5") << scene.lines;
     EXPECT_EQ(scene.Copies(), copies);
+  }
+}
+
+TEST(FolderWalk, AnotherSpellingOfOneCopyIsNeverTakenForTheCopyOfAnother) {
+  for (const bool numbers_by_spelling : {false, true}) {
+    Scene scene(
+        {"/src/both=AAAA", "/src/both.=BBBB", "/src/only.=CCCC", "/src/f/x", "/src/f./y", "/src/o./z"},
+        {"f", "f.", "o."});
+    scene.files.FoldNames("/dst", numbers_by_spelling);
+    scene.BackUp();
+    EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
+    const bool sees_all = !numbers_by_spelling;
+    EXPECT_EQ(scene.BackUp(), sees_all ? "new 2, up to date 4, failed 2" : "new 4, up to date 2, failed 4")
+        << scene.lines;
+    EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
   }
 }
 
@@ -188,6 +209,20 @@ TEST(FolderWalk, LeftoversOfAnInterruptedRunGoButOnlyFromTheTarget) {
   EXPECT_TRUE(scene.files.Exists("/dst/" + leftover));
   scene.BackUp();
   EXPECT_EQ(scene.Copies(), of_the_user + "=1 a=1");
+}
+
+TEST(FolderWalk, WhatARunLeftThatEndedWhileItRespelledANameGetsItBack) {
+  const std::string between = "/dst/" + platform::MakeTemporaryName();
+  Scene scene({"/src/Name/a", between + "/Name/a", between.substr(0, 20) + "/mine"}, {"Name"});
+  for (const bool source_files : {true, false}) {
+    scene.setup.ExcludeFilesInSourceFolder = !source_files;
+    EXPECT_EQ(scene.BackUp(), "up to date 1");
+    EXPECT_EQ(scene.files.NamesIn("/dst"), (std::vector<std::string>{between.substr(5, 15), "Name"}));
+    tree::Add(scene.files, {between + "/"});
+  }
+  scene.files.MakeForeign(between);
+  scene.BackUp();
+  EXPECT_TRUE(scene.files.Exists(between));
 }
 
 TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFiles) {

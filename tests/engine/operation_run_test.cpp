@@ -61,6 +61,20 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
           [](Scene& s) { s.write_protected = true; });
 }
 
+TEST(RunOperation, TwoRunsAreKeptApartWhereOneTargetLiesInTheOther) {
+  Scene scene({"/src/in/a", "/src/in/below/b", "/src/c", "/dst/in/"}, {"in"});
+  auto other = std::move(*scene.files.Lock("/dst/in/.quorvane-lock", "another"));
+  EXPECT_EQ(scene.Check(), "new 3, due 3");
+  EXPECT_EQ(scene.BackUp(), "new 3, copied 1, failed 2, warnings 1");
+  EXPECT_TRUE(scene.Wrote("Below: /dst/in, another|") && scene.Wrote("Not copied: /src/in/a. Other run.|"));
+  other = std::move(*scene.files.Lock("/dst/.quorvane-lock", "another"));
+  scene.setup.TargetFolder = "/dst/in";
+  EXPECT_EQ(scene.BackUp(), "");
+  EXPECT_TRUE(scene.steps.ends_with("Above: /dst, another. Wait.|")) << scene.steps;
+  other.reset();
+  EXPECT_EQ(scene.BackUp(), "new 3, copied 3");
+}
+
 TEST(RunOperation, GoesThroughItsStepsInOrder) {
   Scene scene({"/src/a.jpg"});
   scene.setup.FileExtension = "jpg";

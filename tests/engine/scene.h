@@ -115,6 +115,7 @@ class Scene : public RunHost, public Listener {
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
       "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"
       "560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n563 Folder name taken.\n"
+      "590 Above:\n591 Below:\n592 Other run.\n654 Taken:\n655 Wait.\n"
       "770 Other content:\n771 Not compared:\n772 Copy unreadable:\n773 Move it.\n774 Changed before:\n"
       "775 Comparing all.\n540 Interrupted.\n541 Not marked:\n505 Folder in the way.\n508 Bad name.\n511 "
       "Unknown.\n661 Became "

@@ -76,6 +76,18 @@ TEST_P(FileSystemContract, ANameTakesAnotherSpellingAndNeverThePlaceOfAnother) {
   EXPECT_EQ(ContentOf("to/NAME") + ContentOf("to/other"), "itanother");
 }
 
+TEST_P(FileSystemContract, WhatAnInterruptedRespellingLeftGetsItsName) {
+  const std::string temporary = MakeTemporaryName();
+  for (const char* folder : {"", "/Folder"}) AddFolder("to/" + temporary + folder);
+  AddFile("to/" + temporary + "/Folder/file", "it");
+  ASSERT_TRUE(files().EndRespelling(At("to"), temporary));
+  EXPECT_EQ(NamesIn("to"), Names{"Folder"});
+  AddFolder("to/" + temporary);
+  AddFolder("to/" + temporary + "/Folder");
+  EXPECT_FALSE(files().EndRespelling(At("to"), temporary)) << "never in the place of another";
+  EXPECT_EQ(ContentOf("to/Folder/file"), "it");
+}
+
 TEST_P(FileSystemContract, WrittenAndReplacedFilesHoldTheNewContentAlone) {
   AddFile("from/file", "a longer old content");
   ASSERT_TRUE(files().WriteFile(At("from/file"), "short"));

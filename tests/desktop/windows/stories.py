@@ -162,6 +162,6 @@ class Disks(OnWindows, Story):
         self.mount("-o", "remount,bind,ro")
         self.back_up(["Letters"])
         self.check_result(status="refused")
-        self.assertIn("write-protected", "\n".join(self.program.lines()))
+        self.assertIn("Nothing can be written to the target folder", "\n".join(self.program.lines()))
         self.close(4)
         self.assertEqual(self.place.copies(), {})

@@ -159,6 +159,17 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
   }
 }
 
+TEST_F(PosixFiles, FatKeepsHiddenAndSystemInItsOwnEntryAndACopyIsSystemAlone) {
+  AddFile("from/file", "x");
+  posix::test::Calls() = {};
+  posix::test::Calls().volume = MSDOS_SUPER_MAGIC;
+  ASSERT_TRUE(files().SetAttributes(At("from/file"), kHidden | kSystem));
+  EXPECT_EQ(posix::test::Calls().fat_bits, 0x26u);
+  EXPECT_EQ(Must(Copy("file")).target_attributes, kSystem);
+  EXPECT_EQ(posix::test::Calls().fat_bits, 0x24u);
+  posix::test::Calls() = {};
+}
+
 TEST_F(PosixFiles, AGroupThatDoesNotReachTheDiskGivesNoNames) {
   for (const char* name : {"a", "b"}) AddFile(std::string("from/") + name, name);
   AddFile("to/b", "old");

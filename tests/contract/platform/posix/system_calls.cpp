@@ -1,10 +1,12 @@
 #include "tests/contract/platform/posix/system_calls.h"
 
+#include <linux/msdos_fs.h>
 #include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <filesystem>
 #include <mutex>
 
@@ -71,5 +73,17 @@ int fstatfs(int file, struct statfs* facts) noexcept {
   const int result = static_cast<int>(syscall(SYS_fstatfs, file, facts));
   if (Calls().volume != 0) facts->f_type = static_cast<__fsword_t>(Calls().volume);
   return result;
+}
+
+int ioctl(int file, unsigned long request, ...) noexcept {
+  va_list rest;
+  va_start(rest, request);
+  void* const value = va_arg(rest, void*);
+  va_end(rest);
+  std::uint32_t& bits = Calls().fat_bits;
+  if (request == FAT_IOCTL_GET_ATTRIBUTES) *static_cast<std::uint32_t*>(value) = bits;
+  if (request == FAT_IOCTL_SET_ATTRIBUTES) bits = *static_cast<std::uint32_t*>(value);
+  if (request == FAT_IOCTL_GET_ATTRIBUTES || request == FAT_IOCTL_SET_ATTRIBUTES) return 0;
+  return static_cast<int>(syscall(SYS_ioctl, file, request, value));
 }
 }
