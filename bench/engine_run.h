@@ -28,7 +28,9 @@ class UnsavedVolume : public Volume {
 template <typename FileSystem, typename Volume>
 class WithoutFlush : public FileSystem {
  public:
-  platform::Status Flush(const std::string&, const platform::Waiting&) override { return platform::Done{}; }
+  platform::Status Flush(const std::string&, const platform::IdleCallback&) override {
+    return platform::Done{};
+  }
   std::unique_ptr<platform::Copier> MakeCopier(const std::string& source,
                                                const std::string& target) override {
     return std::make_unique<platform::GroupedCopier>(std::make_shared<UnsavedVolume<Volume>>(source, target),

@@ -1,7 +1,7 @@
 #include "bench/engine_run.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_copy_volume.h"
-#include "platform/posix/posix_file_system.h"
+#include "platform/posix/clock.h"
+#include "platform/posix/copy/copy_volume.h"
+#include "platform/posix/file_system.h"
 
 int main(int argc, char** argv) {
   platform::posix::PosixFileSystem flushing;

@@ -1,7 +1,7 @@
 #include "bench/engine_run.h"
-#include "platform/windows/windows_clock.h"
-#include "platform/windows/windows_copy_volume.h"
-#include "platform/windows/windows_file_system.h"
+#include "platform/windows/clock.h"
+#include "platform/windows/copy/copy_volume.h"
+#include "platform/windows/file_system.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "engine/folder_pair.h"
-#include "platform/posix/posix_file_system.h"
+#include "platform/posix/file_system.h"
 
 /// What it costs to list a folder and its target and to join the two by name, for each of their files.
 namespace {

@@ -272,7 +272,7 @@ void CopyPass::SettleFirst() {
   pending_.pop_front();
   order_.Settle([&] {
     const CopyJob& job = first.job;
-    if (first.outcome->ok()) return TellCopied(job, first.outcome->value());
+    if (first.outcome->ok()) return ReportCopied(job, first.outcome->value());
     free_bytes_.reset();
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
@@ -284,20 +284,20 @@ void CopyPass::SettleFirst() {
 std::string CopyPass::WhyNotCopied(const CopyJob& job, platform::Error error) {
   using platform::ErrorKind;
   const bool may_be_either = error.kind == ErrorKind::kIsAFolder || error.kind == ErrorKind::kNotFound;
-  const auto source = may_be_either ? tools_.files.Look(job.SourcePath()) : platform::Result<Entry>(error);
+  const auto source = may_be_either ? tools_.files.Stat(job.SourcePath()) : platform::Result<Entry>(error);
   if (source && source->kind == EntryKind::kFolder && error.kind == ErrorKind::kIsAFolder) {
     return NoticeLine(tools_, text::kNotCopied, job.SourcePath()) + ". " +
            tools_.texts.GetProgramText(text::kReasonBecameFolder);
   }
   if (source && source->kind == EntryKind::kFile && error.kind == ErrorKind::kNotFound) {
-    if (!target_root_.IsThere() || !tools_.files.Look(job.folders->target_path()))
+    if (!target_root_.IsThere() || !tools_.files.Stat(job.folders->target_path()))
       return TargetFailureLine(tools_, text::kNotCopied, job.SourcePath(), error);
     error.kind = ErrorKind::kBadName;  // some servers say so of a name that they do not allow
   }
   return FailureLine(tools_, text::kNotCopied, job.SourcePath(), error);
 }
 
-void CopyPass::TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {
+void CopyPass::ReportCopied(const CopyJob& job, const platform::CopyOutcome& outcome) {
   CarryAttributes(job, outcome);
   if (job.selection.target != nullptr)
     target_root_.TakeSpelling(job.folders->target_path(), *job.selection.target, job.file->name);

@@ -87,7 +87,7 @@ class CopyPass {
   void TrySecondTime(Pending& pending);
   void SettleFirst();
   std::string WhyNotCopied(const CopyJob& job, platform::Error error);
-  void TellCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
+  void ReportCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
   void CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome);
   const Pending* Unwritten() const;
   void ShowStage(platform::CopyStage stage);

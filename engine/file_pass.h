@@ -34,7 +34,7 @@ class FilePass {
 
   /// Does it when the files taken before are where they belong. See ReportOrder.
   void InTurn(ReportOrder::Act act) { decisions_.Tell(std::move(act)); }
-  void AtEndOfFolder(ReportOrder::Act act) { decisions_.TellEndOfFolder(std::move(act)); }
+  void AtEndOfFolder(ReportOrder::Act act) { decisions_.ReportEndOfFolder(std::move(act)); }
 
   /// Waits until every file taken is where it belongs, or until the run has ended.
   void Finish();

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "engine/other_spellings.h"
+#include "engine/name_twins.h"
 #include "engine/target_folder.h"
 #include "engine/target_root.h"
 #include "platform/file_system.h"
@@ -48,7 +48,7 @@ class FolderPair {
   const std::shared_ptr<platform::Folder>& shared_target() const { return target_; }
 
   /// What the target listing has for a file or folder of the source listing: what bears its very name or,
-  /// where nothing does, another spelling of it (see OtherSpellings). Null for nothing. Fastest when it is
+  /// where nothing does, another spelling of it (see NameTwins). Null for nothing. Fastest when it is
   /// asked in the order of the source listing; each is to be asked about once.
   const platform::Entry* TargetOf(const platform::Entry& source);
 
@@ -76,7 +76,7 @@ class FolderPair {
   /// index.
   std::size_t next_ = 0;
   std::unordered_map<std::string_view, std::size_t> index_;
-  std::optional<OtherSpellings> spellings_;
+  std::optional<NameTwins> spellings_;
 };
 
 }  // namespace engine

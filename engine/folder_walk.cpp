@@ -18,7 +18,7 @@ using platform::Entry;
 using platform::EntryKind;
 
 /// How many of the folders that come next may be listed ahead.
-constexpr std::size_t kExpected = 32;
+constexpr std::size_t kPrefetched = 32;
 
 /// How many files, subfolders and so on share a folder's part of the progress: at least one.
 double UnitsOf(const FolderPair& pair) {
@@ -38,7 +38,7 @@ void Add(const FileCounts& folder, FileCounts& totals) {
 }
 
 bool IsFolderLink(platform::FileSystem& files, const std::string& path) {
-  const auto entry = files.Look(path);
+  const auto entry = files.Stat(path);
   return entry && entry->kind == EntryKind::kFolderLink;
 }
 
@@ -52,7 +52,7 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
     : tools_(tools),
       listener_(listener),
       plan_(std::move(plan)),
-      nesting_(tools.files, plan_.source, plan_.target),
+      overlap_(tools.files, plan_.source, plan_.target),
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
       unfinished_(tools.files, tools.clock, plan_.target),
@@ -70,7 +70,7 @@ const Totals& FolderWalk::Run() {
   if (unfinished_.was_found()) Write(kLineIndent + tools_.texts.GetProgramText(text::kUnfinishedRunFound));
   PushRoots();
   while (!pending_.empty() && !Ended()) {
-    ExpectNext();
+    PrefetchNext();
     const Pending folder = std::move(pending_.back());
     pending_.pop_back();
     BackupFolder(folder);
@@ -121,7 +121,7 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
     return std::nullopt;
   }
   const std::string source = platform::JoinPath(plan_.source, name);
-  const auto entry = tools_.files.Look(source);
+  const auto entry = tools_.files.Stat(source);
   if (!entry && !IsGone(entry.error())) {
     FailFolder(source, entry.error());
     return std::nullopt;
@@ -164,7 +164,7 @@ void FolderWalk::PlaceIncluded(const FolderPair& root, const std::vector<Selecti
         entries[i].kind == EntryKind::kFolder ? included.find(entries[i].name) : included.end();
     if (found == included.end()) continue;
     Place(*found->second, root, entries[i], selections[i].target);
-    found->second->is_expected = false;
+    found->second->is_prefetched = false;
   }
 }
 
@@ -178,11 +178,11 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   const std::vector<Selection> selections = SelectFiles(*pair);
   if (!is_placed_) PlaceIncluded(*pair, selections);
   const auto counts = CountsOf(*pair, selections);
-  TellBegin(counts);
+  ReportBegin(counts);
   RemoveLeftovers(*pair);
   WarnAboutLinks(folder, *pair);
   ActOnFiles(folder, pair, selections, counts);
-  TellEnd(counts);
+  ReportEnd(counts);
   if (Ended()) return;
   file_pass_.InTurn([this, counts] { PauseIfWished(*counts); });
   if (folder.with_subfolders) PushSubfolders(folder, *pair, selections);
@@ -205,7 +205,7 @@ std::shared_ptr<FolderCounts> FolderWalk::CountsOf(const FolderPair& pair,
   return counts;
 }
 
-void FolderWalk::TellBegin(const std::shared_ptr<FolderCounts>& counts) {
+void FolderWalk::ReportBegin(const std::shared_ptr<FolderCounts>& counts) {
   Tell([this, counts] {
     ++totals_.folders;
     if (counts->files_in_folder > 0) ++totals_.non_empty_folders;
@@ -213,19 +213,19 @@ void FolderWalk::TellBegin(const std::shared_ptr<FolderCounts>& counts) {
   });
 }
 
-void FolderWalk::TellEnd(const std::shared_ptr<FolderCounts>& counts) {
+void FolderWalk::ReportEnd(const std::shared_ptr<FolderCounts>& counts) {
   const auto tell = [this, counts] {
     Add(counts->counts, totals_.counts);
     totals_.bytes_met += counts->bytes_met;
     totals_.bytes_compared += counts->bytes_compared;
     listener_.FolderEnded(*counts);
   };
-  file_pass_.AtEndOfFolder([this, tell] { order_.TellEndOfFolder(tell); });
+  file_pass_.AtEndOfFolder([this, tell] { order_.ReportEndOfFolder(tell); });
 }
 
 /// What only the open folder tells: that it is the target, or another volume.
 bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
-  if (nesting_.IsTarget(folder)) {
+  if (overlap_.IsTarget(folder)) {
     Write(NoticeLine(tools_, text::kTargetInSource, folder.path()));
     return false;
   }
@@ -236,15 +236,15 @@ bool FolderWalk::BelongsToSource(const platform::Folder& folder) {
   return true;
 }
 
-void FolderWalk::ExpectNext() {
+void FolderWalk::PrefetchNext() {
   const std::size_t last = pending_.size();
-  for (std::size_t i = last; i > 0 && last - i < kExpected; --i) {
+  for (std::size_t i = last; i > 0 && last - i < kPrefetched; --i) {
     Pending& next = pending_[i - 1];
-    if (next.is_expected) continue;
-    if (!tools_.files.ExpectFolder(next.source)) return;
-    next.is_expected = true;
+    if (next.is_prefetched) continue;
+    if (!tools_.files.PrefetchFolder(next.source)) return;
+    next.is_prefetched = true;
     if (next.target && next.target->is_there())
-      tools_.files.ExpectFolder(next.target->path(), next.target->links());
+      tools_.files.PrefetchFolder(next.target->path(), next.target->links());
   }
 }
 
@@ -348,11 +348,11 @@ void FolderWalk::Place(Pending& folder, const FolderPair& parents, const Entry& 
 
 /// The target inside the source is left out; so is a folder whose copies would land in the source.
 bool FolderWalk::MayBeWalked(const Pending& folder, bool target_is_link) {
-  if (nesting_.IsTarget(folder.source)) {
+  if (overlap_.IsTarget(folder.source)) {
     Write(NoticeLine(tools_, text::kTargetInSource, folder.source));
     return false;
   }
-  if (folder.target && nesting_.LandsInSource(folder.target->path(), target_is_link)) {
+  if (folder.target && overlap_.LandsInSource(folder.target->path(), target_is_link)) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }

@@ -11,7 +11,7 @@
 #include "engine/file_pass.h"
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
-#include "engine/nesting.h"
+#include "engine/overlap.h"
 #include "engine/pulse.h"
 #include "engine/report_order.h"
 #include "engine/selection.h"
@@ -61,7 +61,7 @@ class FolderWalk {
     bool with_subfolders = false;
     double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
     double share = 0;
-    bool is_expected = false;  ///< may be listed already
+    bool is_prefetched = false;  ///< may be listed already
   };
 
   void PushRoots();
@@ -80,7 +80,7 @@ class FolderWalk {
                     platform::ErrorKind why);
   std::optional<std::string> OtherRunIn(const FolderPair& pair);
   /// Lets the folders be listed that come next.
-  void ExpectNext();
+  void PrefetchNext();
   void RemoveLeftovers(FolderPair& pair);
   bool IsLeftOut(const std::string& path) const;
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
@@ -88,8 +88,8 @@ class FolderWalk {
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
   void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
-  void TellBegin(const std::shared_ptr<FolderCounts>& counts);
-  void TellEnd(const std::shared_ptr<FolderCounts>& counts);
+  void ReportBegin(const std::shared_ptr<FolderCounts>& counts);
+  void ReportEnd(const std::shared_ptr<FolderCounts>& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair,
                       const std::vector<Selection>& selections);
   Pending Below(const Pending& folder, const std::string& name) const;
@@ -109,7 +109,7 @@ class FolderWalk {
   const Tools& tools_;
   Listener& listener_;
   WalkPlan plan_;
-  Nesting nesting_;
+  Overlap overlap_;
   TargetRoot target_root_;
   Totals totals_;
   Pulse pulse_;

@@ -58,7 +58,7 @@ bool FolderWalk::EndRespellings(const FolderPair& pair) {
 /// closed to this one.
 bool FolderWalk::TargetIsItsOwn(const Pending& folder, FolderPair& pair) {
   if (!pair.has_target()) return true;
-  if (pair.IsOneFolder() || nesting_.IsSource(pair.target())) {
+  if (pair.IsOneFolder() || overlap_.IsSource(pair.target())) {
     Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return false;
   }

@@ -6,7 +6,7 @@ namespace engine {
 
 void ReportOrder::Tell(Act act) { Take({std::move(act)}); }
 
-void ReportOrder::TellEndOfFolder(Act act) { Take({std::move(act), true}); }
+void ReportOrder::ReportEndOfFolder(Act act) { Take({std::move(act), true}); }
 
 void ReportOrder::Hold() { acts_.emplace_back(); }
 

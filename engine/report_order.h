@@ -14,7 +14,7 @@ class ReportOrder {
   /// Does it at once, or as soon as all copies before it are settled.
   void Tell(Act act);
   /// The same with the last act of a folder.
-  void TellEndOfFolder(Act act);
+  void ReportEndOfFolder(Act act);
 
   /// A copy has its place here. Everything told from now on waits for it.
   void Hold();

@@ -57,7 +57,7 @@ RunLock LockTarget(const Tools& tools, const std::string& target) {
 std::optional<std::string> HolderOf(const Tools& tools, const std::string& folder) {
   const std::string path = platform::JoinPath(folder, kRunLock);
   RunLock run;
-  if (!tools.files.Look(path)) return std::nullopt;
+  if (!tools.files.Stat(path)) return std::nullopt;
   return Take(tools, path, run) && run.is_taken ? std::optional(run.holder) : std::nullopt;
 }
 

@@ -37,7 +37,7 @@ Status TargetFolder::Ensure(platform::FileSystem& files, const TargetRoot& root)
 }
 
 bool TargetFolder::HasVanished(platform::FileSystem& files) {
-  if (!above_ || !is_there_ || files.Look(path_)) return false;
+  if (!above_ || !is_there_ || files.Stat(path_)) return false;
   is_there_ = false;
   return true;
 }
@@ -46,7 +46,7 @@ Status TargetFolder::Make(platform::FileSystem& files) {
   const Status made = files.CreateFolder(path_, source_);
   is_there_ = made.ok();
   if (made || made.error().kind != ErrorKind::kAlreadyExists) return made;
-  const auto in_the_way = files.Look(path_);
+  const auto in_the_way = files.Stat(path_);
   if (!in_the_way || !platform::IsFolder(in_the_way->kind)) return made;
   refused_ = Error{ErrorKind::kNameTaken, 0, {}};
   return *refused_;

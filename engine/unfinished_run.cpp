@@ -93,7 +93,7 @@ void UnfinishedRun::MoveOn() { static_cast<void>(Write()); }
 platform::Status UnfinishedRun::Write() {
   written_ = clock_.Monotonic();
   // Whoever laid a link of that name, nothing is written to where it leads.
-  if (const auto old = files_.Look(path_); old && old->is_link) static_cast<void>(files_.RemoveFile(path_));
+  if (const auto old = files_.Stat(path_); old && old->is_link) static_cast<void>(files_.RemoveFile(path_));
   return files_.ReplaceFile(path_, Content());
 }
 

@@ -97,7 +97,7 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
     refusal.unattended = refusal.title = "Target folder not specified";
     return refusal;
   }
-  const auto target = tools.files.Look(setup.TargetFolder);
+  const auto target = tools.files.Stat(setup.TargetFolder);
   if (!target && target.error().kind != platform::ErrorKind::kNotFound &&
       target.error().kind != platform::ErrorKind::kNotAFolder) {
     Refusal refusal = Numbered(tools, kTargetNotReadable, text::kTargetNotReadable, text::kTitleNothingToDo);

@@ -1,13 +1,13 @@
 #include <string>
 
 #include "main/program.h"
-#include "platform/windows/registry_store.h"
-#include "platform/windows/windows_clock.h"
-#include "platform/windows/windows_file_system.h"
-#include "platform/windows/windows_locale.h"
-#include "platform/windows/windows_shell.h"
+#include "platform/windows/clock.h"
+#include "platform/windows/file_system.h"
+#include "platform/windows/locale.h"
+#include "platform/windows/settings_store.h"
+#include "platform/windows/shell/shell.h"
 #include "ui/headless/headless_front_end.h"
-#include "ui/win32/win32_front_end.h"
+#include "ui/win32/front_end.h"
 
 /// The program for Windows. Where nobody can see its windows, as in a task that runs "whether the user is
 /// logged on or not", it still does an unattended run.

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "app/frmMain.h"
+#include "app/main_window/frmMain.h"
 #include "platform/path.h"
 #include "text/built_in.h"
 

@@ -13,7 +13,7 @@ namespace platform {
 
 /// Told how far a copy is: before its first byte (0), between its blocks, and at its end. Returning false
 /// ends the copy with kCancelled. Called from a thread of the copier, one call at a time for one file.
-using CopyWatcher = std::function<bool(std::int64_t bytes_written)>;
+using CopyProgress = std::function<bool(std::int64_t bytes_written)>;
 
 /// Whether the caller's listing of the target has something under the name of a file that is to be copied.
 enum class TargetName { kFree, kTaken };
@@ -24,7 +24,7 @@ struct CopyOrder {
   const Entry* file = nullptr;  ///< one of source->entries()
   std::shared_ptr<Folder> target;
   TargetName name = TargetName::kFree;
-  CopyWatcher watcher = {};  ///< may be empty
+  CopyProgress watcher = {};  ///< may be empty
 };
 
 /// How much earlier than its source a copy is dated whose source changed meanwhile: so much that the two lie

@@ -19,7 +19,7 @@ class Draft {
   virtual ~Draft() = default;
 
   /// Writes the copy: steps 1 of a Copier. Asks the watcher, which may be empty.
-  virtual Result<CopyOutcome> Write(const CopyWatcher& watcher) = 0;
+  virtual Result<CopyOutcome> Write(const CopyProgress& watcher) = 0;
 
   /// Gives the copy its final name: step 3. On a volume without a journal the file that it replaces keeps its
   /// space until the draft goes.

@@ -10,8 +10,8 @@
 #include "platform/copier.h"
 #include "platform/file_lock.h"
 #include "platform/folder.h"
+#include "platform/idle_callback.h"
 #include "platform/result.h"
-#include "platform/waiting.h"
 
 /// The file system as the program sees it. Paths are absolute UTF-8 texts; names pass through without loss:
 /// on Linux the bytes as they are, on Windows UTF-16 turned into UTF-8 with unpaired surrogates kept as three
@@ -37,14 +37,14 @@ class FileSystem {
   /// A hint that OpenFolder(path, links) is called soon: the folder may be listed in the background
   /// meanwhile, up to a second ahead. Hints may stand for many folders at a time. False when it comes too
   /// early: enough others stand.
-  virtual bool ExpectFolder(const std::string& path, FollowLinks links = FollowLinks::kAll) {
+  virtual bool PrefetchFolder(const std::string& path, FollowLinks links = FollowLinks::kAll) {
     static_cast<void>(path);
     static_cast<void>(links);
     return true;
   }
 
   /// What stands at `path`, links followed as in a listing. kNotFound when nothing does.
-  virtual Result<Entry> Look(const std::string& path) = 0;
+  virtual Result<Entry> Stat(const std::string& path) = 0;
 
   /// `path` with every link in it resolved, without "." and "..". The path must exist.
   virtual Result<std::string> RealPath(const std::string& path) = 0;
@@ -101,7 +101,7 @@ class FileSystem {
 
   /// The space on the volume that holds `path`; `path` itself may be missing while its parent exists. kOther
   /// when the volume tells no size, as some do that lie in memory or elsewhere: that is not a full one.
-  virtual Result<DiskSpace> Space(const std::string& path) = 0;
+  virtual Result<DiskSpace> GetDiskSpace(const std::string& path) = 0;
 
   /// The most bytes that one file may have on the volume that holds `path`, which may be missing like that of
   /// Space(); 0 when no limit is known.
@@ -132,8 +132,8 @@ class FileSystem {
   virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) = 0;
 
   /// Returns when everything written to the volume of `path` so far, names too, is on the disk; on a slow one
-  /// that may take minutes. kCancelled when `waiting`, which may be empty, does not want to wait.
-  virtual Status Flush(const std::string& path, const Waiting& waiting) = 0;
+  /// that may take minutes. kCancelled when `idle`, which may be empty, does not want to wait.
+  virtual Status Flush(const std::string& path, const IdleCallback& idle) = 0;
 
   /// Two names are one file's in a folder exactly when their keys are equal: the name itself on Linux, the
   /// name without regard to case on Windows.

@@ -44,7 +44,7 @@ struct Entry {
   /// carries them. FileSystem::GetAttributes() always tells all three.
   Attributes attributes = 0;
   /// The file's number on its volume, that of what a link leads to; 0 where the listing does not tell.
-  /// FileSystem::Look() tells it of folders, too.
+  /// FileSystem::Stat() tells it of folders, too.
   std::uint64_t number = 0;
   bool is_link = false;          ///< what bears the name is a link, wherever it leads
   bool has_other_names = false;  ///< more than one name leads to the file (hard links), where that is told

@@ -174,7 +174,7 @@ void GroupedCopier::State::CloseGroup() {
 void GroupedCopier::State::WriteBatch(Group& group, const Batch& batch) {
   for (Item* item : batch) {
     if (given_up) return;
-    const CopyWatcher& asked = item->order.watcher;
+    const CopyProgress& asked = item->order.watcher;
     item->draft = volume->Prepare(item->order);
     item->result = item->draft->Write(
         [this, &asked](std::int64_t bytes) { return !given_up && (!asked || asked(bytes)); });

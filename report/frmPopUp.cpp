@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "report/window_look.h"
 #include "ui/front_end.h"
+#include "ui/window_look.h"
 
 namespace report {
 namespace {
@@ -18,8 +18,8 @@ std::int16_t Narrow(ui::Twips length) {
 }  // namespace
 
 frmPopUp::frmPopUp(ui::FrontEnd& front_end) : Form(front_end, "frmPopUp", ui::FormStyle::kPopUp) {
-  SetControlsFontName(*this, kWindowFont);
-  SetControlsBackColor(*this, kNoteColours);
+  ui::SetControlsFontName(*this, ui::kWindowFont);
+  ui::SetControlsBackColor(*this, ui::kNoteColours);
   lblMessage.on_mouse_up = [this] { lblMessage_MouseUp(); };
   Timer1.on_timer = [this] { Timer1_Timer(); };
 }

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "report/window_look.h"
 #include "text/text_numbers.h"
 #include "ui/front_end.h"
+#include "ui/window_look.h"
 
 namespace report {
 namespace {
@@ -37,13 +37,13 @@ void frmReport::Form_Load() {
 }
 
 void frmReport::SetLooks() {
-  SetControlsFontName(*this, kWindowFont);
-  SetControlsBackColor(*this, kWindowColours);
-  txbText.SetFont({kReportFont, 9, false});
-  txbText.SetColours(kPaperColours);
+  ui::SetControlsFontName(*this, ui::kWindowFont);
+  ui::SetControlsBackColor(*this, ui::kWindowColours);
+  txbText.SetFont({ui::kReportFont, 9, false});
+  txbText.SetColours(ui::kPaperColours);
   txbText.SetWraps();
-  txbFind.SetColours(kPaperColours);
-  lblState.SetFont({kWindowFont, 10, true});
+  txbFind.SetColours(ui::kPaperColours);
+  lblState.SetFont({ui::kWindowFont, 10, true});
 }
 
 void frmReport::SetTextsAndKeys() {
@@ -142,7 +142,7 @@ void frmReport::ShowState() {
   const std::string& state = states[static_cast<std::size_t>(phase_)];
   lblState.SetText(phase_ == Phase::kPaused ? state + ": " + percent : state);
   lblState.SetToolTip(end_);
-  lblState.SetColours(phase_ == Phase::kPaused ? kNoteColours : kWindowColours);
+  lblState.SetColours(phase_ == Phase::kPaused ? ui::kNoteColours : ui::kWindowColours);
   std::string in_title = state.substr(0, state.find(':'));
   if (phase_ == Phase::kRunning && !time_left_.empty()) in_title += ", " + time_left_;
   SetText(in_title.empty() ? title_ : in_title + " - " + title_);
@@ -152,7 +152,7 @@ void frmReport::ShowEnd(const std::string& title, const std::string& text, EndKi
   title_ = title;
   end_ = kind == EndKind::kBad ? "! " + text : text;
   EnterPhase(Phase::kEnded);
-  if (kind == EndKind::kBad) lblState.SetColours(kProblemColours);
+  if (kind == EndKind::kBad) lblState.SetColours(ui::kProblemColours);
   Form_Resize();
   cmdCancelClose.SetDescription(text);
   if (txbText.selection().length == 0) {

@@ -3,7 +3,7 @@
 
 #include "base/utf8.h"
 #include "report/frmReport.h"
-#include "report/str_proc.h"
+#include "text/str_proc.h"
 #include "text/text_numbers.h"
 #include "ui/front_end.h"
 

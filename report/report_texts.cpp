@@ -3,7 +3,7 @@
 #include "base/utf8.h"
 #include "platform/path.h"
 #include "report/frmReport.h"
-#include "report/str_proc.h"
+#include "text/str_proc.h"
 
 namespace report {
 namespace {

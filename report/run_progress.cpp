@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "report/str_proc.h"
+#include "text/str_proc.h"
 
 namespace report {
 namespace {

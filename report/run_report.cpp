@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/utf8.h"
-#include "report/str_proc.h"
+#include "text/str_proc.h"
 #include "ui/front_end.h"
 
 namespace report {

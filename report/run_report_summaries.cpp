@@ -1,5 +1,5 @@
 #include "report/run_report.h"
-#include "report/str_proc.h"
+#include "text/str_proc.h"
 
 namespace report {
 

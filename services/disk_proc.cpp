@@ -22,7 +22,7 @@ std::string DiskOf(const std::string& path) {
 
 /// Whether an earlier probe may have left the file: a small one of the user's own that has no other name.
 bool IsLeftOver(platform::FileSystem& files, const std::string& probe) {
-  const auto entry = files.Look(probe);
+  const auto entry = files.Stat(probe);
   return entry && entry->kind == platform::EntryKind::kFile && !entry->is_link && !entry->has_other_names &&
          entry->size <= kLongestLeftOver && files.BelongsToUser(probe);
 }
@@ -31,7 +31,7 @@ bool IsLeftOver(platform::FileSystem& files, const std::string& probe) {
 
 std::int16_t GetDiskSpace(platform::FileSystem& files, const std::string& path, double& free_bytes,
                           double& total_bytes) {
-  const auto space = files.Space(DiskOf(path));
+  const auto space = files.GetDiskSpace(DiskOf(path));
   if (!space) return -1;
   free_bytes = static_cast<double>(space->free);
   total_bytes = static_cast<double>(space->total);

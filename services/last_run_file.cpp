@@ -5,8 +5,8 @@
 
 namespace services {
 
-LastRunState LastRunFile::Look(const std::string& path, std::string& reason) const {
-  const auto entry = files_.Look(path);
+LastRunState LastRunFile::Stat(const std::string& path, std::string& reason) const {
+  const auto entry = files_.Stat(path);
   if (entry)
     return entry->kind == platform::EntryKind::kFile ? LastRunState::kFile : LastRunState::kNotReadable;
   if (entry.error().kind == platform::ErrorKind::kNotFound) return LastRunState::kNone;

@@ -22,7 +22,7 @@ class LastRunFile {
   explicit LastRunFile(platform::FileSystem& files) : files_(files) {}
 
   /// What stands there. `reason` receives the system's text for kNotReadable, or nothing.
-  LastRunState Look(const std::string& path, std::string& reason) const;
+  LastRunState Stat(const std::string& path, std::string& reason) const;
 
   /// To be called just before the file is loaded: what it holds now is what the window knows.
   void NoteBeforeLoading(const std::string& path);

@@ -33,7 +33,7 @@ inline std::string Below(platform::memory::MemoryFileSystem& files, const std::s
   std::string found;
   for (const std::string& name : files.NamesIn(folder)) {
     const std::string path = folder + "/" + name;
-    const bool is_folder = files.Look(path)->kind == platform::EntryKind::kFolder;
+    const bool is_folder = files.Stat(path)->kind == platform::EntryKind::kFolder;
     const std::string part =
         is_folder ? Below(files, path, prefix + name + "/") : prefix + name + "=" + files.ContentOf(path);
     if (!found.empty() && !part.empty()) found += " ";

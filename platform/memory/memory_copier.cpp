@@ -37,7 +37,7 @@ class MemoryDraft : public Draft {
     GiveUp(*file_);
   }
 
-  Result<CopyOutcome> Write(const CopyWatcher& watcher) override {
+  Result<CopyOutcome> Write(const CopyProgress& watcher) override {
     if (auto error = files_.Enter(Call::kCopyFile, target_path_)) return *error;
     if (auto error = files_.Enter(Call::kReadSource, source_path_)) return *error;
     if (files_.IsReadOnlyPlace(target_path_)) return MakeError(ErrorKind::kReadOnlyMedium);
@@ -154,7 +154,7 @@ Result<FileTime> MemoryFileSystem::ChangedAt(const std::string& path) {
 }
 
 std::optional<Error> MemoryFileSystem::MoveBlocks(const std::string& path, const Node& source,
-                                                  const CopyWatcher& watcher) const {
+                                                  const CopyProgress& watcher) const {
   std::int64_t done = 0;
   if (watcher && !watcher(0)) return MakeError(ErrorKind::kCancelled);
   while (done < source.size) {

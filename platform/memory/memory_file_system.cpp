@@ -119,7 +119,7 @@ Result<std::unique_ptr<Folder>> MemoryFileSystem::OpenFolder(const std::string& 
       std::make_unique<MemoryFolder>(path, **node, IdentityOf(**node, path), is_link, std::move(entries)));
 }
 
-Result<Entry> MemoryFileSystem::Look(const std::string& path) {
+Result<Entry> MemoryFileSystem::Stat(const std::string& path) {
   if (auto error = Enter(Call::kLook, path)) return *error;
   const auto place = Walk(root_, path, LastLink::kKeep, folding_);
   if (!place.ok()) return place.error();
@@ -226,7 +226,7 @@ Status MemoryFileSystem::SetAttributes(const std::string& path, Attributes attri
   return Done{};
 }
 
-Result<DiskSpace> MemoryFileSystem::Space(const std::string& path) {
+Result<DiskSpace> MemoryFileSystem::GetDiskSpace(const std::string& path) {
   if (auto error = Enter(Call::kSpace, path)) return *error;
   if (!Exists(path) && !Exists(Parent(path))) return MakeError(ErrorKind::kNotFound);
   return space_.value_or(kUnlimited);
@@ -302,10 +302,10 @@ Result<std::unique_ptr<FileLock>> MemoryFileSystem::Lock(const std::string& path
   }));
 }
 
-Status MemoryFileSystem::Flush(const std::string& path, const Waiting& waiting) {
+Status MemoryFileSystem::Flush(const std::string& path, const IdleCallback& idle) {
   if (auto error = Enter(Call::kFlush, path)) return *error;
   FlushAll();
-  if (waiting && !waiting()) return MakeError(ErrorKind::kCancelled);
+  if (idle && !idle()) return MakeError(ErrorKind::kCancelled);
   return Done{};
 }
 

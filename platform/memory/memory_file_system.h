@@ -117,7 +117,7 @@ class MemoryFileSystem : public FileSystem {
   // --- FileSystem
   Result<std::unique_ptr<Folder>> OpenFolder(const std::string& path,
                                              FollowLinks links = FollowLinks::kAll) override;
-  Result<Entry> Look(const std::string& path) override;
+  Result<Entry> Stat(const std::string& path) override;
   Result<std::string> RealPath(const std::string& path) override;
   std::optional<Identity> IdentityOf(const std::string& path) override;
   bool BelongsToUser(const std::string& path) override;
@@ -132,7 +132,7 @@ class MemoryFileSystem : public FileSystem {
   Status RemoveFile(const std::string& path) override;
   Result<Attributes> GetAttributes(const std::string& path) override;
   Status SetAttributes(const std::string& path, Attributes attributes) override;
-  Result<DiskSpace> Space(const std::string& path) override;
+  Result<DiskSpace> GetDiskSpace(const std::string& path) override;
   std::int64_t LargestFile(const std::string& path) override;
   std::string DriveOf(const std::string& path) override;
   std::vector<std::string> DisksOf(const std::string& path) override;
@@ -140,7 +140,7 @@ class MemoryFileSystem : public FileSystem {
   Status WriteFile(const std::string& path, const std::string& content) override;
   Status ReplaceFile(const std::string& path, const std::string& content) override;
   Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) override;
-  Status Flush(const std::string& path, const Waiting& waiting) override;
+  Status Flush(const std::string& path, const IdleCallback& idle) override;
   std::string NameKey(const std::string& name) const override;
 
  private:
@@ -172,7 +172,7 @@ class MemoryFileSystem : public FileSystem {
   bool HasSpaceFor(std::int64_t bytes) const;
   void TakeSpace(std::int64_t bytes);
   std::optional<Error> MoveBlocks(const std::string& path, const Node& source,
-                                  const CopyWatcher& watcher) const;
+                                  const CopyProgress& watcher) const;
   /// To be called before the name is made, taken away or given to something else.
   void WillChange(const NodePtr& folder, const std::string& name);
   void FlushAll();

@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "platform/posix/handle.h"
+#include "base/handle.h"
 
 namespace platform::posix {
 
@@ -13,6 +13,6 @@ struct FileDescriptorTraits {
 };
 
 /// An open file or folder. What open() and its kin give back can be put in as it is: their -1 is "none".
-using FileDescriptor = Handle<FileDescriptorTraits>;
+using FileDescriptor = base::Handle<FileDescriptorTraits>;
 
 }  // namespace platform::posix

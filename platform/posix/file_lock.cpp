@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/posix/long_path.h"
-#include "platform/posix/posix_error.h"
+#include "platform/posix/system_error.h"
 
 namespace platform::posix {
 namespace {

@@ -9,9 +9,9 @@
 
 #include "platform/file_system.h"
 #include "platform/path.h"
+#include "platform/posix/listing/folder.h"
 #include "platform/posix/long_path.h"
-#include "platform/posix/posix_error.h"
-#include "platform/posix/posix_folder.h"
+#include "platform/posix/system_error.h"
 
 namespace platform::posix {
 namespace {

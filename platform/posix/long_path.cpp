@@ -5,7 +5,7 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/posix/posix_error.h"
+#include "platform/posix/system_error.h"
 
 namespace platform::posix {
 namespace {

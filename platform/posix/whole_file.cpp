@@ -9,9 +9,9 @@
 #include <cerrno>
 
 #include "platform/path.h"
+#include "platform/posix/copy/temporary_file.h"
 #include "platform/posix/long_path.h"
-#include "platform/posix/posix_error.h"
-#include "platform/posix/temporary_file.h"
+#include "platform/posix/system_error.h"
 
 namespace platform::posix {
 namespace {

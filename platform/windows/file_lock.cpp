@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "platform/windows/file_content.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
+#include "platform/windows/whole_file.h"
 
 namespace platform::windows {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "base/wide_text.h"
 #include "platform/path.h"
-#include "platform/windows/wide_text.h"
 
 namespace platform::windows {
 namespace {
@@ -49,7 +49,7 @@ std::wstring Join(std::wstring_view root, const std::vector<std::string_view>& n
   std::wstring result(root);
   for (const std::string_view name : names) {
     if (result.back() != L'\\') result += L'\\';
-    result += Widen(name);
+    result += base::Widen(name);
   }
   return result;
 }
@@ -57,13 +57,13 @@ std::wstring Join(std::wstring_view root, const std::vector<std::string_view>& n
 }  // namespace
 
 std::wstring LongPath(std::string_view path) {
-  if (IsSystemForm(path)) return Widen(path);
+  if (IsSystemForm(path)) return base::Widen(path);
   if (HasDrive(path)) {
-    const std::wstring root = std::wstring(kLongPrefix) + Widen(path.substr(0, 2)) + L'\\';
+    const std::wstring root = std::wstring(kLongPrefix) + base::Widen(path.substr(0, 2)) + L'\\';
     return Join(root, NamesIn(path.substr(2), 0));
   }
   if (HasServer(path)) return Join(kLongServerPrefix, NamesIn(path, 2));
-  return Widen(path);
+  return base::Widen(path);
 }
 
 std::wstring LongFolder(std::string_view path) {
@@ -74,16 +74,17 @@ std::wstring LongFolder(std::string_view path) {
 
 std::string PlainPath(std::wstring_view long_path) {
   if (long_path.starts_with(kLongServerPrefix)) {
-    return "\\\\" + Narrow(long_path.substr(kLongServerPrefix.size()));
+    return "\\\\" + base::Narrow(long_path.substr(kLongServerPrefix.size()));
   }
   const bool has_drive = long_path.size() > 5 && long_path[5] == L':';
-  if (long_path.starts_with(kLongPrefix) && has_drive) return Narrow(long_path.substr(kLongPrefix.size()));
-  return Narrow(long_path);
+  if (long_path.starts_with(kLongPrefix) && has_drive)
+    return base::Narrow(long_path.substr(kLongPrefix.size()));
+  return base::Narrow(long_path);
 }
 
 std::string DriveOfPath(std::string_view path) {
   if (IsSystemForm(path)) {
-    const std::string plain = PlainPath(Widen(path));
+    const std::string plain = PlainPath(base::Widen(path));
     return IsSystemForm(plain) ? std::string() : DriveOfPath(plain);
   }
   if (HasDrive(path)) {

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "base/wide_text.h"
 #include "platform/windows/handle.h"
-#include "platform/windows/wide_text.h"
 
 namespace platform::windows {
 namespace {
@@ -75,7 +75,7 @@ std::string SystemText(DWORD code) {
                                         code, 0, buffer, ARRAYSIZE(buffer), nullptr);
   const std::wstring_view text(buffer, length);
   const std::size_t last = text.find_last_not_of(L"\r\n ");
-  return last == std::wstring_view::npos ? std::string() : Narrow(text.substr(0, last + 1));
+  return last == std::wstring_view::npos ? std::string() : base::Narrow(text.substr(0, last + 1));
 }
 
 Error SystemError(DWORD code) { return {KindOf(code), static_cast<int>(code), SystemText(code)}; }

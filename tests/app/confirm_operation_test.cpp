@@ -1,6 +1,6 @@
-#include "app/frmConfirmOperation.h"
-#include "app/line_break.h"
+#include "app/confirmation/frmConfirmOperation.h"
 #include "tests/app/program.h"
+#include "ui/line_break.h"
 
 namespace app::test {
 
@@ -199,8 +199,9 @@ TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {
 
 TEST(LineBreak, KeepsEveryLineWithinTheWidth) {
   const auto measure = [](const std::string& line) { return static_cast<ui::Twips>(line.size()); };
-  EXPECT_EQ(BreakLines("1234567890 one two three\r\n\r\n/home/someone/files withoutanyplace", 10, measure),
-            "1234567890\r\none two\r\nthree\r\n\r\n/home/\r\nsomeone/\r\nfiles\r\nwithoutany\r\nplace");
+  EXPECT_EQ(
+      ui::BreakLines("1234567890 one two three\r\n\r\n/home/someone/files withoutanyplace", 10, measure),
+      "1234567890\r\none two\r\nthree\r\n\r\n/home/\r\nsomeone/\r\nfiles\r\nwithoutany\r\nplace");
 }
 
 }  // namespace app::test

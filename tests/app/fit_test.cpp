@@ -1,7 +1,7 @@
 #include "tests/app/program.h"
 
-#include "app/frmConfirmOperation.h"
-#include "app/frmSelectSubfolders.h"
+#include "app/confirmation/frmConfirmOperation.h"
+#include "app/select_subfolders/frmSelectSubfolders.h"
 
 /// Every window on the smallest screens that the program is made for.
 namespace app::test {

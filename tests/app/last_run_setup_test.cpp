@@ -1,4 +1,4 @@
-#include "app/frmSelectSubfolders.h"
+#include "app/select_subfolders/frmSelectSubfolders.h"
 #include "services/setup_text.h"
 #include "tests/app/program.h"
 #include "text/text_numbers.h"

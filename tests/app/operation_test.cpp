@@ -1,4 +1,4 @@
-#include "app/frmConfirmOperation.h"
+#include "app/confirmation/frmConfirmOperation.h"
 #include "tests/app/program.h"
 
 namespace app::test {

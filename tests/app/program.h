@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/frmMain.h"
+#include "app/main_window/frmMain.h"
 #include "platform/memory/memory_system.h"
 #include "tests/tree.h"
 #include "text/built_in.h"

@@ -1,4 +1,4 @@
-#include "app/frmSelectSubfolders.h"
+#include "app/select_subfolders/frmSelectSubfolders.h"
 #include "tests/app/program.h"
 
 namespace app::test {

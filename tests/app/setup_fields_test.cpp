@@ -1,5 +1,5 @@
 #include <tuple>
-#include "app/frmConfirmOperation.h"
+#include "app/confirmation/frmConfirmOperation.h"
 
 #include "tests/app/program.h"
 

@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "app/frmView.h"
+#include "app/viewer/frmView.h"
 #include "tests/app/program.h"
 #include "text/text_numbers.h"
 

@@ -1,6 +1,6 @@
 #include <random>
 
-#include "engine/nesting.h"
+#include "engine/overlap.h"
 
 #include "tests/engine/scene.h"
 
@@ -87,9 +87,9 @@ TEST(FolderWalk, AFolderIsKnownByEveryPathThatMountsGiveIt) {
   EXPECT_EQ(in_source.BackUp(), "up to date 1");
   EXPECT_TRUE(in_source.Wrote("Target inside: /src/in/backup|"));
   in_source.files.MountAgain("/src/in", "/mnt");
-  EXPECT_TRUE(Nesting(in_source.files, "/src/in", "/mnt/in/backup").TargetIsInSource());
-  EXPECT_TRUE(Nesting(in_source.files, "/mnt/in/backup", "/src/in").SourceIsInTarget());
-  EXPECT_FALSE(Nesting(in_source.files, "/src/in/backup", "/mnt/in").TargetIsInSource());
+  EXPECT_TRUE(Overlap(in_source.files, "/src/in", "/mnt/in/backup").TargetIsInSource());
+  EXPECT_TRUE(Overlap(in_source.files, "/mnt/in/backup", "/src/in").SourceIsInTarget());
+  EXPECT_FALSE(Overlap(in_source.files, "/src/in/backup", "/mnt/in").TargetIsInSource());
   Scene in_target({"/src/in/a=original", "/src/in/b"}, {"in"});
   in_target.files.MountAgain("/src/in", "/dst");
   EXPECT_EQ(in_target.BackUpAll(), "warnings 1");

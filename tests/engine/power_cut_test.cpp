@@ -36,7 +36,7 @@ void ExpectWholeFiles(Scene& scene, const std::string& folder, const std::string
   for (const std::string& name : scene.files.NamesIn("/dst/" + folder)) {
     if (platform::IsTemporaryName(name) || name == kUnfinishedMark) continue;
     const std::string path = folder + name;
-    if (scene.files.Look("/dst/" + path)->kind == platform::EntryKind::kFolder) {
+    if (scene.files.Stat("/dst/" + path)->kind == platform::EntryKind::kFolder) {
       ExpectWholeFiles(scene, path + "/", told);
       continue;
     }

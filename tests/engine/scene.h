@@ -126,7 +126,7 @@ class Scene : public RunHost, public Listener {
               texts,
               {},
               [this](const std::string& path, double& free_bytes, double&) {
-                const auto space = files.Space(path);
+                const auto space = files.GetDiskSpace(path);
                 if (space) free_bytes = static_cast<double>(space->free);
                 return space ? std::int16_t{0} : std::int16_t{-1};
               },

@@ -3,9 +3,9 @@
 #include <random>
 
 #include "platform/pair_comparer.h"
-#include "platform/posix/posix_copy_volume.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/posix/readable_file.h"
+#include "platform/posix/copy/copy_volume.h"
+#include "platform/posix/file_system.h"
+#include "platform/posix/listing/readable_file.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {

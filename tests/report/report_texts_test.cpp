@@ -1,7 +1,7 @@
 #include "report/report_texts.h"
 
-#include "report/str_proc.h"
 #include "tests/report/report_scene.h"
+#include "text/str_proc.h"
 
 namespace report {
 

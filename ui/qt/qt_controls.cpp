@@ -24,7 +24,7 @@ ButtonPeer::ButtonPeer(Button& button)
       widget_(As<QPushButton>(*this)) {
   // "released" would also come when the mouse is dragged off the button first.
   connect(&widget_, &QPushButton::clicked, this, [this] {
-    TellFocus();
+    ReportFocus();
     button_.UserPressed();
   });
 }
@@ -89,7 +89,7 @@ CheckBoxPeer::CheckBoxPeer(CheckBox& box)
   widget_.setBackgroundRole(QPalette::Window);  // not the one of a button
   // Not "clicked": a screen reader ticks the box without a click.
   connect(&widget_, &QCheckBox::toggled, this, [this](bool ticked) {
-    TellFocus();
+    ReportFocus();
     box_.UserTicked(ticked ? 1 : 0);
   });
 }

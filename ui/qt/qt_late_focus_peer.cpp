@@ -5,7 +5,7 @@
 
 namespace ui::qt {
 
-void LateFocusPeer::TellFocus() {
+void LateFocusPeer::ReportFocus() {
   if (std::exchange(focus_waits_, false)) control().UserFocused();
 }
 
@@ -18,7 +18,7 @@ bool LateFocusPeer::eventFilter(QObject* watched, QEvent* event) {
   // The click comes first. There is none when the mouse was moved off meanwhile.
   if (event->type() == QEvent::MouseButtonRelease)
     QMetaObject::invokeMethod(
-        this, [this] { TellFocus(); }, Qt::QueuedConnection);
+        this, [this] { ReportFocus(); }, Qt::QueuedConnection);
   return WidgetPeer::eventFilter(watched, event);
 }
 

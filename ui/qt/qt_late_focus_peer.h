@@ -12,7 +12,7 @@ class LateFocusPeer : public WidgetPeer {
   using WidgetPeer::WidgetPeer;
 
   /// To be called before the control is told of a click.
-  void TellFocus();
+  void ReportFocus();
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

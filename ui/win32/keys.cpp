@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "ui/win32/form_peer.h"
+#include "ui/win32/controls/form_peer.h"
 #include "ui/win32/wide_text.h"
 
 namespace ui::win32 {
@@ -40,7 +40,7 @@ bool PressByAccessKey(const MSG& message, Form& form) {
 std::optional<KeyPress> PressOf(const MSG& message) {
   constexpr WPARAM kDelete = 0x7F;
   if (message.message == WM_CHAR && message.wParam > VK_SPACE && message.wParam != kDelete) {
-    return KeyPress{Key::kCharacter, FromWide(std::wstring(1, static_cast<wchar_t>(message.wParam)))};
+    return KeyPress{Key::kCharacter, base::Narrow(std::wstring(1, static_cast<wchar_t>(message.wParam)))};
   }
   if (message.message == WM_KEYDOWN && message.wParam == 'F' && IsDown(VK_CONTROL) && !IsDown(VK_MENU)) {
     return KeyPress{Key::kFind};

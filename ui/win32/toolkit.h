@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "ui/win32/accessibility.h"
-#include "ui/win32/fonts.h"
-#include "ui/win32/notice.h"
-#include "ui/win32/task_bar.h"
+#include "ui/win32/desktop/accessibility.h"
+#include "ui/win32/desktop/notice.h"
+#include "ui/win32/desktop/task_bar.h"
+#include "ui/win32/drawing/fonts.h"
 
 namespace ui::win32 {
 

@@ -2,21 +2,15 @@
 
 #include <algorithm>
 
-#include "base/utf16.h"
 #include "base/utf8.h"
 #include "ui/caption.h"
 
 namespace ui::win32 {
 
 std::wstring ToWide(std::string_view text) {
-  const std::u16string units = base::utf16::FromUtf8(text);
-  std::wstring result(units.begin(), units.end());
+  std::wstring result = base::Widen(text);
   std::replace(result.begin(), result.end(), L'\0', L'\xFFFD');  // else the system would see the text's end
   return result;
-}
-
-std::string FromWide(std::wstring_view text) {
-  return base::utf16::ToUtf8(std::u16string(text.begin(), text.end()));
 }
 
 std::wstring ToCaption(std::string_view text, char access_key) {

@@ -4,16 +4,17 @@
 #include <string>
 #include <string_view>
 
-/// Texts on their way to and from the system's UTF-16.
+#include "base/wide_text.h"
+
+/// Texts on their way to the system's UTF-16; base::Narrow() is the way back.
 namespace ui::win32 {
 
 /// In UTF-16 units, with the zero: the system takes no longer one.
 inline constexpr std::size_t kLongestPath = 32'768;
 
 /// Character by character: what is no UTF-8, and a zero, shows as U+FFFD. A surrogate that stands alone, as a
-/// file name may have it, passes through both ways.
+/// file name may have it, passes through.
 std::wstring ToWide(std::string_view text);
-std::string FromWide(std::wstring_view text);
 
 /// A caption as MarkAccessKey() makes it.
 std::wstring ToCaption(std::string_view text, char access_key);

@@ -102,7 +102,7 @@ TEST_P(FileSystemContract, WrittenAndReplacedFilesHoldTheNewContentAlone) {
 TEST_P(FileSystemContract, WhatIsMissingIsNotFound) {
   const std::string none = At("from/none");
   EXPECT_EQ(files().OpenFolder(none).error().kind, ErrorKind::kNotFound);
-  EXPECT_EQ(files().Look(none).error().kind, ErrorKind::kNotFound);
+  EXPECT_EQ(files().Stat(none).error().kind, ErrorKind::kNotFound);
   EXPECT_EQ(files().RealPath(none).error().kind, ErrorKind::kNotFound);
   EXPECT_EQ(files().GetAttributes(none).error().kind, ErrorKind::kNotFound);
   EXPECT_EQ(files().SetAttributes(none, 0).error().kind, ErrorKind::kNotFound);

@@ -85,7 +85,7 @@ class SceneTest : public testing::Test {
     scene_->SetModified(At(relative), modified);
   }
   std::string ContentOf(const std::string& relative) { return Must(files().ReadFile(At(relative), 1 << 30)); }
-  Entry EntryAt(const std::string& relative) { return Must(files().Look(At(relative))); }
+  Entry EntryAt(const std::string& relative) { return Must(files().Stat(At(relative))); }
   std::shared_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }
   Names NamesIn(const std::string& relative) {
     Names names;
@@ -97,7 +97,7 @@ class SceneTest : public testing::Test {
   /// Copies these files of a folder; what came of each, in their order.
   std::vector<Result<CopyOutcome>> CopyAll(std::shared_ptr<const Folder> from, const Names& names,
                                            std::shared_ptr<Folder> to, TargetName name,
-                                           const CopyWatcher& watcher = {}) {
+                                           const CopyProgress& watcher = {}) {
     const auto copier = files().MakeCopier(from->path(), to->path());
     for (const std::string& file : names) {
       while (!copier->HasRoom()) copier->Wait(std::chrono::seconds{1});
@@ -116,7 +116,7 @@ class SceneTest : public testing::Test {
     return outcomes;
   }
   /// Copies from/`name` to "to".
-  Result<CopyOutcome> Copy(const std::string& name, const CopyWatcher& watcher = {}) {
+  Result<CopyOutcome> Copy(const std::string& name, const CopyProgress& watcher = {}) {
     return CopyAll(Open("from"), {name}, Open("to"), TargetName::kTaken, watcher).front();
   }
 

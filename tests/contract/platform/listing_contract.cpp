@@ -64,25 +64,25 @@ TEST_P(FileSystemContract, APipeIsNoFile) {
 TEST_P(FileSystemContract, AFileAndAPatternAreNoFolders) {
   AddFile("from/file", "x");
   EXPECT_EQ(files().OpenFolder(At("from/file")).error().kind, ErrorKind::kNotAFolder);
-  EXPECT_FALSE(files().Look(At("from/fil?")));
-  EXPECT_FALSE(files().Look(At("from/*")));
+  EXPECT_FALSE(files().Stat(At("from/fil?")));
+  EXPECT_FALSE(files().Stat(At("from/*")));
 }
 
 TEST_P(FileSystemContract, AHintChangesNothingButTheTimeAListingTakes) {
   for (int i = 0; i < 300; ++i) AddFile("from/" + std::to_string(i), "x");
   for (const char* hint : {"from", "to", "none"}) {
     EXPECT_EQ(Open("from")->entries().size(), 300u);  // takes long enough for the next to be listed ahead
-    files().ExpectFolder(At(hint));
+    files().PrefetchFolder(At(hint));
     EXPECT_EQ(Open("to")->entries().size(), 0u);
     EXPECT_EQ(Open("from")->path(), At("from"));
-    files().ExpectFolder(At(hint));
+    files().PrefetchFolder(At(hint));
     EXPECT_FALSE(files().OpenFolder(At("none")));
   }
 }
 
 TEST_P(FileSystemContract, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
   static_cast<void>(Open("from"));
-  files().ExpectFolder(At("later"));
+  files().PrefetchFolder(At("later"));
   AddFolder("later");
   EXPECT_TRUE(files().OpenFolder(At("later")));
 }
@@ -99,7 +99,7 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   const auto real = files().RealPath(At(file));
   // Wine tells no real path of more than 260 letters, by this number.
   EXPECT_TRUE(real ? *real == *files().RealPath(At("from")) + rest : real.error().code == 234);
-  EXPECT_TRUE(files().Space(At(file)));
+  EXPECT_TRUE(files().GetDiskSpace(At(file)));
   EXPECT_TRUE(files().Flush(At(file), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
   EXPECT_EQ(files().DisksOf(At(file)), files().DisksOf(At("to")));
@@ -119,7 +119,7 @@ TEST_P(FileSystemContract, NamesHaveOneKeyExactlyWhenTheyAreOneFile) {
                                                        {"a", "ä"},         {"straße", "strasse"}};
   for (const auto& [one, other] : pairs) {
     AddFile("from/" + one, "x");
-    EXPECT_EQ(files().NameKey(one) == files().NameKey(other), files().Look(At("from/" + other)).ok()) << one;
+    EXPECT_EQ(files().NameKey(one) == files().NameKey(other), files().Stat(At("from/" + other)).ok()) << one;
     EXPECT_EQ(files().NameKey(one), files().NameKey(one));
   }
   EXPECT_NE(files().NameKey("\xED\xA0\xBD"), files().NameKey("\xED\xA0\xBE"));  // two single surrogates
@@ -129,16 +129,16 @@ TEST_P(FileSystemContract, TheVolumeIsKnownForAFolderThatIsStillToBeMade) {
   const std::string drive = files().DriveOf(At("to"));
   EXPECT_FALSE(drive.empty());
   for (const std::string& place : {At("to"), At("to/new"), FolderForm(drive)}) {
-    const auto space = files().Space(place);
+    const auto space = files().GetDiskSpace(place);
     ASSERT_TRUE(space) << place;
     EXPECT_LE(space->free, space->total);
     EXPECT_GT(space->total, 0u);
     EXPECT_EQ(files().DriveOf(place), drive);
     EXPECT_EQ(files().LargestFile(place), 0) << "only FAT has a limit";
   }
-  EXPECT_EQ(files().Look(FolderForm(drive))->kind, EntryKind::kFolder);
+  EXPECT_EQ(files().Stat(FolderForm(drive))->kind, EntryKind::kFolder);
   EXPECT_TRUE(files().OpenFolder(FolderForm(drive)));
-  EXPECT_FALSE(files().Space(At("none/new")));
+  EXPECT_FALSE(files().GetDiskSpace(At("none/new")));
 }
 
 TEST_P(FileSystemContract, OnlyTrustedLinksToFoldersAreFollowedWhereThatIsAsked) {

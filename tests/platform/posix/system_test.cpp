@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "platform/posix/child_process.h"
-#include "platform/posix/dos_attributes.h"
-#include "platform/posix/file_settings_store.h"
-#include "platform/posix/physical_disk.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/posix/posix_locale.h"
-#include "platform/posix/posix_shell.h"
+#include "platform/posix/attributes/dos_attributes.h"
+#include "platform/posix/clock.h"
+#include "platform/posix/file_system.h"
+#include "platform/posix/locale.h"
+#include "platform/posix/settings_store.h"
+#include "platform/posix/shell/child_process.h"
+#include "platform/posix/shell/shell.h"
+#include "platform/posix/volume/physical_disk.h"
 #include "tests/platform/posix/scratch.h"
 
 namespace platform::posix {

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "base/wide_text.h"
 #include "platform/file_system.h"
-#include "platform/windows/wide_text.h"
 
 /// A folder of the test's own, gone again with everything in it.
 class TemporaryFolder {
@@ -18,7 +18,7 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  std::string path() const { return platform::windows::Narrow(root_.wstring()); }
+  std::string path() const { return base::Narrow(root_.wstring()); }
 
  private:
   const std::filesystem::path root_ = std::filesystem::temp_directory_path() / platform::MakeTemporaryName();

@@ -1,4 +1,4 @@
-#include "platform/windows/windows_shell.h"
+#include "platform/windows/shell/shell.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +9,15 @@ namespace platform::windows {
 namespace fs = std::filesystem;
 
 TEST(WindowsShell, NamesTheFoldersOfTheUserAndOfTheProgram) {
-  EXPECT_TRUE(fs::is_directory(Widen(WindowsShell().ApplicationDataFolder())));
-  EXPECT_TRUE(fs::exists(Widen(WindowsShell().ProgramFolder()) + L"\\test_platform_windows.exe"));
+  EXPECT_TRUE(fs::is_directory(base::Widen(WindowsShell().ApplicationDataFolder())));
+  EXPECT_TRUE(fs::exists(base::Widen(WindowsShell().ProgramFolder()) + L"\\test_platform_windows.exe"));
 }
 
 TEST(WindowsShell, RunsNoCommandFromTheCurrentFolder) {
   const TemporaryFolder folder;
-  fs::copy_file("C:\\windows\\system32\\hostname.exe", Widen(folder.path() + "\\stranger.exe"));
+  fs::copy_file("C:\\windows\\system32\\hostname.exe", base::Widen(folder.path() + "\\stranger.exe"));
   const fs::path before = fs::current_path();
-  fs::current_path(Widen(folder.path()));
+  fs::current_path(base::Widen(folder.path()));
   const Status run = WindowsShell().RunSystemCommand("stranger", "");
   WindowsShell().EnterRootOfCurrentDrive();
   EXPECT_TRUE(fs::current_path().relative_path().empty()) << "it holds no folder";

@@ -6,10 +6,10 @@
 #include <climits>
 #include <csignal>
 
-#include "platform/posix/file_settings_store.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/posix/posix_locale.h"
+#include "platform/posix/clock.h"
+#include "platform/posix/file_system.h"
+#include "platform/posix/locale.h"
+#include "platform/posix/settings_store.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/posix/system_calls.h"
 #include "tests/contract/platform/system_contract.h"
@@ -81,9 +81,9 @@ TEST_F(PosixFiles, NamesPassThroughByteByByte) {
 }
 
 TEST_F(PosixFiles, NothingIsGuessedWhereTheSystemDoesNotTell) {
-  EXPECT_FALSE(files().Space("/proc"));
+  EXPECT_FALSE(files().GetDiskSpace("/proc"));
   ASSERT_TRUE(scene_->MakeLink(At("link"), std::string(300, 'n')));
-  EXPECT_EQ(files().Look(At("link")).error().kind, ErrorKind::kBadName);
+  EXPECT_EQ(files().Stat(At("link")).error().kind, ErrorKind::kBadName);
 }
 
 TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {

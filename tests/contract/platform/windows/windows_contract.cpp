@@ -1,13 +1,13 @@
 #include <filesystem>
 
+#include "base/wide_text.h"
+#include "platform/windows/clock.h"
+#include "platform/windows/file_system.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/locale.h"
 #include "platform/windows/long_path.h"
 #include "platform/windows/open_file.h"
-#include "platform/windows/registry_store.h"
-#include "platform/windows/wide_text.h"
-#include "platform/windows/windows_clock.h"
-#include "platform/windows/windows_file_system.h"
-#include "platform/windows/windows_locale.h"
+#include "platform/windows/settings_store.h"
 #include "platform/windows/windows_time.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/system_contract.h"
@@ -58,7 +58,7 @@ class ScratchRegistry : public windows::RegistryStore {
   }
 
  private:
-  const std::wstring name_ = L"Software\\" + windows::Widen(MakeTemporaryName());
+  const std::wstring name_ = L"Software\\" + base::Widen(MakeTemporaryName());
 };
 
 INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_unique<WindowsScene>));
@@ -90,15 +90,15 @@ TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
     windows::FileHandle held(::CreateFileW(windows::LongPath(At(kept)).c_str(), GENERIC_READ, 0, nullptr,
                                            OPEN_EXISTING, 0, nullptr));
     EXPECT_EQ(Copy("file").error().kind, ErrorKind::kInUse) << kept;
-    held.Close();
+    held.Reset();
     EXPECT_EQ(ContentOf("to/file"), "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
 }
 
 TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
-  EXPECT_TRUE(files().Space("c:"));
-  for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().Space(path)) << path;
+  EXPECT_TRUE(files().GetDiskSpace("c:"));
+  for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().GetDiskSpace(path)) << path;
 }
 
 TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {

@@ -1,9 +1,9 @@
 #include "tests/contract/ui/driver.h"
 #include "tests/contract/ui/win32/annotations.h"
-#include "ui/win32/scale.h"
+#include "ui/win32/controls/window_peer.h"
+#include "ui/win32/drawing/scale.h"
+#include "ui/win32/front_end.h"
 #include "ui/win32/wide_text.h"
-#include "ui/win32/win32_front_end.h"
-#include "ui/win32/window_peer.h"
 
 namespace contract {
 namespace {
@@ -94,10 +94,10 @@ class Win32Driver : public Driver {
   /// By itself the system reads out what a window shows.
   std::string SpokenName(ui::Control& control) override {
     const auto told = annotations_.names.find(HandleOf(control));
-    if (told != annotations_.names.end()) return ui::win32::FromWide(told->second);
+    if (told != annotations_.names.end()) return base::Narrow(told->second);
     wchar_t shown[100];
     GetWindowTextW(HandleOf(control), shown, ARRAYSIZE(shown));
-    std::string text = ui::win32::FromWide(shown);
+    std::string text = base::Narrow(shown);
     if (control.access_key() != 0) std::erase(text, '&');
     return text;
   }

@@ -1,6 +1,6 @@
 #include "tests/contract/ui/contract_window.h"
+#include "ui/win32/controls/window_peer.h"
 #include "ui/win32/wide_text.h"
-#include "ui/win32/window_peer.h"
 
 // What only this front end can get wrong.
 namespace contract {

@@ -1,0 +1,283 @@
+#include "app/confirmation/frmConfirmOperation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "ui/line_break.h"
+#include "ui/placing.h"
+#include "ui/window_look.h"
+
+namespace app {
+namespace {
+
+using ui::Twips;
+
+constexpr ui::Size kOuterSize{9'600, 8'700};
+constexpr ui::Size kSmallest{8'400, 6'000};  ///< inside
+constexpr Twips kMargin = 240;
+constexpr Twips kGap = 120;
+constexpr Twips kTitleHeight = 390;
+constexpr Twips kRow = 390;
+constexpr Twips kButtonHeight = 420;
+constexpr Twips kButtonWidth = 1'650;
+constexpr Twips kScrollBarWidth = 270;
+constexpr Twips kInset = 180;           ///< from the sides of a frame to what is in it
+constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's font
+constexpr Twips kFactGap = 120;         ///< between two facts
+constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
+constexpr Twips kChoiceHeight = 330;
+constexpr Twips kIndent = 285;  ///< of what stands below a check box
+constexpr Twips kSlack = 90;    ///< by which a label is wider than the text it is to hold
+
+constexpr std::chrono::milliseconds kSlice{40};
+constexpr int kBetweenSlices = 1;
+
+ui::Font HeadingFont(int points) { return {ui::kWindowFont, points, true}; }
+
+}  // namespace
+
+frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
+    : lblHeading(&area, "lblHeading " + std::to_string(index)),
+      lblText(&area, "lblText " + std::to_string(index)) {
+  lblHeading.SetFont(HeadingFont(9));
+  lblText.SetFont({ui::kWindowFont});
+  lblHeading.SetColours(ui::kPaperColours);
+  lblText.SetColours(ui::kPaperColours);
+}
+
+frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request,
+                                         std::vector<std::string> warnings, ComparisonPace pace)
+    : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
+      context_(context),
+      request_(std::move(request)),
+      preview_(context.files, context.clock, request_),
+      warnings_(std::move(warnings)),
+      pace_(pace) {
+  ConnectHandlers();
+}
+
+void frmConfirmOperation::ConnectHandlers() {
+  on_activate = [this] { Form_Activate(); };
+  on_resize = [this] { Form_Resize(); };
+  on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
+  vsbFacts.on_change = [this] { vsbFacts_Change(); };
+  chkCompareContents.on_click = [this] { chkCompareContents_Click(); };
+  cmdStart.on_mouse_up = [this] { cmdStart_Click(); };
+  cmdCancel.on_mouse_up = [this] { cmdCancel_Click(); };
+  tmrRead.on_timer = [this] { tmrRead_Timer(); };
+}
+
+bool frmConfirmOperation::Confirm(ui::Form& owner) {
+  Form_Load();
+  SetBounds(ui::CentredOver(owner, kOuterSize, context_.front_end.screen()));
+  ShowModal(owner);
+  tmrRead.Stop();
+  return confirmed_;
+}
+
+void frmConfirmOperation::Form_Load() {
+  SetSmallest(kSmallest);
+  SetText("Confirm operation");
+  lblOperation.SetText(OperationName(request_.operation));
+  picFacts.SetSpokenName("What will be done");
+  picFacts.SetScrollBar(&vsbFacts);
+  vsbFacts.SetSpokenName("Scroll what will be done");
+  lblDoubtsHeading.SetText("Worth a second look");
+  fraDoubts.SetSpokenName("Worth a second look");
+  chkCompareContents.SetText("Compare contents, too (reads every file on both sides)");
+  chkCompareContents.SetAccessKey('C');
+  chkCompareContents.SetVisible(request_.operation == Operation::kBackupModifiedFiles);
+  chkCompareContents.SetValue(request_.compare_contents ? 1 : 0);
+  lblToBeCompared.SetVisible(chkCompareContents.visible());
+  chkDontShowAgain.SetText("Do not show this again while the program runs");
+  chkDontShowAgain.SetAccessKey('D');
+  cmdStart.SetText("Start backup");
+  cmdStart.SetAccessKey('S');
+  cmdCancel.SetText("Cancel");
+  SetDefaultButton(&cmdStart);
+  SetCancelButton(&cmdCancel);
+
+  ui::SetControlsFontName(*this, ui::kWindowFont);
+  ui::SetControlsBackColor(*this, ui::kWindowColours);
+  lblOperation.SetFont(HeadingFont(13));
+  picFacts.SetColours(ui::kPaperColours);
+  lblDoubtsHeading.SetFont(HeadingFont(9));
+  for (ui::Control* note : std::initializer_list<ui::Control*>{&fraDoubts, &lblDoubtsHeading, &lblDoubts}) {
+    note->SetColours(ui::kNoteColours);
+  }
+  vsbFacts.SetColours(std::nullopt);
+
+  volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
+  volume_.holds_source = ShareADisk(request_.setup.SourceFolder, request_.setup.TargetFolder);
+  if (const auto space = context_.files.GetDiskSpace(request_.setup.TargetFolder)) volume_.space = *space;
+  volume_.largest_file = context_.files.LargestFile(request_.setup.TargetFolder);
+  Refresh();
+}
+
+/// Where the disks behind the volumes cannot be told, the volumes are compared.
+bool frmConfirmOperation::ShareADisk(const std::string& source, const std::string& target) const {
+  const std::string drive = context_.files.DriveOf(target);
+  if (!drive.empty() && context_.files.DriveOf(source) == drive) return true;
+  const std::vector<std::string> disks = context_.files.DisksOf(source);
+  return std::ranges::any_of(context_.files.DisksOf(target), [&](const std::string& disk) {
+    return std::ranges::find(disks, disk) != disks.end();
+  });
+}
+
+void frmConfirmOperation::Form_Activate() {
+  Form_Resize();
+  if (activated_) return;
+  activated_ = true;
+  cmdStart.SetFocus();
+  tmrRead.Start(kBetweenSlices);
+}
+
+void frmConfirmOperation::tmrRead_Timer() {
+  const auto end = context_.clock.Monotonic() + kSlice;
+  bool more = preview_.Step();
+  while (more && context_.clock.Monotonic() < end) more = preview_.Step();
+  if (!more) tmrRead.Stop();
+  Refresh();
+}
+
+ConfirmationInput frmConfirmOperation::WhatToTell() const {
+  return {request_, volume_, preview_.findings(), context_.texts, context_.marks};
+}
+
+void frmConfirmOperation::chkCompareContents_Click() {
+  const std::string text = ComparisonText(WhatToTell(), pace_, ComparesContents());
+  lblToBeCompared.SetText(text);
+  chkCompareContents.SetDescription(text);
+}
+
+void frmConfirmOperation::Refresh() {
+  const ConfirmationInput tell = WhatToTell();
+  facts_ = FactsOf(tell);
+  doubts_ = warnings_;
+  const std::vector<std::string> found = FindConcerns(tell);
+  doubts_.insert(doubts_.end(), found.begin(), found.end());
+  std::string spoken = OperationExplained(request_.operation);
+  for (const std::string& doubt : doubts_) spoken += " " + doubt;
+  for (const Fact& fact : facts_) spoken += " " + fact.heading + " " + fact.text;
+  cmdStart.SetDescription(spoken);
+  chkCompareContents_Click();
+  Form_Resize();
+}
+
+void frmConfirmOperation::Form_Resize() {
+  const Twips width = std::max(inner().width, kSmallest.width) - 2 * kMargin;
+  const Twips height = std::max(inner().height, kSmallest.height);
+  const Twips right = kMargin + width;
+  const Twips buttons = height - kMargin - kButtonHeight;
+
+  lblOperation.SetBounds({kMargin, kMargin, width, kTitleHeight});
+  lblExplanation.SetText(Wrapped(OperationExplained(request_.operation), width, lblExplanation.font()));
+  lblExplanation.SetBounds(
+      {kMargin, lblOperation.bounds().bottom(), width, ui::CountLines(lblExplanation.text()) * kLineHeight});
+  cmdCancel.SetBounds({right - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
+  cmdStart.SetBounds({cmdCancel.left() - kGap - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
+  chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
+
+  const Twips facts = lblExplanation.bounds().bottom() + kMargin;
+  const Twips facts_end = PlaceDoubts(PlaceChoices(buttons, width) - kGap, width) - kGap;
+  picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
+  vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
+  PlaceFacts();
+  if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
+}
+
+/// The choices stand right above the buttons. Returns their upper edge.
+Twips frmConfirmOperation::PlaceChoices(Twips bottom, Twips width) {
+  if (!chkCompareContents.visible()) return bottom;
+  const Twips label = bottom - kGap - kLineHeight;
+  lblToBeCompared.SetBounds({kMargin + kIndent, label, width - kIndent, kLineHeight});
+  chkCompareContents.SetBounds({kMargin, label - kChoiceHeight, width, kChoiceHeight});
+  return chkCompareContents.top();
+}
+
+/// The doubts stand above them. Returns their upper edge.
+Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
+  fraDoubts.SetVisible(!doubts_.empty());
+  if (doubts_.empty()) return bottom;
+  const Twips text_width = width - 2 * kInset;
+  std::string text;
+  for (const std::string& doubt : doubts_) text += (text.empty() ? "" : "\r\n") + doubt;
+  text = Wrapped(text, text_width, lblDoubts.font());
+  const Twips text_height = ui::CountLines(text) * kLineHeight;
+  lblDoubts.SetText(text);
+  lblDoubtsHeading.SetBounds({kInset, kInset, text_width, kLineHeight});
+  lblDoubts.SetBounds({kInset, kInset + kLineHeight + kGap / 2, text_width, text_height});
+  const Twips height = lblDoubts.bounds().bottom() + kInset;
+  fraDoubts.SetBounds({kMargin, bottom - height, width, height});
+  return fraDoubts.top();
+}
+
+void frmConfirmOperation::MakeFactRows(std::size_t count) {
+  while (fact_rows.size() < count) fact_rows.push_back(std::make_unique<FactRow>(picFacts, fact_rows.size()));
+}
+
+void frmConfirmOperation::PlaceFacts() {
+  MakeFactRows(facts_.size());
+  const Twips text_left = kInset + kHeadingWidth;
+  const Twips text_width = vsbFacts.left() - picFacts.left() - text_left - kInset;
+  Twips top = kInset - vsbFacts.value() * kLineHeight;
+  const Twips begin = top;
+  for (std::size_t i = 0; i < facts_.size(); ++i) {
+    auto& [heading, text] = *fact_rows[i];
+    heading.SetText(facts_[i].heading);
+    text.SetText(Wrapped(facts_[i].text, text_width, text.font()));
+    const Twips height = ui::CountLines(text.text()) * kLineHeight;
+    heading.SetBounds({kInset, top, kHeadingWidth - kGap, kLineHeight});
+    text.SetBounds({text_left, top, text_width, height});
+    top += height + kFactGap;
+  }
+  const Twips hidden = std::max(top - begin + kInset - picFacts.height(), 0);
+  const int value = vsbFacts.value();
+  vsbFacts.SetRange((hidden + kLineHeight - 1) / kLineHeight, picFacts.height() / kLineHeight);
+  vsbFacts.SetVisible(hidden > 0);
+  if (vsbFacts.value() != value) PlaceFacts();
+}
+
+std::string frmConfirmOperation::Wrapped(const std::string& text, Twips width, const ui::Font& font) const {
+  return ui::BreakLines(text, width - kSlack,
+                        [&](const std::string& line) { return context_.front_end.TextWidth(line, font); });
+}
+
+void frmConfirmOperation::vsbFacts_Change() { PlaceFacts(); }
+
+bool frmConfirmOperation::KeyPressed(const ui::KeyPress& press) {
+  const int value = vsbFacts.value();
+  switch (press.key) {
+    case ui::Key::kUp:
+      vsbFacts.SetValue(value - 1);
+      break;
+    case ui::Key::kDown:
+      vsbFacts.SetValue(value + 1);
+      break;
+    case ui::Key::kPageUp:
+      vsbFacts.SetValue(value - vsbFacts.page());
+      break;
+    case ui::Key::kPageDown:
+      vsbFacts.SetValue(value + vsbFacts.page());
+      break;
+    case ui::Key::kHome:
+      vsbFacts.SetValue(0);
+      break;
+    case ui::Key::kEnd:
+      vsbFacts.SetValue(vsbFacts.maximum());
+      break;
+    default:
+      return false;
+  }
+  PlaceFacts();
+  return true;
+}
+
+void frmConfirmOperation::cmdStart_Click() {
+  confirmed_ = true;
+  Hide();
+}
+
+void frmConfirmOperation::cmdCancel_Click() { Hide(); }
+
+}  // namespace app

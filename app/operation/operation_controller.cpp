@@ -1,0 +1,247 @@
+#include "app/operation/operation_controller.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "app/confirmation/frmConfirmOperation.h"
+#include "app/main_window/frmMain.h"
+#include "app/operation/run_result.h"
+#include "base/program_name.h"
+#include "platform/path.h"
+#include "services/date_pr2.h"
+#include "services/disk_proc.h"
+#include "text/text_numbers.h"
+
+namespace app {
+
+OperationController::OperationController(Context& context, frmMain& main_window)
+    : context_(context), main_(main_window) {}
+
+OperationController::~OperationController() = default;
+
+report::frmReport& OperationController::ReportWindow() {
+  if (!report_)
+    report_ = std::make_unique<report::frmReport>(context_.front_end, context_.clock, context_.texts, *this);
+  return *report_;
+}
+
+bool OperationController::ReportHoldsText() const { return report_ && report_->HoldsText(); }
+
+void OperationController::ShowReport() { ReportWindow().Show(); }
+
+void OperationController::Run(Operation operation) {
+  if (running_) return;
+  operation_ = operation;
+  stop_requested_ = false;
+  running_ = true;
+  warnings_ = main_.SetupWarnings();
+  const auto awake = context_.shell.KeepAwake();
+  const auto begin = context_.clock.Monotonic();
+  const bool unattended = Unattended();
+  std::string reason;
+  const engine::RunRequest request = RequestFor(operation);
+  compares_contents_ = ComparesContents(request);
+  engine::RunOutcome outcome =
+      engine::RunOperation(*this, EngineTools(), request, unattended ? &reason : nullptr);
+  running_ = false;
+  if (outcome.status == 0) RememberPace(outcome.totals);
+  if (outcome.status == 0) ShowEnd(outcome);
+  if (unattended) {
+    const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
+    outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
+    ReportUnattended(outcome, TrueReason(outcome.status, reason), seconds.count());
+  }
+}
+
+/// What the setup names is not in the window while it is away, and so looks to the engine as never chosen.
+std::string OperationController::TrueReason(std::int16_t status, const std::string& reason) const {
+  const bool of_target = status == engine::kTargetNotSpecified;
+  const bool of_source = status == engine::kNothingToDo || status == engine::kNoFilesInSource ||
+                         status == engine::kNoFilesInSetup;
+  if (!of_target && !of_source) return reason;
+  const std::string why = main_.WhyMissing(of_target);
+  return why.empty() ? reason : why;
+}
+
+/// What copies took would count, too.
+void OperationController::RememberPace(const engine::Totals& totals) {
+  if (totals.counts.compared == 0 || totals.counts.copied > 0) return;
+  const std::chrono::duration<double> worked = run_report_->worked();
+  pace_ = {totals.counts.compared, totals.bytes_compared, worked.count()};
+}
+
+void OperationController::ShowEnd(const engine::RunOutcome& outcome) {
+  const RunStatus ending = StatusOf(outcome);
+  const auto kind = ending == RunStatus::kCancelled ? report::EndKind::kCancelled
+                    : ending == RunStatus::kFailed  ? report::EndKind::kBad
+                                                    : report::EndKind::kGood;
+  ReportWindow().ShowEnd(OperationName(operation_), EndText(operation_, outcome, context_.marks), kind);
+}
+
+engine::Tools OperationController::EngineTools() const {
+  platform::FileSystem& files = context_.files;
+  return {files,
+          context_.clock,
+          context_.texts,
+          context_.marks,
+          [&files](const std::string& path, double& free_bytes, double& total_bytes) {
+            return DiskProc::GetDiskSpace(files, path, free_bytes, total_bytes);
+          },
+          [&files](const std::string& folder, std::string& error_text) {
+            return DiskProc::IsWriteProtected(files, folder, error_text);
+          },
+          WhoRuns(),
+          platform::ParentOf(main_.LastRunSetupPath)};
+}
+
+/// This program, for another that would copy to the same target.
+std::string OperationController::WhoRuns() const {
+  platform::Shell& shell = context_.shell;
+  return std::string(base::kProgramName) + " (process " + std::to_string(shell.ProcessNumber()) + "), user " +
+         shell.UserName() + ", computer " + shell.ComputerName() + ", since " +
+         DatePr2::TimeStamp(context_.clock, context_.locale);
+}
+
+engine::RunRequest OperationController::RequestFor(Operation operation) const {
+  engine::RunRequest request;
+  request.setup = main_.CurrentSetup();
+  request.operation = operation;
+  request.modified_since = DatePr2::ModifiedSinceLimit(request.setup.ModifiedSince, context_.clock);
+  request.skip_picture_caches = main_.SkipPictureCaches;
+  request.compare_contents = main_.CompareContents && !Unattended();
+  return request;
+}
+
+/// A refusal's reason stands in the report; then comes the line that sums the run up.
+void OperationController::ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason,
+                                           double seconds) {
+  exit_code_ = static_cast<int>(StatusOf(outcome));
+  if (outcome.status != 0) {
+    const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
+    OpenReport(operation_, {not_started, {not_started + " " + reason}});
+    CloseReport(context_.texts.GetProgramText(text::kClose));
+    ReportWindow().ShowEnd(not_started, not_started + " " + reason, report::EndKind::kBad);
+  }
+  context_.print(ResultLine(outcome, seconds));
+  // A program that was ended during the run did not know its exit code then.
+  if (context_.front_end.quitting()) context_.front_end.Quit(exit_code_);
+}
+
+void OperationController::EndWithProgram() {
+  stop_requested_ = true;
+  if (report_) report_->Hide();
+}
+
+void OperationController::RefuseUnattended(std::int16_t status, const std::string& reason) {
+  engine::RunOutcome outcome;
+  outcome.status = status;
+  ReportUnattended(outcome, reason, 0);
+}
+
+void OperationController::PrepareFor(Operation operation) {
+  main_.CurrentOperation = operation;
+  if (!IsListOperation(operation)) main_.RefreshFreeSpaceLabel();
+}
+
+void OperationController::Refuse(const std::string& text, const std::string& title) {
+  std::string message = text;
+  for (const std::string& warning : warnings_) message += "\r\n\r\n" + warning;
+  context_.front_end.dialogs().Show(main_, {message, title, ui::Icon::kExclamation});
+}
+
+void OperationController::ShowNote(const std::string& note) { main_.ShowNote(note); }
+
+/// A file that is a large part of the whole would let the bar stand still for as long: then the shares, which
+/// follow each block, say more.
+report::Expected OperationController::ExpectedBy(const PreviewFindings& findings, bool compares) {
+  constexpr std::int64_t kLargeParts = 5;
+  const std::int64_t files = findings.files_due + (compares ? findings.files_same : 0);
+  const std::int64_t bytes = findings.bytes_due + (compares ? findings.bytes_same : 0);
+  const std::int64_t largest =
+      std::max(findings.largest_due_bytes, compares ? findings.largest_same_bytes : 0);
+  if (!findings.complete || largest > bytes / kLargeParts) return {};
+  return {files, bytes};
+}
+
+bool OperationController::ConfirmOperation(engine::RunRequest& request) {
+  if (main_.SkipConfirmation) return true;
+  frmConfirmOperation window(context_, request, warnings_, pace_);
+  const bool confirmed = window.Confirm(main_);
+  main_.CompareContents = window.ComparesContents();
+  request.compare_contents = main_.CompareContents;
+  compares_contents_ = ComparesContents(request);
+  expected_ = ExpectedBy(window.findings(), compares_contents_);
+  main_.SkipConfirmation = confirmed && window.NotAgain();
+  return confirmed;
+}
+
+engine::Listener& OperationController::OpenReport(Operation operation, const engine::ReportHeading& heading) {
+  const Setup setup = main_.CurrentSetup();
+  report::RunFacts facts;
+  facts.operation = operation;
+  facts.expected = std::exchange(expected_, {});
+  facts.compares_contents = compares_contents_;
+  facts.suppress_detailed_report = setup.SuppressDetailedReports;
+  facts.unattended = Unattended();
+  facts.source_folder = setup.SourceFolder;
+  facts.modified_since = DatePr2::ModifiedSinceText(std::max(setup.ModifiedSince, 0), context_.texts);
+  if (!IsListOperation(operation)) {
+    facts.target_folder = setup.TargetFolder;
+    target_ = setup.TargetFolder;
+    facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
+    facts.free_space_text = [this, target = setup.TargetFolder] {
+      return DiskProc::FreeSpaceText(context_.files, target, context_.marks);
+    };
+  }
+  ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
+  run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
+                                                    std::move(facts));
+  std::vector<std::string> lines = warnings_;
+  if (Unattended()) lines.insert(lines.begin(), unattended_heading_);
+  lines.insert(lines.end(), heading.lines.begin(), heading.lines.end());
+  run_report_->Begin(heading.caption, lines);
+  return *run_report_;
+}
+
+void OperationController::RefreshFreeSpace() { main_.RefreshFreeSpaceLabel(); }
+
+void OperationController::LockControls() { main_.LockControls(); }
+
+void OperationController::WriteSummary(const engine::Totals& totals) {
+  engine::Totals all = totals;
+  all.warnings += static_cast<std::int64_t>(warnings_.size());
+  run_report_->WriteSummary(all);
+}
+
+void OperationController::CloseReport(const std::string& close_caption) {
+  ReportWindow().SetReportButtons(close_caption);
+  ReportWindow().SetLineSink({});
+}
+
+void OperationController::UnlockControls() { main_.UnlockControls(); }
+
+void OperationController::RefreshFolderDisplays() {
+  main_.RefreshSourceFolderDisplay();
+  main_.RefreshTargetFolderDisplay();
+}
+
+ui::Form& OperationController::Window() { return main_; }
+
+bool OperationController::SuppressDetailedReports() const {
+  return main_.chkSuppressDetailedReports.value() == 1;
+}
+
+bool OperationController::PauseAfterFirstCopy() const { return main_.chkPauseAfterFirstCopy.value() == 1; }
+
+bool OperationController::Unattended() const { return main_.RunningFromCommandLine; }
+
+bool OperationController::StopRequested() const { return stop_requested_ || context_.front_end.quitting(); }
+
+void OperationController::EnableOperationControls() { main_.UnlockControls(); }
+
+void OperationController::ShowLatest() {
+  if (run_report_) run_report_->ShowHeld();
+}
+
+}  // namespace app

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/confirmation/confirmation_input.h"
+#include "app/confirmation/operation_preview.h"
+#include "app/context.h"
+#include "app/data/operation.h"
+#include "engine/operation_run.h"
+#include "engine/run_host.h"
+#include "report/frmReport.h"
+#include "report/main_window.h"
+#include "report/run_report.h"
+
+namespace app {
+
+class frmMain;
+
+/// The windows around an operation: runs the engine, stands between it and the main window, and owns the
+/// report window, which the first operation makes.
+class OperationController : public engine::RunHost, public report::MainWindow {
+ public:
+  OperationController(Context& context, frmMain& main_window);
+  ~OperationController() override;
+
+  /// Runs the operation to its end. Unattended while frmMain::RunningFromCommandLine is set.
+  void Run(Operation operation);
+
+  bool OperationRunning() const override { return running_; }
+  void RequestStop() override { stop_requested_ = true; }
+  bool ReportHoldsText() const;
+  /// Brings the report window to the front.
+  void ShowReport();
+  report::frmReport& ReportWindow();
+
+  /// What the program's exit code says of the unattended run: 0 clean (or there was none), 1 with warnings, 2
+  /// files failed, 3 cancelled, 4 refused.
+  int exit_code() const { return exit_code_; }
+  /// For an unattended run: when it began. The report begins with this line.
+  void SetUnattendedHeading(std::string begin) { unattended_heading_ = std::move(begin); }
+  /// Reports that an unattended run does not begin, for this reason.
+  void RefuseUnattended(std::int16_t status, const std::string& reason);
+  /// The program ends: stops a run that is still on its way and hides the report.
+  void EndWithProgram();
+
+ private:
+  // engine::RunHost
+  void PrepareFor(Operation operation) override;
+  void Refuse(const std::string& text, const std::string& title) override;
+  void ShowNote(const std::string& note) override;
+  bool ConfirmOperation(engine::RunRequest& request) override;
+  engine::Listener& OpenReport(Operation operation, const engine::ReportHeading& heading) override;
+  void RefreshFreeSpace() override;
+  void LockControls() override;
+  void WriteSummary(const engine::Totals& totals) override;
+  void CloseReport(const std::string& close_caption) override;
+  void UnlockControls() override;
+  void RefreshFolderDisplays() override;
+
+  // report::MainWindow
+  ui::Form& Window() override;
+  bool SuppressDetailedReports() const override;
+  bool CopiesFiles() const override { return IsCopyOperation(operation_); }
+  bool PauseAfterFirstCopy() const override;
+  bool Unattended() const override;
+  bool SnipFullReport() const override { return IsListOperation(operation_); }
+  bool StopRequested() const override;
+  void EnableOperationControls() override;
+  void OpenTargetFolder() override { context_.front_end.OpenFolder(target_); }
+  void ShowLatest() override;
+
+  engine::Tools EngineTools() const;
+  std::string WhoRuns() const;
+  engine::RunRequest RequestFor(Operation operation) const;
+  std::string TrueReason(std::int16_t status, const std::string& reason) const;
+  void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
+
+  static report::Expected ExpectedBy(const PreviewFindings& findings, bool compares);
+  void RememberPace(const engine::Totals& totals);
+  void ShowEnd(const engine::RunOutcome& outcome);
+
+  Context& context_;
+  frmMain& main_;
+  std::unique_ptr<report::frmReport> report_;
+  std::unique_ptr<report::RunReport> run_report_;
+  Operation operation_ = Operation::kCheckBackupState;
+  bool running_ = false;
+  bool stop_requested_ = false;
+  int exit_code_ = 0;
+  std::string unattended_heading_;
+  std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
+  std::string target_;                 ///< of the last run that copies
+  bool compares_contents_ = false;     ///< the run does
+  ComparisonPace pace_;                ///< of the last run that compared much
+  report::Expected expected_;          ///< of the run that was just confirmed
+};
+
+}  // namespace app

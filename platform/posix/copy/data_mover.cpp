@@ -1,0 +1,67 @@
+#include "platform/posix/copy/data_mover.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/posix/system_error.h"
+
+namespace platform::posix {
+namespace {
+
+// Small enough for a watcher to be asked many times a second, large enough for the calls not to count.
+constexpr std::size_t kSystemBlock = std::size_t{4} * 1024 * 1024;
+
+/// Errors by which copy_file_range() says that it cannot between these two files (copy_file_range(2)).
+bool IsRefusal(int number) {
+  return number == EXDEV || number == EINVAL || number == ENOSYS || number == EOPNOTSUPP || number == EPERM ||
+         number == EBADF;
+}
+
+}  // namespace
+
+Status DataMover::MoveToEnd(std::int64_t expected) {
+  if (expected - moved_ > static_cast<std::int64_t>(block_.size())) {
+    if (Status moved = MoveBySystem(expected); !moved) return moved;
+  }
+  return MoveByBlocks(expected);
+}
+
+Status DataMover::MoveBySystem(std::int64_t expected) {
+  while (moved_ < expected) {
+    if (!MayGoOn()) return ErrorOf(ECANCELED);
+    const ssize_t length = copy_file_range(source_, nullptr, target_, nullptr, kSystemBlock, 0);
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0 && !IsRefusal(errno)) return LastError();
+    if (length <= 0) break;
+    moved_ += length;
+  }
+  return Done{};
+}
+
+Status DataMover::MoveByBlocks(std::int64_t expected) {
+  for (;;) {
+    if ((moved_ == 0 || moved_ != expected) && !MayGoOn()) return ErrorOf(ECANCELED);
+    const ssize_t length = read(source_, block_.data(), block_.size());
+    if (length < 0 && errno == EINTR) continue;
+    if (length < 0) return LastError();
+    if (length == 0) return Done{};
+    const auto count = static_cast<std::size_t>(length);
+    if (Status written = Write(block_.first(count)); !written) return written;
+    moved_ += length;
+    if (count < block_.size() && moved_ == expected) return Done{};
+  }
+}
+
+Status DataMover::Write(std::span<const char> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(target_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return LastError();
+    if (written == 0) return ErrorOf(ENOSPC);
+    bytes = bytes.subspan(static_cast<std::size_t>(written));
+  }
+  return Done{};
+}
+
+}  // namespace platform::posix

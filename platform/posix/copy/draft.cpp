@@ -1,0 +1,91 @@
+#include "platform/posix/copy/draft.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <memory>
+
+#include "platform/posix/attributes/dos_bits.h"
+#include "platform/posix/copy/data_mover.h"
+#include "platform/posix/listing/file_facts.h"
+#include "platform/posix/system_error.h"
+
+namespace platform::posix {
+namespace {
+
+constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
+constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+
+/// One for each thread.
+std::span<char> Block() {
+  thread_local const std::unique_ptr<char[]> block(new char[kBlockSize]);
+  return {block.get(), kBlockSize};
+}
+
+Error ShortError() { return {ErrorKind::kShort, EIO, "The file ended before its length was read."}; }
+
+/// Moves all data and leaves in source.facts what the source is at the end. A file may grow meanwhile.
+Status MoveData(DataMover& mover, SourceFile& source) {
+  struct stat& facts = source.facts;
+  for (;;) {
+    const std::int64_t before = mover.moved();
+    const std::int64_t length = facts.st_size;
+    if (Status moved = mover.MoveToEnd(length); !moved) return moved;
+    if (fstat(source.handle.get(), &facts) != 0) return LastError();
+    if (facts.st_size < length || mover.moved() > facts.st_size) return ShortError();
+    if (mover.moved() == facts.st_size) return Done{};
+    if (mover.moved() == before) return ShortError();
+  }
+}
+
+bool Differ(const struct stat& a, const struct stat& b) {
+  return a.st_size != b.st_size || ModifiedOf(a) != ModifiedOf(b);
+}
+
+Status CarryTime(int target, const struct stat& facts, bool changed) {
+  struct timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
+  if (changed) times[1].tv_sec -= kEarlierWhenChanged;
+  if (futimens(target, times) != 0) return LastError();
+  return Done{};
+}
+
+}  // namespace
+
+Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
+  const int folder = static_cast<const PosixFolder&>(*order_.source).handle();
+  auto source = OpenSource(folder, order_.file->name, setting_.source);
+  if (!source) return source.error();
+
+  const mode_t mode = (source->facts.st_mode & kPermissions) | S_IWUSR;
+  if (const Status created = file_.Create(target().handle(), mode); !created) return created.error();
+
+  const struct stat before = source->facts;
+  DataMover mover(source->handle.get(), file_.handle(), Block(), watcher);
+  if (const Status moved = MoveData(mover, *source); !moved) return moved.error();
+  if (watcher && mover.moved() > 0 && !watcher(mover.moved())) return ErrorOf(ECANCELED);
+
+  CopyOutcome outcome{mover.moved(), source->attributes, 0,
+                      source->is_fresh || Differ(before, source->facts)};
+  const bool is_system = (source->attributes & kSystem) != 0;
+  if (is_system && WriteDosBits(file_.handle(), setting_.dos_bits, kSystem))
+    outcome.target_attributes = kSystem;
+  // A volume without permissions refuses this, and the copy is whole all the same.
+  if ((mode & setting_.mask) != 0) static_cast<void>(fchmod(file_.handle(), mode) == 0);
+  if (const Status carried = CarryTime(file_.handle(), source->facts, outcome.changed); !carried)
+    return carried.error();
+  if (setting_.target == VolumeKind::kServed) {
+    if (const Status flushed = file_.Flush(); !flushed) return flushed.error();
+  }
+  if (const Status closed = file_.Close(); !closed) return closed.error();
+  return outcome;
+}
+
+Status PosixDraft::Publish() {
+  if (setting_.target == VolumeKind::kUnordered && order_.name == TargetName::kTaken) {
+    replaced_.Reset(openat(target().handle(), order_.file->name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  }
+  return file_.Publish(order_.file->name, order_.name);
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include "platform/copy_volume.h"
+#include "platform/posix/copy/source_file.h"
+#include "platform/posix/copy/temporary_file.h"
+#include "platform/posix/listing/folder.h"
+#include "platform/posix/volume/volume_kind.h"
+
+namespace platform::posix {
+
+/// What a draft is to know beforehand.
+struct DraftSetting {
+  VolumeKind target = VolumeKind::kUnordered;
+  DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;  ///< of the target
+  SourceVolume source;
+  mode_t mask = 0;  ///< the process's file mode mask
+};
+
+class PosixDraft : public Draft {
+ public:
+  /// `order` must outlive the draft, but for its source folder, which Write() alone needs.
+  PosixDraft(const CopyOrder& order, DraftSetting setting) : order_(order), setting_(setting) {}
+
+  /// On a served volume the data is on the disk afterwards.
+  Result<CopyOutcome> Write(const CopyProgress& watcher) override;
+  Status Publish() override;
+
+  const PosixFolder& target() const { return static_cast<const PosixFolder&>(*order_.target); }
+  VolumeKind volume_kind() const { return setting_.target; }
+
+ private:
+  const CopyOrder& order_;
+  DraftSetting setting_;
+  TemporaryFile file_;
+  FileDescriptor replaced_;  ///< keeps the space of the file that was replaced
+};
+
+}  // namespace platform::posix

@@ -1,0 +1,108 @@
+#include "platform/posix/volume/physical_disk.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <system_error>
+
+#include "platform/path.h"
+#include "platform/posix/long_path.h"
+
+namespace platform::posix {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A chain of devices longer than this goes in a circle.
+constexpr int kDeepest = 16;
+
+/// The number of the device that holds the path, or for which it stands.
+std::optional<dev_t> NumberOf(const std::string& path, bool of_device_file) {
+  const auto place = Reach(path);
+  struct stat facts = {};
+  if (!place || fstatat(place->at(), place->rest, &facts, 0) != 0) return std::nullopt;
+  return of_device_file ? facts.st_rdev : facts.st_dev;
+}
+
+/// A word of /proc/self/mountinfo, in which blanks and backslashes stand as "\040" and "\134" (proc(5)).
+std::string Unescaped(const std::string& word) {
+  constexpr std::size_t kDigits = 3;
+  std::string plain;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if (word[i] == '\\' && i + kDigits < word.size()) {
+      plain += static_cast<char>(std::stoi(word.substr(i + 1, kDigits), nullptr, 8));
+      i += kDigits;
+    } else {
+      plain += word[i];
+    }
+  }
+  return plain;
+}
+
+void AddDisksOf(const std::string& path, int depth, std::vector<std::string>& disks);
+
+void AddDisksBelow(const fs::path& device, int depth, std::vector<std::string>& disks) {
+  std::error_code failure;
+  std::string image;
+  if (std::getline(std::ifstream(device / "loop" / "backing_file"), image) && depth < kDeepest)
+    return AddDisksOf(image, depth + 1, disks);
+  bool is_made_of_others = false;
+  for (const auto& part : fs::directory_iterator(device / "slaves", failure)) {
+    is_made_of_others = true;
+    if (depth < kDeepest) AddDisksBelow(fs::canonical(part.path(), failure), depth + 1, disks);
+  }
+  if (is_made_of_others) return;
+  const bool is_partition = fs::exists(device / "partition", failure);
+  const std::string name = (is_partition ? device.parent_path() : device).filename();
+  if (!name.empty() && std::ranges::find(disks, name) == disks.end()) disks.push_back(name);
+}
+
+void AddDisksOf(const std::string& path, int depth, std::vector<std::string>& disks) {
+  std::optional<dev_t> number = NumberOf(path, false);
+  // Btrfs and others number their volumes themselves.
+  if (number && major(*number) == 0) {
+    std::error_code failure;
+    std::ifstream mounts("/proc/self/mountinfo");
+    const std::string source = SourceOfMount(mounts, fs::canonical(path, failure));
+    number = source.starts_with("/dev/") ? NumberOf(source, true) : std::nullopt;
+  }
+  if (!number) return;
+  std::error_code failure;
+  const fs::path device = fs::canonical(
+      "/sys/dev/block/" + std::to_string(major(*number)) + ":" + std::to_string(minor(*number)), failure);
+  if (!failure) AddDisksBelow(device, depth, disks);
+}
+
+}  // namespace
+
+std::string SourceOfMount(std::istream& mounts, const std::string& path) {
+  std::string source;
+  std::string deepest;
+  for (std::string line; std::getline(mounts, line);) {
+    std::istringstream words(line);
+    std::string word;
+    std::string place;
+    words >> word >> word >> word >> word >> place;
+    place = Unescaped(place);
+    while (words >> word && word != "-") {
+    }
+    if (!IsInside(path, place) || place.size() < deepest.size()) continue;
+    deepest = place;
+    words >> word >> source;  // the last one covers those before it
+  }
+  return Unescaped(source);
+}
+
+std::vector<std::string> DisksOfVolume(const std::string& path) {
+  std::vector<std::string> disks;
+  AddDisksOf(path, 0, disks);
+  return disks;
+}
+
+}  // namespace platform::posix

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+
+/// The volume that holds a path. `path` itself may be missing while its parent exists.
+namespace platform::posix {
+
+Result<DiskSpace> SpaceAt(const std::string& path);
+
+/// The most bytes that one file may have there; 0 when no limit is known.
+std::int64_t LargestFileAt(const std::string& path);
+
+/// The mount point; empty when it cannot be told. `path` is without links.
+std::string MountPointOf(const std::string& path);
+
+/// Brings everything on the volume of an open folder or file to the disk, and what lies in the disk's own
+/// cache to its medium.
+Status FlushVolume(int file);
+
+/// See FileSystem::Flush(); `worker` does it.
+Status FlushVolumeOf(const std::string& path, Workers& worker, const IdleCallback& idle);
+
+}  // namespace platform::posix

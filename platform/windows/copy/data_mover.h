@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/result.h"
+#include "platform/windows/copy/progress.h"
+#include "platform/windows/copy/source_file.h"
+#include "platform/windows/copy/temporary_file.h"
+
+namespace platform::windows {
+
+/// Moves what is left of an open file behind its first `moved` bytes, with which `copy` begins, and leaves in
+/// source.state() what the source is at the end; it may grow meanwhile. kShort when it became shorter or
+/// ended too early.
+Status MoveData(SourceFile& source, TemporaryFile& copy, Progress& progress, std::int64_t& moved);
+
+}  // namespace platform::windows

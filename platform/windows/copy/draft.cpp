@@ -1,0 +1,139 @@
+#include "platform/windows/copy/draft.h"
+
+#include <optional>
+#include <utility>
+
+#include "base/wide_text.h"
+#include "platform/windows/copy/copy_volume.h"
+#include "platform/windows/copy/data_mover.h"
+#include "platform/windows/copy/flushing.h"
+#include "platform/windows/copy/system_copy.h"
+#include "platform/windows/listing/listing.h"
+#include "platform/windows/open_file.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/windows_time.h"
+
+namespace platform::windows {
+namespace {
+
+/// From here on the system's copy is the faster one, or at least not slower.
+constexpr std::int64_t kBigFile = 16 << 20;
+
+// What every FAT and exFAT volume can hold, wherever it lies: they count from 1980 to 2107, after the clock
+// on the wall.
+constexpr std::int64_t kEarliestOnFat = 315'576'000;  // 1980-01-01 12:00
+constexpr std::int64_t kLatestOnFat = 4'354'765'200;  // 2107-12-31 09:00
+
+/// The nearest time that a volume can hold that refuses this one; nothing when it is not the time's fault.
+std::optional<std::int64_t> NearestOnFat(std::int64_t time) {
+  const std::int64_t seconds = FromTicks(time).seconds;
+  if (seconds >= kEarliestOnFat && seconds <= kLatestOnFat) return std::nullopt;
+  const std::int64_t nearest = seconds < kEarliestOnFat ? kEarliestOnFat : kLatestOnFat;
+  return time + (nearest - seconds) * kTicksPerSecond;
+}
+
+/// Where the system refuses the time, the nearest that a copy can have there takes its place.
+bool SetBasicInfo(const FileHandle& copy, FILE_BASIC_INFO wanted) {
+  const auto set = [&] {
+    return ::SetFileInformationByHandle(copy.get(), FileBasicInfo, &wanted, sizeof wanted) != 0;
+  };
+  if (set()) return true;
+  const auto nearest = NearestOnFat(wanted.LastWriteTime.QuadPart);
+  if (::GetLastError() != ERROR_INVALID_PARAMETER || !nearest) return false;
+  wanted.LastWriteTime.QuadPart = *nearest;
+  return set();
+}
+
+/// Modification time and attributes of the source: read-only and hidden are dropped, the rest stays as the
+/// copy has it.
+Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, bool changed) {
+  auto info = BasicInfo(copy);
+  if (!info) return info.error();
+  const DWORD attributes =
+      (info->FileAttributes & ~DWORD{kKnownAttributes}) | (source.attributes() & kSystem);
+  FILE_BASIC_INFO wanted{};  // what is 0 stays as it is
+  wanted.LastWriteTime.QuadPart = source.state().written;
+  if (changed) wanted.LastWriteTime.QuadPart -= kEarlierWhenChanged * kTicksPerSecond;
+  if (attributes != info->FileAttributes) {
+    wanted.FileAttributes = attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
+  }
+  if (!SetBasicInfo(copy, wanted)) return LastError();
+  return Attributes{attributes & kKnownAttributes};
+}
+
+/// FAT says "disk full" to a file that is too large for it.
+Error Explain(const Error& error, const std::wstring& folder, std::int64_t size) {
+  const bool too_large = error.kind == ErrorKind::kDiskFull && size > kLargestOnFat && IsOnFat(folder);
+  return too_large ? SystemError(ERROR_FILE_TOO_LARGE) : error;
+}
+
+}  // namespace
+
+Result<CopyOutcome> WindowsDraft::Write(const CopyProgress& watcher) {
+  const std::wstring path =
+      static_cast<const WindowsFolder&>(*order_.source).long_path() + base::Widen(order_.file->name);
+  auto source = SourceFile::Open(path, volume_.source_has_coarse_times());
+  if (!source) return source.error();
+  auto outcome = CopyFrom(*source, path, watcher);
+  if (!outcome) {
+    file_.reset();  // now, not with its group: the disk may be full
+    return outcome;
+  }
+  if (const Status flushed = Flush(); !flushed) return flushed.error();
+  return outcome;
+}
+
+Result<CopyOutcome> WindowsDraft::CopyFrom(SourceFile& source, const std::wstring& path,
+                                           const CopyProgress& watcher) {
+  const SourceState before = source.state();
+  CopyOutcome outcome;
+  if (const Status filled = Fill(source, path, watcher, outcome.bytes); !filled) return filled.error();
+  outcome.changed = source.is_fresh() || source.state() != before;
+  const auto attributes = CarryOver(source, file(), outcome.changed);
+  if (!attributes) return attributes.error();
+  outcome.source_attributes = source.attributes() & kKnownAttributes;
+  outcome.target_attributes = *attributes;
+  is_elsewhere_ = volume_.IsElsewhere(order_.target, file());
+  return outcome;
+}
+
+Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const CopyProgress& watcher,
+                          std::int64_t& bytes) {
+  Progress progress(watcher);
+  const std::int64_t size = source.state().size;
+  const bool by_system = size >= kBigFile || source.IsMoreThanBytes();
+  auto copy = by_system ? CopyBySystem(path, target(), progress) : TemporaryFile::Create(target());
+  if (!copy) return Explain(copy.error(), target(), size);
+  file_.emplace(std::move(*copy));
+  if (by_system) {
+    const auto length = file_->GoToEnd();
+    if (!length) return length.error();
+    bytes = *length;
+    if (Status there = source.GoTo(bytes); !there) return there;
+  }
+  const Status moved = MoveData(source, *file_, progress, bytes);
+  if (!moved) return Explain(moved.error(), target(), size);
+  return Done{};
+}
+
+Status WindowsDraft::Flush() {
+  const DataFlush way = is_elsewhere_ ? DataFlush::kEachFully : volume_.data_flush();
+  if (way == DataFlush::kVolume || way == DataFlush::kNever) return Done{};
+  const Status flushed = way == DataFlush::kEachFully ? FlushFully(file()) : WriteOut(file());
+  is_written_out_ = flushed.ok();
+  return flushed;
+}
+
+Status WindowsDraft::Publish() {
+  const std::wstring path = target() + base::Widen(order_.file->name);
+  if (Status published = file_->Publish(path, order_.name); !published) return published;
+  if (volume_.names_are_ordered() && !is_elsewhere_) {
+    file_->Close();
+    return Done{};
+  }
+  file_->DateBirth();
+  // Where the system could not rename through the handle.
+  return file() ? Status(Done{}) : file_->Reopen(path);
+}
+
+}  // namespace platform::windows

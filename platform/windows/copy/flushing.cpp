@@ -1,0 +1,84 @@
+#include "platform/windows/copy/flushing.h"
+
+#include "platform/windows/windows_api.h"
+
+// After windows_api.h: it needs its types.
+#include <winternl.h>
+
+#include "platform/windows/copy/temporary_file.h"
+#include "platform/windows/system_error.h"
+#include "platform/windows/volume/volume.h"
+
+namespace platform::windows {
+namespace {
+
+/// ntifs.h: write the file out, but do not make the disk empty its cache for it.
+constexpr ULONG kNoSync = 2;
+
+using FlushEx = LONG(WINAPI*)(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
+
+/// In the system since Windows 8, but in no import library.
+FlushEx FindFlushEx() {
+  const HMODULE ntdll = ::GetModuleHandleW(L"ntdll.dll");
+  const FARPROC call = ntdll != nullptr ? ::GetProcAddress(ntdll, "NtFlushBuffersFileEx") : nullptr;
+  return reinterpret_cast<FlushEx>(reinterpret_cast<void*>(call));
+}
+
+bool KnowsNoFlushing(DWORD code) {
+  return code == ERROR_INVALID_FUNCTION || code == ERROR_NOT_SUPPORTED || code == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+/// The folder at a path, or the one above what else is there; with a separator at its end.
+std::wstring FolderAt(const std::wstring& path) {
+  const DWORD attributes = ::GetFileAttributesW(path.c_str());
+  const bool is_folder =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (is_folder && !path.ends_with(L'\\')) return path + L'\\';
+  return path.substr(0, path.rfind(L'\\') + 1);
+}
+
+/// A file that is made now comes to the disk behind all that a journal has about others. On a full disk there
+/// is no room for it; the data of the copies is on the disk all the same.
+Status FlushNewFile(const std::wstring& folder) {
+  const auto unless_full = [](const Status& status) {
+    return !status && status.error().kind == ErrorKind::kDiskFull ? Status(Done{}) : status;
+  };
+  auto file = TemporaryFile::Create(folder);
+  if (!file) return unless_full(file.error());
+  if (Status written = file->Write("", 1); !written) return unless_full(written);
+  return FlushFully(file->file());
+}
+
+}  // namespace
+
+FileHandle OpenVolume(const std::wstring& device) {
+  if (device.empty()) return FileHandle();
+  return FileHandle(::CreateFileW(device.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+bool FlushVolume(const std::wstring& device) {
+  const FileHandle volume = OpenVolume(device);
+  return volume && ::FlushFileBuffers(volume.get());
+}
+
+Status FlushFully(const FileHandle& file) {
+  if (::FlushFileBuffers(file.get())) return Done{};
+  const DWORD code = ::GetLastError();
+  if (KnowsNoFlushing(code)) return Done{};
+  return SystemError(code);
+}
+
+Status WriteOut(const FileHandle& file) {
+  static const FlushEx flush = FindFlushEx();
+  IO_STATUS_BLOCK status{};
+  if (flush != nullptr && flush(file.get(), kNoSync, nullptr, 0, &status) >= 0) return Done{};
+  return FlushFully(file);
+}
+
+Status FlushVolumeOf(const std::wstring& path) {
+  const std::wstring folder = FolderAt(path);
+  return FlushVolume(VolumeOf(folder).device) ? Status(Done{}) : FlushNewFile(folder);
+}
+
+}  // namespace platform::windows

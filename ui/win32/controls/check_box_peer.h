@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/win32/controls/late_focus_peer.h"
+
+namespace ui::win32 {
+
+class CheckBoxPeer : public LateFocusPeer {
+ public:
+  CheckBoxPeer(CheckBox& box, Toolkit& toolkit);
+
+ protected:
+  void MirrorValue() override;
+
+ private:
+  CheckBox& box_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/win32/controls/late_focus_peer.h"
+
+namespace ui::win32 {
+
+class DropDownListPeer : public LateFocusPeer {
+ public:
+  DropDownListPeer(DropDownList& list, Toolkit& toolkit);
+
+ protected:
+  void MirrorText() override {}
+  void MirrorItems() override;
+  void MirrorValue() override;
+  void MirrorBounds() override;
+  void MirrorFont() override;
+  std::optional<Colours> ColoursToDraw() const override;
+  bool IsHeld() const override { return IsDropped(); }
+
+ private:
+  void HandleChoice();
+  void Draw(const DRAWITEMSTRUCT& entry) const;
+  int Selected() const { return static_cast<int>(window().Send(CB_GETCURSEL)); }
+  bool IsDropped() const { return window().Send(CB_GETDROPPEDSTATE) != 0; }
+
+  DropDownList& list_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/win32/controls/window_peer.h"
+
+namespace ui::win32 {
+
+class LabelPeer : public WindowPeer {
+ public:
+  LabelPeer(Label& label, Toolkit& toolkit);
+
+ protected:
+  void MirrorText() override;
+  void MirrorBounds() override;
+  void MirrorFont() override;
+
+ private:
+  void MirrorStyle();
+  LONG_PTR Ellipsis() const;
+
+  Label& label_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string_view>
+
+#include "ui/text_box.h"
+#include "ui/win32/controls/window_peer.h"
+
+namespace ui::win32 {
+
+class TextBoxPeer : public WindowPeer {
+ public:
+  TextBoxPeer(TextBox& box, Toolkit& toolkit);
+
+  void Append(std::string_view text) override;
+  Selection UserSelection() const override;
+
+ protected:
+  void MirrorText() override;
+  void MirrorEnabled() override;
+  void MirrorFont() override;
+  void MirrorSelection() override;
+  std::optional<Colours> ColoursToDraw() const override;
+  void FocusArrived() override;
+
+ private:
+  void HandleEditing();
+  void HandleKeys();
+  void HandleBorder();
+  void RedrawBorder();
+  std::wstring Shown() const;
+  /// Brings the caret into view, and the beginnings of the lines.
+  void ScrollToCaret();
+
+  TextBox& box_;
+  bool by_program_ = false;
+};
+
+}  // namespace ui::win32
