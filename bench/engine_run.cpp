@@ -29,24 +29,6 @@ class SilentListener : public engine::Listener {
   void Pause() override {}
 };
 
-class SilentHost : public engine::RunHost {
- public:
-  void PrepareFor(app::Operation) override {}
-  void Refuse(const std::string&, const std::string&) override {}
-  void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(engine::RunRequest&) override { return true; }
-  engine::Listener& OpenReport(app::Operation, const engine::ReportHeading&) override { return listener_; }
-  void RefreshFreeSpace() override {}
-  void LockControls() override {}
-  void WriteSummary(const engine::Totals&) override {}
-  void CloseReport(const std::string&) override {}
-  void UnlockControls() override {}
-  void RefreshFolderDisplays() override {}
-
- private:
-  SilentListener listener_;
-};
-
 app::Operation OperationOf(const std::string& word) {
   if (word == "check") return app::Operation::kCheckBackupState;
   if (word == "all") return app::Operation::kBackupAllFiles;
@@ -89,9 +71,12 @@ int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing
   request.setup.SourceFolder = words[1];
   request.setup.TargetFolder = words[2];
   IncludeEverything(files, request.setup);
-  SilentHost host;
-  std::string status_text;
-  const engine::RunOutcome outcome = engine::RunOperation(host, tools, request, &status_text);
+  if (const auto refusal = CheckRequest(tools, request, [](const std::string&) {})) {
+    std::printf("status %d\n", refusal->status);
+    return 1;
+  }
+  SilentListener listener;
+  const engine::RunOutcome outcome = engine::OperationRun(tools, request).Run(listener);
   const engine::FileCounts& counts = outcome.totals.counts;
   std::printf(
       "status %d met %lld new %lld modified %lld copied %lld failed %lld compared %lld "

@@ -1,32 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/data/operation.h"
 #include "app/data/setup.h"
-#include "engine/run_host.h"
+#include "engine/listener/listener.h"
+#include "engine/refusal.h"
+#include "engine/run_lock.h"
 #include "engine/selection.h"
 #include "engine/tools.h"
 #include "platform/file_time.h"
 
 namespace engine {
-
-/// Why a run did not start, as an unattended run reports it.
-inline constexpr std::int16_t kNothingToDo = -101;
-inline constexpr std::int16_t kNoFilesInSource = -102;
-inline constexpr std::int16_t kNoFilesInSetup = -103;
-inline constexpr std::int16_t kTargetNotSpecified = -104;
-inline constexpr std::int16_t kTargetMissing = -105;
-inline constexpr std::int16_t kTargetWriteProtected = -106;
-inline constexpr std::int16_t kTargetIsSource = -107;
-inline constexpr std::int16_t kSourceNotReadable = -108;
-inline constexpr std::int16_t kNotConfirmed = -109;
-inline constexpr std::int16_t kSetupNotRead = -110;
-inline constexpr std::int16_t kNoSetup = -111;
-inline constexpr std::int16_t kTargetNotReadable = -112;
-inline constexpr std::int16_t kTargetInUse = -113;
 
 /// What is to be run.
 struct RunRequest {
@@ -41,7 +30,7 @@ struct RunRequest {
 
 struct RunOutcome {
   std::int16_t status = 0;  ///< 0, or why it did not start
-  Totals totals;
+  Totals totals = {};
   bool compared_contents = false;  ///< of files that counted as up to date
   bool cancelled = false;
   /// Ended early: target drive full, an answer that stops, data not safe on the disk.
@@ -54,9 +43,38 @@ bool ComparesContents(const RunRequest& request);
 /// What holds for every file of such a run.
 SelectionRules RulesOf(const RunRequest& request);
 
-/// Runs an operation from the validation of the setup to the summary. With `statusText` (an unattended run) a
-/// refusal is returned in it and no message is shown; without it, it is shown. The setup stays as it was.
-RunOutcome RunOperation(RunHost& host, const Tools& tools, const RunRequest& request,
-                        std::string* statusText = nullptr);
+/// Why an operation cannot be run with this setup; nothing when it can. `show_note` gets what is going on
+/// while that takes time, and the empty text when it is over. Changes nothing but for a file that is written
+/// to the target and removed again.
+std::optional<Refusal> CheckRequest(const Tools& tools, const RunRequest& request,
+                                    const std::function<void(const std::string&)>& show_note);
+
+/// The heading of a report.
+struct ReportHeading {
+  std::string caption;             ///< the report window's title
+  std::vector<std::string> lines;  ///< its first lines
+};
+
+/// One run of an operation whose request has passed CheckRequest(). From the beginning of its life to the end
+/// the target of a run that copies is locked.
+class OperationRun {
+ public:
+  /// The tools outlive the run.
+  OperationRun(const Tools& tools, RunRequest request);
+
+  /// Why the run cannot begin after all: another one copies to its target.
+  const std::optional<Refusal>& refusal() const { return refusal_; }
+
+  ReportHeading Heading() const;
+
+  /// Walks, copies, and brings the copies to the disk. To be called once, and only without a refusal.
+  RunOutcome Run(Listener& listener);
+
+ private:
+  const Tools& tools_;
+  RunRequest request_;
+  RunLock lock_;
+  std::optional<Refusal> refusal_;
+};
 
 }  // namespace engine

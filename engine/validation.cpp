@@ -65,7 +65,8 @@ bool IsSameFolder(const Tools& tools, const std::string& a, const std::string& b
 
 }  // namespace
 
-std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, RunHost& host) {
+std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup,
+                                   const std::function<void(const std::string&)>& show_note) {
   if (setup.ExcludeFilesInSourceFolder && setup.IncludedFolders.empty()) {
     return Refusal{kNothingToDo, kNothingToDoMessage, kNothingToDoTitle, kNothingToDoTitle};
   }
@@ -83,9 +84,9 @@ std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, 
   if (!files_in_source && !SourceHasSubfolders) {
     return Numbered(tools, kNoFilesInSource, text::kSourceIsEmpty, text::kTitleNothingToDo);
   }
-  host.ShowNote("Now checking for file existence ...");
+  show_note("Now checking for file existence ...");
   const bool may_hold_files = SetupMayHoldFiles(tools, setup, files_in_source);
-  host.ShowNote({});
+  show_note({});
   if (may_hold_files) return std::nullopt;
   return Numbered(tools, kNoFilesInSetup, text::kNoFilesInSetup, text::kTitleNothingToDo);
 }

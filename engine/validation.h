@@ -1,23 +1,19 @@
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
-#include "engine/operation_run.h"
+#include "app/data/setup.h"
+#include "engine/refusal.h"
+#include "engine/tools.h"
 
 namespace engine {
 
-struct Refusal {
-  std::int16_t status = 0;
-  std::string text;             ///< of the message
-  std::string title;            ///< of the message
-  std::string unattended = {};  ///< the text for an unattended run, where it is another one
-};
-
-/// Whether the source side of a setup gives the operation something to do; nothing when it does. `host`
-/// shows what is going on while it takes time.
-std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup, RunHost& host);
+/// Whether the source side of a setup gives the operation something to do; nothing when it does. `show_note`
+/// gets what is going on while it takes time.
+std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup,
+                                   const std::function<void(const std::string&)>& show_note);
 
 /// Whether the target can receive copies; nothing when it can.
 std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup);

@@ -8,7 +8,7 @@
 #include "app/context.h"
 #include "app/data/operation.h"
 #include "app/data/setup.h"
-#include "app/operation/operation_controller.h"
+#include "app/main_window/operation_controller.h"
 #include "app/viewer/frmView.h"
 #include "report/frmPopUp.h"
 #include "services/away_parts.h"

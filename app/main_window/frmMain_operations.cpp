@@ -7,9 +7,10 @@
 namespace app {
 
 void frmMain::StartOperation(Operation operation) {
+  if (operation_.OperationRunning()) return;
   CurrentOperation = operation;
-  if (!operation_.OperationRunning()) TakeBackWhatIsThere();
-  operation_.Run(operation);
+  TakeBackWhatIsThere();
+  operation_.Run();
 }
 
 void frmMain::cmdReportScreen_MouseUp() { operation_.ShowReport(); }

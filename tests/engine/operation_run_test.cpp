@@ -28,14 +28,15 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
   const auto refuses = [](std::int16_t status, const std::string& words, void (*arrange)(Scene&)) {
     Scene scene({"/src/a"});
     arrange(scene);
-    std::string unattended;
-    scene.Run(Operation::kBackupModifiedFiles, &unattended);
-    EXPECT_EQ(scene.outcome.status, status) << words;
+    EXPECT_EQ(scene.BackUp(), "");
+    ASSERT_TRUE(scene.refusal) << words;
+    EXPECT_EQ(scene.refusal->status, status) << words;
+    EXPECT_EQ(scene.refusal->title + ": " + scene.refusal->text, words);
+    std::string unattended = scene.refusal->UnattendedText();
     if (const auto reason = unattended.find(" ("); scene.write_protected)
       unattended.replace(reason, 1, "\r\n");
     EXPECT_TRUE(!unattended.empty() && words.find(unattended) != std::string::npos) << unattended;
-    scene.BackUp();
-    EXPECT_EQ(scene.steps, "prepare|prepare|refuse " + words + "|");
+    EXPECT_EQ(scene.lines, "") << "no report is opened";
   };
   refuses(kNothingToDo,
           "Setup implies nothing to do: Files in the source folder are excluded,\r\nand no subfolders are "
@@ -70,32 +71,21 @@ TEST(RunOperation, TwoRunsAreKeptApartWhereOneTargetLiesInTheOther) {
   other = std::move(*scene.files.Lock("/dst/.quorvane-lock", "another"));
   scene.setup.TargetFolder = "/dst/in";
   EXPECT_EQ(scene.BackUp(), "");
-  EXPECT_TRUE(scene.steps.ends_with("Above: /dst, another. Wait.|")) << scene.steps;
+  EXPECT_EQ(scene.refusal->text, "Above: /dst, another. Wait.");
   other.reset();
   EXPECT_EQ(scene.BackUp(), "new 3, copied 3");
 }
 
-TEST(RunOperation, GoesThroughItsStepsInOrder) {
+TEST(RunOperation, BeginsItsReportWithWhatIsRun) {
   Scene scene({"/src/a.jpg"});
   scene.setup.FileExtension = "jpg";
   scene.BackUp();
-  EXPECT_EQ(scene.steps, "prepare|confirm|open|space|lock|summary|Close|unlock|refresh|");
   EXPECT_EQ(scene.lines,
             "Back up new and modified|Back up new and modified (/src) with file extension 'jpg'|"
             "{source folder} = /src||");
   scene.setup.TargetFolder.clear();
   EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders), "due 1") << "which needs no target";
   EXPECT_TRUE(scene.lines.starts_with("Counting files and folders|Now counting files and folders ...|"));
-}
-
-TEST(RunOperation, OnlyCopiesAreConfirmedAndOnlyWhereSomebodyIsThere) {
-  Scene scene({"/src/a"});
-  scene.confirm = false;
-  EXPECT_EQ(scene.Check(), "new 1, due 1");
-  EXPECT_EQ(scene.BackUp(), "");
-  EXPECT_EQ(scene.outcome.status, kNotConfirmed);
-  std::string status_text;
-  EXPECT_EQ(scene.Run(Operation::kBackupModifiedFiles, &status_text), "new 1, copied 1");
 }
 
 }  // namespace engine::test

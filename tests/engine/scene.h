@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,9 @@
 
 namespace engine::test {
 
-/// A run on a file system in memory with /src and /dst. It is the run's host and listener itself: it
+/// A run on a file system in memory with /src and /dst. It is the run's listener itself: it
 /// remembers what it is told, "|" behind each, and answers as the test wishes.
-class Scene : public RunHost, public Listener {
+class Scene : public Listener {
  public:
   explicit Scene(const std::vector<std::string>& entries = {},
                  const std::vector<std::string>& included = {}) {
@@ -29,8 +30,11 @@ class Scene : public RunHost, public Listener {
   }
 
   /// Runs an operation, holds its sums against each other, and gives them in words: "new 2, copied 2".
-  std::string Run(app::Operation operation, std::string* status_text = nullptr) {
-    outcome = RunOperation(*this, tools, {setup, operation, {}, false, compare_contents}, status_text);
+  std::string Run(app::Operation operation) {
+    const RunRequest request{setup, operation, {}, false, compare_contents};
+    outcome = {};
+    refusal = CheckRequest(tools, request, [](const std::string&) {});
+    if (!refusal) outcome = RunChecked(tools, request);
     const FileCounts& sums = outcome.totals.counts;
     EXPECT_EQ(sums.met, sums.copied + sums.up_to_date + sums.filtered_out + sums.failed + sums.due);
     const char* const names[] = {"new", "modified", "copied",   "up to date", "filtered",  "failed",
@@ -46,6 +50,15 @@ class Scene : public RunHost, public Listener {
     }
     return words;
   }
+  RunOutcome RunChecked(const Tools& used, const RunRequest& request) {
+    OperationRun run(used, request);
+    refusal = run.refusal();
+    if (refusal) return {};
+    const ReportHeading heading = run.Heading();
+    lines = heading.caption + "|";
+    for (const std::string& line : heading.lines) WriteLine(line);
+    return run.Run(*this);
+  }
   std::string BackUp() { return Run(app::Operation::kBackupModifiedFiles); }
   std::string BackUpAll() { return Run(app::Operation::kBackupAllFiles); }
   std::string Check() { return Run(app::Operation::kCheckBackupState); }
@@ -57,28 +70,6 @@ class Scene : public RunHost, public Listener {
     return std::count_if(files.touched().begin(), files.touched().end(),
                          [&](const auto& touch) { return touch.path.starts_with(folder + "/"); });
   }
-
-  void PrepareFor(app::Operation) override { steps += "prepare|"; }
-  void Refuse(const std::string& text, const std::string& title) override {
-    steps += "refuse " + title + ": " + text + "|";
-  }
-  void ShowNote(const std::string&) override {}
-  bool ConfirmOperation(RunRequest&) override {
-    steps += "confirm|";
-    return confirm;
-  }
-  Listener& OpenReport(app::Operation, const ReportHeading& heading) override {
-    steps += "open|";
-    lines = heading.caption + "|";
-    for (const std::string& line : heading.lines) WriteLine(line);
-    return *this;
-  }
-  void RefreshFreeSpace() override { steps += "space|"; }
-  void LockControls() override { steps += "lock|"; }
-  void WriteSummary(const Totals&) override { steps += "summary|"; }
-  void CloseReport(const std::string& caption) override { steps += caption + "|"; }
-  void UnlockControls() override { steps += "unlock|"; }
-  void RefreshFolderDisplays() override { steps += "refresh|"; }
 
   void FolderBegun(const FolderCounts& folder) override { visited += folder.path + "|"; }
   void FolderEnded(const FolderCounts&) override {}
@@ -136,12 +127,13 @@ class Scene : public RunHost, public Listener {
               }};
   app::Setup setup;
   RunOutcome outcome;
+  std::optional<Refusal> refusal;  ///< of the last run
 
-  std::string steps, lines, visited, copied, told, paused_after, saving;
+  std::string lines, visited, copied, told, paused_after, saving;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
   bool compare_contents = false;
-  bool confirm = true, go_on = true, stop = false, pause_wished = false;
+  bool go_on = true, stop = false, pause_wished = false;
   std::function<void()> on_copy, on_breath;
 };
 

@@ -81,8 +81,8 @@ std::string Told(const fs::path& root, unsigned seed, std::size_t threads) {
   setup.SourceFolder = (root / "src").string();
   setup.TargetFolder = (root / "dst").string();
   setup.IncludedFolders = {"d0", "d1", "d2", "d3"};
-  const auto outcome = RunOperation(
-      scene, tools, {setup, app::Operation::kBackupModifiedFiles, {}, false, seed % 2 == 0}, nullptr);
+  const auto outcome =
+      scene.RunChecked(tools, {setup, app::Operation::kBackupModifiedFiles, {}, false, seed % 2 == 0});
   const FileCounts& sums = outcome.totals.counts;
   return scene.lines + scene.visited + std::to_string(sums.copied) + " of " + std::to_string(sums.met);
 }

@@ -53,7 +53,7 @@ struct SlowScene : Scene {
   Tools slow_tools{slow, clock, texts, {}, tools.GetDiskSpace, tools.IsWriteProtected};
 
   RunOutcome BackUpSlowly() {
-    return RunOperation(*this, slow_tools, {setup, app::Operation::kBackupModifiedFiles, {}, false});
+    return RunChecked(slow_tools, {setup, app::Operation::kBackupModifiedFiles, {}, false});
   }
 };
 

@@ -20,7 +20,7 @@ MAY_INCLUDE = {
     "app/viewer": ["report", *BELOW_APP],
     "app/select_subfolders": ["services", *BELOW_APP],
     "app/confirmation": ["services", *BELOW_APP],
-    "app/operation": ["app/main_window/frmMain.h", "app/confirmation", "report", "services", *BELOW_APP],
+    "app/operation": ["report", "services", *BELOW_APP],
     "app/main_window": ["app/operation", "app/confirmation", "app/select_subfolders", "app/viewer", "report", "services", *BELOW_APP],
     "ui/qt": ["ui"], "ui/win32": ["ui"], "ui/headless": ["ui"],
     "platform/posix": ["platform"], "platform/posix/text": [], "platform/windows/text": [],

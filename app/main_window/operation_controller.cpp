@@ -1,4 +1,4 @@
-#include "app/operation/operation_controller.h"
+#include "app/main_window/operation_controller.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,9 +30,7 @@ bool OperationController::ReportHoldsText() const { return report_ && report_->H
 
 void OperationController::ShowReport() { ReportWindow().Show(); }
 
-void OperationController::Run(Operation operation) {
-  if (running_) return;
-  operation_ = operation;
+void OperationController::Run() {
   stop_requested_ = false;
   running_ = true;
   warnings_ = main_.SetupWarnings();
@@ -40,18 +38,51 @@ void OperationController::Run(Operation operation) {
   const auto begin = context_.clock.Monotonic();
   const bool unattended = Unattended();
   std::string reason;
-  const engine::RunRequest request = RequestFor(operation);
-  compares_contents_ = ComparesContents(request);
-  engine::RunOutcome outcome =
-      engine::RunOperation(*this, EngineTools(), request, unattended ? &reason : nullptr);
+  const engine::RunOutcome outcome = RunOperation(unattended ? &reason : nullptr);
   running_ = false;
   if (outcome.status == 0) RememberPace(outcome.totals);
   if (outcome.status == 0) ShowEnd(outcome);
   if (unattended) {
     const std::chrono::duration<double> seconds = context_.clock.Monotonic() - begin;
-    outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
     ReportUnattended(outcome, TrueReason(outcome.status, reason), seconds.count());
   }
+}
+
+/// With `statusText` (an unattended run) a refusal is returned in it and no message is shown.
+engine::RunOutcome OperationController::RunOperation(std::string* statusText) {
+  const engine::Tools tools = EngineTools();
+  engine::RunRequest request = RequestForRun();
+  compares_contents_ = ComparesContents(request);
+  if (!IsListOperation(request.operation)) main_.RefreshFreeSpaceLabel();
+  const auto show_note = [this](const std::string& note) { main_.ShowNote(note); };
+  if (const auto refusal = CheckRequest(tools, request, show_note)) return Refuse(*refusal, statusText);
+  if (IsCopyOperation(request.operation) && statusText == nullptr && !Confirm(request))
+    return {.status = engine::kNotConfirmed};
+  engine::OperationRun run(tools, request);
+  if (run.refusal()) return Refuse(*run.refusal(), statusText);
+
+  OpenReport(run.Heading());
+  main_.RefreshFreeSpaceLabel();
+  main_.LockControls();
+  engine::RunOutcome outcome = run.Run(*run_report_);
+  outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
+  run_report_->WriteSummary(outcome.totals);
+  CloseReport();
+  main_.UnlockControls();
+  main_.RefreshSourceFolderDisplay();
+  main_.RefreshTargetFolderDisplay();
+  return outcome;
+}
+
+engine::RunOutcome OperationController::Refuse(const engine::Refusal& refusal, std::string* statusText) {
+  if (statusText != nullptr) {
+    *statusText = refusal.UnattendedText();
+  } else {
+    std::string message = refusal.text;
+    for (const std::string& warning : warnings_) message += "\r\n\r\n" + warning;
+    context_.front_end.dialogs().Show(main_, {message, refusal.title, ui::Icon::kExclamation});
+  }
+  return {.status = refusal.status};
 }
 
 /// What the setup names is not in the window while it is away, and so looks to the engine as never chosen.
@@ -76,7 +107,8 @@ void OperationController::ShowEnd(const engine::RunOutcome& outcome) {
   const auto kind = ending == RunStatus::kCancelled ? report::EndKind::kCancelled
                     : ending == RunStatus::kFailed  ? report::EndKind::kBad
                                                     : report::EndKind::kGood;
-  ReportWindow().ShowEnd(OperationName(operation_), EndText(operation_, outcome, context_.marks), kind);
+  ReportWindow().ShowEnd(OperationName(main_.CurrentOperation),
+                         EndText(main_.CurrentOperation, outcome, context_.marks), kind);
 }
 
 engine::Tools OperationController::EngineTools() const {
@@ -103,10 +135,10 @@ std::string OperationController::WhoRuns() const {
          DatePr2::TimeStamp(context_.clock, context_.locale);
 }
 
-engine::RunRequest OperationController::RequestFor(Operation operation) const {
+engine::RunRequest OperationController::RequestForRun() const {
   engine::RunRequest request;
   request.setup = main_.CurrentSetup();
-  request.operation = operation;
+  request.operation = main_.CurrentOperation;
   request.modified_since = DatePr2::ModifiedSinceLimit(request.setup.ModifiedSince, context_.clock);
   request.skip_picture_caches = main_.SkipPictureCaches;
   request.compare_contents = main_.CompareContents && !Unattended();
@@ -119,8 +151,8 @@ void OperationController::ReportUnattended(const engine::RunOutcome& outcome, co
   exit_code_ = static_cast<int>(StatusOf(outcome));
   if (outcome.status != 0) {
     const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
-    OpenReport(operation_, {not_started, {not_started + " " + reason}});
-    CloseReport(context_.texts.GetProgramText(text::kClose));
+    OpenReport({not_started, {not_started + " " + reason}});
+    CloseReport();
     ReportWindow().ShowEnd(not_started, not_started + " " + reason, report::EndKind::kBad);
   }
   context_.print(ResultLine(outcome, seconds));
@@ -139,19 +171,6 @@ void OperationController::RefuseUnattended(std::int16_t status, const std::strin
   ReportUnattended(outcome, reason, 0);
 }
 
-void OperationController::PrepareFor(Operation operation) {
-  main_.CurrentOperation = operation;
-  if (!IsListOperation(operation)) main_.RefreshFreeSpaceLabel();
-}
-
-void OperationController::Refuse(const std::string& text, const std::string& title) {
-  std::string message = text;
-  for (const std::string& warning : warnings_) message += "\r\n\r\n" + warning;
-  context_.front_end.dialogs().Show(main_, {message, title, ui::Icon::kExclamation});
-}
-
-void OperationController::ShowNote(const std::string& note) { main_.ShowNote(note); }
-
 /// A file that is a large part of the whole would let the bar stand still for as long: then the shares, which
 /// follow each block, say more.
 report::Expected OperationController::ExpectedBy(const PreviewFindings& findings, bool compares) {
@@ -164,7 +183,7 @@ report::Expected OperationController::ExpectedBy(const PreviewFindings& findings
   return {files, bytes};
 }
 
-bool OperationController::ConfirmOperation(engine::RunRequest& request) {
+bool OperationController::Confirm(engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
   frmConfirmOperation window(context_, request, warnings_, pace_);
   const bool confirmed = window.Confirm(main_);
@@ -176,17 +195,17 @@ bool OperationController::ConfirmOperation(engine::RunRequest& request) {
   return confirmed;
 }
 
-engine::Listener& OperationController::OpenReport(Operation operation, const engine::ReportHeading& heading) {
+void OperationController::OpenReport(const engine::ReportHeading& heading) {
   const Setup setup = main_.CurrentSetup();
   report::RunFacts facts;
-  facts.operation = operation;
+  facts.operation = main_.CurrentOperation;
   facts.expected = std::exchange(expected_, {});
   facts.compares_contents = compares_contents_;
   facts.suppress_detailed_report = setup.SuppressDetailedReports;
   facts.unattended = Unattended();
   facts.source_folder = setup.SourceFolder;
   facts.modified_since = DatePr2::ModifiedSinceText(std::max(setup.ModifiedSince, 0), context_.texts);
-  if (!IsListOperation(operation)) {
+  if (!IsListOperation(facts.operation)) {
     facts.target_folder = setup.TargetFolder;
     target_ = setup.TargetFolder;
     facts.target_drive = context_.files.DriveOf(setup.TargetFolder);
@@ -201,32 +220,18 @@ engine::Listener& OperationController::OpenReport(Operation operation, const eng
   if (Unattended()) lines.insert(lines.begin(), unattended_heading_);
   lines.insert(lines.end(), heading.lines.begin(), heading.lines.end());
   run_report_->Begin(heading.caption, lines);
-  return *run_report_;
 }
 
-void OperationController::RefreshFreeSpace() { main_.RefreshFreeSpaceLabel(); }
-
-void OperationController::LockControls() { main_.LockControls(); }
-
-void OperationController::WriteSummary(const engine::Totals& totals) {
-  engine::Totals all = totals;
-  all.warnings += static_cast<std::int64_t>(warnings_.size());
-  run_report_->WriteSummary(all);
-}
-
-void OperationController::CloseReport(const std::string& close_caption) {
-  ReportWindow().SetReportButtons(close_caption);
+void OperationController::CloseReport() {
+  ReportWindow().SetReportButtons(context_.texts.GetProgramText(text::kClose));
   ReportWindow().SetLineSink({});
 }
 
-void OperationController::UnlockControls() { main_.UnlockControls(); }
-
-void OperationController::RefreshFolderDisplays() {
-  main_.RefreshSourceFolderDisplay();
-  main_.RefreshTargetFolderDisplay();
-}
-
 ui::Form& OperationController::Window() { return main_; }
+
+bool OperationController::CopiesFiles() const { return IsCopyOperation(main_.CurrentOperation); }
+
+bool OperationController::SnipFullReport() const { return IsListOperation(main_.CurrentOperation); }
 
 bool OperationController::SuppressDetailedReports() const {
   return main_.chkSuppressDetailedReports.value() == 1;

@@ -10,7 +10,6 @@
 #include "app/context.h"
 #include "app/data/operation.h"
 #include "engine/operation_run.h"
-#include "engine/run_host.h"
 #include "report/frmReport.h"
 #include "report/main_window.h"
 #include "report/run_report.h"
@@ -19,15 +18,15 @@ namespace app {
 
 class frmMain;
 
-/// The windows around an operation: runs the engine, stands between it and the main window, and owns the
-/// report window, which the first operation makes.
-class OperationController : public engine::RunHost, public report::MainWindow {
+/// Runs the operations of the main window: has the setup checked and confirmed, opens the report, lets the
+/// engine work, and gives the main window back. Owns the report window, which the first operation makes.
+class OperationController : public report::MainWindow {
  public:
   OperationController(Context& context, frmMain& main_window);
   ~OperationController() override;
 
-  /// Runs the operation to its end. Unattended while frmMain::RunningFromCommandLine is set.
-  void Run(Operation operation);
+  /// Runs frmMain::CurrentOperation to its end. Unattended while frmMain::RunningFromCommandLine is set.
+  void Run();
 
   bool OperationRunning() const override { return running_; }
   void RequestStop() override { stop_requested_ = true; }
@@ -47,34 +46,26 @@ class OperationController : public engine::RunHost, public report::MainWindow {
   void EndWithProgram();
 
  private:
-  // engine::RunHost
-  void PrepareFor(Operation operation) override;
-  void Refuse(const std::string& text, const std::string& title) override;
-  void ShowNote(const std::string& note) override;
-  bool ConfirmOperation(engine::RunRequest& request) override;
-  engine::Listener& OpenReport(Operation operation, const engine::ReportHeading& heading) override;
-  void RefreshFreeSpace() override;
-  void LockControls() override;
-  void WriteSummary(const engine::Totals& totals) override;
-  void CloseReport(const std::string& close_caption) override;
-  void UnlockControls() override;
-  void RefreshFolderDisplays() override;
-
   // report::MainWindow
   ui::Form& Window() override;
   bool SuppressDetailedReports() const override;
-  bool CopiesFiles() const override { return IsCopyOperation(operation_); }
+  bool CopiesFiles() const override;
   bool PauseAfterFirstCopy() const override;
   bool Unattended() const override;
-  bool SnipFullReport() const override { return IsListOperation(operation_); }
+  bool SnipFullReport() const override;
   bool StopRequested() const override;
   void EnableOperationControls() override;
   void OpenTargetFolder() override { context_.front_end.OpenFolder(target_); }
   void ShowLatest() override;
 
+  engine::RunOutcome RunOperation(std::string* statusText);
+  engine::RunOutcome Refuse(const engine::Refusal& refusal, std::string* statusText);
+  bool Confirm(engine::RunRequest& request);
+  void OpenReport(const engine::ReportHeading& heading);
+  void CloseReport();
   engine::Tools EngineTools() const;
   std::string WhoRuns() const;
-  engine::RunRequest RequestFor(Operation operation) const;
+  engine::RunRequest RequestForRun() const;
   std::string TrueReason(std::int16_t status, const std::string& reason) const;
   void ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason, double seconds);
 
@@ -86,7 +77,6 @@ class OperationController : public engine::RunHost, public report::MainWindow {
   frmMain& main_;
   std::unique_ptr<report::frmReport> report_;
   std::unique_ptr<report::RunReport> run_report_;
-  Operation operation_ = Operation::kCheckBackupState;
   bool running_ = false;
   bool stop_requested_ = false;
   int exit_code_ = 0;
