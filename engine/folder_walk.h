@@ -12,6 +12,7 @@
 #include "engine/folder_pair.h"
 #include "engine/listener/listener.h"
 #include "engine/overlap.h"
+#include "engine/progress_share.h"
 #include "engine/pulse.h"
 #include "engine/report_order.h"
 #include "engine/selection.h"
@@ -59,46 +60,55 @@ class FolderWalk {
     std::string source;
     TargetFolder::Ptr target;  ///< null: there is none
     bool with_subfolders = false;
-    double share_begin = 0;  ///< the part of the whole run that the folder and everything below it stand for
-    double share = 0;
+    ProgressShare share = {};
     bool is_prefetched = false;  ///< may be listed already
   };
 
+  // The order: folder_walk.cpp
   void PushRoots();
-  std::vector<Pending> IncludedFolders();
-  std::optional<Pending> IncludedFolder(const std::string& name);
-  void PlaceIncluded();
-  void PlaceIncluded(const FolderPair& root, const std::vector<Selection>& selections);
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
-  bool BelongsToSource(const platform::Folder& folder);
-  bool OpenTarget(const Pending& folder, FolderPair& pair);
-  platform::Status ListTarget(FolderPair& pair);
-  bool EndRespellings(const FolderPair& pair);
-  bool TargetIsItsOwn(const Pending& folder, FolderPair& pair);
-  void RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
-                    platform::ErrorKind why);
-  std::optional<std::string> OtherRunIn(const FolderPair& pair);
-  /// Lets the folders be listed that come next.
-  void PrefetchNext();
-  void RemoveLeftovers(FolderPair& pair);
-  bool IsLeftOut(const std::string& path) const;
-  void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
   std::vector<Selection> SelectFiles(FolderPair& pair);
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
   void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
-  void ReportBegin(const std::shared_ptr<FolderCounts>& counts);
-  void ReportEnd(const std::shared_ptr<FolderCounts>& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair,
                       const std::vector<Selection>& selections);
   Pending Below(const Pending& folder, const std::string& name) const;
-  void Place(Pending& folder, const FolderPair& parents, const platform::Entry& source,
-             const platform::Entry* target);
-  bool MayBeWalked(const Pending& folder, bool target_is_link);
+  /// Lets the folders be listed that come next.
+  void PrefetchNext();
   void PauseIfWished(const FolderCounts& counts);
   /// Asks the listener, too.
   bool Ended();
+
+  // The folders that the setup names: folder_walk_included.cpp
+  std::vector<Pending> IncludedFolders();
+  std::optional<Pending> IncludedFolder(const std::string& name);
+  void PlaceIncluded();
+  void PlaceIncluded(const FolderPair& root, const std::vector<Selection>& selections);
+  void Place(Pending& folder, const FolderPair& parents, const platform::Entry& source,
+             const platform::Entry* target);
+
+  // What is left out, with a line that says so; true when the folder is: folder_walk_guards.cpp
+  bool RefuseOutsideSource(const platform::Folder& folder);
+  bool RefuseOverlap(const Pending& folder, bool target_is_link);
+  bool RefuseSharedTarget(const Pending& folder, FolderPair& pair);
+  /// Its files, and those below it, count as failed when it comes to copying them.
+  void RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
+                    platform::ErrorKind why);
+  std::optional<std::string> OtherRunIn(const FolderPair& pair);
+  bool IsLeftOut(const std::string& path) const;
+  void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
+
+  // The target's side: folder_walk_target.cpp
+  bool OpenTarget(const Pending& folder, FolderPair& pair);
+  platform::Status ListTarget(FolderPair& pair);
+  bool EndRespellings(const FolderPair& pair);
+  void RemoveLeftovers(FolderPair& pair);
+
+  // To the listener, in the order of the walk: folder_walk.cpp
+  void ReportBegin(const std::shared_ptr<FolderCounts>& counts);
+  void ReportEnd(const std::shared_ptr<FolderCounts>& counts);
   void Tell(ReportOrder::Act act);
   void Write(const std::string& line);
   void Warn(const std::string& line);

@@ -1,10 +1,7 @@
 // What a walk does with the target's folder of each folder that it comes to.
 
-#include <algorithm>
-
 #include "engine/failure_text.h"
 #include "engine/folder_walk.h"
-#include "engine/run_lock.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
 
@@ -52,44 +49,6 @@ bool FolderWalk::EndRespellings(const FolderPair& pair) {
     if (!done) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, done.error()));
   }
   return ended;
-}
-
-/// False when the copies would take the place of what is in the source. A target folder that is another's is
-/// closed to this one.
-bool FolderWalk::TargetIsItsOwn(const Pending& folder, FolderPair& pair) {
-  if (!pair.has_target()) return true;
-  if (pair.IsOneFolder() || overlap_.IsSource(pair.target())) {
-    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
-    return false;
-  }
-  if (!target_root_.Claim(pair.target())) {
-    RefuseTarget(folder, pair, NoticeLine(tools_, text::kFolderNameTaken, folder.source),
-                 platform::ErrorKind::kNameTaken);
-  } else if (const auto other = OtherRunIn(pair)) {
-    const std::string line = NoticeLine(tools_, text::kFolderBelowInUse, folder.target->path());
-    RefuseTarget(folder, pair, line + ", " + *other, platform::ErrorKind::kInUse);
-  } else if (pair.target().is_link() && !folder.target->is_root()) {
-    Write(NoticeLine(tools_, text::kCopiesLieElsewhere, folder.target->path()));
-  }
-  return true;
-}
-
-/// Its files, and those below it, count as failed when it comes to copying them.
-void FolderWalk::RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
-                              platform::ErrorKind why) {
-  Warn(line);
-  folder.target->Refuse({why, 0, {}});
-  pair.CloseTarget();
-}
-
-/// Who copies into a folder of the target as into a target of its own. The two would take each other's
-/// temporary files for leftovers.
-std::optional<std::string> FolderWalk::OtherRunIn(const FolderPair& pair) {
-  if (pair.place().is_root() || !IsCopyOperation(plan_.rules.operation)) return std::nullopt;
-  const std::vector<Entry>& entries = pair.target().entries();
-  const bool has_lock =
-      std::any_of(entries.begin(), entries.end(), [](const Entry& entry) { return entry.name == kRunLock; });
-  return has_lock ? HolderOf(tools_, pair.target_path()) : std::nullopt;
 }
 
 void FolderWalk::RemoveLeftovers(FolderPair& pair) {

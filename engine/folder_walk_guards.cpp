@@ -1,0 +1,100 @@
+// What a walk leaves out because it does not belong to the source, or because its copies would land in the
+// wrong place.
+
+#include <algorithm>
+
+#include "engine/failure_text.h"
+#include "engine/folder_walk.h"
+#include "engine/run_lock.h"
+#include "platform/path.h"
+#include "text/text_numbers.h"
+
+namespace engine {
+
+using platform::Entry;
+using platform::EntryKind;
+
+/// What only the open folder tells: that it is the target, or another volume.
+bool FolderWalk::RefuseOutsideSource(const platform::Folder& folder) {
+  if (overlap_.IsTarget(folder)) {
+    Write(NoticeLine(tools_, text::kTargetInSource, folder.path()));
+    return true;
+  }
+  if (folder.is_mount_point() && folder.path() != plan_.source) {
+    if (!IsLeftOut(folder.path())) Warn(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
+    return true;
+  }
+  return false;
+}
+
+/// The target inside the source is left out; so is a folder whose copies would land in the source.
+bool FolderWalk::RefuseOverlap(const Pending& folder, bool target_is_link) {
+  if (overlap_.IsTarget(folder.source)) {
+    Write(NoticeLine(tools_, text::kTargetInSource, folder.source));
+    return true;
+  }
+  if (folder.target && overlap_.LandsInSource(folder.target->path(), target_is_link)) {
+    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
+    return true;
+  }
+  return false;
+}
+
+/// Left out when the copies would take the place of what is in the source. A target folder that is another's
+/// is closed to this one.
+bool FolderWalk::RefuseSharedTarget(const Pending& folder, FolderPair& pair) {
+  if (!pair.has_target()) return false;
+  if (pair.IsOneFolder() || overlap_.IsSource(pair.target())) {
+    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
+    return true;
+  }
+  if (!target_root_.Claim(pair.target())) {
+    RefuseTarget(folder, pair, NoticeLine(tools_, text::kFolderNameTaken, folder.source),
+                 platform::ErrorKind::kNameTaken);
+  } else if (const auto other = OtherRunIn(pair)) {
+    const std::string line = NoticeLine(tools_, text::kFolderBelowInUse, folder.target->path());
+    RefuseTarget(folder, pair, line + ", " + *other, platform::ErrorKind::kInUse);
+  } else if (pair.target().is_link() && !folder.target->is_root()) {
+    Write(NoticeLine(tools_, text::kCopiesLieElsewhere, folder.target->path()));
+  }
+  return false;
+}
+
+void FolderWalk::RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
+                              platform::ErrorKind why) {
+  Warn(line);
+  folder.target->Refuse({why, 0, {}});
+  pair.CloseTarget();
+}
+
+/// Who copies into a folder of the target as into a target of its own. The two would take each other's
+/// temporary files for leftovers.
+std::optional<std::string> FolderWalk::OtherRunIn(const FolderPair& pair) {
+  if (pair.place().is_root() || !IsCopyOperation(plan_.rules.operation)) return std::nullopt;
+  const std::vector<Entry>& entries = pair.target().entries();
+  const bool has_lock =
+      std::any_of(entries.begin(), entries.end(), [](const Entry& entry) { return entry.name == kRunLock; });
+  return has_lock ? HolderOf(tools_, pair.target_path()) : std::nullopt;
+}
+
+/// Whether a pattern leaves out everything in a folder of the source.
+bool FolderWalk::IsLeftOut(const std::string& path) const {
+  return PathMatchesSkipFilepaths(platform::FolderForm(path), plan_.rules.filters.skip_patterns);
+}
+
+void FolderWalk::WarnAboutLinks(const Pending& folder, const FolderPair& pair) {
+  for (const Entry& entry : pair.source().entries()) {
+    if (entry.kind == EntryKind::kFile || entry.kind == EntryKind::kFolder) continue;
+    const std::string path = platform::JoinPath(folder.source, entry.name);
+    int lead = 0;
+    if (entry.kind == EntryKind::kFolderLink && folder.with_subfolders && !IsLeftOut(path))
+      lead = text::kLinkNotFollowed;
+    if (entry.kind == EntryKind::kDeadLink) lead = text::kDeadLink;
+    if (entry.kind == EntryKind::kOther) lead = text::kNotAFile;
+    const bool is_folder = lead == text::kLinkNotFollowed;
+    if (lead != 0 && (is_folder || PassesFilters(plan_.rules.filters, folder.source, entry)))
+      Warn(NoticeLine(tools_, lead, path));
+  }
+}
+
+}  // namespace engine
