@@ -35,7 +35,8 @@ void FilePass::Take(CopyJob job) {
 }
 
 bool FilePass::IsToBeCompared(const CopyJob& job) const {
-  return setting_.compares_contents && job.selection.finding == Finding::kUpToDate;
+  return job.selection.finding == Finding::kUpToDate &&
+         (setting_.compares_contents || job.selection.needs_comparing);
 }
 
 void FilePass::Compare(CopyJob job) {

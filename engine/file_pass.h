@@ -15,9 +15,9 @@
 namespace engine {
 
 /// Takes the files of a walk one after the other, and brings each to where it belongs: to the copies, or to
-/// one of the counts. Where the user wishes it, a file that counts as up to date is compared with its copy
-/// before. While such comparisons are on their way, whatever the walk does or tells after them waits, so that
-/// all comes as if each had been made on the spot.
+/// one of the counts. Where the user wishes it, or the copy may be another file's, a file that counts as up
+/// to date is compared with its copy before. While such comparisons are on their way, whatever the walk does
+/// or tells after them waits, so that all comes as if each had been made on the spot.
 class FilePass {
  public:
   struct Setting {

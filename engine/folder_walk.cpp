@@ -165,6 +165,7 @@ std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
       selections[i] = unfinished_.Select(plan_.rules, pair, entries[i]);
     if (entries[i].kind == EntryKind::kFolder) selections[i].target = pair.TargetOf(entries[i]);
   }
+  if (pair.has_target()) DoubtTwins(pair, selections);
   return selections;
 }
 

@@ -97,6 +97,7 @@ class FolderWalk {
   void RefuseTarget(const Pending& folder, FolderPair& pair, const std::string& line,
                     platform::ErrorKind why);
   std::optional<std::string> OtherRunIn(const FolderPair& pair);
+  void DoubtTwins(const FolderPair& pair, std::vector<Selection>& selections) const;
   bool IsLeftOut(const std::string& path) const;
   void WarnAboutLinks(const Pending& folder, const FolderPair& pair);
 

@@ -2,7 +2,9 @@
 // wrong place.
 
 #include <algorithm>
+#include <unordered_map>
 
+#include "base/utf8.h"
 #include "engine/failure_text.h"
 #include "engine/folder_walk.h"
 #include "engine/run_lock.h"
@@ -75,6 +77,30 @@ std::optional<std::string> FolderWalk::OtherRunIn(const FolderPair& pair) {
   const bool has_lock =
       std::any_of(entries.begin(), entries.end(), [](const Entry& entry) { return entry.name == kRunLock; });
   return has_lock ? HolderOf(tools_, pair.target_path()) : std::nullopt;
+}
+
+/// A file that has no copy, and one as long and as old that has: where the target takes the two names for
+/// one, that copy may be the other's.
+void FolderWalk::DoubtTwins(const FolderPair& pair, std::vector<Selection>& selections) const {
+  const std::vector<Entry>& entries = pair.source().entries();
+  std::unordered_multimap<std::int64_t, std::size_t> copied;  // by size
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (selections[i].finding == Finding::kUpToDate && entries[i].size > 0)
+      copied.emplace(entries[i].size, i);
+  }
+  for (std::size_t i = 0; i < entries.size() && !copied.empty(); ++i) {
+    if (selections[i].finding != Finding::kNew || !copied.contains(entries[i].size)) continue;
+    const auto known = tools_.files.Stat(platform::JoinPath(pair.target_path(), entries[i].name));
+    if (!known) continue;
+    const auto [first, last] = copied.equal_range(entries[i].size);
+    for (auto it = first; it != last; ++it) {
+      Selection& twin = selections[it->second];
+      const std::string& name = entries[it->second].name;
+      if (twin.target->number == known->number ||
+          base::utf8::ToLower(name) == base::utf8::ToLower(entries[i].name))
+        twin.needs_comparing = true;
+    }
+  }
 }
 
 /// Whether a pattern leaves out everything in a folder of the source.

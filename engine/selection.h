@@ -44,6 +44,7 @@ struct Selection {
   bool selected = false;  ///< to be copied
   int skip_text = 0;      ///< number of the text that says why a large file is left out; 0: none
   const platform::Entry* target = nullptr;  ///< the candidate's
+  bool needs_comparing = false;             ///< whether it is up to date, only the contents can tell
 };
 
 /// Whether the lower-cased path without the blanks around it ends in "thumbs.db".
