@@ -1,9 +1,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "app/frmConfirmOperation.h"
-#include "app/frmSelectSubfolders.h"
-#include "app/frmView.h"
+#include "app/confirmation/frmConfirmOperation.h"
+#include "app/select_subfolders/frmSelectSubfolders.h"
 #include "tests/app/program.h"
 #include "tests/window_text.h"
 
