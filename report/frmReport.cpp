@@ -117,6 +117,7 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   chkSuppressDisplayOfReport.SetValue(0);
   txbText.SetVisible(true);
   SetReportButtons2(false, true, "Pause", false, "");
+  cmdCancelClose.SetDescription({});
   Show();
   Form_Resize();  // only a window that has been shown knows its inner size
   // Not the button: the key that started the operation may be pressed twice.

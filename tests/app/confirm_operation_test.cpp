@@ -46,24 +46,6 @@ struct ConfirmOperation : testing::Test, Program {
   std::optional<frmConfirmOperation> confirm;
 };
 
-TEST_F(ConfirmOperation, TellsTheSetupAtOnce) {
-  files.SetSpace(3u << 20, 8u << 20);
-  request.setup = {"/src", "/dst", {"a", "b"}, true, "j?g", "cache", 1, false, false, false, false};
-  request.modified_since = platform::FileTime{};
-  confirm.emplace(context, request);
-  confirm->SetWidth(12'000);
-  confirm->Form_Load();
-  EXPECT_EQ(confirm->lblOperation.text(), "Back up new and modified");
-  EXPECT_EQ(Fact("Source"), "/src");
-  EXPECT_EQ(Fact("Target"), "/dst\r\non /dst, 3.00 Mb free of 8.00 Mb");
-  EXPECT_EQ(Fact("Included"),
-            "The files directly in the source folder.\r\n2 subfolders with everything below them: a, b");
-  EXPECT_EQ(Fact("Files"),
-            "Only files whose extension matches \"j?g\".\r\nOnly files changed in the last week.");
-  EXPECT_EQ(Fact("Left out"), "Files whose path contains any of these:\r\n\"cache\"");
-  EXPECT_EQ(Fact("To be copied") + Fact("Options"), "0 files, 0 bytes so far . . .-");
-}
-
 TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopy) {
   tree::Add(files,
             {"/src/new=12345", "/src/same=12", "/dst/same=12", "/src/a/below/modified=123",

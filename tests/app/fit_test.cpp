@@ -11,13 +11,27 @@ constexpr ui::Size kScreens[] = {{15'360, 8'400}, {13'660, 7'280}};
 /// What a desktop's title and borders take.
 constexpr ui::Twips kFrame = 480;
 
+bool IsSeen(const ui::Control& control) {
+  return control.visible() && dynamic_cast<const ui::Timer*>(&control) == nullptr;
+}
+
+bool Overlap(const ui::Rect& a, const ui::Rect& b) {
+  return a.left < b.right() && b.left < a.right() && a.top < b.bottom() && b.top < a.bottom();
+}
+
 void ExpectInside(ui::Form& form, ui::Size screen) {
   EXPECT_GE(form.left(), 0) << form.name();
   EXPECT_GE(form.top(), 0) << form.name();
   EXPECT_LE(form.bounds().right(), screen.width) << form.name();
   EXPECT_LE(form.bounds().bottom(), screen.height) << form.name();
   form.ForEach([&](ui::Control& control) {
-    if (!control.visible() || dynamic_cast<ui::Timer*>(&control) != nullptr) return;
+    if (!IsSeen(control)) return;
+    EXPECT_TRUE(control.left() >= 0 && control.top() >= 0 && control.width() > 0 && control.height() > 0)
+        << control.name();
+    for (const ui::Control* other : control.parent()->controls()) {
+      EXPECT_FALSE(other != &control && IsSeen(*other) && Overlap(control.bounds(), other->bounds()))
+          << control.name() << " and " << other->name();
+    }
     const bool in_window = control.parent() == &form;
     const ui::Rect around = control.parent()->bounds();
     EXPECT_LE(control.bounds().right(), around.width) << control.name();

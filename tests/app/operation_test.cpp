@@ -112,21 +112,6 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
   }
 }
 
-TEST_F(Operations, LockTheMainWindowAndGiveItBack) {
-  StartWithSetup();
-  bool locked = false;
-  WhenACopyBegins([&] {
-    locked = !window->cmdBackupAllFiles.reachable() && !window->cmdSpecifyDirectory[0].reachable() &&
-             window->cmdQuit.reachable() && window->chkPauseAfterFirstCopy.reachable();
-  });
-  window->SkipConfirmation = true;
-  Click(window->cmdBackupModifiedFiles);
-  EXPECT_TRUE(locked);
-  EXPECT_EQ(window->ReportWindow().lblState.text(), "Finished: 1 file copied.");
-  EXPECT_TRUE(window->cmdBackupAllFiles.reachable() && window->ReportWindow().visible());
-  EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is not empty.");
-}
-
 TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCounts) {
   tree::Add(files, {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
                     "/src/out/2", "/src/in/disk/3"});

@@ -1,0 +1,130 @@
+#include <fstream>
+#include <sstream>
+
+#include "app/confirmation/frmConfirmOperation.h"
+#include "app/select_subfolders/frmSelectSubfolders.h"
+#include "tests/app/program.h"
+#include "tests/window_text.h"
+
+/// One person's way through all the windows, and all that stands in them on the way.
+namespace app::test {
+
+using namespace ui::headless;
+using platform::ErrorKind;
+using platform::memory::Call;
+
+struct ADay : testing::Test, Program {
+  ADay()
+      : Program({"/src/Letters/2019/aunt.txt=Dear aunt", "/src/Letters/bank.txt=Dear Sirs",
+                 "/src/Letters/b.doc", "/src/Photos/cat.txt=a cat", "/src/Photos/dog.txt=a dog",
+                 "/src/Photos/.thumbs/cat.txt", "/src/Empty/", "/src/todo.txt=shop",
+                 "/src/huge.txt=" + std::string(2'000'000, 'h'), "/src/old.txt=old", "/src/locked.txt",
+                 "/src/gone.txt>/nowhere", "/dst/Letters/bank.txt=Dear Sirs", "/dst/Photos/cat.txt=a kitten",
+                 "/opt/program/qvr_help.txt=Help is here.\nAnd here."}) {
+    files.AddMountPoint("/dst");
+    files.SetSpace(3'000'000, 8'000'000);
+    for (const char* path : {"/src/todo.txt", "/src/Letters/2019/aunt.txt", "/src/Photos/cat.txt",
+                             "/src/Photos/dog.txt", "/src/locked.txt"})
+      files.AddFile(path, files.ContentOf(path), {1'699'990'000, 0});
+    files.AddFile("/src/huge.txt", files.ContentOf("/src/huge.txt"), {1'699'000'000, 0});
+    files.Fail(Call::kReadSource, "/src/locked.txt", {ErrorKind::kInUse, 32, "In use"});
+  }
+
+  void Note(const std::string& when, const ui::Form& form) {
+    told += "== " + when + ": " + window_text::Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
+  }
+  /// Lets the user act in the window that stands open above the others once it has read what it shows.
+  template <typename Window>
+  void InOpenWindow(const std::function<void(Window&)>& act) {
+    front_end.when_idle = [this, act] {
+      auto* const open = dynamic_cast<Window*>(front_end.modal);
+      if (open == nullptr || open->tmrRead.running()) return front_end.PassTime(1);
+      act(*open);
+    };
+  }
+
+  std::string told;
+};
+
+TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
+  frmMain& main = Start();
+  report::frmReport& report = main.ReportWindow();
+  Note("The first start", main);
+  told += window_text::Spoken(main);
+  dialogs.texts = {"/src"};
+  Click(main.cmdSpecifyDirectory[0]);
+  dialogs.texts = {"/dst"};
+  Click(main.cmdSpecifyDirectory[1]);
+  Note("Folders chosen", main);
+
+  InOpenWindow<frmSelectSubfolders>([&](frmSelectSubfolders& select) {
+    for (const std::size_t row : {1U, 2U}) Tick(select.rows[row]->chkSubfolder, true);
+    Note("Subfolders", select);
+    told += window_text::Spoken(select);
+    Click(select.cmdAccept);
+  });
+  Click(main.cmdSelectSubfolders);
+  front_end.when_idle = {};
+  Tick(main.chkIncludeSubfolders, true);
+  Tick(main.chkPauseAfterFirstCopy, true);
+  Type(main.txbFileExtension, "t?t");
+  Type(main.txbExcludedFilepaths, "/.thumbs/, aunt");
+  Select(main.cboModifiedSince, 1);
+  front_end.PassTime(1'000);
+  Note("Everything chosen", main);
+
+  Click(main.cmdListSubFolders);
+  Note("Listed", report);
+  Click(main.cmdCheckBackupState);
+  Note("Checked", report);
+
+  InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& confirm) {
+    Note("Confirmation", confirm);
+    told += window_text::Spoken(confirm);
+    Tick(confirm.chkDontShowAgain, true);
+    front_end.when_idle = [&] {
+      if (!report.Paused) return;
+      Note("Paused", report);
+      told += window_text::Spoken(report);
+      Click(report.cmdPauseContinue);
+    };
+    Click(confirm.cmdStart);
+  });
+  WhenACopyBegins([&, first = true]() mutable {
+    if (std::exchange(first, false)) Note("Running", report), Note("Running", main);
+  });
+  Click(main.cmdBackupModifiedFiles);
+  front_end.when_idle = {};
+  files.Before({});
+  Note("Backed up", report);
+  PressKey(report, {ui::Key::kFind});
+  Type(report.txbFind, "copied");
+  Note("Found", report);
+  Click(report.cmdOpenTarget);
+  EXPECT_EQ(front_end.opened_folders, std::vector<std::string>{"/dst"});
+  report.UserClosed();
+  Tick(main.chkPauseAfterFirstCopy, false);
+  Click(main.cmdBackupAllFiles);
+  Note("All backed up", report);
+  Note("After it", main);
+
+  Click(main.cmdSetup);
+  Note("Setup", main);
+  Click(main.cmdSaveSetup);
+  Note("Save setup", main);
+  dialogs.texts = {"/mine.qvr"};
+  Click(main.cmdSaveSetupAsOperationFile);
+  Note("Saved", main);
+  for (const auto& note : front_end.notes) told += "Notice: " + note + "\n";
+  Click(main.cmdQuit);
+  EXPECT_TRUE(front_end.quitting());
+
+  std::ifstream expected(QV_SOURCE_ROOT "/tests/app/a_day.txt", std::ios::binary);
+  std::stringstream text;
+  text << expected.rdbuf();
+  const std::string seen = testing::TempDir() + "a_day.txt";
+  if (text.str() != told) std::ofstream(seen, std::ios::binary) << told;
+  EXPECT_EQ(told, text.str()) << "If it is meant to be so, copy " << seen << " to tests/app.";
+}
+
+}  // namespace app::test
