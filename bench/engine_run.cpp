@@ -17,6 +17,7 @@ class SilentListener : public engine::Listener {
   void WriteLine(const std::string& text) override { std::fprintf(stderr, "%s\n", text.c_str()); }
   void CopyBegun(const std::string&) override {}
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void ReadingBack(const std::string&) override {}
   void Comparing(const std::string&) override {}
   void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool) override {}
@@ -49,7 +50,7 @@ void IncludeEverything(platform::FileSystem& files, app::Setup& setup) {
 int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing, platform::Clock& clock,
               const std::vector<std::string>& words) {
   if (words.size() < 3) {
-    std::fputs("engine_run check|modified|all SOURCE TARGET [--flush] [--compare]\n", stderr);
+    std::fputs("engine_run check|modified|all SOURCE TARGET [--flush] [--compare] [--read-back]\n", stderr);
     return 2;
   }
   const auto wished = [&](const char* option) { return std::ranges::find(words, option) != words.end(); };
@@ -68,6 +69,7 @@ int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing
   engine::RunRequest request;
   request.operation = OperationOf(words[0]);
   request.compare_contents = wished("--compare");
+  request.read_back = wished("--read-back");
   request.setup.SourceFolder = words[1];
   request.setup.TargetFolder = words[2];
   IncludeEverything(files, request.setup);
@@ -80,11 +82,12 @@ int RunEngine(platform::FileSystem& flushing, platform::FileSystem& not_flushing
   const engine::FileCounts& counts = outcome.totals.counts;
   std::printf(
       "status %d met %lld new %lld modified %lld copied %lld failed %lld compared %lld "
-      "differed %lld\n",
+      "differed %lld read_back %lld not_as_written %lld\n",
       outcome.status, static_cast<long long>(counts.met), static_cast<long long>(counts.new_files),
       static_cast<long long>(counts.modified_files), static_cast<long long>(counts.copied),
       static_cast<long long>(counts.failed), static_cast<long long>(counts.compared),
-      static_cast<long long>(counts.differed));
+      static_cast<long long>(counts.differed), static_cast<long long>(counts.read_back),
+      static_cast<long long>(counts.not_as_written));
   return outcome.status == 0 && counts.failed == 0 ? 0 : 1;
 }
 

@@ -58,15 +58,15 @@ void Count(const Selection& selection, const platform::Entry& file, FolderCounts
 }
 
 CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
-                   UnfinishedRun& unfinished, const std::string& source_root, TargetRoot& target_root)
+                   UnfinishedRun& unfinished, TargetRoot& target_root, Setting setting)
     : tools_(tools),
       listener_(listener),
       pulse_(pulse),
       totals_(totals),
       order_(order),
       unfinished_(unfinished),
-      source_root_(source_root),
-      target_root_(target_root) {}
+      target_root_(target_root),
+      setting_(std::move(setting)) {}
 
 void CopyPass::Copy(CopyJob job) {
   if (unfinished_.IsDueToMove()) {
@@ -169,7 +169,7 @@ bool CopyPass::MakeReplaceable(const CopyJob& job) {
 }
 
 void CopyPass::Begin(CopyJob job) {
-  if (!copier_) copier_ = tools_.files.MakeCopier(source_root_, target_root_.path());
+  if (!copier_) copier_ = tools_.files.MakeCopier(setting_.source_root, target_root_.path());
   if (const platform::Status marked = unfinished_.Begin(); !marked) {
     ++totals_.warnings;
     listener_.WriteLine(FailureLine(tools_, text::kNotMarked, unfinished_.path(), marked.error()));
@@ -188,11 +188,12 @@ void CopyPass::Start(Pending& pending) {
   bytes_on_their_way_ += size;
   if (free_bytes_) *free_bytes_ -= size;
   copier_->Start({job.folders->shared_source(), job.file, job.folders->shared_target(), name,
-                  [written = pending.written, hold = pulse_.hold()](std::int64_t bytes) {
+                  [done = pending.done, hold = pulse_.hold()](std::int64_t bytes) {
                     hold->Wait();
-                    *written = bytes;
+                    *done = bytes;
                     return true;
-                  }});
+                  },
+                  setting_.reads_back});
 }
 
 bool CopyPass::IsBusy() {
@@ -272,12 +273,22 @@ void CopyPass::SettleFirst() {
   pending_.pop_front();
   order_.Settle([&] {
     const CopyJob& job = first.job;
+    if (setting_.reads_back) CountReadBack(first);
     if (first.outcome->ok()) return ReportCopied(job, first.outcome->value());
     free_bytes_.reset();
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
     listener_.WriteLine(WhyNotCopied(job, first.outcome->error()));
   });
+}
+
+void CopyPass::CountReadBack(const Pending& pending) {
+  const platform::Result<platform::CopyOutcome>& outcome = *pending.outcome;
+  const bool is_bad = !outcome && outcome.error().kind == platform::ErrorKind::kNotAsWritten;
+  if (!outcome && !is_bad) return;
+  ++totals_.counts.read_back;
+  totals_.bytes_read_back += outcome ? outcome->bytes : pending.job.file->size;
+  if (is_bad) ++totals_.counts.not_as_written;
 }
 
 /// What failed names no side: the one that looks now as the error says is the one.
@@ -321,17 +332,25 @@ void CopyPass::CarryAttributes(const CopyJob& job, const platform::CopyOutcome& 
   if (clear) ClearReadOnlyAndHidden(tools_.files, path);
 }
 
-/// The first file that is still being written.
-const CopyPass::Pending* CopyPass::Unwritten() const {
-  const auto found = std::find_if(pending_.begin(), pending_.end(), [](const Pending& pending) {
-    return !pending.outcome && *pending.written < pending.job.file->size;
+/// The first file of which so much is not done: once its size is still being written, twice its size not read
+/// back.
+const CopyPass::Pending* CopyPass::FirstWithLessThan(std::int64_t times_its_size) const {
+  const auto found = std::find_if(pending_.begin(), pending_.end(), [=](const Pending& pending) {
+    return !pending.outcome && *pending.done < times_its_size * pending.job.file->size;
   });
   return found == pending_.end() ? nullptr : &*found;
 }
 
+void CopyPass::ShowFile(platform::CopyStage stage) {
+  if (const Pending* const unwritten = FirstWithLessThan(1)) {
+    listener_.CopyBegun(unwritten->job.SourcePath());
+  } else if (const Pending* const unread = FirstWithLessThan(2)) {
+    if (stage == platform::CopyStage::kReadingBack) listener_.ReadingBack(unread->job.SourcePath());
+  }
+}
+
 void CopyPass::ShowStage(platform::CopyStage stage) {
-  const Pending* const unwritten = Unwritten();
-  if (unwritten != nullptr) listener_.CopyBegun(unwritten->job.SourcePath());
+  ShowFile(stage);
   saving_waits_ = stage == platform::CopyStage::kSaving ? saving_waits_ + 1 : 0;
   if (is_saving_ == (saving_waits_ >= kWaitsToTell)) return;
   is_saving_ = !is_saving_;
@@ -341,11 +360,12 @@ void CopyPass::ShowStage(platform::CopyStage stage) {
 /// How much of the run is done when so much of it is walked.
 double CopyPass::Reached(double walked) const {
   if (pending_.empty()) return walked;
-  const Pending* const unwritten = Unwritten();
-  if (unwritten == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
-  const CopyJob& job = unwritten->job;
-  const auto size = static_cast<double>(std::max<std::int64_t>(job.file->size, 1));
-  return job.share_begin + job.share * static_cast<double>(*unwritten->written) / size;
+  const std::int64_t times = setting_.reads_back ? 2 : 1;
+  const Pending* const first = FirstWithLessThan(times);
+  if (first == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
+  const CopyJob& job = first->job;
+  const auto all = static_cast<double>(std::max<std::int64_t>(times * job.file->size, 1));
+  return job.share_begin + job.share * static_cast<double>(*first->done) / all;
 }
 
 void CopyPass::Fail(const CopyJob& job, const std::string& line) {

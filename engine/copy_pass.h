@@ -41,9 +41,14 @@ void Count(const Selection& selection, const platform::Entry& file, FolderCounts
 /// while it was read, is tried once more.
 class CopyPass {
  public:
-  /// `target_root`: the setup's target folder; its disk's free space counts. `source_root`: its source.
+  struct Setting {
+    std::string source_root;  ///< the setup's source folder
+    bool reads_back = false;  ///< every copy
+  };
+
+  /// `target_root`: the setup's target folder; its disk's free space counts.
   CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals& totals, ReportOrder& order,
-           UnfinishedRun& unfinished, const std::string& source_root, TargetRoot& target_root);
+           UnfinishedRun& unfinished, TargetRoot& target_root, Setting setting);
 
   /// Hands a file over. Returns when there is room for the next one, or when the user wants to stop.
   void Copy(CopyJob job);
@@ -64,7 +69,7 @@ class CopyPass {
   using Bytes = std::atomic<std::int64_t>;
   struct Pending {
     CopyJob job;
-    std::shared_ptr<Bytes> written;  ///< of its copy, so far
+    std::shared_ptr<Bytes> done;  ///< of its copy: those written so far, and behind them those read back
     std::optional<platform::Result<platform::CopyOutcome>> outcome;
     bool was_alone = false;
     bool had_second_try = false;
@@ -87,9 +92,11 @@ class CopyPass {
   void TrySecondTime(Pending& pending);
   void SettleFirst();
   std::string WhyNotCopied(const CopyJob& job, platform::Error error);
+  void CountReadBack(const Pending& pending);
   void ReportCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
   void CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome);
-  const Pending* Unwritten() const;
+  const Pending* FirstWithLessThan(std::int64_t times_its_size) const;
+  void ShowFile(platform::CopyStage stage);
   void ShowStage(platform::CopyStage stage);
   double Reached(double walked) const;
 
@@ -103,8 +110,8 @@ class CopyPass {
   Totals& totals_;
   ReportOrder& order_;
   UnfinishedRun& unfinished_;
-  const std::string source_root_;
   TargetRoot& target_root_;
+  const Setting setting_;
   std::unique_ptr<platform::Copier> copier_;  ///< made for the first file
   std::deque<Pending> pending_;               ///< handed over and not settled, the oldest first
   std::size_t on_their_way_ = 0;              ///< of these, those that the copier has

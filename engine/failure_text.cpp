@@ -34,6 +34,8 @@ int SentenceOf(platform::ErrorKind kind) {
       return text::kReasonTooLarge;
     case ErrorKind::kShort:
       return text::kReasonShort;
+    case ErrorKind::kNotAsWritten:
+      return text::kReasonNotAsWritten;
     case ErrorKind::kDamaged:
       return text::kReasonDamaged;
     case ErrorKind::kCancelled:

@@ -45,7 +45,8 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       target_root_(tools.files, plan_.target),
       pulse_(tools.clock, listener),
       unfinished_(tools.files, tools.clock, plan_.target),
-      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, plan_.source, target_root_),
+      copy_pass_(tools, listener, pulse_, totals_, order_, unfinished_, target_root_,
+                 {plan_.source, plan_.read_back}),
       comparison_(tools, pulse_, plan_.source, plan_.target),
       file_pass_(tools, listener, pulse_, order_, copy_pass_, comparison_, target_root_,
                  {plan_.rules, plan_.compare_contents, [this] { return Ended(); }}) {

@@ -29,6 +29,7 @@ struct WalkPlan {
   bool include_subfolders = false;
   bool exclude_files_in_source_folder = false;
   bool compare_contents = false;  ///< of files that count as up to date
+  bool read_back = false;         ///< what is copied
   SelectionRules rules;
 };
 

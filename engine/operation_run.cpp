@@ -22,6 +22,7 @@ WalkPlan PlanOf(const RunRequest& request) {
   plan.include_subfolders = setup.IncludeSubfolders;
   plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
   plan.compare_contents = ComparesContents(request);
+  plan.read_back = ReadsBack(request);
   plan.rules = RulesOf(request);
   return plan;
 }
@@ -77,6 +78,8 @@ bool ComparesContents(const RunRequest& request) {
                                       request.operation == app::Operation::kBackupModifiedFiles);
 }
 
+bool ReadsBack(const RunRequest& request) { return request.read_back && IsCopyOperation(request.operation); }
+
 std::optional<Refusal> CheckRequest(const Tools& tools, const RunRequest& request,
                                     const std::function<void(const std::string&)>& show_note) {
   if (auto refusal = CheckSource(tools, request.setup, show_note)) return refusal;
@@ -106,6 +109,7 @@ ReportHeading OperationRun::Heading() const {
                           "} = " + setup.SourceFolder);
   if (ComparesContents(request_))
     heading.lines.push_back(tools_.texts.GetProgramText(text::kComparesContents));
+  if (ReadsBack(request_)) heading.lines.push_back(tools_.texts.GetProgramText(text::kReadsBack));
   heading.lines.emplace_back();
   return heading;
 }
@@ -115,6 +119,7 @@ RunOutcome OperationRun::Run(Listener& listener) {
   FolderWalk walk(tools_, listener, plan);
   RunOutcome outcome;
   outcome.compared_contents = plan.compare_contents;
+  outcome.read_back = plan.read_back;
   outcome.totals = walk.Run();
   outcome.cancelled = walk.cancelled();
   outcome.terminated = walk.OperationTerminated();

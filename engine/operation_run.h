@@ -26,12 +26,15 @@ struct RunRequest {
   /// Files that count as up to date are read and compared with their copies, by an operation that looks for
   /// modified ones.
   bool compare_contents = false;
+  /// Every copy is read back from the disk and compared with what was written.
+  bool read_back = false;
 };
 
 struct RunOutcome {
   std::int16_t status = 0;  ///< 0, or why it did not start
   Totals totals = {};
   bool compared_contents = false;  ///< of files that counted as up to date
+  bool read_back = false;          ///< what it copied
   bool cancelled = false;
   /// Ended early: target drive full, an answer that stops, data not safe on the disk.
   bool terminated = false;
@@ -39,6 +42,9 @@ struct RunOutcome {
 
 /// Whether such a run reads files that count as up to date.
 bool ComparesContents(const RunRequest& request);
+
+/// Whether such a run reads its copies back.
+bool ReadsBack(const RunRequest& request);
 
 /// What holds for every file of such a run.
 SelectionRules RulesOf(const RunRequest& request);

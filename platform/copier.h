@@ -11,9 +11,10 @@
 
 namespace platform {
 
-/// Told how far a copy is: before its first byte (0), between its blocks, and at its end. Returning false
-/// ends the copy with kCancelled. Called from a thread of the copier, one call at a time for one file.
-using CopyProgress = std::function<bool(std::int64_t bytes_written)>;
+/// Told how far a copy is: before its first byte (0), between its blocks, and at its end; where it is read
+/// back, the same again, with its whole length on top. Returning false ends the copy with kCancelled. Called
+/// from a thread of the copier, one call at a time for one file.
+using CopyProgress = std::function<bool(std::int64_t bytes)>;
 
 /// Whether the caller's listing of the target has something under the name of a file that is to be copied.
 enum class TargetName { kFree, kTaken };
@@ -25,6 +26,7 @@ struct CopyOrder {
   std::shared_ptr<Folder> target;
   TargetName name = TargetName::kFree;
   CopyProgress watcher = {};  ///< may be empty
+  bool read_back = false;     ///< before it gets its final name
 };
 
 /// How much earlier than its source a copy is dated whose source changed meanwhile: so much that the two lie
@@ -41,10 +43,11 @@ struct CopyOutcome {
 
 /// What a copier is at when it has nothing to hand out yet.
 enum class CopyStage {
-  kIdle,     ///< nothing is on its way
-  kReady,    ///< Collect() has something, or HasRoom() is true again
-  kWriting,  ///< copies are being written
-  kSaving,   ///< all that was written is being brought to the disk
+  kIdle,         ///< nothing is on its way
+  kReady,        ///< Collect() has something, or HasRoom() is true again
+  kWriting,      ///< copies are being written
+  kSaving,       ///< all that was written is being brought to the disk
+  kReadingBack,  ///< copies are being read back, and none is being written
 };
 
 /// Copies files, many at a time, each as one transaction:
@@ -52,7 +55,8 @@ enum class CopyStage {
 ///  1. The copy is written under a temporary name in the target folder, with the data, the modification time
 ///     and of the attributes the system bit; read-only and hidden are dropped.
 ///  2. Its data is brought to the disk, with that of its group: some hundred files that were started one
-///     after the other.
+///     after the other. Where that is wished it is then read back from there, past what the system keeps in
+///     its memory as far as that can be had, and held against what was written.
 ///  3. Only then it gets its final name, in one atomic step, and replaces what bears it.
 ///  4. On a volume without a journal the new names are brought to the disk before the space of what was
 ///     replaced can be used again.
@@ -72,6 +76,8 @@ enum class CopyStage {
 ///    so shortly before that its time could not tell another change.
 ///  - A source that is shorter at the end than its bytes that were read, or that ends too early, gives kShort
 ///    and no copy.
+///  - A copy that reads back otherwise than it was written, or not at all, gives kNotAsWritten and gets no
+///    name. Of what more than its bytes a file has on Windows nothing is read back.
 ///  - When the data of a group cannot be brought to the disk, none of its files gets its final name: each has
 ///    that error.
 ///

@@ -21,6 +21,10 @@ class Draft {
   /// Writes the copy: steps 1 of a Copier. Asks the watcher, which may be empty.
   virtual Result<CopyOutcome> Write(const CopyProgress& watcher) = 0;
 
+  /// Reads the copy back from the disk, where its data is, and compares it with what Write() wrote: only for
+  /// an order that says so. kNotAsWritten, or kCancelled by the watcher, which is told the bytes read so far.
+  virtual Status ReadBack(const CopyProgress& watcher) = 0;
+
   /// Gives the copy its final name: step 3. On a volume without a journal the file that it replaces keeps its
   /// space until the draft goes.
   virtual Status Publish() = 0;

@@ -46,9 +46,11 @@ struct Group {
 
 using GroupPtr = std::shared_ptr<Group>;
 
-/// Batches of a group that get their names: by every thread that has time, and by the saver in any case.
-struct Publishing {
+/// Something that is done with the written files of a group, batch by batch: by every thread that has time,
+/// and by the saver in any case.
+struct Sharing {
   GroupPtr group;
+  std::function<Status(Item&)> act;  ///< a failure is the file's
   std::atomic<std::size_t> next = 0;
   std::size_t done = 0;
 };
@@ -90,8 +92,10 @@ struct GroupedCopier::State {
   void WriteBatch(Group& group, const Batch& batch);
   void SaveGroup(const GroupPtr& group);
   Status SaveAndPublish(const GroupPtr& group);
-  void PublishAll(const GroupPtr& group);
-  void PublishSome(Publishing& publishing);
+  void ReadBackAll(const GroupPtr& group);
+  void DoWithAll(const GroupPtr& group, std::function<Status(Item&)> act);
+  void DoWithSome(Sharing& sharing);
+  CopyProgress WatcherOf(const Item& item, std::int64_t done_before);
   void Settle(const Group& group);
   void Adapt(Clock::duration took);
 
@@ -101,6 +105,7 @@ struct GroupedCopier::State {
   std::weak_ptr<State> self;
   std::atomic<bool> given_up = false;
   std::atomic<double> scale = kFirstScale;
+  std::atomic<bool> is_reading_back = false;
 
   std::deque<Item> items;  ///< of the caller; an item stays where it is until it is collected
   GroupPtr filling;        ///< of the caller
@@ -174,15 +179,19 @@ void GroupedCopier::State::CloseGroup() {
 void GroupedCopier::State::WriteBatch(Group& group, const Batch& batch) {
   for (Item* item : batch) {
     if (given_up) return;
-    const CopyProgress& asked = item->order.watcher;
     item->draft = volume->Prepare(item->order);
-    item->result = item->draft->Write(
-        [this, &asked](std::int64_t bytes) { return !given_up && (!asked || asked(bytes)); });
+    item->result = item->draft->Write(WatcherOf(*item, 0));
     item->order.source.reset();
   }
   const std::lock_guard lock(mutex);
   --unwritten;
   if (--group.unwritten == 0) changed.notify_all();
+}
+
+CopyProgress GroupedCopier::State::WatcherOf(const Item& item, std::int64_t done_before) {
+  return [this, done_before, &asked = item.order.watcher](std::int64_t bytes) {
+    return !given_up && (!asked || asked(done_before + bytes));
+  };
 }
 
 void GroupedCopier::State::SaveGroup(const GroupPtr& group) {
@@ -201,31 +210,45 @@ Status GroupedCopier::State::SaveAndPublish(const GroupPtr& group) {
   const auto begun = Clock::now();
   if (Status saved = volume->SaveData(written); !saved) return saved;
   Adapt(Clock::now() - begun);
-  PublishAll(group);
+  ReadBackAll(group);
+  DoWithAll(group, [](Item& item) { return item.draft->Publish(); });
   const Drafts published = WrittenDrafts(*group);
   return published.empty() ? Status(Done{}) : volume->SaveNames(published);
 }
 
-void GroupedCopier::State::PublishAll(const GroupPtr& group) {
-  const auto publishing = std::make_shared<Publishing>();
-  publishing->group = group;
-  for (std::size_t helpers = std::min(limits.workers, group->batches.size()); helpers > 1; --helpers) {
-    threads.writers.PostFirst([state = self.lock(), publishing] { state->PublishSome(*publishing); });
-  }
-  PublishSome(*publishing);
-  std::unique_lock lock(mutex);
-  changed.wait(lock, [&] { return publishing->done == group->batches.size(); });
+void GroupedCopier::State::ReadBackAll(const GroupPtr& group) {
+  const auto is_wished = [](const Item* item) { return item->order.read_back; };
+  const auto has_some = [&](const Batch& batch) { return std::ranges::any_of(batch, is_wished); };
+  if (std::ranges::none_of(group->batches, has_some)) return;
+  is_reading_back = true;
+  DoWithAll(group, [this](Item& item) {
+    if (!item.order.read_back) return Status(Done{});
+    return item.draft->ReadBack(WatcherOf(item, item.result->bytes));
+  });
+  is_reading_back = false;
 }
 
-void GroupedCopier::State::PublishSome(Publishing& publishing) {
-  const std::deque<Batch>& batches = publishing.group->batches;
-  for (std::size_t at = publishing.next++; at < batches.size(); at = publishing.next++) {
+void GroupedCopier::State::DoWithAll(const GroupPtr& group, std::function<Status(Item&)> act) {
+  const auto sharing = std::make_shared<Sharing>();
+  sharing->group = group;
+  sharing->act = std::move(act);
+  for (std::size_t helpers = std::min(limits.workers, group->batches.size()); helpers > 1; --helpers) {
+    threads.writers.PostFirst([state = self.lock(), sharing] { state->DoWithSome(*sharing); });
+  }
+  DoWithSome(*sharing);
+  std::unique_lock lock(mutex);
+  changed.wait(lock, [&] { return sharing->done == group->batches.size(); });
+}
+
+void GroupedCopier::State::DoWithSome(Sharing& sharing) {
+  const std::deque<Batch>& batches = sharing.group->batches;
+  for (std::size_t at = sharing.next++; at < batches.size(); at = sharing.next++) {
     for (Item* item : batches[at]) {
       if (given_up || !item->result.ok()) continue;
-      if (const Status published = item->draft->Publish(); !published) item->result = published.error();
+      if (const Status done = sharing.act(*item); !done) item->result = done.error();
     }
     const std::lock_guard lock(mutex);
-    if (++publishing.done == batches.size()) changed.notify_all();
+    if (++sharing.done == batches.size()) changed.notify_all();
   }
 }
 
@@ -294,7 +317,8 @@ CopyStage GroupedCopier::Wait(std::chrono::milliseconds longest) {
     return state.items.front().is_settled || (!had_room && state.groups_to_save < kGroupsToSave);
   };
   if (state.changed.wait_for(lock, longest, is_ready)) return CopyStage::kReady;
-  return state.unwritten == 0 && state.groups_to_save > 0 ? CopyStage::kSaving : CopyStage::kWriting;
+  if (state.unwritten > 0 || state.groups_to_save == 0) return CopyStage::kWriting;
+  return state.is_reading_back ? CopyStage::kReadingBack : CopyStage::kSaving;
 }
 
 }  // namespace platform

@@ -14,16 +14,17 @@ enum class ErrorKind {
   kReadOnlyMedium,  ///< the volume cannot be written
   kDiskFull,        ///< no space (or quota) left on the volume
   kAlreadyExists,
-  kNameTaken,    ///< something bears the name that the caller took for free
-  kNotAFolder,   ///< a folder was expected, something else bears the name
-  kIsAFolder,    ///< a file was expected, a folder bears the name
-  kInUse,        ///< locked by another program
-  kForeignLink,  ///< a link that is not the user's own, which is not followed
-  kBadName,      ///< the name is too long or not allowed on the volume
-  kTooLarge,     ///< the file is larger than the volume's format can hold
-  kShort,        ///< fewer bytes arrived than the file has
-  kDamaged,      ///< what the volume's file system says of its files contradicts itself
-  kCancelled,    ///< a watcher asked to stop
+  kNameTaken,     ///< something bears the name that the caller took for free
+  kNotAFolder,    ///< a folder was expected, something else bears the name
+  kIsAFolder,     ///< a file was expected, a folder bears the name
+  kInUse,         ///< locked by another program
+  kForeignLink,   ///< a link that is not the user's own, which is not followed
+  kBadName,       ///< the name is too long or not allowed on the volume
+  kTooLarge,      ///< the file is larger than the volume's format can hold
+  kShort,         ///< fewer bytes arrived than the file has
+  kNotAsWritten,  ///< what was read back from the disk is not what was written, or could not be read
+  kDamaged,       ///< what the volume's file system says of its files contradicts itself
+  kCancelled,     ///< a watcher asked to stop
   kOther,
 };
 

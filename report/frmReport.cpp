@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kCopying = "File now being copied: ";
 constexpr const char* kComparing = "Now being compared: ";
+constexpr const char* kReadingBack = "Now being read back: ";
 
 }  // namespace
 
@@ -108,7 +109,7 @@ void frmReport::BeginReport(const std::string& title, const std::string& source_
   lblTargetDirpath.SetToolTip(target_folder);
   lblBytesCopied.SetText("");
   lblFreeSpace.SetText("");
-  ShowFileBeingCopied("");
+  ShowFileAtHand("");
   barProgress.SetVisible(true);
   ShowProgress(0);
   Paused = false;
@@ -164,17 +165,14 @@ void frmReport::ShowEnd(const std::string& title, const std::string& text, EndKi
   front_end().Notify(*this, title_, text);
 }
 
-void frmReport::ShowFileBeingCopied(const std::string& path) {
-  Label1.SetText(kCopying);
+void frmReport::ShowFileAtHand(const std::string& path, FileAtHand is) {
+  Label1.SetText(is == FileAtHand::kCompared   ? kComparing
+                 : is == FileAtHand::kReadBack ? kReadingBack
+                                               : kCopying);
   Label1.SetVisible(!path.empty());
   lblFileName.SetText(path);
   lblFileName.SetToolTip(path);
   lblFileName.SetVisible(!path.empty());
-}
-
-void frmReport::ShowFileBeingCompared(const std::string& path) {
-  ShowFileBeingCopied(path);
-  Label1.SetText(kComparing);
 }
 
 void frmReport::ShowSaving() {

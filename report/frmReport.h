@@ -18,6 +18,9 @@
 
 namespace report {
 
+/// What is done with the file at hand.
+enum class FileAtHand { kCopied, kReadBack, kCompared };
+
 /// How the end of a run is shown.
 enum class EndKind {
   kGood,
@@ -73,10 +76,8 @@ class frmReport : public ui::Form {
   bool HoldsText() const { return txbText.length() > 0; }
 
   // --- What is shown beside the report.
-  /// The file that is being copied; none when empty.
-  void ShowFileBeingCopied(const std::string& path);
-  /// In its place: the file that is being compared with its copy.
-  void ShowFileBeingCompared(const std::string& path);
+  /// The file that is at hand, and what is done with it; none when empty.
+  void ShowFileAtHand(const std::string& path, FileAtHand is = FileAtHand::kCopied);
   /// In its place: that what was copied is being brought safely to the disk.
   void ShowSaving();
   /// What has been copied: "Copied: " and so on.

@@ -57,7 +57,7 @@ void frmReport::SetReportButtons2(bool CopyVisible, bool PauseVisible, const std
 
 void frmReport::SetReportButtons(const std::string& caption) {
   Paused = false;
-  ShowFileBeingCopied("");
+  ShowFileAtHand("");
   barProgress.SetVisible(false);
   lblDetails.SetText("");
   SetTaskProgress(std::nullopt);

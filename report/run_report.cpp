@@ -98,7 +98,7 @@ void RunReport::WriteLine(const std::string& text) {
 
 void RunReport::CopyBegun(const std::string& source_path) {
   file_ = source_path;
-  is_compared_ = false;
+  is_ = FileAtHand::kCopied;
   copying_ = true;
   ShowWhenDue();
 }
@@ -110,9 +110,15 @@ void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) 
   ShowWhenDue();
 }
 
+void RunReport::ReadingBack(const std::string& source_path) {
+  file_ = source_path;
+  is_ = FileAtHand::kReadBack;
+  ShowWhenDue();
+}
+
 void RunReport::Comparing(const std::string& source_path) {
   file_ = source_path;
-  is_compared_ = true;
+  is_ = FileAtHand::kCompared;
   ShowWhenDue();
 }
 
@@ -124,7 +130,7 @@ void RunReport::Compared(std::int64_t bytes, std::int64_t files) {
 
 void RunReport::Saving(bool is_saving) {
   file_.reset();
-  is_saving ? window_.ShowSaving() : window_.ShowFileBeingCopied("");
+  is_saving ? window_.ShowSaving() : window_.ShowFileAtHand("");
 }
 
 void RunReport::Progress(double fraction) {
@@ -177,8 +183,7 @@ void RunReport::ShowWhenDue() {
 }
 
 void RunReport::ShowLatest() {
-  if (file_ && is_compared_) window_.ShowFileBeingCompared(Printable(*file_));
-  if (file_ && !is_compared_) window_.ShowFileBeingCopied(Printable(*file_));
+  if (file_) window_.ShowFileAtHand(Printable(*file_), is_);
   ShowSums();
   const double fraction = progress_.fraction();
   window_.ShowProgress(fraction, progress_.Details(), progress_.TimeLeft());
@@ -199,7 +204,7 @@ std::string RunReport::InWords(const char* what, const Sum& sum) const {
 void RunReport::ShowHeld() {
   progress_.Held(clock_.Monotonic());
   ShowLatest();
-  if (!copying_) window_.ShowFileBeingCopied("");
+  if (!copying_) window_.ShowFileAtHand("");
 }
 
 void RunReport::ShowFreeSpace() {

@@ -29,6 +29,7 @@ struct RunFacts {
   std::function<std::string()> free_space_text;  ///< the free space on the target; may be empty
   Expected expected = {};                        ///< what was counted before
   bool compares_contents = false;                ///< also of files that seem up to date
+  bool reads_back = false;                       ///< what is copied
 };
 
 /// Turns what the engine tells during a run into the lines of the report, and answers it.
@@ -59,6 +60,7 @@ class RunReport : public engine::Listener {
   void WriteLine(const std::string& text) override;
   void CopyBegun(const std::string& source_path) override;
   void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) override;
+  void ReadingBack(const std::string& source_path) override;
   void Comparing(const std::string& source_path) override;
   void Compared(std::int64_t bytes, std::int64_t files) override;
   void Saving(bool is_saving) override;
@@ -94,6 +96,7 @@ class RunReport : public engine::Listener {
   void WriteSinceHeading();
   void WriteCopied(const engine::Totals& totals);
   void WriteCompared(const engine::Totals& totals);
+  void WriteReadBack(const engine::Totals& totals);
   void WriteWarningLine(const engine::Totals& totals);
 
   void ShowWhenDue();
@@ -116,7 +119,7 @@ class RunReport : public engine::Listener {
 
   // What has come since the labels were set last.
   std::optional<std::string> file_;
-  bool is_compared_ = false;  ///< the file, not copied
+  FileAtHand is_ = FileAtHand::kCopied;
   std::optional<Sum> copied_;
   std::optional<Sum> compared_;
   std::optional<std::chrono::milliseconds> shown_;

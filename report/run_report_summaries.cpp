@@ -49,6 +49,12 @@ void RunReport::WriteCompared(const engine::Totals& totals) {
   WriteCount("Number of these with other content in the copy: ", totals.counts.differed);
 }
 
+void RunReport::WriteReadBack(const engine::Totals& totals) {
+  if (!facts_.reads_back) return;
+  WriteCount("Number of copies that were read back from the disk: ", totals.counts.read_back);
+  WriteCount("Number of these that were not as written: ", totals.counts.not_as_written);
+}
+
 void RunReport::ReportForListFolders(const engine::Totals& totals) {
   BeginSummary();
   WriteCount("Number of folders: ", totals.folders);
@@ -62,6 +68,7 @@ void RunReport::ReportForBackupAllFiles(const engine::Totals& totals) {
   WriteCount("Number of non-empty folders accessed: ", totals.non_empty_folders);
   WriteCopied(totals);
   if (totals.counts.copied > 0) WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
+  WriteReadBack(totals);
 }
 
 void RunReport::ReportForBackupModifiedFiles(const engine::Totals& totals) {
@@ -76,6 +83,7 @@ void RunReport::ReportForBackupModifiedFiles(const engine::Totals& totals) {
   }
   WriteCopied(totals);
   WriteSize("Sum of sizes of files copied: ", totals.bytes_copied);
+  WriteReadBack(totals);
   WriteCompared(totals);
   WriteWarningLine(totals);
 }

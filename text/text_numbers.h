@@ -155,6 +155,10 @@ inline constexpr int kCopyNotReadAdvice = 773;       ///< a sentence behind that
 inline constexpr int kChangedBeforeComparing = 774;  ///< lead word
 inline constexpr int kComparesContents = 775;        ///< a line of the heading
 
+// --- Copies read back; lines of the engine
+inline constexpr int kReasonNotAsWritten = 776;
+inline constexpr int kReadsBack = 777;  ///< a line of the heading
+
 // --- Report window
 inline constexpr int kAskCancelBackup = 700;
 inline constexpr int kAskCancelOperation = 701;

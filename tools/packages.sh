@@ -1,7 +1,8 @@
 # shellcheck shell=bash disable=SC2034
 # What Quorvane needs beyond a bare Debian or Ubuntu, and how to get it. Read by ./run and ./test.
 
-build_packages=(g++ cmake ninja-build qt6-base-dev googletest libgtest-dev libbenchmark-dev python3 fonts-liberation)
+build_packages=(g++ cmake ninja-build qt6-base-dev googletest libgtest-dev libbenchmark-dev libxxhash-dev python3
+  fonts-liberation)
 screen_packages=(xvfb openbox xdotool wmctrl imagemagick x11-utils util-linux
   at-spi2-core gir1.2-atspi-2.0 python3-gi dbus)
 tidy_packages=(clang-tidy)

@@ -121,17 +121,16 @@ std::string OptionsText(const Setup& setup) {
   return text;
 }
 
-/// By what earlier comparisons took; too short a time tells nothing.
-std::string TimeText(const PreviewFindings& findings, const ComparisonPace& pace) {
+/// By what earlier runs took; too short a time tells nothing.
+std::string TimeText(std::int64_t its_files, std::int64_t its_bytes, const Pace& pace) {
   constexpr double kCostOfAFile = 64 * 1024;  // beyond its bytes, in bytes
   constexpr double kLeastSeconds = 3;
   constexpr double kMinute = 60;
   const auto cost = [](std::int64_t files, std::int64_t bytes) {
     return static_cast<double>(bytes) + kCostOfAFile * static_cast<double>(files);
   };
-  if (pace.files == 0 || pace.seconds < kLeastSeconds || findings.files_same == 0) return {};
-  const double seconds =
-      pace.seconds * cost(findings.files_same, findings.bytes_same) / cost(pace.files, pace.bytes);
+  if (pace.files == 0 || pace.seconds < kLeastSeconds || its_files == 0) return {};
+  const double seconds = pace.seconds * cost(its_files, its_bytes) / cost(pace.files, pace.bytes);
   if (seconds < kMinute) return ", less than a minute";
   const auto minutes = static_cast<std::int64_t>(std::ceil(seconds / kMinute));
   return ", about " + std::to_string(minutes) + " minute" + StrProc::PluralSuffix(minutes);
@@ -264,12 +263,23 @@ std::vector<Fact> FactsOf(const ConfirmationInput& tell) {
   return facts;
 }
 
-std::string ComparisonText(const ConfirmationInput& tell, const ComparisonPace& pace, bool is_chosen) {
+std::string ComparisonText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen) {
   const PreviewFindings& findings = tell.findings;
   std::string text = "To be read: " + Count(findings.files_same, "file", tell) + ", " +
-                     Size(findings.bytes_same, tell) + " on each side" + TimeText(findings, pace) +
+                     Size(findings.bytes_same, tell) + " on each side" +
+                     TimeText(findings.files_same, findings.bytes_same, pace) +
                      (findings.complete ? "." : " so far . . .");
   if (is_chosen) text += " Holds for \"Check backup state\", too, until the program ends.";
+  return text;
+}
+
+std::string ReadBackText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen) {
+  const PreviewFindings& findings = tell.findings;
+  const std::string time = TimeText(findings.files_due, findings.bytes_due, pace);
+  std::string text = "To be read once more: " + Count(findings.files_due, "file", tell) + ", " +
+                     Size(findings.bytes_due, tell) + (time.empty() ? "" : time + " with the copying") +
+                     (findings.complete ? "." : " so far . . .");
+  if (is_chosen) text += " Holds until the program ends.";
   return text;
 }
 

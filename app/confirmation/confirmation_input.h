@@ -26,11 +26,17 @@ struct TargetVolume {
   std::int64_t largest_file = 0;             ///< bytes that one file may have; 0: no limit is known
 };
 
-/// How long it took to compare so many files and bytes of one side; no files: it is not known.
-struct ComparisonPace {
+/// How long so many files and bytes took; no files: it is not known.
+struct Pace {
   std::int64_t files = 0;
   std::int64_t bytes = 0;
   double seconds = 0;
+};
+
+/// Those of earlier runs.
+struct KnownPaces {
+  Pace comparing;     ///< bytes of one side
+  Pace reading_back;  ///< together with copying
 };
 
 struct ConfirmationInput {
@@ -49,7 +55,10 @@ std::vector<Fact> FactsOf(const ConfirmationInput& tell);
 
 /// How much is to be read when contents are compared, how long that takes at a known pace, and for how long
 /// the choice holds.
-std::string ComparisonText(const ConfirmationInput& tell, const ComparisonPace& pace, bool is_chosen);
+std::string ComparisonText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen);
+
+/// The same of reading copies back.
+std::string ReadBackText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen);
 
 /// What in the setup is worth a second look; empty when nothing is.
 std::vector<std::string> FindConcerns(const ConfirmationInput& tell);

@@ -46,13 +46,13 @@ frmConfirmOperation::FactRow::FactRow(ui::Container& area, std::size_t index)
 }
 
 frmConfirmOperation::frmConfirmOperation(Context& context, engine::RunRequest request,
-                                         std::vector<std::string> warnings, ComparisonPace pace)
+                                         std::vector<std::string> warnings, KnownPaces paces)
     : Form(context.front_end, "frmConfirmOperation", ui::FormStyle::kDialog),
       context_(context),
       request_(std::move(request)),
       preview_(context.files, context.clock, request_),
       warnings_(std::move(warnings)),
-      pace_(pace) {
+      paces_(paces) {
   ConnectHandlers();
 }
 
@@ -62,6 +62,7 @@ void frmConfirmOperation::ConnectHandlers() {
   on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
   vsbFacts.on_change = [this] { vsbFacts_Change(); };
   chkCompareContents.on_click = [this] { chkCompareContents_Click(); };
+  chkReadBack.on_click = [this] { chkReadBack_Click(); };
   cmdStart.on_mouse_up = [this] { cmdStart_Click(); };
   cmdCancel.on_mouse_up = [this] { cmdCancel_Click(); };
   tmrRead.on_timer = [this] { tmrRead_Timer(); };
@@ -89,6 +90,9 @@ void frmConfirmOperation::Form_Load() {
   chkCompareContents.SetVisible(request_.operation == Operation::kBackupModifiedFiles);
   chkCompareContents.SetValue(request_.compare_contents ? 1 : 0);
   lblToBeCompared.SetVisible(chkCompareContents.visible());
+  chkReadBack.SetText("Read every copy back and compare it");
+  chkReadBack.SetAccessKey('R');
+  chkReadBack.SetValue(request_.read_back ? 1 : 0);
   chkDontShowAgain.SetText("Do not show this again while the program runs");
   chkDontShowAgain.SetAccessKey('D');
   cmdStart.SetText("Start backup");
@@ -145,9 +149,15 @@ ConfirmationInput frmConfirmOperation::WhatToTell() const {
 }
 
 void frmConfirmOperation::chkCompareContents_Click() {
-  const std::string text = ComparisonText(WhatToTell(), pace_, ComparesContents());
+  const std::string text = ComparisonText(WhatToTell(), paces_.comparing, ComparesContents());
   lblToBeCompared.SetText(text);
   chkCompareContents.SetDescription(text);
+}
+
+void frmConfirmOperation::chkReadBack_Click() {
+  const std::string text = ReadBackText(WhatToTell(), paces_.reading_back, ReadsBack());
+  lblToBeReadBack.SetText(text);
+  chkReadBack.SetDescription(text);
 }
 
 void frmConfirmOperation::Refresh() {
@@ -161,6 +171,7 @@ void frmConfirmOperation::Refresh() {
   for (const Fact& fact : facts_) spoken += " " + fact.heading + " " + fact.text;
   cmdStart.SetDescription(spoken);
   chkCompareContents_Click();
+  chkReadBack_Click();
   Form_Resize();
 }
 
@@ -179,20 +190,21 @@ void frmConfirmOperation::Form_Resize() {
   chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
 
   const Twips facts = lblExplanation.bounds().bottom() + kMargin;
-  const Twips facts_end = PlaceDoubts(PlaceChoices(buttons, width) - kGap, width) - kGap;
+  Twips choices = PlaceChoice(chkReadBack, lblToBeReadBack, buttons, width);
+  choices = PlaceChoice(chkCompareContents, lblToBeCompared, choices, width);
+  const Twips facts_end = PlaceDoubts(choices - kGap, width) - kGap;
   picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
   PlaceFacts();
   if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
 }
 
-/// The choices stand right above the buttons. Returns their upper edge.
-Twips frmConfirmOperation::PlaceChoices(Twips bottom, Twips width) {
-  if (!chkCompareContents.visible()) return bottom;
-  const Twips label = bottom - kGap - kLineHeight;
-  lblToBeCompared.SetBounds({kMargin + kIndent, label, width - kIndent, kLineHeight});
-  chkCompareContents.SetBounds({kMargin, label - kChoiceHeight, width, kChoiceHeight});
-  return chkCompareContents.top();
+/// The choices stand right above the buttons, each with what it costs below it. Returns its upper edge.
+Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, Twips bottom, Twips width) {
+  if (!choice.visible()) return bottom;
+  amount.SetBounds({kMargin + kIndent, bottom - kGap - kLineHeight, width - kIndent, kLineHeight});
+  choice.SetBounds({kMargin, amount.top() - kChoiceHeight, width, kChoiceHeight});
+  return choice.top();
 }
 
 /// The doubts stand above them. Returns their upper edge.

@@ -18,10 +18,10 @@ namespace app {
 /// stands open.
 class frmConfirmOperation : public ui::Form {
  public:
-  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts. `pace`
-  /// is that of earlier comparisons.
+  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts.
+  /// `paces` are those of earlier runs.
   frmConfirmOperation(Context& context, engine::RunRequest request, std::vector<std::string> warnings = {},
-                      ComparisonPace pace = {});
+                      KnownPaces paces = {});
 
   /// Shows the window above `owner`. Returns whether the user wants the operation. Called once.
   bool Confirm(ui::Form& owner);
@@ -30,6 +30,8 @@ class frmConfirmOperation : public ui::Form {
 
   /// Whether the user wants contents to be compared, by this operation and by those to come.
   bool ComparesContents() const { return chkCompareContents.value() == 1; }
+  /// Whether he wants copies to be read back, likewise.
+  bool ReadsBack() const { return chkReadBack.value() == 1; }
 
   /// What was found out while the window stood open.
   const PreviewFindings& findings() const { return preview_.findings(); }
@@ -40,6 +42,7 @@ class frmConfirmOperation : public ui::Form {
   void vsbFacts_Change();
   void tmrRead_Timer();
   void chkCompareContents_Click();
+  void chkReadBack_Click();
   void cmdStart_Click();
   void cmdCancel_Click();
 
@@ -61,6 +64,8 @@ class frmConfirmOperation : public ui::Form {
   ui::Label lblDoubts{&fraDoubts, "lblDoubts"};
   ui::CheckBox chkCompareContents{this, "chkCompareContents"};
   ui::Label lblToBeCompared{this, "lblToBeCompared"};
+  ui::CheckBox chkReadBack{this, "chkReadBack"};
+  ui::Label lblToBeReadBack{this, "lblToBeReadBack"};
   ui::CheckBox chkDontShowAgain{this, "chkDontShowAgain"};
   ui::Button cmdStart{this, "cmdStart"};
   ui::Button cmdCancel{this, "cmdCancel"};
@@ -73,7 +78,7 @@ class frmConfirmOperation : public ui::Form {
   ConfirmationInput WhatToTell() const;
   bool ShareADisk(const std::string& source, const std::string& target) const;
   void MakeFactRows(std::size_t count);
-  ui::Twips PlaceChoices(ui::Twips bottom, ui::Twips width);
+  ui::Twips PlaceChoice(ui::CheckBox& choice, ui::Label& amount, ui::Twips bottom, ui::Twips width);
   ui::Twips PlaceDoubts(ui::Twips bottom, ui::Twips width);
   void PlaceFacts();
   std::string Wrapped(const std::string& text, ui::Twips width, const ui::Font& font) const;
@@ -84,7 +89,7 @@ class frmConfirmOperation : public ui::Form {
   OperationPreview preview_;
   TargetVolume volume_;
   std::vector<std::string> warnings_;
-  const ComparisonPace pace_;
+  const KnownPaces paces_;
   std::vector<Fact> facts_;
   std::vector<std::string> doubts_;
   bool activated_ = false;

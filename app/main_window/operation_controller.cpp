@@ -53,6 +53,7 @@ engine::RunOutcome OperationController::RunOperation(std::string* statusText) {
   const engine::Tools tools = EngineTools();
   engine::RunRequest request = RequestForRun();
   compares_contents_ = ComparesContents(request);
+  reads_back_ = ReadsBack(request);
   if (!IsListOperation(request.operation)) main_.RefreshFreeSpaceLabel();
   const auto show_note = [this](const std::string& note) { main_.ShowNote(note); };
   if (const auto refusal = CheckRequest(tools, request, show_note)) return Refuse(*refusal, statusText);
@@ -95,11 +96,14 @@ std::string OperationController::TrueReason(std::int16_t status, const std::stri
   return why.empty() ? reason : why;
 }
 
-/// What copies took would count, too.
+/// Of a run that did the one thing only: what else it did took time, too.
 void OperationController::RememberPace(const engine::Totals& totals) {
-  if (totals.counts.compared == 0 || totals.counts.copied > 0) return;
-  const std::chrono::duration<double> worked = run_report_->worked();
-  pace_ = {totals.counts.compared, totals.bytes_compared, worked.count()};
+  const std::int64_t compared = totals.counts.compared;
+  const std::int64_t read_back = totals.counts.read_back;
+  const double seconds = std::chrono::duration<double>(run_report_->worked()).count();
+  if (compared > 0 && totals.counts.copied == 0)
+    paces_.comparing = {compared, totals.bytes_compared, seconds};
+  if (read_back > 0 && compared == 0) paces_.reading_back = {read_back, totals.bytes_read_back, seconds};
 }
 
 void OperationController::ShowEnd(const engine::RunOutcome& outcome) {
@@ -142,6 +146,7 @@ engine::RunRequest OperationController::RequestForRun() const {
   request.modified_since = DatePr2::ModifiedSinceLimit(request.setup.ModifiedSince, context_.clock);
   request.skip_picture_caches = main_.SkipPictureCaches;
   request.compare_contents = main_.CompareContents && !Unattended();
+  request.read_back = main_.ReadBack && !Unattended();
   return request;
 }
 
@@ -185,11 +190,14 @@ report::Expected OperationController::ExpectedBy(const PreviewFindings& findings
 
 bool OperationController::Confirm(engine::RunRequest& request) {
   if (main_.SkipConfirmation) return true;
-  frmConfirmOperation window(context_, request, warnings_, pace_);
+  frmConfirmOperation window(context_, request, warnings_, paces_);
   const bool confirmed = window.Confirm(main_);
   main_.CompareContents = window.ComparesContents();
+  main_.ReadBack = window.ReadsBack();
   request.compare_contents = main_.CompareContents;
+  request.read_back = main_.ReadBack;
   compares_contents_ = ComparesContents(request);
+  reads_back_ = ReadsBack(request);
   expected_ = ExpectedBy(window.findings(), compares_contents_);
   main_.SkipConfirmation = confirmed && window.NotAgain();
   return confirmed;
@@ -201,6 +209,7 @@ void OperationController::OpenReport(const engine::ReportHeading& heading) {
   facts.operation = main_.CurrentOperation;
   facts.expected = std::exchange(expected_, {});
   facts.compares_contents = compares_contents_;
+  facts.reads_back = reads_back_;
   facts.suppress_detailed_report = setup.SuppressDetailedReports;
   facts.unattended = Unattended();
   facts.source_folder = setup.SourceFolder;

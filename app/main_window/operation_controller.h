@@ -84,7 +84,8 @@ class OperationController : public report::MainWindow {
   std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
   std::string target_;                 ///< of the last run that copies
   bool compares_contents_ = false;     ///< the run does
-  ComparisonPace pace_;                ///< of the last run that compared much
+  bool reads_back_ = false;            ///< likewise
+  KnownPaces paces_;                   ///< of the last runs that did much
   report::Expected expected_;          ///< of the run that was just confirmed
 };
 

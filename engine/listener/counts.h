@@ -18,6 +18,9 @@ struct FileCounts {
   std::int64_t due = 0;       ///< new or modified, found by an operation that does not copy; or merely listed
   std::int64_t compared = 0;  ///< read on both sides because they seemed up to date, with success
   std::int64_t differed = 0;  ///< of these, with other content though the source had not changed meanwhile
+  // Of the run's totals only:
+  std::int64_t read_back = 0;       ///< copies that were read back from the disk
+  std::int64_t not_as_written = 0;  ///< of these, other than written or unreadable; they count as failed
 };
 
 /// The files directly in one folder.
@@ -40,6 +43,7 @@ struct Totals {
   std::int64_t bytes_copied = 0;       ///< by FileSizeOf()
   std::int64_t warnings = 0;           ///< lines about things that are not in the backup and no failed files
   std::int64_t bytes_compared = 0;     ///< of one side
+  std::int64_t bytes_read_back = 0;
 };
 
 }  // namespace engine

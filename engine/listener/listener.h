@@ -33,6 +33,9 @@ class Listener {
   /// A file has been copied; the sums of the run so far.
   virtual void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) = 0;
 
+  /// The run waits for the copy of this file, which is read back from the disk. To be shown.
+  virtual void ReadingBack(const std::string& source_path) = 0;
+
   /// The run waits for this file, whose content is compared with that of its copy. To be shown.
   virtual void Comparing(const std::string& source_path) = 0;
   /// What has been compared so far: bytes of one side, and files. Told now and then.

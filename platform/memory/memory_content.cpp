@@ -38,7 +38,11 @@ Result<std::unique_ptr<ReadableFile>> MemoryFileSystem::OpenToRead(const std::st
   auto node = Find(path);
   if (!node) return node.error();
   if ((*node)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
-  return std::unique_ptr<ReadableFile>(std::make_unique<MemoryContent>(*this, std::move(*node)));
+  return Reader(std::move(*node));
+}
+
+std::unique_ptr<ReadableFile> MemoryFileSystem::Reader(NodePtr file) const {
+  return std::make_unique<MemoryContent>(*this, std::move(file));
 }
 
 std::unique_ptr<Comparer> MemoryFileSystem::MakeComparer(const std::string&, const std::string&) {

@@ -7,6 +7,7 @@
 #include "platform/memory/memory_file_system.h"
 #include "platform/memory/memory_node.h"
 #include "platform/path.h"
+#include "platform/read_back.h"
 
 namespace platform::memory {
 namespace {
@@ -55,6 +56,11 @@ class MemoryDraft : public Draft {
     return Make(**source, before != std::pair((*source)->size, (*source)->modified));
   }
 
+  Status ReadBack(const CopyProgress& watcher) override {
+    if (auto error = files_.Enter(Call::kReadBack, target_path_)) return NotAsWritten(*error);
+    return platform::ReadBack(*files_.Reader(file_), written_, watcher);
+  }
+
   Status Publish() override {
     if (auto error = files_.Enter(Call::kPublish, target_path_)) return *error;
     const NodePtr old = FindChild(*folder_, order_.file->name, files_.folding_);
@@ -94,6 +100,10 @@ class MemoryDraft : public Draft {
                                         source.attributes & kSystem,
                                         {},
                                         false});
+    FingerprintTaker fingerprint;
+    fingerprint.Add(file_->content);
+    written_ = fingerprint.Taken();
+    if (files_.garbled_.contains(target_path_)) file_->content.back() ^= 1;
     files_.WillChange(folder_, file_->name);
     folder_->children.push_back(file_);
     file_->is_on_disk = false;
@@ -114,6 +124,7 @@ class MemoryDraft : public Draft {
   NodePtr folder_;
   NodePtr file_;
   NodePtr replaced_;
+  Fingerprint written_;
   bool is_published_ = false;
 };
 

@@ -24,6 +24,7 @@ enum class Call {
   kReadSource,   ///< the reading side of that; path: the source file
   kReadBlock,    ///< after each block of that; path: the source file. Not recorded and cannot fail
   kSaveData,     ///< a group's data is brought to the disk; path: the first target file
+  kReadBack,     ///< a copy is read back; path: the target file
   kPublish,      ///< a copy gets its final name; path: the target file
   kReadContent,  ///< a file is opened to be compared; path: its own
   kSaveNames,    ///< a group's names are brought to the disk; path: the first target file
@@ -85,6 +86,8 @@ class MemoryFileSystem : public FileSystem {
   /// From now on `call` on `path` (empty: on every path) fails with `error`; the next `times` times only when
   /// not 0.
   void Fail(Call call, const std::string& path, Error error, int times = 0);
+  /// From now on copies to `path`, of files that are not empty, hold another byte than was written.
+  void Garble(const std::string& path) { garbled_.insert(path); }
   void Heal();
   /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
   /// Unlimited until set.
@@ -166,6 +169,7 @@ class MemoryFileSystem : public FileSystem {
   Result<NodePtr> Find(const std::string& path) const;
   Identity IdentityOf(const Node& node, const std::string& path) const;
   Result<std::unique_ptr<ReadableFile>> OpenToRead(const std::string& path);
+  std::unique_ptr<ReadableFile> Reader(NodePtr file) const;
   static std::string StoredName(const Node& folder, std::string_view name);
   Entry EntryOf(const NodePtr& node, const std::string& path) const;
   bool IsReadOnlyPlace(const std::string& path) const;
@@ -190,6 +194,7 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, std::string> disks_;  ///< by mount point
   std::set<std::string> read_only_places_;
   std::set<std::string> kept_read_only_;
+  std::set<std::string> garbled_;
   std::function<void(Call, const std::string&)> before_;
   std::int64_t block_size_ = std::int64_t{256} * 1024;
   Folding folding_ = nullptr;

@@ -103,6 +103,7 @@ Error MakeError(ErrorKind kind) {
     case ErrorKind::kTooLarge:
       return {kind, 27, "File too large"};
     case ErrorKind::kForeignLink:
+    case ErrorKind::kNotAsWritten:
       return {kind, 0, {}};
     case ErrorKind::kShort:
       return {kind, 0, "The file ended early"};

@@ -123,6 +123,7 @@ void MemoryFileSystem::Heal() {
   faults_.clear();
   read_only_places_.clear();
   kept_read_only_.clear();
+  garbled_.clear();
 }
 
 void MemoryFileSystem::SetSpace(std::uint64_t free, std::uint64_t total) { space_ = DiskSpace{free, total}; }

@@ -12,7 +12,7 @@ struct ConfirmOperation : testing::Test, Program {
 
   /// Opens the window, lets it read to its end, then lets the user act.
   bool Confirm(const std::function<void()>& user) {
-    confirm.emplace(context, request, std::vector<std::string>(), pace);
+    confirm.emplace(context, request, std::vector<std::string>(), paces);
     front_end.when_idle = [&] {
       if (confirm->tmrRead.running()) return front_end.PassTime(1);
       user();
@@ -42,7 +42,7 @@ struct ConfirmOperation : testing::Test, Program {
 
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
   engine::RunRequest request{setup, Operation::kBackupModifiedFiles, {}, false};
-  ComparisonPace pace;
+  KnownPaces paces;
   std::optional<frmConfirmOperation> confirm;
 };
 
@@ -160,11 +160,27 @@ TEST_F(ConfirmOperation, OffersToCompareWhatSeemsUpToDateAndTellsHowMuchThatIs) 
   EXPECT_TRUE(confirm->ComparesContents());
   EXPECT_TRUE(confirm->lblToBeCompared.text().ends_with(
       " Holds for \"Check backup state\", too, until the program ends."));
-  pace = {3, 0, 90};
+  paces.comparing = {3, 0, 90};
   const std::string known = "To be read: 2 files, 8 bytes on each side, about 2 minutes.";
   Confirm([&] { EXPECT_EQ(confirm->lblToBeCompared.text(), known); });
   request.operation = Operation::kBackupAllFiles;
   Confirm([&] { EXPECT_FALSE(confirm->chkCompareContents.visible() || confirm->lblToBeCompared.visible()); });
+}
+
+TEST_F(ConfirmOperation, OffersToReadCopiesBackAndTellsHowMuchThatIs) {
+  tree::Add(files, {"/src/new=12345", "/src/longer=12", "/dst/longer=1"});
+  request.read_back = true;
+  paces.reading_back = {3, 0, 90};
+  for (const Operation operation : {Operation::kBackupModifiedFiles, Operation::kBackupAllFiles}) {
+    request.operation = operation;
+    Confirm([&] {
+      const std::string known = "To be read once more: 2 files, 7 bytes, about 2 minutes with the copying.";
+      EXPECT_EQ(confirm->lblToBeReadBack.text(), known + " Holds until the program ends.");
+      confirm->UserPressedAccessKey('R');
+      EXPECT_EQ(confirm->lblToBeReadBack.text(), known);
+    });
+    EXPECT_FALSE(confirm->ReadsBack());
+  }
 }
 
 TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {

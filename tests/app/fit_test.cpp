@@ -66,7 +66,7 @@ TEST(Fit, EveryWindowLiesOnASmallScreenAndEveryControlInItsWindow) {
       select.cmdCancel_Click();
     });
     select.Choose(window);
-    frmConfirmOperation confirm(program.context, {program.setup, Operation::kBackupAllFiles, {}, false});
+    frmConfirmOperation confirm(program.context, {program.setup, Operation::kBackupModifiedFiles, {}, false});
     program.front_end.Post([&] {
       confirm.Form_Activate();
       ExpectInside(confirm, screen);

@@ -1,4 +1,5 @@
 #include "app/confirmation/frmConfirmOperation.h"
+#include "app/operation/run_result.h"
 #include "tests/app/program.h"
 
 namespace app::test {
@@ -168,6 +169,39 @@ TEST_F(Operations, CompareContentsOnceThatIsTickedAlsoWhereNothingIsStartedButNe
                 "All files backed up.\r\nNumber of files whose contents were compared: 1\r\n"
                 "Number of these with other content in the copy: 0\r\n"),
             std::string::npos);
+}
+
+TEST_F(Operations, ReadCopiesBackFromWhenThatIsTickedUntilTheProgramEnds) {
+  tree::Add(files, {"/src/b=1"});
+  StartWithSetup();
+  files.Garble("/dst/b");
+  bool ticks = true;
+  front_end.when_idle = [&] {
+    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
+    if (form == nullptr || form->tmrRead.running()) return front_end.PassTime(1);
+    if (std::exchange(ticks, false)) Tick(form->chkReadBack, true);
+    Click(form->cmdStart);
+  };
+  const std::string end =
+      "1 file copied, 1 file could not be copied, 2 files read back, 1 file not as written.";
+  for (ui::Button* button : {&window->cmdBackupAllFiles, &window->cmdBackupAllFiles}) {
+    Click(*button);
+    EXPECT_EQ(window->ReportWindow().lblState.text(), "! Finished: " + end);
+    EXPECT_NE(
+        window->ReportWindow().txbText.text().find("Number of copies that were read back from the disk: 2\r\n"
+                                                   "Number of these that were not as written: 1\r\n"),
+        std::string::npos);
+  }
+}
+
+TEST(ResultLine, TellsOfAComparisonOnlyWhereOneWasMade) {
+  engine::RunOutcome outcome;
+  outcome.totals.counts.compared = 9;
+  outcome.totals.counts.differed = 1;
+  const std::string always = "RESULT status=ok new=0 modified=0 copied=0 failed=0 bytes=0 seconds=2";
+  EXPECT_EQ(ResultLine(outcome, 1.5), always);
+  outcome.compared_contents = true;
+  EXPECT_EQ(ResultLine(outcome, 1.5), always + " compared=9 differed=1");
 }
 
 }  // namespace app::test

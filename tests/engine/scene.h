@@ -31,7 +31,7 @@ class Scene : public Listener {
 
   /// Runs an operation, holds its sums against each other, and gives them in words: "new 2, copied 2".
   std::string Run(app::Operation operation) {
-    const RunRequest request{setup, operation, {}, false, compare_contents};
+    const RunRequest request{setup, operation, {}, false, compare_contents, reads_back};
     outcome = {};
     refusal = CheckRequest(tools, request, [](const std::string&) {});
     if (!refusal) outcome = RunChecked(tools, request);
@@ -79,6 +79,7 @@ class Scene : public Listener {
     if (on_copy) on_copy();
   }
   void CopyEnded(std::int64_t, std::int64_t) override {}
+  void ReadingBack(const std::string& path) override { read_back += path + "|"; }
   void Comparing(const std::string&) override {}
   void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool is_saving) override { saving += is_saving ? "saving|" : "done|"; }
@@ -108,7 +109,8 @@ class Scene : public Listener {
       "560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n563 Folder name taken.\n"
       "590 Above:\n591 Below:\n592 Other run.\n654 Taken:\n655 Wait.\n"
       "770 Other content:\n771 Not compared:\n772 Copy unreadable:\n773 Move it.\n774 Changed before:\n"
-      "775 Comparing all.\n540 Interrupted.\n541 Not marked:\n505 Folder in the way.\n508 Bad name.\n511 "
+      "775 Comparing all.\n776 Bad disk.\n777 Reading back.\n540 Interrupted.\n541 Not marked:\n505 Folder "
+      "in the way.\n508 Bad name.\n511 "
       "Unknown.\n661 Became "
       "folder.\n652 Unreadable:\n653 Not plain:\n"};
   bool write_protected = false;
@@ -129,10 +131,10 @@ class Scene : public Listener {
   RunOutcome outcome;
   std::optional<Refusal> refusal;  ///< of the last run
 
-  std::string lines, visited, copied, told, paused_after, saving;
+  std::string lines, visited, copied, told, paused_after, saving, read_back;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
-  bool compare_contents = false;
+  bool compare_contents = false, reads_back = false;
   bool go_on = true, stop = false, pause_wished = false;
   std::function<void()> on_copy, on_breath;
 };

@@ -21,7 +21,7 @@ bool IsRefusal(int number) {
 }  // namespace
 
 Status DataMover::MoveToEnd(std::int64_t expected) {
-  if (expected - moved_ > static_cast<std::int64_t>(block_.size())) {
+  if (fingerprint_ == nullptr && expected - moved_ > static_cast<std::int64_t>(block_.size())) {
     if (Status moved = MoveBySystem(expected); !moved) return moved;
   }
   return MoveByBlocks(expected);
@@ -48,6 +48,7 @@ Status DataMover::MoveByBlocks(std::int64_t expected) {
     if (length == 0) return Done{};
     const auto count = static_cast<std::size_t>(length);
     if (Status written = Write(block_.first(count)); !written) return written;
+    if (fingerprint_ != nullptr) fingerprint_->Add(block_.first(count));
     moved_ += length;
     if (count < block_.size() && moved_ == expected) return Done{};
   }

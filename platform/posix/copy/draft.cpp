@@ -5,11 +5,14 @@
 
 #include <cerrno>
 #include <memory>
+#include <optional>
 
 #include "platform/posix/attributes/dos_bits.h"
 #include "platform/posix/copy/data_mover.h"
 #include "platform/posix/listing/file_facts.h"
+#include "platform/posix/listing/readable_file.h"
 #include "platform/posix/system_error.h"
+#include "platform/read_back.h"
 
 namespace platform::posix {
 namespace {
@@ -61,9 +64,13 @@ Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
   if (const Status created = file_.Create(target().handle(), mode); !created) return created.error();
 
   const struct stat before = source->facts;
-  DataMover mover(source->handle.get(), file_.handle(), Block(), watcher);
+  std::optional<FingerprintTaker> fingerprint;
+  if (order_.read_back) fingerprint.emplace();
+  DataMover mover(source->handle.get(), file_.handle(), Block(), watcher,
+                  fingerprint ? &*fingerprint : nullptr);
   if (const Status moved = MoveData(mover, *source); !moved) return moved.error();
   if (watcher && mover.moved() > 0 && !watcher(mover.moved())) return ErrorOf(ECANCELED);
+  if (fingerprint) written_ = fingerprint->Taken();
 
   CopyOutcome outcome{mover.moved(), source->attributes, 0,
                       source->is_fresh || Differ(before, source->facts)};
@@ -79,6 +86,11 @@ Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
   }
   if (const Status closed = file_.Close(); !closed) return closed.error();
   return outcome;
+}
+
+Status PosixDraft::ReadBack(const CopyProgress& watcher) {
+  const auto copy = OpenToReadBack(target().handle(), file_.temporary_name());
+  return copy ? platform::ReadBack(**copy, written_, watcher) : NotAsWritten(copy.error());
 }
 
 Status PosixDraft::Publish() {

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include "platform/copy_volume.h"
+#include "platform/fingerprint.h"
 #include "platform/posix/copy/source_file.h"
 #include "platform/posix/copy/temporary_file.h"
 #include "platform/posix/listing/folder.h"
@@ -25,6 +26,7 @@ class PosixDraft : public Draft {
 
   /// On a served volume the data is on the disk afterwards.
   Result<CopyOutcome> Write(const CopyProgress& watcher) override;
+  Status ReadBack(const CopyProgress& watcher) override;
   Status Publish() override;
 
   const PosixFolder& target() const { return static_cast<const PosixFolder&>(*order_.target); }
@@ -34,6 +36,7 @@ class PosixDraft : public Draft {
   const CopyOrder& order_;
   DraftSetting setting_;
   TemporaryFile file_;
+  Fingerprint written_;      ///< of an order that wants it read back
   FileDescriptor replaced_;  ///< keeps the space of the file that was replaced
 };
 

@@ -22,6 +22,8 @@ class TemporaryFile {
   Status Create(int folder, mode_t mode);
 
   int handle() const { return handle_.get(); }
+  /// Empty while there is none.
+  const std::string& temporary_name() const { return temporary_; }
 
   /// Returns when the data is on the disk. Does nothing where a volume cannot flush a single file.
   Status Flush() const;
@@ -38,8 +40,8 @@ class TemporaryFile {
   void Discard();
 
   FileDescriptor handle_;
-  int folder_ = -1;        ///< not owned
-  std::string temporary_;  ///< the temporary name; empty while there is none
+  int folder_ = -1;  ///< not owned
+  std::string temporary_;
 };
 
 }  // namespace platform::posix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "platform/content_reader.h"
 
@@ -8,5 +9,10 @@ namespace platform::posix {
 
 /// Opens a file of a PosixFolder; see ContentOpener.
 Result<std::unique_ptr<ReadableFile>> OpenToRead(const Folder& folder, const Entry& file);
+
+/// Opens a file in an open folder that was just written and flushed, to be read from its disk: what the
+/// system keeps of it in memory is dropped before, and again when the file goes. A volume that lies in
+/// memory, or a disk's own cache, cannot be passed by.
+Result<std::unique_ptr<ReadableFile>> OpenToReadBack(int folder, const std::string& name);
 
 }  // namespace platform::posix

@@ -1,14 +1,17 @@
 #include "platform/windows/copy/draft.h"
 
+#include <memory>
 #include <optional>
 #include <utility>
 
 #include "base/wide_text.h"
+#include "platform/read_back.h"
 #include "platform/windows/copy/copy_volume.h"
 #include "platform/windows/copy/data_mover.h"
 #include "platform/windows/copy/flushing.h"
 #include "platform/windows/copy/system_copy.h"
 #include "platform/windows/listing/listing.h"
+#include "platform/windows/listing/readable_file.h"
 #include "platform/windows/open_file.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/windows_time.h"
@@ -101,7 +104,7 @@ Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const Co
                           std::int64_t& bytes) {
   Progress progress(watcher);
   const std::int64_t size = source.state().size;
-  const bool by_system = size >= kBigFile || source.IsMoreThanBytes();
+  const bool by_system = (size >= kBigFile && !order_.read_back) || source.IsMoreThanBytes();
   auto copy = by_system ? CopyBySystem(path, target(), progress) : TemporaryFile::Create(target());
   if (!copy) return Explain(copy.error(), target(), size);
   file_.emplace(std::move(*copy));
@@ -111,8 +114,32 @@ Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const Co
     bytes = *length;
     if (Status there = source.GoTo(bytes); !there) return there;
   }
-  const Status moved = MoveData(source, *file_, progress, bytes);
+  std::optional<FingerprintTaker> fingerprint;
+  if (order_.read_back && !by_system) fingerprint.emplace();
+  const Status moved = MoveData(source, *file_, progress, bytes, fingerprint ? &*fingerprint : nullptr);
   if (!moved) return Explain(moved.error(), target(), size);
+  if (fingerprint) written_ = fingerprint->Taken();
+  if (order_.read_back && by_system) return TakeFingerprint(source, watcher, bytes);
+  return Done{};
+}
+
+/// Of what the system has copied, which takes reading the source once more. One that changes meanwhile tells
+/// nothing of its copy, which is dated so that it will be made anew.
+Status WindowsDraft::TakeFingerprint(SourceFile& source, const CopyProgress& watcher, std::int64_t bytes) {
+  constexpr std::size_t kBlock = std::size_t{1} << 20;
+  const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
+  const SourceState before = source.state();
+  if (Status there = source.GoTo(0); !there) return there;
+  FingerprintTaker fingerprint;
+  for (std::size_t got = kBlock; got == kBlock;) {
+    const auto read = source.Read(block.get(), kBlock);
+    if (!read) return read.error();
+    got = *read;
+    fingerprint.Add({block.get(), got});
+    if (watcher && !watcher(bytes)) return SystemError(ERROR_CANCELLED);
+  }
+  if (Status known = source.Refresh(); !known) return known;
+  if (source.state() == before) written_ = fingerprint.Taken();
   return Done{};
 }
 
@@ -122,6 +149,12 @@ Status WindowsDraft::Flush() {
   const Status flushed = way == DataFlush::kEachFully ? FlushFully(file()) : WriteOut(file());
   is_written_out_ = flushed.ok();
   return flushed;
+}
+
+Status WindowsDraft::ReadBack(const CopyProgress& watcher) {
+  if (!written_) return Done{};
+  const auto copy = OpenToReadBack(file_->path());
+  return copy ? platform::ReadBack(**copy, *written_, watcher) : NotAsWritten(copy.error());
 }
 
 Status WindowsDraft::Publish() {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/copy_volume.h"
+#include "platform/fingerprint.h"
 #include "platform/windows/copy/source_file.h"
 #include "platform/windows/copy/temporary_file.h"
 #include "platform/windows/listing/folder.h"
@@ -14,7 +15,8 @@ class WindowsCopyVolume;
 
 /// A copy on its way. Most files go block by block through one handle, from the temporary file's creation to
 /// its final name. Big files, and those that have more than their bytes, are left to the system's own copy,
-/// which knows shortcuts (copying inside a server, sharing blocks on one volume).
+/// which knows shortcuts (copying inside a server, sharing blocks on one volume). Big files that are to be
+/// read back are not: what is written must have passed through here.
 class WindowsDraft : public Draft {
  public:
   /// `order` must outlive the draft, but for its source folder, which Write() alone needs.
@@ -22,6 +24,7 @@ class WindowsDraft : public Draft {
 
   /// The data goes to the disk as WindowsCopyVolume says.
   Result<CopyOutcome> Write(const CopyProgress& watcher) override;
+  Status ReadBack(const CopyProgress& watcher) override;
   Status Publish() override;
 
   /// Whether the copy lies on another volume than the target folder itself, behind a link. Known from Write()
@@ -38,6 +41,7 @@ class WindowsDraft : public Draft {
  private:
   Result<CopyOutcome> CopyFrom(SourceFile& source, const std::wstring& path, const CopyProgress& watcher);
   Status Fill(SourceFile& source, const std::wstring& path, const CopyProgress& watcher, std::int64_t& bytes);
+  Status TakeFingerprint(SourceFile& source, const CopyProgress& watcher, std::int64_t bytes);
   Status Flush();
   /// In the long form, with a separator at its end.
   const std::wstring& target() const { return static_cast<const WindowsFolder&>(*order_.target).long_path(); }
@@ -45,6 +49,7 @@ class WindowsDraft : public Draft {
   const CopyOrder& order_;
   WindowsCopyVolume& volume_;
   std::optional<TemporaryFile> file_;
+  std::optional<Fingerprint> written_;  ///< of an order that wants it read back; none where it says nothing
   bool is_elsewhere_ = false;
   bool is_written_out_ = false;
 };

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <future>
 #include <thread>
 #include <utility>
@@ -89,6 +90,40 @@ TEST_P(FileSystemContract, WatcherSeesTheBytesGrowAndCanStopAtAnyBlock) {
     EXPECT_EQ(ContentOf("to/file"), "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
+}
+
+TEST_P(FileSystemContract, ACopyThatIsReadBackIsAsItWasWrittenOrGetsNoName) {
+  reads_back_ = true;
+  for (const std::size_t size :
+       {std::size_t{0}, std::size_t{3}, std::size_t{4} * kBlock, kManyBlocks, kBig}) {
+    const std::string content = Noise(size);
+    AddFile("from/file", content);
+    std::vector<std::int64_t> told;
+    const auto outcome = Copy("file", [&](std::int64_t bytes) {
+      told.push_back(bytes);
+      return true;
+    });
+    ASSERT_TRUE(outcome) << size << ": " << outcome.error().text;
+    EXPECT_TRUE(ContentOf("to/file") == content);
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_EQ(told.back(), static_cast<std::int64_t>(2 * size));
+  }
+  AddFile("to/file", "old");
+  constexpr auto kSize = static_cast<std::int64_t>(kBig);
+  const auto stopped = Copy("file", [](std::int64_t bytes) { return bytes <= kSize; });
+  EXPECT_EQ(stopped.error().kind, ErrorKind::kCancelled) << "while it is read back";
+  bool is_garbled = scene_->Garble(At("to/file"));
+  const auto garble = [&](std::int64_t bytes) {
+    if (bytes < kSize || std::exchange(is_garbled, true)) return true;
+    const std::string copy = "to/" + (NamesIn("to")[0] == "file" ? NamesIn("to")[1] : NamesIn("to")[0]);
+    std::filesystem::rename(At(copy), At("written"));
+    return files().WriteFile(At(copy), Noise(kBig - 1) + "x").ok();
+  };
+  const auto bad = Copy("file", garble);
+  ASSERT_FALSE(bad);
+  EXPECT_EQ(bad.error().kind, ErrorKind::kNotAsWritten);
+  EXPECT_EQ(ContentOf("to/file"), "old");
+  EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 
 TEST_P(FileSystemContract, ASourceThatChangesGivesACopyOfWhatItHasAtTheEndThatCountsAsModified) {

@@ -33,6 +33,8 @@ class Scene {
   virtual bool MakePipe(const std::string& /*path*/) { return false; }
   virtual bool ForbidReading(const std::string& /*file*/) { return false; }
   virtual bool ForbidChanges(const std::string& /*folder*/) { return false; }
+  /// Lets copies to `path` hold other bytes than are written.
+  virtual bool Garble(const std::string& /*path*/) { return false; }
   /// Leaves about 1 MiB for what lies below `folder`, which is empty.
   virtual bool MakeSmallDisk(const std::string& /*folder*/) { return false; }
   virtual std::size_t long_path() const { return 1'000; }  ///< so long a path must work
@@ -101,7 +103,7 @@ class SceneTest : public testing::Test {
     const auto copier = files().MakeCopier(from->path(), to->path());
     for (const std::string& file : names) {
       while (!copier->HasRoom()) copier->Wait(std::chrono::seconds{1});
-      copier->Start({from, &Named(*from, file), to, name, watcher});
+      copier->Start({from, &Named(*from, file), to, name, watcher, reads_back_});
     }
     copier->Save();
     std::vector<Result<CopyOutcome>> outcomes;
@@ -123,6 +125,7 @@ class SceneTest : public testing::Test {
   static constexpr FileTime kOldTime{1'500'000'000, 123'456'700};
 
   std::unique_ptr<Scene> scene_;
+  bool reads_back_ = false;  ///< every copy
 };
 
 class FileSystemContract : public SceneTest, public testing::WithParamInterface<SceneMaker> {

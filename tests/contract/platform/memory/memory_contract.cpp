@@ -39,6 +39,10 @@ class MemoryScene : public Scene {
     files_.SetReadOnly(folder);
     return true;
   }
+  bool Garble(const std::string& path) override {
+    files_.Garble(path);
+    return true;
+  }
   /// The one volume holds all: room for the sources is made too.
   bool MakeSmallDisk(const std::string&) override {
     files_.SetSpace(5 * 1024 * 1024, 10 * 1024 * 1024);
