@@ -53,36 +53,40 @@ enum class CopyStage {
 /// Copies files, many at a time, each as one transaction:
 ///
 ///  1. The copy is written under a temporary name in the target folder, with the data, the modification time
-///     and of the attributes the system bit; read-only and hidden are dropped.
+///     and, of the attributes, the system bit; read-only and hidden are dropped.
 ///  2. Its data is brought to the disk, with that of its group: some hundred files that were started one
-///     after the other. Where that is wished it is then read back from there, past what the system keeps in
-///     its memory as far as that can be had, and held against what was written.
-///  3. Only then it gets its final name, in one atomic step, and replaces what bears it.
+///     after the other. If CopyOrder::read_back is set, it is then read back from there, past the system's
+///     cache as far as that is possible, and compared with what was written.
+///  3. Only then does it get its final name, in one atomic step, and replace what has that name.
 ///  4. On a volume without a journal the new names are brought to the disk before the space of what was
 ///     replaced can be used again.
 ///
 /// So whatever fails, and whenever the program ends, the medium is pulled out or the power fails, the final
-/// name holds the whole old file, the whole new one or, where there was none, nothing. A temporary file goes
+/// name has the whole old file, the whole new one or, where there was none, nothing. A temporary file goes
 /// with a failed copy; one that a killed run left is recognised by IsTemporaryName().
 ///
 /// What can happen to a file:
-///  - With TargetName::kFree nothing is replaced: kNameTaken when something bears the name all the same, such
-///    as a name in other letters where the volume does not heed case. With kTaken a read-only or hidden file
-///    is replaced where the system allows it, else kAccessDenied.
-///  - A link at the source is followed; a link at the target is replaced. kIsAFolder when a folder bears the
-///    final name.
-///  - A source that changes while it is read gives a copy of what it had at the end of reading, dated
-///    kEarlierWhenChanged before it, so that it does not count as up to date. So does one that was written to
-///    so shortly before that its time could not tell another change.
-///  - A source that is shorter at the end than its bytes that were read, or that ends too early, gives kShort
-///    and no copy.
-///  - A copy that reads back otherwise than it was written, or not at all, gives kNotAsWritten and gets no
-///    name. Of what more than its bytes a file has on Windows nothing is read back.
-///  - When the data of a group cannot be brought to the disk, none of its files gets its final name: each has
-///    that error.
 ///
-/// To be used from one thread. Threads work below; how many, the copier knows by the kinds of volume. Results
-/// do not depend on it.
+///  5. With TargetName::kFree nothing is replaced: kNameTaken when something has the name all the same, such
+///     as a name in other letters where the volume ignores case. With kTaken a read-only or hidden file is
+///     replaced where the system allows it, else kAccessDenied.
+///  6. A link at the source is followed; a link at the target is replaced. kIsAFolder when a folder has the
+///     final name.
+///  7. A source that changes while it is read gives a copy of what it had at the end of reading, dated
+///     kEarlierWhenChanged before it, so that it does not count as up to date. So does one that was written
+///     to so shortly before that its time could not show another change.
+///  8. A source that is shorter at the end than its bytes that were read, or that ends too early, gives
+///     kShort and no copy.
+///  9. A copy whose bytes differ when they are read back, or that cannot be read back, gives kNotAsWritten
+///     and gets no name. What a file has besides its bytes on Windows is not read back.
+/// 10. When the data of a group cannot be brought to the disk, none of its files gets its final name: each
+///     has that error.
+/// 11. Outcomes come in the order of Start(), whatever finishes first. The watcher can end a copy at any
+///     block, with kCancelled.
+///
+/// All calls from one thread. The threads that work below are the copier's own; how many there are, it knows
+/// by the kinds of volume, and results do not depend on it. The folders of an order come from the file system
+/// that made the copier; the order keeps them open.
 class Copier {
  public:
   /// Gives up what is not collected: no more final names are given, and temporary files go, in the

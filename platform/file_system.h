@@ -17,6 +17,9 @@
 /// on Linux the bytes as they are, on Windows UTF-16 turned into UTF-8 with unpaired surrogates kept as three
 /// bytes. A path may be longer than the system's own limit for one call (1,000 characters on Windows, more
 /// than 4,096 bytes on Linux). No call throws; every failure is a value.
+///
+/// All calls from one thread, also those of the folders, copiers and comparers that it made; none of these
+/// may outlive it, nor be used with those of another file system.
 namespace platform {
 
 /// Bytes on the volume that holds a path.
@@ -104,7 +107,7 @@ class FileSystem {
   virtual Result<DiskSpace> GetDiskSpace(const std::string& path) = 0;
 
   /// The most bytes that one file may have on the volume that holds `path`, which may be missing like that of
-  /// Space(); 0 when no limit is known.
+  /// GetDiskSpace(); 0 when no limit is known.
   virtual std::int64_t LargestFile(const std::string& path) = 0;
 
   /// The root of the volume that holds `path`, as the user names it: "E:" on Windows, the mount point on

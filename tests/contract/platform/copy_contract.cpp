@@ -11,6 +11,7 @@ constexpr std::size_t kBlock = std::size_t{256} * 1024;
 constexpr std::size_t kManyBlocks = std::size_t{9} * 1024 * 1024 + 3;
 constexpr std::size_t kBig = std::size_t{17} * 1024 * 1024 + 3;  ///< Windows copies it by itself
 
+// Copier, 1.
 TEST_P(FileSystemContract, CopyHasTheDataTheTimeAndOfTheAttributesSystem) {
   const std::size_t sizes[] = {0, 1, kBlock - 1, kBlock, kBlock + 1, kManyBlocks, 2, kBig};
   for (Attributes attributes = 0; attributes < 8; ++attributes) {
@@ -31,6 +32,7 @@ TEST_P(FileSystemContract, CopyHasTheDataTheTimeAndOfTheAttributesSystem) {
   EXPECT_EQ(NamesIn("to"), NamesIn("from"));
 }
 
+// Copier, 5.
 TEST_P(FileSystemContract, WhatAppearedMeanwhileIsReplacedOnlyWhereTheNameIsKnownAsTaken) {
   AddFile("from/file", "source");
   const auto from = Open("from");
@@ -48,6 +50,7 @@ TEST_P(FileSystemContract, WhatAppearedMeanwhileIsReplacedOnlyWhereTheNameIsKnow
   }
 }
 
+// Copier, 5.
 TEST_P(FileSystemContract, AReadOnlyFileIsReplacedOrStaysWhole) {
   AddFile("from/file", "new");
   AddFile("to/file", "old");
@@ -58,6 +61,7 @@ TEST_P(FileSystemContract, AReadOnlyFileIsReplacedOrStaysWhole) {
   EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 
+// Copier, 6.
 TEST_P(FileSystemContract, ALinkIsFollowedWhereItIsReadOrWrittenAndReplacedByACopy) {
   AddFile("kept", "kept");
   AddFile("real", "real");
@@ -71,6 +75,7 @@ TEST_P(FileSystemContract, ALinkIsFollowedWhereItIsReadOrWrittenAndReplacedByACo
   EXPECT_EQ(ContentOf("real"), "new");
 }
 
+// Copier, 11.
 TEST_P(FileSystemContract, WatcherSeesTheBytesGrowAndCanStopAtAnyBlock) {
   const std::pair<std::size_t, std::size_t> stops[] = {{0, 0},           {100, 1},         {kManyBlocks, 0},
                                                        {kManyBlocks, 1}, {kManyBlocks, 2}, {kBig, 1}};
@@ -92,6 +97,7 @@ TEST_P(FileSystemContract, WatcherSeesTheBytesGrowAndCanStopAtAnyBlock) {
   }
 }
 
+// Copier, 2 and 9.
 TEST_P(FileSystemContract, ACopyThatIsReadBackIsAsItWasWrittenOrGetsNoName) {
   reads_back_ = true;
   for (const std::size_t size :
@@ -126,6 +132,7 @@ TEST_P(FileSystemContract, ACopyThatIsReadBackIsAsItWasWrittenOrGetsNoName) {
   EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 
+// Copier, 7.
 TEST_P(FileSystemContract, ASourceThatChangesGivesACopyOfWhatItHasAtTheEndThatCountsAsModified) {
   const std::pair<std::size_t, std::size_t> cases[] = {
       {kManyBlocks, kManyBlocks}, {kManyBlocks, kManyBlocks + kBlock}, {100, 100}, {100, 200}, {0, 1}};
@@ -147,6 +154,7 @@ TEST_P(FileSystemContract, ASourceThatChangesGivesACopyOfWhatItHasAtTheEndThatCo
   }
 }
 
+// Copier, 7.
 TEST_P(FileSystemContract, ASourceThatIsWrittenToAfterItsLastByteWasReadCountsAsChanged) {
   for (const std::size_t size : {std::size_t{100}, kManyBlocks}) {
     AddFile("from/file", Noise(size));
@@ -162,6 +170,7 @@ TEST_P(FileSystemContract, ASourceThatIsWrittenToAfterItsLastByteWasReadCountsAs
   }
 }
 
+// Copier, 8.
 TEST_P(FileSystemContract, ASourceThatShrinksGivesNoCopy) {
   AddFile("to/file", "old");
   for (const std::size_t size : {std::size_t{100}, kManyBlocks}) {
@@ -179,6 +188,7 @@ TEST_P(FileSystemContract, ASourceThatShrinksGivesNoCopy) {
   }
 }
 
+// Copier, 11.
 TEST_P(FileSystemContract, ACopyOfAFileThatGrowsOnAndOnCanBeStopped) {
   AddFile("from/file", "begin");
   bool grew = false;
@@ -192,6 +202,7 @@ TEST_P(FileSystemContract, ACopyOfAFileThatGrowsOnAndOnCanBeStopped) {
   EXPECT_EQ(outcome.error().kind, ErrorKind::kCancelled);
 }
 
+// Copier, 6.
 TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
   AddFile("from/file", "x");
   AddFolder("to/file");
@@ -222,6 +233,7 @@ TEST_P(FileSystemContract, AFolderThatMayNotBeChangedStaysAsItIs) {
   EXPECT_EQ(ContentOf("to/file"), "old");
 }
 
+// Copier, 3.
 TEST_P(FileSystemContract, AFullDiskKeepsTheOldCopyAndTakesWhatStillFits) {
   if (!scene_->MakeSmallDisk(At("to"))) GTEST_SKIP() << "a small disk cannot be had here";
   const std::string too_big = Noise(std::size_t{4} * 1024 * 1024);
@@ -235,6 +247,7 @@ TEST_P(FileSystemContract, AFullDiskKeepsTheOldCopyAndTakesWhatStillFits) {
   EXPECT_EQ(NamesIn("to"), (Names{"file", "small"}));
 }
 
+// Copier, 11.
 TEST_P(FileSystemContract, ManyFilesAreCopiedAndTheirOutcomesComeInOrder) {
   const auto content = [](int i) { return Noise(static_cast<std::size_t>(i) * 2'000); };
   Names names;

@@ -135,6 +135,7 @@ constexpr const char* kJournaled = "syncfs rename rename rename ";
 constexpr const char* kUnordered = "syncfs fsync rename rename rename fsync syncfs fsync ";
 constexpr const char* kServed = "fdatasync fdatasync fdatasync rename rename rename ";
 
+// Copier, 2, 3 and 4.
 TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
   const std::pair<unsigned long, const char*> volumes[] = {{BTRFS_SUPER_MAGIC, kJournaled},
                                                            {TMPFS_MAGIC, kJournaled},
@@ -159,6 +160,7 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
   }
 }
 
+// Copier, 1.
 TEST_F(PosixFiles, FatKeepsHiddenAndSystemInItsOwnEntryAndACopyIsSystemAlone) {
   AddFile("from/file", "x");
   posix::test::Calls() = {};
@@ -170,6 +172,7 @@ TEST_F(PosixFiles, FatKeepsHiddenAndSystemInItsOwnEntryAndACopyIsSystemAlone) {
   posix::test::Calls() = {};
 }
 
+// Copier, 10.
 TEST_F(PosixFiles, AGroupThatDoesNotReachTheDiskGivesNoNames) {
   for (const char* name : {"a", "b"}) AddFile(std::string("from/") + name, name);
   AddFile("to/b", "old");
@@ -192,6 +195,7 @@ TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
   EXPECT_EQ(count(), before);
 }
 
+// Copier, 3.
 TEST_F(PosixFiles, AKilledCopyLeavesTheOldFileAndAtMostATemporaryOne) {
   AddFile("from/file", Noise(9'000'000));
   for (const bool replaces : {false, true}) {
