@@ -12,7 +12,7 @@ namespace {
 
 using ui::Twips;
 
-constexpr ui::Size kOuterSize{9'600, 8'700};
+constexpr ui::Size kOuterSize{9'600, 9'300};
 constexpr ui::Size kSmallest{8'400, 6'000};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;

@@ -52,8 +52,10 @@ std::string EndText(Operation operation, const engine::RunOutcome& outcome, cons
     parts.Add(files.copied, "file", " copied");
     parts.AddUnlessNone(files.failed, "file", " could not be copied");
   }
-  if (outcome.read_back) parts.Add(files.read_back, "file", " read back");
-  parts.AddUnlessNone(files.not_as_written, "file", " not as written");
+  if (outcome.read_back) {
+    const std::string bad = text::GroupedNumber(files.not_as_written, marks) + " of them bad";
+    parts.Add(files.read_back, "file", " read back" + (files.not_as_written > 0 ? ", " + bad : ""));
+  }
   if (outcome.compared_contents) parts.Add(files.compared, "file", " compared");
   parts.AddUnlessNone(files.differed, "file", " with other content");
   parts.AddUnlessNone(totals.unread_folders, "folder", " could not be read");

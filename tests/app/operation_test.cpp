@@ -182,8 +182,7 @@ TEST_F(Operations, ReadCopiesBackFromWhenThatIsTickedUntilTheProgramEnds) {
     if (std::exchange(ticks, false)) Tick(form->chkReadBack, true);
     Click(form->cmdStart);
   };
-  const std::string end =
-      "1 file copied, 1 file could not be copied, 2 files read back, 1 file not as written.";
+  const std::string end = "1 file copied, 1 file could not be copied, 2 files read back, 1 of them bad.";
   for (ui::Button* button : {&window->cmdBackupAllFiles, &window->cmdBackupAllFiles}) {
     Click(*button);
     EXPECT_EQ(window->ReportWindow().lblState.text(), "! Finished: " + end);

@@ -8,6 +8,7 @@ from first_day import CONFIRM
 from story import BACK_UP, FOLDERS, INCLUDED, MAIN
 
 CHECK_STATE, COMPARE = "Check backup state", "Compare contents, too (reads every file on both sides)"
+READ_BACK = "Read every copy back and compare it"
 
 
 class DamagedCopies:
@@ -51,8 +52,11 @@ class DamagedCopies:
         self.assertNotIn("All files backed up.", report)
         self.program.press(MAIN, BACK_UP)
         self.assertTrue(self.program.find(CONFIRM, COMPARE, CHECK).ticked)
+        self.program.tick(CONFIRM, READ_BACK)
         self.program.answer(CONFIRM, "Start backup")
-        self.assertIn(line, self.report_of(BACK_UP))
+        report = self.report_of(BACK_UP)
+        self.assertIn(line, report)
+        self.assertIn("Number of copies that were read back from the disk: 1", report)
         self.check_copies(INCLUDED)
         self.assertIn("All files backed up.", self.check())
         self.quit()
