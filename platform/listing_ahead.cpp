@@ -55,7 +55,7 @@ struct ListingAhead::Task {
 struct ListingAhead::Queue {
   using Lock = std::unique_lock<std::mutex>;
 
-  explicit Queue(Lister its_lister) : lister(std::move(its_lister)) {}
+  Queue(Lister its_lister, Now its_now) : lister(std::move(its_lister)), now(std::move(its_now)) {}
 
   /// Lists the first folder that waits; there is one.
   void RunNext(Lock& lock) {
@@ -78,13 +78,14 @@ struct ListingAhead::Queue {
   }
 
   void Run(Task& task) const {
-    const auto begun = SteadyClock::now();
+    const auto begun = now();
     task.listing = lister(task.path, task.links);
-    task.ended = SteadyClock::now();
+    task.ended = now();
     task.took = task.ended - begun;
   }
 
   const Lister lister;
+  const Now now;
   std::mutex mutex;
   std::condition_variable done;
   std::deque<std::shared_ptr<Task>> waiting;
@@ -93,7 +94,8 @@ struct ListingAhead::Queue {
   std::atomic<std::size_t> names = 0;
 };
 
-ListingAhead::ListingAhead(Lister lister) : queue_(std::make_shared<Queue>(std::move(lister))) {
+ListingAhead::ListingAhead(Lister lister, Now now)
+    : queue_(std::make_shared<Queue>(std::move(lister), std::move(now))) {
   workers_.Allow(kThreads);
 }
 
@@ -125,7 +127,7 @@ ListingAhead::Listing ListingAhead::Take(const std::string& path, FollowLinks li
     tasks_.erase(found);
     Finish(task);
   }
-  if (!task || task->links != links || !task->listing || SteadyClock::now() - task->ended > kFresh) {
+  if (!task || task->links != links || !task->listing || queue_->now() - task->ended > kFresh) {
     task = std::make_shared<Task>(path, links);
     queue_->Run(*task);
   }
@@ -148,7 +150,7 @@ void ListingAhead::Finish(const std::shared_ptr<Task>& task) {
 }
 
 void ListingAhead::DropStale() {
-  const auto now = SteadyClock::now();
+  const auto now = queue_->now();
   const std::lock_guard lock(queue_->mutex);
   std::erase_if(tasks_, [&](const auto& entry) {
     const Task& task = *entry.second;

@@ -20,7 +20,10 @@ class ListingAhead {
   /// Lists the folder at a path. Called from several threads at a time.
   using Lister = std::function<Listing(const std::string& path, FollowLinks links)>;
 
-  explicit ListingAhead(Lister lister);
+  /// What tells the time, of the steady clock, to all these threads.
+  using Now = std::function<std::chrono::steady_clock::time_point()>;
+
+  explicit ListingAhead(Lister lister, Now now = std::chrono::steady_clock::now);
   ~ListingAhead();
 
   /// Begins to list `path` in the background. False, and nothing, when listings are so quick that it would

@@ -12,6 +12,15 @@
 /// Windows written down as text, so that a test can hold all of one against what it is to look like.
 namespace window_text {
 
+inline std::string Shade(const ui::Control& control) {
+  char code[16] = " plain";
+  if (const auto& colours = control.colours(); colours) {
+    std::snprintf(code, sizeof code, " #%02X%02X%02X", colours->background.red, colours->background.green,
+                  colours->background.blue);
+  }
+  return code;
+}
+
 /// A control as somebody sees it: [button] (disabled button) [x] ticked {box} {=read only} <list, 2 of 3> and
 /// so on, behind it what is special about it: * the focus, a font, a colour, "a tool tip".
 inline std::string Face(ui::Control& control) {
@@ -35,12 +44,7 @@ inline std::string Face(ui::Control& control) {
   if (control.has_focus()) text += "*";
   if (control.font().bold || control.font().points != 9)
     text += " " + std::to_string(control.font().points) + (control.font().bold ? "b" : "");
-  if (const auto& colours = control.colours(); colours && colours != control.form().colours()) {
-    char code[16];
-    std::snprintf(code, sizeof code, " #%02X%02X%02X", colours->background.red, colours->background.green,
-                  colours->background.blue);
-    text += code;
-  }
+  if (control.colours() && control.colours() != control.form().colours()) text += Shade(control);
   return control.tool_tip().empty() ? text : text + " \"" + control.tool_tip() + "\"";
 }
 
@@ -77,7 +81,7 @@ inline std::string Rows(const ui::Container& around, const std::string& indent) 
 
 /// The title and everything in the window.
 inline std::string Seen(const ui::Form& window) {
-  return window.text() + "\n" + (window.visible() ? Rows(window, "  ") : "  hidden\n");
+  return window.text() + Shade(window) + "\n" + (window.visible() ? Rows(window, "  ") : "  hidden\n");
 }
 
 /// What a screen reader says beyond what is seen, and the access key, of each control in the order of

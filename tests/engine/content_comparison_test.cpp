@@ -14,7 +14,8 @@ struct ContentComparison : testing::Test, Scene {
 
   std::string Sums() const {
     return std::to_string(outcome.totals.counts.compared) + " compared, " +
-           std::to_string(outcome.totals.counts.differed) + " differed";
+           std::to_string(outcome.totals.counts.differed) + " differed, " +
+           std::to_string(outcome.totals.bytes_compared) + " bytes";
   }
   /// One byte of a file becomes another, and nothing else.
   void Flip(const std::string& path, std::size_t at) {
@@ -76,7 +77,7 @@ TEST_F(ContentComparison, TellsAllInTheOrderOfTheWalk) {
                     "/src/in/e=1", "/dst/in/e=2"});
   setup.IncludedFolders = {"in", "gone"};
   EXPECT_EQ(BackUp(), "new 1, modified 3, copied 4, up to date 1, warnings 1");
-  EXPECT_EQ(Sums(), "4 compared, 3 differed");
+  EXPECT_EQ(Sums(), "4 compared, 3 differed, 6 bytes");
   EXPECT_EQ(copied, "/src/a|/src/b|/src/d|/src/in/e|");
   EXPECT_TRUE(
       Wrote("      Other content: /src/a|      Other content: /src/d|      Other content: /src/in/e|"));
@@ -98,7 +99,7 @@ TEST_F(ContentComparison, TakesNothingForEqualThatCannotBeRead) {
   files.Fail(Call::kReadContent, "/src/a", {platform::ErrorKind::kAccessDenied, 13, "Denied"});
   files.Fail(Call::kReadContent, "/dst/b", {platform::ErrorKind::kOther, 5, "Bad sector"});
   EXPECT_EQ(BackUp(), "up to date 1, failed 2");
-  EXPECT_EQ(Sums(), "1 compared, 0 differed");
+  EXPECT_EQ(Sums(), "1 compared, 0 differed, 1 bytes");
   EXPECT_TRUE(Wrote("      Not compared: /src/a. No permission. (13: Denied)|"));
   EXPECT_TRUE(Wrote("      Copy unreadable: /dst/b. Unknown. (5: Bad sector) Move it.|"));
 }
@@ -109,7 +110,7 @@ TEST_F(ContentComparison, TellsASourceThatChangesFromACopyThatIsBad) {
     if (call == Call::kReadContent && path == "/src/a") files.AddFile("/src/a", "22", {1'700'000'100, 0});
   });
   EXPECT_EQ(BackUp(), "modified 1, copied 1, up to date 1");
-  EXPECT_EQ(Sums(), "2 compared, 0 differed");
+  EXPECT_EQ(Sums(), "2 compared, 0 differed, 2 bytes");
   EXPECT_TRUE(Wrote("Changed before: /src/a|") && !Wrote("Other content"));
   EXPECT_EQ(files.ContentOf("/dst/a"), "22");
 }

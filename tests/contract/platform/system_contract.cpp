@@ -53,6 +53,19 @@ TEST_P(ClockContract, ItIsLaterThan2020AndLocalTimeIsUtcAndAFewWholeMinutes) {
   }
 }
 
+TEST_P(ClockContract, ASleepTakesItsTimeOfAClockThatOnlyRunsForward) {
+  const auto begun = seam_->Monotonic();
+  seam_->Sleep(std::chrono::milliseconds{2});
+  EXPECT_GE(seam_->Monotonic() - begun, std::chrono::milliseconds{1}) << "both are cut to whole ones";
+}
+
+TEST_P(ShellContract, ItTellsWhoRunsTheProgramAndWhereThingsAreAndKeepsAwakeOrSaysNothing) {
+  EXPECT_FALSE(seam_->UserName().empty() || seam_->ComputerName().empty() || seam_->ProcessNumber() == 0);
+  for (const std::string& folder : {seam_->ApplicationDataFolder(), seam_->ProgramFolder()})
+    EXPECT_TRUE(folder.starts_with('/') || folder.find(":\\") == 1) << folder;
+  EXPECT_TRUE(seam_->KeepAwake() && seam_->KeepAwake());
+}
+
 TEST_P(LocaleContract, EveryFormatSaysSomething) {
   const CalendarTime time{2026, 11, 21, 14, 5, 9, 325};
   EXPECT_EQ(seam_->Language().size(), 2u);

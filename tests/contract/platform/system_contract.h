@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/locale.h"
 #include "platform/settings_store.h"
+#include "platform/shell.h"
 
 /// The small seams; an implementation takes part by instantiating the suites with a maker of its own.
 namespace platform::contract {
@@ -25,5 +26,6 @@ class SeamTest : public testing::TestWithParam<Maker<Seam>> {
 class SettingsStoreContract : public SeamTest<SettingsStore> {};
 class ClockContract : public SeamTest<Clock> {};
 class LocaleContract : public SeamTest<Locale> {};
+class ShellContract : public SeamTest<Shell> {};
 
 }  // namespace platform::contract

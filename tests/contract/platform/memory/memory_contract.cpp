@@ -61,6 +61,7 @@ INSTANTIATE_TEST_SUITE_P(Memory, SettingsStoreContract,
                          testing::Values(std::make_shared<MemorySettingsStore>));
 INSTANTIATE_TEST_SUITE_P(Memory, ClockContract, testing::Values(std::make_shared<MemoryClock>));
 INSTANTIATE_TEST_SUITE_P(Memory, LocaleContract, testing::Values(std::make_shared<MemoryLocale>));
+INSTANTIATE_TEST_SUITE_P(Memory, ShellContract, testing::Values(std::make_shared<MemoryShell>));
 
 }  // namespace
 }  // namespace platform::contract

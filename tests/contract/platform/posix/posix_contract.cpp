@@ -5,11 +5,14 @@
 
 #include <climits>
 #include <csignal>
+#include <thread>
+#include <tuple>
 
 #include "platform/posix/clock.h"
 #include "platform/posix/file_system.h"
 #include "platform/posix/locale.h"
 #include "platform/posix/settings_store.h"
+#include "platform/posix/shell/shell.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/posix/system_calls.h"
 #include "tests/contract/platform/system_contract.h"
@@ -62,6 +65,7 @@ INSTANTIATE_TEST_SUITE_P(Posix, FileSystemContract, testing::Values(std::make_un
 INSTANTIATE_TEST_SUITE_P(Posix, SettingsStoreContract, testing::Values(std::make_shared<ScratchStore>));
 INSTANTIATE_TEST_SUITE_P(Posix, ClockContract, testing::Values(std::make_shared<posix::PosixClock>));
 INSTANTIATE_TEST_SUITE_P(Posix, LocaleContract, testing::Values(std::make_shared<posix::PosixLocale>));
+INSTANTIATE_TEST_SUITE_P(Posix, ShellContract, testing::Values(std::make_shared<posix::PosixShell>));
 
 /// What only this file system can get wrong.
 class PosixFiles : public SceneTest {
@@ -177,13 +181,98 @@ TEST_F(PosixFiles, AGroupThatDoesNotReachTheDiskGivesNoNames) {
   for (const char* name : {"a", "b"}) AddFile(std::string("from/") + name, name);
   AddFile("to/b", "old");
   posix::test::Calls() = {};
-  posix::test::Calls().error_of_syncfs = EIO;
+  posix::test::Calls().fails = {{"syncfs", EIO}};
   for (const auto& outcome : CopyAll(Open("from"), {"a", "b"}, Open("to"), TargetName::kTaken))
     EXPECT_TRUE(!outcome && outcome.error().code == EIO);
   EXPECT_FALSE(files().Flush(At("to"), {}));
   posix::test::Calls() = {};
   EXPECT_EQ(NamesIn("to"), Names{"b"});
   EXPECT_EQ(ContentOf("to/b"), "old");
+}
+
+TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
+  AddFile("from/file", Noise(700'000));
+  AddFile("to/file", "old");
+  const auto replace = [&] { return files().ReplaceFile(At("to/file"), "new"); };
+  const std::tuple<const char*, unsigned long, bool> faults[] = {{"copy_file_range", 0, false},
+                                                                 {"write", 0, true},
+                                                                 {"read", 0, false},
+                                                                 {"futimens", 0, false},
+                                                                 {"syncfs", 0, false},
+                                                                 {"fdatasync", FUSE_SUPER_MAGIC, false},
+                                                                 {"rename", 0, true},
+                                                                 {"fsync", MSDOS_SUPER_MAGIC, true}};
+  for (const auto& [call, volume, also_replace] : faults) {
+    posix::test::Calls() = {};
+    posix::test::Calls().volume = volume;
+    posix::test::Calls().fails = {{call, EIO}, {"copy_file_range", EXDEV}};
+    if (call == std::get<0>(faults[0])) posix::test::Calls().fails["copy_file_range"] = EIO;
+    const auto copied = Copy("file");
+    EXPECT_TRUE(!copied && copied.error().code == EIO) << call;
+    EXPECT_EQ(!also_replace, replace().ok()) << call;
+    posix::test::Calls() = {};
+    EXPECT_TRUE(ContentOf("to/file") == (also_replace ? "old" : "new")) << call;
+    AddFile("to/file", "old");
+    EXPECT_EQ(NamesIn("to"), Names{"file"});
+  }
+}
+
+TEST_F(PosixFiles, WhatMovesInPartsBetweenSignalsIsWholeAndAReplacedFileIsFlushedBeforeItsName) {
+  const std::string content = Noise(700'000);
+  AddFile("from/file", content);
+  posix::test::Calls() = {};
+  posix::test::Calls().is_slow = true;
+  posix::test::Calls().fails = {{"copy_file_range", EXDEV}};
+  EXPECT_TRUE(files().ReplaceFile(At("to/other"), content));
+  EXPECT_EQ(posix::test::Calls().made, "fsync rename fsync ");
+  EXPECT_TRUE(Copy("file"));
+  EXPECT_TRUE(ContentOf("to/file") == content && ContentOf("to/other") == content);
+  posix::test::Calls() = {};
+}
+
+TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
+  AddFile("from/file", "new");
+  AddFile("from/name", "new");
+  AddFile("to/file", "old");
+  posix::test::Calls() = {};
+  posix::test::Calls().volume = MSDOS_SUPER_MAGIC;
+  posix::test::Calls().fails = {{"renameat2", EINVAL}};
+  const auto outcomes = CopyAll(Open("from"), {"file", "name"}, Open("to"), TargetName::kFree);
+  EXPECT_EQ(outcomes[0].error().kind, ErrorKind::kNameTaken);
+  EXPECT_TRUE(outcomes[1]);
+  EXPECT_FALSE(files().Respell(At("to"), "name", "file"));
+  EXPECT_TRUE(files().Respell(At("to"), "name", "NAME"));
+  EXPECT_EQ(files().LargestFile(At("to/none")), kLargestOnFat);
+  posix::test::Calls() = {};
+  EXPECT_EQ(ContentOf("to/file") + ContentOf("to/NAME"), "oldnew");
+  EXPECT_EQ(NamesIn("to"), (Names{"NAME", "file"}));
+}
+
+TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanBeCalledOff) {
+  using posix::test::Calls;
+  const auto lives = [](int child) { return kill(child, 0) == 0; };
+  Calls() = {};
+  posix::PosixShell shell;
+  auto guard = shell.KeepAwake();
+  EXPECT_EQ(Calls().started,
+            "/usr/sbin/systemd-inhibit|--what=sleep:idle|--who=Quorvane|--why=A backup is "
+            "running.|/usr/sbin/cat|");
+  const int inhibits = Calls().child;
+  EXPECT_TRUE(lives(inhibits));
+  guard.reset();
+  while (lives(inhibits)) std::this_thread::yield();
+  Calls() = {};
+  EXPECT_FALSE(shell.RunSystemCommand("shutdown", "/a")) << "there is none";
+  EXPECT_TRUE(shell.RunSystemCommand("shutdown", "/s /c \"The end\""));
+  EXPECT_TRUE(Calls().started.starts_with("/usr/sbin/sh|-c|") &&
+              Calls().started.ends_with("|/usr/sbin/shutdown|The end|/usr/sbin/sleep|"));
+  const int waits = Calls().child;
+  EXPECT_TRUE(lives(waits));
+  EXPECT_TRUE(shell.RunSystemCommand("shutdown", "/a"));
+  while (lives(waits)) std::this_thread::yield();
+  Calls() = {};
+  for (const char* how : {"/s", "/a", "/a"}) static_cast<void>(shell.RunSystemCommand("shutdown", how));
+  EXPECT_EQ(Calls().started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");
 }
 
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {

@@ -1,10 +1,14 @@
 #include "tests/contract/platform/posix/system_calls.h"
 
+#include <dlfcn.h>
 #include <linux/msdos_fs.h>
+#include <spawn.h>
 #include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <filesystem>
@@ -17,6 +21,29 @@ void Note(const char* call) {
   static std::mutex mutex;
   const std::lock_guard lock(mutex);
   Calls().made += std::string(call) + " ";
+}
+
+/// Whether a test wants the call to fail; errno then says how.
+bool Fails(const char* call) {
+  const auto found = Calls().fails.find(call);
+  if (found != Calls().fails.end()) errno = found->second;
+  return found != Calls().fails.end();
+}
+
+int NoteOnly(const char* call) {
+  Note(call);
+  return Fails(call) ? -1 : 0;
+}
+
+/// A call that moves bytes.
+ssize_t Move(const char* call, long number, int file, void* bytes, std::size_t size) {
+  static std::atomic<unsigned> calls = 0;
+  if (Fails(call)) return -1;
+  if (Calls().is_slow && calls++ % 2 == 0) {
+    errno = EINTR;
+    return -1;
+  }
+  return syscall(number, file, bytes, Calls().is_slow ? std::min<std::size_t>(size, 100'000) : size);
 }
 
 int OpenWithoutName() {
@@ -37,34 +64,60 @@ SystemCalls& Calls() {
 }  // namespace platform::posix::test
 
 using platform::posix::test::Calls;
+using platform::posix::test::Fails;
+using platform::posix::test::Move;
 using platform::posix::test::Note;
+using platform::posix::test::NoteOnly;
 
 // In the place of the C library's.
 extern "C" {
 
 int syncfs(int /*file*/) noexcept {
-  Note("syncfs");
   Calls().held_open = platform::posix::test::OpenWithoutName();
-  errno = Calls().error_of_syncfs;
-  return errno == 0 ? 0 : -1;
+  return NoteOnly("syncfs");
 }
 
-int fdatasync(int /*file*/) {
-  Note("fdatasync");
-  return 0;
+int fdatasync(int /*file*/) { return NoteOnly("fdatasync"); }
+
+int fsync(int /*file*/) { return NoteOnly("fsync"); }
+
+ssize_t read(int file, void* bytes, std::size_t size) { return Move("read", SYS_read, file, bytes, size); }
+
+ssize_t write(int file, const void* bytes, std::size_t size) {
+  return Move("write", SYS_write, file, const_cast<void*>(bytes), size);
 }
 
-int fsync(int /*file*/) {
-  Note("fsync");
-  return 0;
+ssize_t copy_file_range(int from, off64_t* at, int to, off64_t* to_at, std::size_t size, unsigned flags) {
+  return Fails("copy_file_range") ? -1 : syscall(SYS_copy_file_range, from, at, to, to_at, size, flags);
+}
+
+int futimens(int file, const struct timespec* times) noexcept {
+  return Fails("futimens") ? -1 : static_cast<int>(syscall(SYS_utimensat, file, nullptr, times, 0));
+}
+
+/// Every system has all programs.
+int access(const char* /*path*/, int /*wanted*/) noexcept { return 0; }
+
+int posix_spawn(pid_t* child, const char* path, const posix_spawn_file_actions_t* actions,
+                const posix_spawnattr_t* /*attributes*/, char* const arguments[], char* const environment[]) {
+  for (char* const* argument = arguments; *argument != nullptr; ++argument)
+    Calls().started += std::string(argument == arguments ? path : *argument) + "|";
+  static const auto spawn = reinterpret_cast<decltype(&posix_spawn)>(dlsym(RTLD_NEXT, "posix_spawn"));
+  const bool waits = std::string(arguments[0]) == "sh";
+  char a_minute[] = "60";
+  char* const harmless[] = {arguments[0], waits ? a_minute : nullptr, nullptr};
+  const int error = spawn(child, waits ? "/bin/sleep" : "/bin/cat", actions, nullptr, harmless, environment);
+  Calls().child = *child;
+  return error;
 }
 
 int renameat(int from, const char* old_name, int to, const char* new_name) noexcept {
-  Note("rename");
+  if (NoteOnly("rename") != 0) return -1;
   return static_cast<int>(syscall(SYS_renameat2, from, old_name, to, new_name, 0));
 }
 
 int renameat2(int from, const char* old_name, int to, const char* new_name, unsigned flags) noexcept {
+  if (Fails("renameat2")) return -1;
   Note("rename");
   return static_cast<int>(syscall(SYS_renameat2, from, old_name, to, new_name, flags));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 /// The system calls by which files get to the disk and get their names, as this test program makes them. They
@@ -9,9 +10,12 @@
 namespace platform::posix::test {
 
 struct SystemCalls {
-  std::string made;               ///< in their order: "syncfs fdatasync fsync rename " ...
-  int error_of_syncfs = 0;        ///< what syncfs() is to fail with; 0: nothing
-  unsigned long volume = 0;       ///< the magic number that fstatfs() is to tell; 0: the true one
+  std::string made;                  ///< in their order: "syncfs fdatasync fsync rename " ...
+  std::map<std::string, int> fails;  ///< calls by name, and the number each is to fail with
+  bool is_slow = false;      ///< reading and writing: a signal comes before each call, which moves a part
+  std::string started;       ///< programs, with their parameters; something harmless ran in their place
+  int child = 0;             ///< the process that did so last
+  unsigned long volume = 0;  ///< the magic number that fstatfs() is to tell; 0: the true one
   std::uint32_t fat_bits = 0x20;  ///< of the one file on a volume of FAT's number; changed by its own call
   int held_open = 0;              ///< files without a name that were still open at the last syncfs()
 };

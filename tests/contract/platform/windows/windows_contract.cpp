@@ -8,6 +8,7 @@
 #include "platform/windows/long_path.h"
 #include "platform/windows/open_file.h"
 #include "platform/windows/settings_store.h"
+#include "platform/windows/shell/shell.h"
 #include "platform/windows/windows_time.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/system_contract.h"
@@ -65,6 +66,7 @@ INSTANTIATE_TEST_SUITE_P(Windows, FileSystemContract, testing::Values(std::make_
 INSTANTIATE_TEST_SUITE_P(Windows, SettingsStoreContract, testing::Values(std::make_shared<ScratchRegistry>));
 INSTANTIATE_TEST_SUITE_P(Windows, ClockContract, testing::Values(std::make_shared<windows::WindowsClock>));
 INSTANTIATE_TEST_SUITE_P(Windows, LocaleContract, testing::Values(std::make_shared<windows::WindowsLocale>));
+INSTANTIATE_TEST_SUITE_P(Windows, ShellContract, testing::Values(std::make_shared<windows::WindowsShell>));
 
 /// What only this system can get wrong.
 class WindowsFiles : public SceneTest {
