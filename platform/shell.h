@@ -35,9 +35,14 @@ class Shell {
   /// The folder in which the running program's file lies.
   virtual std::string ProgramFolder() = 0;
 
-  /// Starts the system's own command `command`, never one that lies beside the program or in the current
-  /// folder, with the parameters as one text, and does not wait for it.
-  virtual Status RunSystemCommand(const std::string& command, const std::string& parameters) = 0;
+  /// Has the system's own shutdown command switch the computer off, after about 30 seconds on Windows. Never
+  /// runs a program of that name that is beside this one, in the current folder or in the user's search path.
+  /// On Linux it comes after 30 seconds with a `comment`, which is told to everybody at the computer, and can
+  /// be called off as long; without one after a minute, and also when this program has ended.
+  virtual Status ScheduleShutDown(const std::string& comment) = 0;
+
+  /// Calls off the shutdown that was scheduled last. Does not wait for it to take effect.
+  virtual Status CallOffShutDown() = 0;
 
   /// Keeps the computer awake until the guard goes. Where the system cannot, the guard does nothing.
   virtual std::unique_ptr<AwakeGuard> KeepAwake() = 0;

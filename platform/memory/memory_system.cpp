@@ -81,8 +81,13 @@ void MemorySettingsStore::FailWith(int create_code, int set_code, int read_code)
   read_code_ = read_code;
 }
 
-Status MemoryShell::RunSystemCommand(const std::string& command, const std::string& parameters) {
-  commands.emplace_back(command, parameters);
+Status MemoryShell::ScheduleShutDown(const std::string& comment) {
+  shut_downs.push_back(comment);
+  return Done{};
+}
+
+Status MemoryShell::CallOffShutDown() {
+  shut_downs.emplace_back("called off");
   return Done{};
 }
 

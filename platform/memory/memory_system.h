@@ -75,14 +75,15 @@ class MemoryShell : public Shell {
   std::string ComputerName() override { return "computer"; }
   std::uint64_t ProcessNumber() override { return 1; }
   std::string ProgramFolder() override { return program; }
-  Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
+  Status ScheduleShutDown(const std::string& comment) override;
+  Status CallOffShutDown() override;
   std::unique_ptr<AwakeGuard> KeepAwake() override;
   void EnterRootOfCurrentDrive() override { entered_root = true; }
 
   std::string application_data = "/home/user/.config";
   std::string program = "/opt/program";
-  std::vector<std::pair<std::string, std::string>> commands;
-  int awake = 0;  ///< guards that live now
+  std::vector<std::string> shut_downs;  ///< the comment of each that was scheduled, and "called off"
+  int awake = 0;                        ///< guards that live now
   bool entered_root = false;
 };
 

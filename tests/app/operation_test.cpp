@@ -79,20 +79,19 @@ TEST_F(UnattendedRun, QuitEndsItAsCancelledWithoutAShutdown) {
     program.StartWithSetup("shutdown");
     EXPECT_EQ(program.printed.empty(), at_once);
     EXPECT_EQ(program.front_end.Run(), at_once ? 0 : 3);
-    EXPECT_TRUE(program.shell.commands.empty());
+    EXPECT_TRUE(program.shell.shut_downs.empty());
     EXPECT_FALSE(program.window->visible() || program.window->ReportWindow().visible());
   }
 }
 
 TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsItOff) {
-  using Commands = std::vector<std::pair<std::string, std::string>>;
-  const Commands called_off = {{"shutdown", "/s /c \"Cancellation possible.\r\nSee comment below\""},
-                               {"shutdown", "/a"}};
-  const std::pair<std::string, Commands> cases[] = {{"shutdown", called_off},
-                                                    {"nightly ShutDown, escape", called_off},
-                                                    {"shutdown without display", {{"shutdown", "/s"}}},
-                                                    {"shut down", {}}};
-  for (const auto& [words, commands] : cases) {
+  using ShutDowns = std::vector<std::string>;
+  const ShutDowns called_off = {"Cancellation possible.\r\nSee comment below", "called off"};
+  const std::pair<std::string, ShutDowns> cases[] = {{"shutdown", called_off},
+                                                     {"nightly ShutDown, escape", called_off},
+                                                     {"shutdown without display", {""}},
+                                                     {"shut down", {}}};
+  for (const auto& [words, shut_downs] : cases) {
     Program program({"/src/a"});
     program.context.has_display = words != "shutdown without display";
     program.front_end.when_idle = [&, by_click = words == "shutdown"] {
@@ -102,13 +101,13 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
           main.PopUpWindow().lblMessage.text(),
           "\r\nThis computer will shut down in about 30 seconds.\r\nClick here to cancel the shutdown.");
       EXPECT_EQ(main.PopUpWindow().Timer1.interval(), 60'000);
-      EXPECT_EQ(program.shell.commands, Commands{called_off[0]});
+      EXPECT_EQ(program.shell.shut_downs, ShutDowns{called_off[0]});
       EXPECT_FALSE(main.cmdBackupAllFiles.reachable() || main.cmdSpecifyDirectory[0].reachable());
       by_click ? Click(main.PopUpWindow().lblMessage) : main.UserPressedEscape();
     };
     program.StartWithSetup(words);
-    EXPECT_EQ(program.shell.commands, commands) << words;
-    EXPECT_EQ(program.Said(), commands == called_off ? "Shutdown cancelled" : "") << words;
+    EXPECT_EQ(program.shell.shut_downs, shut_downs) << words;
+    EXPECT_EQ(program.Said(), shut_downs == called_off ? "Shutdown cancelled" : "") << words;
     EXPECT_EQ(program.window->focused(), &program.window->cmdBackupModifiedFiles);
   }
 }

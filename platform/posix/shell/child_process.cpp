@@ -49,26 +49,6 @@ void WaitInBackground(pid_t child) {
 
 }  // namespace
 
-std::vector<std::string> SplitWords(const std::string& line) {
-  std::vector<std::string> words;
-  bool in_word = false;
-  bool quoted = false;
-  for (const char c : line) {
-    if (c == ' ' && !quoted) {
-      in_word = false;
-      continue;
-    }
-    if (!in_word) words.emplace_back();
-    in_word = true;
-    if (c == '"') {
-      quoted = !quoted;
-    } else {
-      words.back() += c;
-    }
-  }
-  return words;
-}
-
 std::string FindSystemCommand(const std::string& name) {
   if (name.empty() || name.find('/') != std::string::npos) return {};
   for (const char* folder : kSystemFolders) {

@@ -11,9 +11,6 @@
 /// Programs of the system's that are started and left to themselves.
 namespace platform::posix {
 
-/// The words of a command line: parted by blanks, except between double quotes, which are dropped.
-std::vector<std::string> SplitWords(const std::string& line);
-
 /// The file of the system's own command of that name: looked for where only the system's administrator puts
 /// programs. Empty when there is none, or when the name has a "/" in it.
 std::string FindSystemCommand(const std::string& name);

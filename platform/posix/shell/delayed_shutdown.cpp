@@ -5,7 +5,6 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -27,11 +26,8 @@ FileDescriptor Opened(pid_t process) {
 
 }  // namespace
 
-Status DelayedShutdown::Run(const std::vector<std::string>& switches) {
-  if (std::find(switches.begin(), switches.end(), "/a") != switches.end()) return CallOff();
-  const auto reason = std::find(switches.begin(), switches.end(), "/c");
-  if (reason == switches.end() || reason + 1 == switches.end()) return HandToSystem();
-  return WaitAndShutDown(*(reason + 1));
+Status DelayedShutdown::Schedule(const std::string& comment) {
+  return comment.empty() ? HandToSystem() : WaitAndShutDown(comment);
 }
 
 Status DelayedShutdown::HandToSystem() {

@@ -64,17 +64,6 @@ std::string PosixShell::ProgramFolder() {
   return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path().string();
 }
 
-Status PosixShell::RunSystemCommand(const std::string& command, const std::string& parameters) {
-  std::vector<std::string> arguments = SplitWords(parameters);
-  if (command == "shutdown") return shutdown_.Run(arguments);
-  const std::string path = FindSystemCommand(command);
-  if (path.empty()) return ErrorOf(ENOENT);
-  arguments.insert(arguments.begin(), command);
-  const auto started = StartProgram(path, std::move(arguments), {});
-  if (!started) return started.error();
-  return Done{};
-}
-
 std::unique_ptr<AwakeGuard> PosixShell::KeepAwake() {
   const std::string path = FindSystemCommand("systemd-inhibit");
   int ends[2];

@@ -5,8 +5,7 @@
 
 namespace platform::posix {
 
-/// The user's session on Linux. Keeping awake takes systemd-inhibit; without it the guard does nothing. The
-/// command "shutdown" understands the switches of Windows.
+/// The user's session on Linux. Keeping awake takes systemd-inhibit; without it the guard does nothing.
 class PosixShell : public Shell {
  public:
   std::string ApplicationDataFolder() override;
@@ -14,7 +13,8 @@ class PosixShell : public Shell {
   std::string ComputerName() override;
   std::uint64_t ProcessNumber() override;
   std::string ProgramFolder() override;
-  Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
+  Status ScheduleShutDown(const std::string& comment) override { return shutdown_.Schedule(comment); }
+  Status CallOffShutDown() override { return shutdown_.CallOff(); }
   std::unique_ptr<AwakeGuard> KeepAwake() override;
   void EnterRootOfCurrentDrive() override;
 

@@ -12,9 +12,9 @@ class WindowsShell : public Shell {
   std::string ComputerName() override;
   std::uint64_t ProcessNumber() override;
   std::string ProgramFolder() override;
-  /// `command` is a bare name such as "shutdown": the program of that name in the system's own folder is run,
-  /// by its full path.
-  Status RunSystemCommand(const std::string& command, const std::string& parameters) override;
+  /// By the command's switches "/s", "/c" and "/a".
+  Status ScheduleShutDown(const std::string& comment) override;
+  Status CallOffShutDown() override;
   /// Guards hold for the thread that asked for them, and go in the reverse order of their making.
   std::unique_ptr<AwakeGuard> KeepAwake() override;
   void EnterRootOfCurrentDrive() override;

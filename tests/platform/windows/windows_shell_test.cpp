@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/shell/system_command.h"
 #include "tests/platform/windows/temporary_folder.h"
 
 namespace platform::windows {
@@ -18,7 +19,7 @@ TEST(WindowsShell, RunsNoCommandFromTheCurrentFolder) {
   fs::copy_file("C:\\windows\\system32\\hostname.exe", base::Widen(folder.path() + "\\stranger.exe"));
   const fs::path before = fs::current_path();
   fs::current_path(base::Widen(folder.path()));
-  const Status run = WindowsShell().RunSystemCommand("stranger", "");
+  const Status run = RunSystemCommand("stranger", "");
   WindowsShell().EnterRootOfCurrentDrive();
   EXPECT_TRUE(fs::current_path().relative_path().empty()) << "it holds no folder";
   fs::current_path(before);
@@ -26,9 +27,9 @@ TEST(WindowsShell, RunsNoCommandFromTheCurrentFolder) {
 }
 
 TEST(WindowsShell, RunsASystemCommandByItsBareNameOnly) {
-  EXPECT_TRUE(WindowsShell().RunSystemCommand("hostname", ""));
+  EXPECT_TRUE(RunSystemCommand("hostname", ""));
   for (const char* name : {"", "..\\explorer", "c:hostname", "hostname.exe"}) {
-    EXPECT_FALSE(WindowsShell().RunSystemCommand(name, "")) << name;
+    EXPECT_FALSE(RunSystemCommand(name, "")) << name;
   }
 }
 

@@ -262,16 +262,16 @@ TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanB
   guard.reset();
   while (lives(inhibits)) std::this_thread::yield();
   Calls() = {};
-  EXPECT_FALSE(shell.RunSystemCommand("shutdown", "/a")) << "there is none";
-  EXPECT_TRUE(shell.RunSystemCommand("shutdown", "/s /c \"The end\""));
+  EXPECT_FALSE(shell.CallOffShutDown()) << "there is none";
+  EXPECT_TRUE(shell.ScheduleShutDown("The end"));
   EXPECT_TRUE(Calls().started.starts_with("/usr/sbin/sh|-c|") &&
               Calls().started.ends_with("|/usr/sbin/shutdown|The end|/usr/sbin/sleep|"));
   const int waits = Calls().child;
   EXPECT_TRUE(lives(waits));
-  EXPECT_TRUE(shell.RunSystemCommand("shutdown", "/a"));
+  EXPECT_TRUE(shell.CallOffShutDown());
   while (lives(waits)) std::this_thread::yield();
   Calls() = {};
-  for (const char* how : {"/s", "/a", "/a"}) static_cast<void>(shell.RunSystemCommand("shutdown", how));
+  EXPECT_TRUE(shell.ScheduleShutDown({}) && shell.CallOffShutDown() && !shell.CallOffShutDown());
   EXPECT_EQ(Calls().started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");
 }
 
