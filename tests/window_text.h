@@ -22,7 +22,7 @@ inline std::string Shade(const ui::Control& control) {
 }
 
 /// A control as somebody sees it: [button] (disabled button) [x] ticked {box} {=read only} <list, 2 of 3> and
-/// so on, behind it what is special about it: * the focus, a font, a colour, "a tool tip".
+/// so on, behind it what is special about it: * the focus, its key, a font, a colour, "a tool tip".
 inline std::string Face(ui::Control& control) {
   std::string text = control.text();
   if (dynamic_cast<ui::Button*>(&control) != nullptr) {
@@ -42,6 +42,8 @@ inline std::string Face(ui::Control& control) {
   }
   if (!control.enabled()) text = "(" + text + ")";
   if (control.has_focus()) text += "*";
+  if (&control == control.form().default_button()) text += " Enter";
+  if (&control == control.form().cancel_button()) text += " Esc";
   if (control.font().bold || control.font().points != 9)
     text += " " + std::to_string(control.font().points) + (control.font().bold ? "b" : "");
   if (control.colours() && control.colours() != control.form().colours()) text += Shade(control);
