@@ -5,7 +5,6 @@
 #include "app/confirmation/frmConfirmOperation.h"
 #include "app/select_subfolders/frmSelectSubfolders.h"
 #include "tests/app/program.h"
-#include "tests/window_text.h"
 
 /// One person's way through all the windows, and all that stands in them on the way.
 namespace app::test {
@@ -32,7 +31,7 @@ struct ADay : testing::Test, Program {
   }
 
   void Note(const std::string& when, const ui::Form& form) {
-    told += "== " + when + ": " + window_text::Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
+    told += "== " + when + ": " + Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
   }
   /// Lets the user act in the window that stands open above the others once it has read what it shows.
   template <typename Window>
@@ -51,7 +50,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   frmMain& main = Start();
   report::frmReport& report = main.ReportWindow();
   Note("The first start", main);
-  told += window_text::Spoken(main);
+  told += Spoken(main);
   dialogs.texts = {"/src"};
   Click(main.cmdSpecifyDirectory[0]);
   dialogs.texts = {"/dst"};
@@ -61,7 +60,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   InOpenWindow<frmSelectSubfolders>([&](frmSelectSubfolders& select) {
     for (const std::size_t row : {1U, 2U}) Tick(select.rows[row]->chkSubfolder, true);
     Note("Subfolders", select);
-    told += window_text::Spoken(select);
+    told += Spoken(select);
     Click(select.cmdAccept);
   });
   Click(main.cmdSelectSubfolders);
@@ -81,12 +80,12 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
 
   InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& confirm) {
     Note("Confirmation", confirm);
-    told += window_text::Spoken(confirm);
+    told += Spoken(confirm);
     Tick(confirm.chkDontShowAgain, true);
     front_end.when_idle = [&] {
       if (!report.Paused) return;
       Note("Paused", report);
-      told += window_text::Spoken(report);
+      told += Spoken(report);
       Click(report.cmdPauseContinue);
     };
     Click(confirm.cmdStart);
