@@ -1,10 +1,10 @@
+#include <algorithm>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 #include "app/confirmation/frmConfirmOperation.h"
 #include "app/select_subfolders/frmSelectSubfolders.h"
 #include "tests/app/program.h"
-#include "tests/window_text.h"
 
 /// One person's way through all the windows, and all that stands in them on the way.
 namespace app::test {
@@ -31,7 +31,7 @@ struct ADay : testing::Test, Program {
   }
 
   void Note(const std::string& when, const ui::Form& form) {
-    told += "== " + when + ": " + window_text::Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
+    told += "== " + when + ": " + Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
   }
   /// Lets the user act in the window that stands open above the others once it has read what it shows.
   template <typename Window>
@@ -50,7 +50,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   frmMain& main = Start();
   report::frmReport& report = main.ReportWindow();
   Note("The first start", main);
-  told += window_text::Spoken(main);
+  told += Spoken(main);
   dialogs.texts = {"/src"};
   Click(main.cmdSpecifyDirectory[0]);
   dialogs.texts = {"/dst"};
@@ -60,7 +60,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   InOpenWindow<frmSelectSubfolders>([&](frmSelectSubfolders& select) {
     for (const std::size_t row : {1U, 2U}) Tick(select.rows[row]->chkSubfolder, true);
     Note("Subfolders", select);
-    told += window_text::Spoken(select);
+    told += Spoken(select);
     Click(select.cmdAccept);
   });
   Click(main.cmdSelectSubfolders);
@@ -80,26 +80,31 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
 
   InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& confirm) {
     Note("Confirmation", confirm);
-    told += window_text::Spoken(confirm);
+    told += Spoken(confirm);
     Tick(confirm.chkDontShowAgain, true);
     front_end.when_idle = [&] {
       if (!report.Paused) return;
       Note("Paused", report);
-      told += window_text::Spoken(report);
+      told += Spoken(report);
       Click(report.cmdPauseContinue);
     };
     Click(confirm.cmdStart);
   });
-  WhenACopyBegins([&, first = true]() mutable {
-    if (std::exchange(first, false)) Note("Running", report), Note("Running", main);
+  int copies = 0;
+  WhenACopyBegins([&] {
+    clock.Advance(std::chrono::seconds{20});
+    if (++copies % 3 == 1) Note("Running", report);
+    if (copies == 1) Note("Running", main);
   });
   Click(main.cmdBackupModifiedFiles);
   front_end.when_idle = {};
-  files.Before({});
   Note("Backed up", report);
   PressKey(report, {ui::Key::kFind});
+  Note("To be found", report);
   Type(report.txbFind, "copied");
   Note("Found", report);
+  report.UserPressedEscape();
+  Note("Find closed", report);
   Click(report.cmdOpenTarget);
   EXPECT_EQ(front_end.opened_folders, std::vector<std::string>{"/dst"});
   report.UserClosed();
@@ -115,16 +120,29 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   dialogs.texts = {"/mine.qvr"};
   Click(main.cmdSaveSetupAsOperationFile);
   Note("Saved", main);
+  const auto setup_command = [&](ui::Button& command) {
+    front_end.PassTime(1'000);
+    Click(main.cmdSetup);
+    Click(command);
+    Note(command.text(), main);
+  };
+  setup_command(main.cmdLoadSetup);
+  Click(main.cmdSaveSetupInBothWays);
+  setup_command(main.cmdClearSetup);
+  setup_command(main.cmdRestoreSetup);
   for (const auto& note : front_end.notes) told += "Notice: " + note + "\n";
   Click(main.cmdQuit);
   EXPECT_TRUE(front_end.quitting());
 
-  std::ifstream expected(QV_SOURCE_ROOT "/tests/app/a_day.txt", std::ios::binary);
-  std::stringstream text;
-  text << expected.rdbuf();
+  std::ifstream file(QV_SOURCE_ROOT "/tests/app/a_day.txt", std::ios::binary);
+  const std::string expected{std::istreambuf_iterator<char>(file), {}};
+  if (told == expected) return;
   const std::string seen = testing::TempDir() + "a_day.txt";
-  if (text.str() != told) std::ofstream(seen, std::ios::binary) << told;
-  EXPECT_EQ(told, text.str()) << "If it is meant to be so, copy " << seen << " to tests/app.";
+  std::ofstream(seen, std::ios::binary) << told;
+  const auto differs = std::ranges::mismatch(told, expected).in1;
+  const auto line = std::count(told.begin(), differs, '\n') + 1;
+  ADD_FAILURE() << "From line " << line << " on it is otherwise. If " << seen
+                << " is meant, copy it to tests/app.";
 }
 
 }  // namespace app::test

@@ -89,6 +89,9 @@ TEST_F(SelectSubfolders, ReadsInSlicesAndFirstWhatTheUserLooksAt) {
       EXPECT_EQ(select->text(), "Reading disk . . .");
       ui::headless::Scroll(select->vsbScrollBar, 4'000);
       EXPECT_EQ(NameAt(0) + ContentAt(0), "folder 14000");
+      EXPECT_EQ(Summary(), "No subfolders selected.");
+      Tick(0);
+      EXPECT_TRUE(Summary().ends_with(" directly in it, 0 bytes so far.")) << Summary();
     }
     if (idle == 4) {
       EXPECT_LT(files.CountOf(Call::kOpenFolder), 30U);

@@ -9,14 +9,8 @@ using namespace ui::headless;
 struct StartUp : testing::Test, Program {};
 using Quit = StartUp;
 
-TEST_F(StartUp, WithoutALastRunShowsEveryDefaultAndWaitsForASource) {
+TEST_F(StartUp, RemovesWhatAKilledProgramLeftAndKnowsThePreviousRun) {
   Start();
-  EXPECT_EQ(window->CurrentSetup(), app::Setup{});
-  EXPECT_FALSE(window->chkIncludeSubfolders.visible() || window->chkExcludeFilesInSourceFolder.visible());
-  for (const ui::Button& button : window->cmdClearFolder) EXPECT_FALSE(button.visible()) << button.name();
-  EXPECT_FALSE(window->cmdReportScreen.enabled() || window->cmdSelectSubfolders.enabled() ||
-               window->cmdListSubFolders.enabled());
-  EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[0]);
   EXPECT_TRUE(window->FormLoaded && shell.entered_root);
   EXPECT_EQ(window->lblPreviousRun.text() + Said(), "");
   const std::string left = platform::ParentOf(kLastRun) + "/" + platform::MakeTemporaryName();

@@ -1,8 +1,5 @@
 """What may happen to the windows of a run while it works: closed, minimised, answered with one key too many."""
 
-import os
-import time
-
 import desktop
 from first_day import CONFIRM, PAUSE
 from story import MAIN
@@ -27,27 +24,6 @@ class HeldRuns:
     def minimise(self, title):
         window = self.program.screen.run("xdotool", "search", "--onlyvisible", "--name", title + "$").stdout.split()[-1]
         self.program.screen.run("xdotool", "windowminimize", "--sync", window)
-
-    def test_a_full_report_that_is_closed_twice_in_its_rest_asks_before_it_loses_the_run(self):
-        deep = "/".join(letter * 240 for letter in "abcdefghijklm")
-        files = {f"Many/{number:02}/{deep}/file": b"x" for number in range(30)}
-        self.write(files)
-        self.save_setup(["Many"])
-        self.start()
-        self.begin(ALL)
-        desktop.wait_until(lambda: f" Waiting - {ALL}\n" in self.program.screen.run("wmctrl", "-l").stdout, "the rest")
-        rests_since = time.monotonic()
-        for _ in range(2):
-            self.program.screen.run("wmctrl", "-c", ALL)
-        box = self.program.find_label("Cancel the backup?").title
-        self.assertGreater(time.monotonic() - rests_since, 11)
-        self.program.press(box, "No")
-        self.program.press(ALL, "Continue")
-        self.program.find(ALL, "Close")
-        report = self.program.text(ALL, "Report")
-        self.assertNotIn("00" + os.sep, report.replace("\\", os.sep))
-        self.assertIn("Number of files copied: 30", report)
-        self.check_copies(files)
 
     def test_enter_twice_starts_a_run_and_one_that_is_minimised_comes_back_before_the_main_window(self):
         files = {f"Letters/{number}": b"Dear reader" for number in range(300)}

@@ -108,22 +108,6 @@ TEST_F(ReportButtons, TheKeyThatStartedTheRunDoesNotPauseIt) {
   EXPECT_EQ(Shown() + " " + window.text(), "[Pause] 0 % - Report");
 }
 
-TEST_F(ReportButtons, PauseAndEndAreToldInTheWindowItsTitleAndElsewhere) {
-  front_end.Post([&] {
-    EXPECT_EQ(window.lblState.text() + "|" + window.text(), "Paused: 0 %|Paused - Report");
-    Click(window.cmdPauseContinue);
-  });
-  window.cmdPauseContinue_Click();
-  window.SetReportButtons("Close");
-  window.ShowEnd("List", "Finished: 1 file could not be copied.", EndKind::kBad);
-  EXPECT_EQ(window.lblState.text(), "! Finished: 1 file could not be copied.");
-  EXPECT_EQ(window.text(), "! Finished - List");
-  EXPECT_EQ(window.task_state(), ui::TaskState::kFailed);
-  EXPECT_TRUE(window.cmdCancelClose.has_focus());
-  EXPECT_EQ(window.cmdCancelClose.description(), "Finished: 1 file could not be copied.");
-  EXPECT_EQ(front_end.notes.back(), "List: Finished: 1 file could not be copied.");
-}
-
 TEST_F(ReportButtons, F8GoesFromProblemToProblemAndRoundAndFindFromPlaceToPlace) {
   window.OutputProblem("Not copied: a");
   window.Output("line", true);

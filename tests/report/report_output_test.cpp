@@ -53,10 +53,12 @@ TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsWithoutThePauseButtonAndEmpti
       scene.front_end.Post([&] {
         EXPECT_EQ(scene.window.txbText.text(), shown);
         EXPECT_FALSE(scene.window.cmdPauseContinue.visible());
+        EXPECT_EQ(scene.window.text() + scene.window.lblState.text(), "Waiting - ReportWaiting");
       });
       scene.window.Output("dropped", true);
       EXPECT_EQ(scene.window.txbText.text(), "");
       EXPECT_TRUE(scene.window.cmdPauseContinue.visible());
+      EXPECT_EQ(scene.window.text() + scene.window.lblState.text(), "0 % - Report0 %");
     }
     EXPECT_EQ(scene.clock.sleeps(), (std::vector<std::chrono::milliseconds>{15s, 10s, 5s, 5s}));
   }

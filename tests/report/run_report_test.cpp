@@ -105,6 +105,12 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
   scene.run.Progress(0.5);
   scene.run.WriteSummary({});
   EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 12 bytes in 1,002 files");
+  for (const bool compares : {true, false}) {
+    scene.clock.Advance(100ms);
+    compares ? scene.run.Comparing("/data/c") : scene.run.CopyBegun("/data/d");
+    EXPECT_EQ(window.Label1.text() + window.lblFileName.text(),
+              compares ? "Now being compared: /data/c" : "File now being copied: /data/d");
+  }
   EXPECT_TRUE(window.task_progress() == 0.5 && window.barProgress.fraction() == 0.5);
 }
 

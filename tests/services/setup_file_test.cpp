@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/memory/memory_system.h"
+#include "services/data_file.h"
 #include "tests/tree.h"
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
@@ -53,6 +55,39 @@ TEST_F(SetupFile, ClearsAMissingTargetWhenToldTo) {
     EXPECT_EQ(loaded.clear_setup_file, yes);
     EXPECT_EQ(loaded.setup.TargetFolder, yes ? "" : "/gone");
   }
+}
+
+TEST_F(SetupFile, WhatWasAwayIsTakenBackOnceItIsThereAndSavedInAnyCase) {
+  setup.IncludedFolders = {"gone", "one"};
+  for (int there = 0; there < 8; ++there) {
+    const bool source = (there & 1) != 0, target = (there & 2) != 0, folder = (there & 4) != 0;
+    platform::memory::MemoryFileSystem disk;
+    if (source) disk.AddFolder(folder ? "/s/one" : "/s");
+    if (target) disk.AddFolder("/t");
+    app::Setup shown = setup;
+    AwayParts away = TakeApart(shown);
+    EXPECT_EQ(shown, app::Setup{});
+    EXPECT_EQ(TakeBackWhatIsThere(disk, shown, away), source || target);
+    EXPECT_EQ(shown.SourceFolder + shown.TargetFolder,
+              std::string(source ? "/s" : "") + (target ? "/t" : ""));
+    EXPECT_EQ(shown.IncludedFolders.size(), source && folder ? 1U : 0U);
+    EXPECT_EQ(WithAwayParts(shown, away), setup);
+    EXPECT_FALSE(TakeBackWhatIsThere(disk, shown, away));
+    away.ForgetSource();
+    EXPECT_EQ(WithAwayParts(shown, away).IncludedFolders, shown.IncludedFolders);
+  }
+}
+
+TEST_F(SetupFile, OnlyAnOldTemporaryFileIsTakenForOneOfADeadProgram) {
+  const std::string path = "/s/" + platform::MakeTemporaryName();
+  files.AddFile(path, "");
+  platform::memory::MemoryClock clock;
+  for (const int age : {60, 61}) {
+    clock.Set({files.ChangedAt(path)->seconds + age, 0});
+    RemoveTemporaryFiles(files, clock, "/s");
+    EXPECT_EQ(files.Exists(path), age == 60);
+  }
+  EXPECT_TRUE(files.Exists("/s/file"));
 }
 
 TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {

@@ -27,6 +27,10 @@ TEST(SetupText, StandsInTheLayoutToTheByte) {
   EXPECT_TRUE(CanBeWritten(setup));
   setup.IncludedFolders = {"a\nb"};
   EXPECT_FALSE(CanBeWritten(setup)) << "a name of two lines";
+  setup.IncludedFolders.assign(32'767, "a");
+  EXPECT_TRUE(CanBeWritten(setup));
+  setup.IncludedFolders.emplace_back("b");
+  EXPECT_FALSE(CanBeWritten(setup)) << "their number cannot be read back";
 }
 
 TEST(SetupText, ComesBackWithEveryLineEndAndAByteOrderMark) {
@@ -52,6 +56,8 @@ TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
   setup = ParseSetup("\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", kPeriods).setup;
   EXPECT_EQ(setup.SourceFolder + '|' + setup.TargetFolder, "/a,\r\nb|/t");
   EXPECT_TRUE(setup.SaveSetupOnQuit && setup.IncludeSubfolders);
+  setup = ParseSetup("\"/a\"\n\"/t\"\r\n0\n1\n", kPeriods).setup;
+  EXPECT_EQ(setup.TargetFolder + (setup.SaveSetupOnQuit ? "|1" : ""), "/t|1");
   EXPECT_EQ(ParseSetup("\"/a\r\n", kPeriods).setup.SourceFolder, "/a\r\n") << "a quote left open";
 }
 

@@ -124,4 +124,12 @@ void PressSpace(Form& form);
 /// Returns whether the window used the key.
 bool PressKey(Form& form, const KeyPress& press);
 
+/// What somebody sees of a window: its title, and from top to bottom what is visible in it. Controls that
+/// stand side by side are in one line, from left to right, what is in a frame below its heading. A control is
+/// written as [button] (disabled button) [x] ticked {box} {=read only} <list, 2 of 3>; behind it stands what
+/// is special about it: * the focus, its key, a font, a colour, "a tool tip".
+std::string Seen(const Form& form);
+/// What a screen reader says beyond that, and the access key, of each control in the order of tabbing.
+std::string Spoken(const Form& form);
+
 }  // namespace ui::headless
