@@ -238,8 +238,6 @@ TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFile
   scene.files.Before([&scene](auto, auto&) { scene.clock.Advance(std::chrono::milliseconds{100}); });
   scene.BackUp();
   EXPECT_TRUE(std::ranges::is_sorted(scene.progress));
-  for (std::size_t i = 1; i < scene.progress.size(); ++i)
-    EXPECT_LE(scene.progress[i] - scene.progress[i - 1], 1.0 / 3 / 6 + 0.001) << "never by more than a share";
   EXPECT_GE(scene.breaths, 15);
   EXPECT_EQ(scene.progress.back(), 1.0);
 }
