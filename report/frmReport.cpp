@@ -4,6 +4,7 @@
 
 #include "text/text_numbers.h"
 #include "ui/front_end.h"
+#include "ui/placing.h"
 #include "ui/window_look.h"
 
 namespace report {
@@ -29,7 +30,8 @@ void frmReport::Form_Load() {
   constexpr ui::Twips kStartHeight = 6'000;
   constexpr ui::Size kSmallest{10'200, 4'500};  // inside: all buttons side by side, some lines of text
   const ui::Rect& main = main_.Window().bounds();
-  SetBounds(OnItsScreen({main.left + 500, main.top + 500, main.width - 1'000, kStartHeight}));
+  SetBounds(ui::KeptOnItsScreen({main.left + 500, main.top + 500, main.width - 1'000, kStartHeight},
+                                front_end().screen()));
   SetSmallest(kSmallest);
   size_set_ = {width(), height()};
   SetReportButtons2(false, false, "", false, "");

@@ -172,7 +172,6 @@ class frmReport : public ui::Form {
   void BringBackMinimisedWindows();
   void ResizeToWorkingSize();
   bool SizedByUser() const;
-  ui::Rect OnItsScreen(ui::Rect bounds);
   void EmptyFullTextbox(WhenFull when_full);
   void ShowFullTextbox();
   void SnipEnd();

@@ -3,6 +3,7 @@
 
 #include "report/frmReport.h"
 #include "ui/front_end.h"
+#include "ui/placing.h"
 
 namespace report {
 namespace {
@@ -38,22 +39,8 @@ void frmReport::ResizeForm(std::int16_t Height, std::int16_t Width) {
   const ui::Size wanted{Width, std::max<ui::Twips>(Height, kWorkingHeight)};
   if (size_set_ == wanted && !SizedByUser()) return;
   size_set_ = wanted;
-  SetBounds(OnItsScreen({left(), top(), wanted.width, wanted.height}));
+  SetBounds(ui::KeptOnItsScreen({left(), top(), wanted.width, wanted.height}, front_end().screen()));
   Form_Resize();
-}
-
-/// Moved so far that all of it shows, and made smaller where the screen is. Only the first screen's size is
-/// known: on another one it stays.
-ui::Rect frmReport::OnItsScreen(ui::Rect bounds) {
-  const ui::Size screen = front_end().screen();
-  const bool on_first =
-      bounds.left >= 0 && bounds.left < screen.width && bounds.top >= 0 && bounds.top < screen.height;
-  if (!on_first) return bounds;
-  bounds.width = std::min(bounds.width, screen.width);
-  bounds.height = std::min(bounds.height, screen.height);
-  bounds.left = std::max(0, std::min(bounds.left, screen.width - bounds.width));
-  bounds.top = std::max(0, std::min(bounds.top, screen.height - bounds.height));
-  return bounds;
 }
 
 bool frmReport::SizedByUser() const {

@@ -2,6 +2,7 @@
 
 #include "base/ascii_case.h"
 #include "platform/path.h"
+#include "text/str_proc.h"
 
 namespace DiskProc {
 namespace {
@@ -10,8 +11,6 @@ constexpr const char* kProbeName = "klasdjfdskjfkjkwjkweoewiroew.txt";
 constexpr const char* kProbeContent = "A line\r\n";
 constexpr std::int64_t kLongestLeftOver = 64;
 constexpr double kKilobyte = 1024;
-constexpr double kMegabyte = 1024 * kKilobyte;
-constexpr double kGigabyte = 1024 * kMegabyte;
 
 /// What the file system is asked about for a path's disk.
 std::string DiskOf(const std::string& path) {
@@ -47,12 +46,8 @@ std::string FreeSpaceText(platform::FileSystem& files, const std::string& path,
 }
 
 std::string FormatDiskSize(double bytes, std::int16_t capital, const text::NumberMarks& marks) {
-  const std::string word = capital != 0 ? " Bytes" : " bytes";
-  if (bytes == 0) return "0" + word;
-  if (bytes < kKilobyte) return text::GroupedNumber(bytes, 0, marks) + word;
-  if (bytes < kMegabyte) return text::GroupedNumber(bytes / kKilobyte, 2, marks) + " Kb";
-  if (bytes < kGigabyte) return text::GroupedNumber(bytes / kMegabyte, 2, marks) + " Mb";
-  return text::GroupedNumber(bytes / kGigabyte, 2, marks) + " Gb";
+  if (bytes < kKilobyte) return StrProc::FormatByteCount(bytes, capital != 0, marks);
+  return StrProc::FormatSizeKbMbGb(bytes, StrProc::kDecimals, marks);
 }
 
 bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, std::string& error_text) {
