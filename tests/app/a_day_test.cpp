@@ -112,6 +112,12 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Click(main.cmdBackupAllFiles);
   Note("All backed up", report);
   Note("After it", main);
+  Tick(main.chkSuppressDetailedReports, true);
+  Click(main.cmdCheckBackupState);
+  Note("Checked briefly", report);
+  WhenACopyBegins([&] { main.StopOperation(); });
+  Click(main.cmdBackupAllFiles);
+  Note("Cancelled", report);
 
   Click(main.cmdSetup);
   Note("Setup", main);

@@ -212,10 +212,6 @@ class Place:
                 file.write(data)
             os.utime(full, ns=(modified, modified))
 
-    def names(self):
-        """Of the files in the target, also while a run makes and removes some."""
-        return [name for _, _, files in os.walk(self.target) for name in files]
-
     def copies(self):
         """Every file of the target: path -> (bytes, time of last modification in ns)."""
         found = {}
