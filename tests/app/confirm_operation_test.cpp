@@ -97,6 +97,7 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
       doubts("/dst", {}),
       "The one subfolder of the source is not included. Only the files directly in it will be backed up.");
   EXPECT_TRUE(holds(doubts("/other", {}), "on the same disk as the source"));
+  EXPECT_FALSE(holds(doubts("/other", {}), "inside")) << "of what is not there nothing is known";
   files.SetDisk("/dst", "/");
   EXPECT_TRUE(holds(doubts("/dst", {"inside"}), "on the same disk as the source")) << "another volume of it";
   files.SetDisk("/dst", "sdb");

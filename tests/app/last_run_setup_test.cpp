@@ -48,10 +48,10 @@ TEST_F(LastRunSetup, AFolderThatIsAwayStandsInTheReportAsAWarningAndIsBackByItse
   EXPECT_TRUE(printed[1].starts_with("Included folder a does not exist. It stays")) << printed[1];
   EXPECT_TRUE(printed.back().starts_with("RESULT status=warnings"));
   EXPECT_EQ(printed.end()[-2], "This report contains one warning.");
-  tree::Add(files, {"/src/a/x"});
+  tree::Add(files, {"/src/a/x", "/src/a/Thumbs.db"});
   window->SkipConfirmation = true;
   Click(window->cmdBackupModifiedFiles);
-  EXPECT_EQ(tree::Below(files, "/dst"), "a/x=1 b/y=1 c/z=1");
+  EXPECT_EQ(tree::Below(files, "/dst"), "a/Thumbs.db=1 a/x=1 b/y=1 c/z=1");
   EXPECT_EQ(window->CurrentSetup().IncludedFolders, setup.IncludedFolders);
 }
 

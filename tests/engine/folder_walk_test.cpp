@@ -1,4 +1,5 @@
 #include <random>
+#include <utility>
 
 #include "engine/overlap.h"
 
@@ -187,6 +188,17 @@ TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnewNorTakenForAnotherFolder) {
     EXPECT_TRUE(scene.Wrote("Not read: /dst/next. Target gone."));
     EXPECT_EQ(scene.Copies(), "");
   }
+}
+
+TEST(FolderWalk, AFolderOfTheTargetThatGoesAwayWhileTheTargetStaysIsMadeAnew) {
+  Scene scene({"/src/in/deep/er/a", "/dst/in/deep/"}, {"in"});
+  bool is_there = true;
+  scene.files.Before([&](Call call, const std::string& path) {
+    if (call == Call::kCreateFolder && path == "/dst/in/deep/er" && std::exchange(is_there, false))
+      scene.files.Remove("/dst/in");
+  });
+  EXPECT_EQ(scene.BackUp(), "new 1, copied 1");
+  EXPECT_EQ(scene.Copies(), "in/deep/er/a=1");
 }
 
 TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {

@@ -55,8 +55,9 @@ TEST_P(ClockContract, ItIsLaterThan2020AndLocalTimeIsUtcAndAFewWholeMinutes) {
 
 TEST_P(ClockContract, ASleepTakesItsTimeOfAClockThatOnlyRunsForward) {
   const auto begun = seam_->Monotonic();
-  seam_->Sleep(std::chrono::milliseconds{2});
-  EXPECT_GE(seam_->Monotonic() - begun, std::chrono::milliseconds{1}) << "both are cut to whole ones";
+  seam_->Sleep(std::chrono::milliseconds{40});
+  EXPECT_GE(seam_->Monotonic() - begun, std::chrono::milliseconds{20})
+      << "a clock may tick 60 times a second";
 }
 
 TEST_P(ShellContract, ItTellsWhoRunsTheProgramAndWhereThingsAreAndKeepsAwakeOrSaysNothing) {
