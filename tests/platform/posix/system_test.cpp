@@ -31,6 +31,9 @@ TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
       {{"LANG=en_US.UTF-8", "LANGUAGE=de:en"}, "de"},
       {{"LANG=C.UTF-8", "LANGUAGE=de"}, "en"},
       {{"LC_ALL=", "LC_MESSAGES=", "LANG=ast_ES"}, "en"},
+      {{"LANG=az_AZ"}, "az"},
+      {{"LANG=DE_AT"}, "en"},
+      {{"LANG=d{_AT"}, "en"},
       {{"LC_ALL=POSIX", "LANG=de_DE"}, "en"},
   };
   for (const auto& [variables, language] : cases) {

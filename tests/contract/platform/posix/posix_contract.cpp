@@ -275,6 +275,19 @@ TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanB
   EXPECT_EQ(Calls().started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");
 }
 
+TEST_F(PosixFiles, ACopyIsReadBackPastTheMemoryAlsoWhereItsOwnerMayNotReadIt) {
+  AddFile("from/file", "content");
+  ASSERT_EQ(chmod(At("from/file").c_str(), S_IRGRP | S_IROTH), 0);
+  if (!scene_->GiveTo(At("from/file"), true)) GTEST_SKIP() << "giving files away takes root";
+  posix::test::Calls() = {};
+  posix::test::Calls().volume = TMPFS_MAGIC;
+  reads_back_ = true;
+  EXPECT_TRUE(Copy("file"));
+  EXPECT_EQ(posix::test::Calls().made, "syncfs forget forget rename ");
+  posix::test::Calls() = {};
+  EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{0244});
+}
+
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
   const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
   AddFile("from/file", "x");

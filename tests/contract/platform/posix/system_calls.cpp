@@ -1,6 +1,7 @@
 #include "tests/contract/platform/posix/system_calls.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <linux/msdos_fs.h>
 #include <spawn.h>
 #include <sys/statfs.h>
@@ -89,6 +90,11 @@ ssize_t write(int file, const void* bytes, std::size_t size) {
 
 ssize_t copy_file_range(int from, off64_t* at, int to, off64_t* to_at, std::size_t size, unsigned flags) {
   return Fails("copy_file_range") ? -1 : syscall(SYS_copy_file_range, from, at, to, to_at, size, flags);
+}
+
+int posix_fadvise(int file, off_t at, off_t length, int advice) noexcept {
+  if (advice == POSIX_FADV_DONTNEED) Note("forget");
+  return static_cast<int>(syscall(SYS_fadvise64, file, at, length, advice));
 }
 
 int futimens(int file, const struct timespec* times) noexcept {
