@@ -84,6 +84,7 @@ class Work:
     cold: bool = False  # the system's caches are dropped before each run
     safe: bool = False  # the engine's copies, all of them, are safe on the disk at its end
     far: bool = False  # the target is a slow one
+    plain: bool = False  # the target is a plain folder: under an image file the file's own cache would answer
 
 
 def run_process(command, environment=None):

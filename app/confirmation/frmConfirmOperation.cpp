@@ -25,9 +25,10 @@ constexpr Twips kInset = 180;           ///< from the sides of a frame to what i
 constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's font
 constexpr Twips kFactGap = 120;         ///< between two facts
 constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
-constexpr Twips kChoiceHeight = 330;
-constexpr Twips kIndent = 285;  ///< of what stands below a check box
-constexpr Twips kSlack = 90;    ///< by which a label is wider than the text it is to hold
+constexpr Twips kChoiceHeight = 300;
+constexpr Twips kChoiceGap = 45;  ///< below what a choice costs
+constexpr Twips kIndent = 285;    ///< of what stands below a check box
+constexpr Twips kSlack = 90;      ///< by which a label is wider than the text it is to hold
 
 constexpr std::chrono::milliseconds kSlice{40};
 constexpr int kBetweenSlices = 1;
@@ -189,7 +190,7 @@ void frmConfirmOperation::Form_Resize() {
   cmdStart.SetBounds({cmdCancel.left() - kGap - kButtonWidth, buttons, kButtonWidth, kButtonHeight});
   chkDontShowAgain.SetBounds({kMargin, buttons, cmdStart.left() - kGap - kMargin, kButtonHeight});
 
-  const Twips facts = lblExplanation.bounds().bottom() + kMargin;
+  const Twips facts = lblExplanation.bounds().bottom() + kInset;
   Twips choices = PlaceChoice(chkReadBack, lblToBeReadBack, buttons, width);
   choices = PlaceChoice(chkCompareContents, lblToBeCompared, choices, width);
   const Twips facts_end = PlaceDoubts(choices - kGap, width) - kGap;
@@ -202,7 +203,7 @@ void frmConfirmOperation::Form_Resize() {
 /// The choices stand right above the buttons, each with what it costs below it. Returns its upper edge.
 Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, Twips bottom, Twips width) {
   if (!choice.visible()) return bottom;
-  amount.SetBounds({kMargin + kIndent, bottom - kGap - kLineHeight, width - kIndent, kLineHeight});
+  amount.SetBounds({kMargin + kIndent, bottom - kChoiceGap - kLineHeight, width - kIndent, kLineHeight});
   choice.SetBounds({kMargin, amount.top() - kChoiceHeight, width, kChoiceHeight});
   return choice.top();
 }

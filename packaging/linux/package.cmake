@@ -26,7 +26,7 @@ foreach(size 16 22 24 32 48 64 128 256)
           RENAME quorvane.png)
 endforeach()
 install(FILES ${here}/../quorvane.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${documents} RENAME copyright)
+install(FILES ${QV_LICENCES} DESTINATION ${documents} RENAME copyright)
 qv_install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${documents} CHANGELOG.md.gz)
 qv_install_compressed(${made}/changelog.Debian ${documents} changelog.gz)
 
@@ -42,7 +42,7 @@ if(QV_RPMBUILD)
 endif()
 set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
 set(CPACK_RPM_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION}")
-set(CPACK_RPM_PACKAGE_LICENSE MIT)
+set(CPACK_RPM_PACKAGE_LICENSE "MIT AND BSD-2-Clause")
 set(CPACK_RPM_PACKAGE_GROUP Applications/Archiving)
 set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
     /usr/share/applications /usr/share/metainfo /usr/share/man /usr/share/man/man1 /usr/share/doc /usr/share/icons

@@ -1,6 +1,6 @@
 # An installer and a portable archive; the program is one file in both.
 install(TARGETS quorvane DESTINATION .)
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . RENAME LICENSE.txt)
+install(FILES ${QV_LICENCES} DESTINATION .)
 set(CPACK_GENERATOR NSIS ZIP)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/package_names.cmake)
 # CPack's own script for the installer takes administrator rights for granted: NSIS.template.in here stands in for it.

@@ -7,7 +7,8 @@ namespace engine::test {
 
 using platform::CopyStage;
 
-/// One file on a disk that takes its time: 5 waits of 100 ms to write it, and 7 to save it.
+/// One file on a disk that takes its time: 5 waits of 100 ms to write it, and 7 to save it; where it is to be
+/// read back, the last 5 of these.
 class SlowCopier : public platform::Copier {
  public:
   explicit SlowCopier(platform::memory::MemoryClock& clock) : clock_(clock) {}
@@ -25,7 +26,9 @@ class SlowCopier : public platform::Copier {
     clock_.Advance(std::chrono::milliseconds{100});
     if (++waits_ > 12) return CopyStage::kReady;
     if (waits_ <= 5) order_.watcher(order_.file->size * waits_ / 5);
-    return waits_ <= 5 ? CopyStage::kWriting : CopyStage::kSaving;
+    if (waits_ <= 7 || !order_.read_back) return waits_ <= 5 ? CopyStage::kWriting : CopyStage::kSaving;
+    order_.watcher(order_.file->size + order_.file->size * (waits_ - 8) / 5);
+    return CopyStage::kReadingBack;
   }
 
  private:
@@ -53,7 +56,8 @@ struct SlowScene : Scene {
   Tools slow_tools{slow, clock, texts, {}, tools.GetDiskSpace, tools.IsWriteProtected};
 
   RunOutcome BackUpSlowly() {
-    return RunChecked(slow_tools, {setup, app::Operation::kBackupModifiedFiles, {}, false});
+    return RunChecked(slow_tools,
+                      {setup, app::Operation::kBackupModifiedFiles, {}, false, false, reads_back});
   }
 };
 
@@ -64,6 +68,17 @@ TEST(WaitingForCopies, MovesTheBarInsideABigFileAndSaysWhenTheDiskIsWaitedFor) {
   EXPECT_GT(scene.progress[0], 0);
   for (std::size_t i = 1; i < 5; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
   EXPECT_EQ(scene.saving, "saving|done|saving|done|") << "the file, and the whole at the end";
+}
+
+TEST(WaitingForCopies, MovesTheBarOverTheSecondHalfOfABigFileWhileItsCopyIsReadBack) {
+  SlowScene scene;
+  scene.reads_back = true;
+  EXPECT_EQ(scene.BackUpSlowly().totals.counts.read_back, 1);
+  ASSERT_GE(scene.progress.size(), 11U);
+  const double written = scene.progress[6];
+  EXPECT_NEAR(written, scene.progress.back() / 2, 0.01);
+  for (std::size_t i = 8; i < 11; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
+  EXPECT_EQ(scene.read_back, "/src/big|/src/big|/src/big|/src/big|");
 }
 
 TEST(WaitingForCopies, EndsWithinABlinkWhenTheUserCancels) {
