@@ -4,8 +4,8 @@
 
 namespace base {
 
-/// Owns one handle of the system and gives it back when it goes. Traits name the handle's type (`Value`), the value that
-/// stands for none (`None()`) and the call that gives it back (`Close(value)`).
+/// Owns one handle of the system and gives it back when it goes. Traits name the handle's type (`Value`), the
+/// value that stands for none (`None()`) and the call that gives it back (`Close(value)`).
 template <typename Traits>
 class Handle {
  public:

@@ -5,8 +5,8 @@
 
 #include "base/utf16.h"
 
-/// UTF-8 to the wide characters of a system where they are UTF-16, and back. Unpaired surrogates of file names are kept;
-/// the system's own conversion would replace them.
+/// UTF-8 to the wide characters of a system where they are UTF-16, and back. Unpaired surrogates of file
+/// names are kept; the system's own conversion would replace them.
 namespace base {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "for Windows only");

@@ -5,7 +5,7 @@
 #include "report/main_window.h"
 #include "ui/headless/headless_front_end.h"
 
-/// What a line of the report costs, by how much stands in the text box already.
+/// What a line of the report costs, by how much is in the text box already.
 namespace {
 
 /// Nobody reads this report, so that a full one is emptied without a wait.

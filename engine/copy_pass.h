@@ -69,13 +69,13 @@ class CopyPass {
   using Bytes = std::atomic<std::int64_t>;
   struct Pending {
     CopyJob job;
-    std::shared_ptr<Bytes> done;  ///< of its copy: those written so far, and behind them those read back
+    std::shared_ptr<Bytes> done;  ///< of its copy: those written so far, and after them those read back
     std::optional<platform::Result<platform::CopyOutcome>> outcome;
     bool was_alone = false;
     bool had_second_try = false;
   };
 
-  /// The target disk's, less what is on its way; nothing when they cannot be told.
+  /// The target disk's, less what is on its way; nothing when they are unknown.
   std::optional<double> FreeBytes();
   std::optional<double> FreeBytesFor(double wanted);
   bool CheckSize(const CopyJob& job);

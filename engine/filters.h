@@ -17,13 +17,13 @@ struct Filters {
   std::optional<platform::FileTime> modified_since;  ///< earliest time of modification that passes
 };
 
-/// `SkipFilepaths` cut at its commas: blanks around a pattern are dropped, empty patterns too.
+/// `SkipFilepaths` cut at its commas: spaces around a pattern are dropped, empty patterns too.
 std::vector<std::string> SplitSkipFilepaths(std::string_view skip_filepaths);
 
 /// The same, each in the form of NormaliseForMatch().
 std::vector<std::string> SkipPatterns(std::string_view skip_filepaths);
 
-/// Whether the extension of a path (behind the last "." of its last part) fits a pattern, without regard to
+/// Whether the extension of a path (after the last "." of its last part) fits a pattern, without regard to
 /// case. An empty pattern fits everything; a path without extension gives `without_extension`.
 bool FileMatchesExtension(std::string_view path, std::string_view pattern, bool without_extension);
 

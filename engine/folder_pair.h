@@ -47,12 +47,12 @@ class FolderPair {
   const platform::Folder& target() const { return *target_; }
   const std::shared_ptr<platform::Folder>& shared_target() const { return target_; }
 
-  /// What the target listing has for a file or folder of the source listing: what bears its very name or,
+  /// What the target listing has for a file or folder of the source listing: what has its very name or,
   /// where nothing does, another spelling of it (see NameTwins). Null for nothing. Fastest when it is
   /// asked in the order of the source listing; each is to be asked about once.
   const platform::Entry* TargetOf(const platform::Entry& source);
 
-  /// Whether what bears a file's name in the target is no copy of it: a link, or the very file itself.
+  /// Whether what has a file's name in the target is no copy of it: a link, or the very file itself.
   bool IsNoCopy(const platform::Entry& source_file, const platform::Entry& target) const;
 
   /// Whether the target folder is the source folder, whatever paths lead to them.

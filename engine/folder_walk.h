@@ -39,9 +39,9 @@ struct WalkPlan {
 /// identities of the target's folders (some 40 bytes each), and the folder pairs whose copies are on their
 /// way; folders that come next may be listed ahead.
 ///
-/// It decides folder by folder, and goes on while copies are on their way; what it tells the listener comes
-/// in the order of the walk all the same (see ReportOrder), and a run that is cancelled tells nothing of what
-/// came after the last file that was settled.
+/// It decides folder by folder, and goes on while copies are on their way; what it reports to the listener
+/// comes in the order of the walk all the same (see ReportOrder), and a run that is cancelled says nothing
+/// about what came after the last file that was settled.
 class FolderWalk {
  public:
   FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan);

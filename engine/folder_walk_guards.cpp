@@ -16,7 +16,7 @@ namespace engine {
 using platform::Entry;
 using platform::EntryKind;
 
-/// What only the open folder tells: that it is the target, or another volume.
+/// What only the open folder shows: that it is the target, or another volume.
 bool FolderWalk::RefuseOutsideSource(const platform::Folder& folder) {
   if (overlap_.IsTarget(folder)) {
     Write(NoticeLine(tools_, text::kTargetInSource, folder.path()));

@@ -9,7 +9,7 @@
 namespace engine {
 
 /// Finds what a target folder has for names that its listing does not have: volumes may take a name for
-/// another one, without heeding case or the way in which an accent is written, or leave dots at its end away.
+/// another one, ignoring case or the way in which an accent is written, or leave dots at its end away.
 /// Each such rule is the volume's own, so it is asked.
 class NameTwins {
  public:
@@ -17,7 +17,7 @@ class NameTwins {
   NameTwins(platform::FileSystem& files, const platform::Folder& source, const platform::Folder& target);
 
   /// The entry of the target's listing that stands for a file or folder of the source whose name it does not
-  /// have: one whose own name nothing in the source bears, and which is given away once. Null when there is
+  /// have: one whose own name nothing in the source has, and which is given away once. Null when there is
   /// none. Asks the target only while there are such entries.
   const platform::Entry* Find(const platform::Entry& source);
 

@@ -47,7 +47,7 @@ struct Selection {
   bool needs_comparing = false;             ///< whether it is up to date, only the contents can tell
 };
 
-/// Whether the lower-cased path without the blanks around it ends in "thumbs.db".
+/// Whether the lower-cased path without the spaces around it ends in "thumbs.db".
 bool IsPictureCache(std::string_view path);
 
 /// Decides whether the operation acts on a file. What the program itself keeps in a target (temporary files,

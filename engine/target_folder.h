@@ -13,7 +13,7 @@ namespace engine {
 /// A folder of the target, and what the run knows of it: whether it is there, by the listing of the folder
 /// above it, and why nothing may be copied into it, if so. Those below it hold it.
 ///
-/// What is not listed is made. When the target then says that something bears the name, it takes the name for
+/// What is not listed is made. When the target then says that something has the name, it takes the name for
 /// another one, such as one in other letters: the folder is refused, so that no folder of the target ever
 /// receives two of the source.
 class TargetFolder {
@@ -29,7 +29,7 @@ class TargetFolder {
   bool is_there() const { return is_there_; }
   bool is_root() const { return above_ == nullptr; }
 
-  /// Which links may stand at it: any at the user's choice itself, below it only trusted ones.
+  /// Which links may be at it: any at the user's choice itself, below it only trusted ones.
   platform::FollowLinks links() const {
     return is_root() ? platform::FollowLinks::kAll : platform::FollowLinks::kTrusted;
   }

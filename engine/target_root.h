@@ -20,7 +20,7 @@ class TargetRoot {
 
   const std::string& path() const { return path_; }
 
-  /// False when another folder, or none, lies at the path by now: where a disk is taken away, the empty
+  /// False when another folder, or none, is at the path by now: where a disk is taken away, the empty
   /// folder on which it was mounted shows in its place.
   bool IsThere() const { return !identity_ || files_.IdentityOf(path_) == identity_; }
 
@@ -29,7 +29,7 @@ class TargetRoot {
   void TakeSpelling(const std::string& folder, const platform::Entry& copy, const std::string& name);
 
   /// Takes a folder of the target for one of the source. False when it is another's already: links and mounts
-  /// can lead to one folder under two names. A folder whose volume tells no identity is always free.
+  /// can lead to one folder under two names. A folder whose volume reports no identity is always free.
   bool Claim(const platform::Folder& folder) {
     const auto& identity = folder.identity();
     if (!identity || folder.path() == path_) return true;

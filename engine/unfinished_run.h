@@ -19,7 +19,7 @@ inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
 /// name.
 bool IsTheProgramsOwn(const std::string& name);
 
-/// A second net below the copies, which are on the disk before they bear their names: where a disk, a cable
+/// A second net below the copies, which are on the disk before they have their names: where a disk, a cable
 /// or a file system did not keep that promise in an accident, nobody could tell the copies by size and time.
 /// So a run leaves a mark in the target while it lasts. The next one that finds it takes no copy for up to
 /// date that was made since the mark was set.

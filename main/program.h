@@ -21,11 +21,11 @@ struct Parts {
   platform::Shell& shell;
 };
 
-/// What stands behind the program's name, its words parted by one blank.
+/// What stands after the program's name, its words separated by one space.
 std::string CommandLine(int argc, char** argv);
 
 /// Runs the program from start-up until it ends, and returns its exit code. `command_line` is what stands
-/// behind the program's name; not empty, it asks for an unattended run. With `ends_by_itself` (no display)
+/// after the program's name; not empty, it asks for an unattended run. With `ends_by_itself` (no display)
 /// the program ends after that run instead of waiting for its window to be closed.
 int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself);
 

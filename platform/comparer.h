@@ -11,8 +11,8 @@
 
 namespace platform {
 
-/// Told how far a comparison is: before its first byte (0), and between its blocks. Called from a thread of
-/// the comparer, one call at a time for one pair of files.
+/// Called with how far a comparison is: before its first byte (0), and between its blocks. Called from a
+/// thread of the comparer, one call at a time for one pair of files.
 using CompareWatcher = std::function<void(std::int64_t bytes_compared)>;
 
 /// Two files that are taken for equal.

@@ -11,9 +11,9 @@
 
 namespace platform {
 
-/// Told how far a copy is: before its first byte (0), between its blocks, and at its end; where it is read
-/// back, the same again, with its whole length on top. Returning false ends the copy with kCancelled. Called
-/// from a thread of the copier, one call at a time for one file.
+/// Called with how far a copy is: before its first byte (0), between its blocks, and at its end; where it is
+/// read back, the same again, with its whole length on top. Returning false ends the copy with kCancelled.
+/// Called from a thread of the copier, one call at a time for one file.
 using CopyProgress = std::function<bool(std::int64_t bytes)>;
 
 /// Whether the caller's listing of the target has something under the name of a file that is to be copied.

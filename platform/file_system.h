@@ -38,25 +38,25 @@ class FileSystem {
                                                      FollowLinks links = FollowLinks::kAll) = 0;
 
   /// A hint that OpenFolder(path, links) is called soon: the folder may be listed in the background
-  /// meanwhile, up to a second ahead. Hints may stand for many folders at a time. False when it comes too
-  /// early: enough others stand.
+  /// meanwhile, up to a second ahead. There may be hints for many folders at a time. False when it comes too
+  /// early: there are enough others.
   virtual bool PrefetchFolder(const std::string& path, FollowLinks links = FollowLinks::kAll) {
     static_cast<void>(path);
     static_cast<void>(links);
     return true;
   }
 
-  /// What stands at `path`, links followed as in a listing. kNotFound when nothing does.
+  /// What is at `path`, links followed as in a listing. kNotFound when nothing does.
   virtual Result<Entry> Stat(const std::string& path) = 0;
 
   /// `path` with every link in it resolved, without "." and "..". The path must exist.
   virtual Result<std::string> RealPath(const std::string& path) = 0;
 
   /// What stands for the file or folder at `path`, links followed: a folder that is mounted in two places, or
-  /// shared under two names, has two real paths. Empty when there is nothing, or its volume does not tell.
+  /// shared under two names, has two real paths. Empty when there is nothing, or its volume does not say.
   virtual std::optional<Identity> IdentityOf(const std::string& path) = 0;
 
-  /// Whether what stands at `path`, a link for itself, belongs to the user who runs the program, or to the
+  /// Whether what is at `path`, a link for itself, belongs to the user who runs the program, or to the
   /// system's administrators.
   virtual bool BelongsToUser(const std::string& path) = 0;
 
@@ -74,10 +74,10 @@ class FileSystem {
 
   /// Creates one folder whose parent exists, open to nobody who may not read or change the folder `like`, as
   /// far as the system keeps that; its owner can always write. With an empty `like` the system's defaults
-  /// hold. kAlreadyExists when anything bears the name.
+  /// hold. kAlreadyExists when anything has the name.
   virtual Status CreateFolder(const std::string& path, const std::string& like = {}) = 0;
 
-  /// Creates a file that holds `content`. kAlreadyExists when anything bears the name, a link too: it is
+  /// Creates a file that holds `content`. kAlreadyExists when anything has the name, a link too: it is
   /// neither opened nor followed. A failure leaves nothing.
   virtual Status WriteNewFile(const std::string& path, const std::string& content) = 0;
 
@@ -85,11 +85,11 @@ class FileSystem {
   virtual bool ReadOnlyForbidsReplacing() const = 0;
 
   /// Gives the file or folder `from` in `folder` the same name in another spelling, such as other letters
-  /// where the volume does not heed case. For a moment it may lie, already in the new spelling, in a folder
+  /// where the volume ignores case. For a moment it may lie, already in the new spelling, in a folder
   /// in `folder` that has a temporary name.
   virtual Status Respell(const std::string& folder, const std::string& from, const std::string& to) = 0;
 
-  /// Ends what a Respell() began that was interrupted: all that lies in `temporary`, such a folder in
+  /// Ends what a Respell() began that was interrupted: all that is in `temporary`, such a folder in
   /// `folder`, moves up into `folder`, and `temporary` is removed. A name that is taken there stays below.
   virtual Status EndRespelling(const std::string& folder, const std::string& temporary) = 0;
 
@@ -103,7 +103,7 @@ class FileSystem {
   virtual Status SetAttributes(const std::string& path, Attributes attributes) = 0;
 
   /// The space on the volume that holds `path`; `path` itself may be missing while its parent exists. kOther
-  /// when the volume tells no size, as some do that lie in memory or elsewhere: that is not a full one.
+  /// when the volume reports no size, as some do that lie in memory or elsewhere: that is not a full one.
   virtual Result<DiskSpace> GetDiskSpace(const std::string& path) = 0;
 
   /// The most bytes that one file may have on the volume that holds `path`, which may be missing like that of
@@ -111,11 +111,11 @@ class FileSystem {
   virtual std::int64_t LargestFile(const std::string& path) = 0;
 
   /// The root of the volume that holds `path`, as the user names it: "E:" on Windows, the mount point on
-  /// Linux. Empty when it cannot be told.
+  /// Linux. Empty when it is not known.
   virtual std::string DriveOf(const std::string& path) = 0;
 
   /// Names for the physical disks on which the volume of `path` lies: two paths that have one in common are
-  /// lost together when it fails. Empty when that cannot be told, as on a network.
+  /// lost together when it fails. Empty when that is not known, as on a network.
   virtual std::vector<std::string> DisksOf(const std::string& path) = 0;
 
   /// The whole content of a file. kTooLarge when it has more than `limit` bytes.
@@ -131,7 +131,7 @@ class FileSystem {
   /// Makes the file `path`, in which others may read `content`, and locks it; both last as long as the lock.
   /// What a dead program left there is replaced. kInUse when a living one holds the lock: the error's text is
   /// then the first 1,024 bytes of its content, or empty. kAlreadyExists when something else than a file
-  /// bears the name, which is left alone; any other failure means that nothing can be locked there.
+  /// has the name, which is left alone; any other failure means that nothing can be locked there.
   virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) = 0;
 
   /// Returns when everything written to the volume of `path` so far, names too, is on the disk; on a slow one

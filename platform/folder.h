@@ -40,17 +40,17 @@ struct Entry {
   /// Bytes; of the file that a link leads to; kUnknownSize for all but readable files.
   std::int64_t size = kUnknownSize;
   std::optional<FileTime> modified;  ///< of a file; empty when it could not be read
-  /// As far as the listing itself tells: read-only everywhere, hidden and system where the system's listing
-  /// carries them. FileSystem::GetAttributes() always tells all three.
+  /// As far as the listing itself says: read-only everywhere, hidden and system where the system's listing
+  /// carries them. FileSystem::GetAttributes() always reports all three.
   Attributes attributes = 0;
-  /// The file's number on its volume, that of what a link leads to; 0 where the listing does not tell.
-  /// FileSystem::Stat() tells it of folders, too.
+  /// The file's number on its volume, that of what a link leads to; 0 where the listing does not say.
+  /// FileSystem::Stat() reports it for folders, too.
   std::uint64_t number = 0;
-  bool is_link = false;          ///< what bears the name is a link, wherever it leads
-  bool has_other_names = false;  ///< more than one name leads to the file (hard links), where that is told
+  bool is_link = false;          ///< what has the name is a link, wherever it leads
+  bool has_other_names = false;  ///< more than one name leads to the file (hard links), where that is known
 };
 
-/// What tells a file or folder from all others of this computer, whichever path leads to it.
+/// What distinguishes a file or folder from all others of this computer, whichever path leads to it.
 struct Identity {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
@@ -75,7 +75,7 @@ class Folder {
   const std::vector<Entry>& entries() const { return entries_; }
   /// Empty where FileSystem::IdentityOf() is.
   const std::optional<Identity>& identity() const { return identity_; }
-  /// Whether a link stands at path(): the folder lies elsewhere.
+  /// Whether there is a link at path(): the folder is elsewhere.
   bool is_link() const { return is_link_; }
   /// Whether another volume, or another folder of this one, is mounted at path(). Always false on Windows,
   /// where a listing has kFolderLink for that.

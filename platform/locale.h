@@ -12,17 +12,17 @@ class Locale {
  public:
   virtual ~Locale() = default;
 
-  /// The language as two small letters ("en", "de"); "en" when it cannot be told.
+  /// The language as two small letters ("en", "de"); "en" when it is not known.
   virtual std::string Language() = 0;
 
-  /// What stands between groups of three digits ("," or "." or a blank ...). May be empty.
+  /// What comes between groups of three digits ("," or "." or a space ...). May be empty.
   virtual std::string ThousandsSeparator() = 0;
 
-  /// How many digits stand in each group, from the right; the last number holds for all further groups, a 0
+  /// How many digits are in each group, from the right; the last number holds for all further groups, a 0
   /// there for one that takes the rest. Never empty.
   virtual std::vector<int> DigitGroups() = 0;
 
-  /// What stands before the decimals; never empty.
+  /// What comes before the decimals; never empty.
   virtual std::string DecimalSeparator() = 0;
 
   /// The day in the user's short form.

@@ -30,7 +30,7 @@ std::string JoinPath(std::string_view folder, std::string_view name, PathStyle s
 /// and zeros.
 bool IsPlainName(std::string_view name, PathStyle style = NativePathStyle());
 
-/// The part behind the last separator; the whole path when it has none.
+/// The part after the last separator; the whole path when it has none.
 std::string_view NameOf(std::string_view path, PathStyle style = NativePathStyle());
 
 /// The path without its name and the separator before it; a root stays a root ("C:\a" gives "C:\", "/a" gives
@@ -43,7 +43,7 @@ std::string FolderForm(std::string_view path, PathStyle style = NativePathStyle(
 /// The folder without separators at its end; a root ("C:\", "/") keeps its one.
 std::string WithoutTrailingSeparators(std::string_view folder, PathStyle style = NativePathStyle());
 
-/// A new folder's name as somebody types it: without separators at its ends, and on Windows without blanks
+/// A new folder's name as somebody types it: without separators at its ends, and on Windows without spaces
 /// and dots at its end, with which Explorer could neither open nor delete the folder.
 std::string TypedFolderName(std::string_view typed, PathStyle style = NativePathStyle());
 
@@ -62,7 +62,7 @@ bool IsSpecified(std::string_view folder, PathStyle style = NativePathStyle());
 /// Whether a folder text names a whole disk: exactly three characters on Windows, "/" on Linux.
 bool IsDiskRoot(std::string_view folder, PathStyle style = NativePathStyle());
 
-/// Whether `path` is `folder` or lies somewhere below it, compared letter by letter; both without a trailing
+/// Whether `path` is `folder` or is somewhere below it, compared letter by letter; both without a trailing
 /// separator but for a root.
 bool IsInside(std::string_view path, std::string_view folder, PathStyle style = NativePathStyle());
 

@@ -14,9 +14,9 @@ enum class ErrorKind {
   kReadOnlyMedium,  ///< the volume cannot be written
   kDiskFull,        ///< no space (or quota) left on the volume
   kAlreadyExists,
-  kNameTaken,     ///< something bears the name that the caller took for free
-  kNotAFolder,    ///< a folder was expected, something else bears the name
-  kIsAFolder,     ///< a file was expected, a folder bears the name
+  kNameTaken,     ///< something has the name that the caller took for free
+  kNotAFolder,    ///< a folder was expected, something else has the name
+  kIsAFolder,     ///< a file was expected, a folder has the name
   kInUse,         ///< locked by another program
   kForeignLink,   ///< a link that is not the user's own, which is not followed
   kBadName,       ///< the name is too long or not allowed on the volume

@@ -23,10 +23,10 @@ class Shell {
   /// XDG_CONFIG_HOME (or ~/.config) on Linux. Empty when the system names none.
   virtual std::string ApplicationDataFolder() = 0;
 
-  /// The name under which the current user is known to the system; empty when it cannot be told.
+  /// The name under which the current user is known to the system; empty when it is not known.
   virtual std::string UserName() = 0;
 
-  /// The name of this computer in its network; empty when it cannot be told.
+  /// The name of this computer in its network; empty when it is not known.
   virtual std::string ComputerName() = 0;
 
   /// The number by which the system knows the running program.

@@ -45,7 +45,7 @@ class frmReport : public ui::Form {
   void BeginReport(const std::string& title, const std::string& source_folder,
                    const std::string& target_folder);
 
-  /// Appends a text to the report, with a line end behind it when `NewLine`, and lets pending events run: the
+  /// Appends a text to the report, followed by a line end when `NewLine`, and lets pending events run: the
   /// operation may have been paused, continued and cancelled in this call. A minimised window comes back. A
   /// report that is full (MainWindow::ReportCapacity) is shown for WaitSeconds more, then emptied; the text
   /// of the call that finds it full is not shown, and only the line sink gets it. Where nobody reads it (it
@@ -64,11 +64,11 @@ class frmReport : public ui::Form {
   /// Brings the screen up to date with what was written.
   void ShowText();
 
-  /// How the last line of the report stands.
+  /// What state the last line of the report is in.
   const ReportLine& line() const { return line_; }
   /// The open line is meant to stay open, so that the next text goes on in it.
   void LeaveLineOpen() { line_.LeaveOpen(); }
-  /// Ends the last line when something stands in it.
+  /// Ends the last line when there is something in it.
   void CloseLine();
   /// From now on `sink` gets every line, also those that the window never shows. The notices about a full
   /// report are no lines.
@@ -82,7 +82,7 @@ class frmReport : public ui::Form {
   void ShowSaving();
   /// What has been copied: "Copied: " and so on.
   void ShowBytesCopied(const std::string& text) { lblBytesCopied.SetText(text); }
-  /// 0 to 1; in the window, in its title and on the system's task bar. `details` stands beside it.
+  /// 0 to 1; in the window, in its title and on the system's task bar. `details` is beside it.
   void ShowProgress(double fraction, const std::string& details = {}, const std::string& time_left = {});
   /// "Free on Drive E: 301.33 Mb".
   void DisplayFreeSpace(const std::string& drive, const std::string& free_space_text);

@@ -11,7 +11,7 @@ constexpr const char* kPause = "Pause";
 constexpr const char* kContinue = "Continue";
 constexpr const char* kCancelOperation = "Cancel operation";
 constexpr const char* kClose = "Close";
-/// A click that comes so soon after "Cancel operation" belongs to that button, in whose place "Close" stands.
+/// A click that comes so soon after "Cancel operation" belongs to that button, in whose place "Close" is.
 constexpr std::chrono::milliseconds kSecondClick{1'000};
 constexpr const char* kCountingNote = "Counting files ... ";
 

@@ -24,7 +24,7 @@ bool frmReport::KeyPressed(const ui::KeyPress& press) {
   }
 }
 
-/// Only while the report stands still: a running one scrolls back to its end with the next line.
+/// Only while the report rests: a running one scrolls back to its end with the next line.
 void frmReport::ShowProblemButton() {
   const bool still = phase_ == Phase::kPaused || phase_ == Phase::kEnded;
   cmdNextProblem.SetVisible(still && !problems_.empty() && txbText.visible());

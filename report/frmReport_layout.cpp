@@ -61,7 +61,7 @@ void frmReport::Form_Resize() {
   PositionReportButtons();
 }
 
-/// How the run stands comes first, with what it works at while it does. Returns where the text box begins.
+/// The state of the run comes first, with what it works at while it does. Returns where the text box begins.
 ui::Twips frmReport::PlaceHeader() {
   const ui::Twips right = kMargin + txbText.width();
   const bool runs = barProgress.visible();

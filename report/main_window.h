@@ -25,7 +25,7 @@ class MainWindow {
   virtual bool SuppressDetailedReports() const = 0;
 
   /// Whether a full report loses its end rather than only being followed by the notice. The operations that
-  /// copy set it: the lines of the files just copied say least, and the notice stands where the user looks.
+  /// copy set it: the lines of the files just copied say least, and the notice is where the user looks.
   virtual bool SnipFullReport() const = 0;
 
   /// Whether the present run copies files.

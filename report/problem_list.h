@@ -8,13 +8,13 @@
 
 namespace report {
 
-/// The lines of a report about something that went wrong: where they stand in the text box, and those that
+/// The lines of a report about something that went wrong: where they are in the text box, and those that
 /// the box lost when it was emptied. Lengths and places are characters.
 class ProblemList {
  public:
   /// A new report begins.
   void Clear();
-  /// The line stands at that place of the text box.
+  /// The line is at that place of the text box.
   void Add(std::size_t start, std::string line);
   bool empty() const { return places_.empty(); }
   /// In the order of the text.

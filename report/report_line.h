@@ -9,13 +9,13 @@ namespace report {
 /// Receives every line of the report once, without its line end, as soon as the line is complete.
 using LineSink = std::function<void(const std::string& line)>;
 
-/// Follows what is written to the report and knows how its last line stands. Lines end in CR LF.
+/// Follows what is written to the report and knows what state its last line is in. Lines end in CR LF.
 class ReportLine {
  public:
   enum class State {
     kEmpty,     ///< nothing is written yet
     kClosed,    ///< the last thing written was a line end
-    kOpen,      ///< something stands in the line
+    kOpen,      ///< there is something in the line
     kLeftOpen,  ///< the same, and the next text is meant to go on in it
   };
 

@@ -14,8 +14,8 @@ class frmReport;
 struct Phrase {
   std::string text;
   bool new_line = true;
-  bool indent = true;      ///< four blanks come first when it would begin a line
-  bool left_open = false;  ///< without line end, and the next folder's head line goes on behind it
+  bool indent = true;      ///< four spaces come first when it would begin a line
+  bool left_open = false;  ///< without line end, and the next folder's head line goes on after it
   bool operator==(const Phrase&) const = default;
 };
 
@@ -27,7 +27,7 @@ struct FolderResult {
   std::int64_t copied = 0;
 };
 
-// --- The phrases, blanks included.
+// --- The phrases, spaces included.
 
 /// "   12 files in " before the folder. A count of -1 is "not known"; of more than five digits the last five
 /// are shown.

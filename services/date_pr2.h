@@ -23,7 +23,7 @@ std::string ModifiedSinceText(int index, const text::ProgramTexts& texts);
 /// that is none.
 std::optional<platform::FileTime> ModifiedSinceLimit(int index, platform::Clock& clock);
 
-/// The date and the time of day, a blank between them, every ":" as ".", so that it can be part of a name.
+/// The date and the time of day, a space between them, every ":" as ".", so that it can be part of a name.
 std::string TimeStamp(platform::Clock& clock, platform::Locale& locale);
 
 }  // namespace DatePr2

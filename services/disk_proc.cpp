@@ -55,7 +55,7 @@ bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, st
   if (IsLeftOver(files, probe)) static_cast<void>(files.RemoveFile(probe));
   platform::Status written = files.WriteNewFile(probe, kProbeContent);
   if (!written && written.error().kind == platform::ErrorKind::kAlreadyExists) {
-    // Something else bears the name; it is nobody's to touch.
+    // Something else has the name; it is nobody's to touch.
     probe = platform::FolderForm(folder) + platform::MakeTemporaryName();
     written = files.WriteNewFile(probe, kProbeContent);
   }

@@ -10,12 +10,12 @@
 /// path's first two characters ("E:"), so a network path has none; elsewhere it is the mounted volume.
 namespace DiskProc {
 
-/// The bytes that this user may still write there and the disk's size. 0, or -1 when they cannot be told;
+/// The bytes that this user may still write there and the disk's size. 0, or -1 when they are unknown;
 /// the numbers are then left alone.
 std::int16_t GetDiskSpace(platform::FileSystem& files, const std::string& path, double& free_bytes,
                           double& total_bytes);
 
-/// The free space as FormatDiskSize() words it with "bytes"; empty when it cannot be told.
+/// The free space as FormatDiskSize() words it with "bytes"; empty when it is not known.
 std::string FreeSpaceText(platform::FileSystem& files, const std::string& path,
                           const text::NumberMarks& marks);
 
@@ -24,7 +24,7 @@ std::string FreeSpaceText(platform::FileSystem& files, const std::string& path,
 std::string FormatDiskSize(double bytes, std::int16_t capital, const text::NumberMarks& marks);
 
 /// Whether no file can be made and removed again in a folder; tried with a small file, which is gone
-/// afterwards. What else bears the file's name, a link above all, stays as it is: then the name is another
+/// afterwards. What else has the file's name, a link above all, stays as it is: then the name is another
 /// one. `error_text` receives the system's text for what failed, or nothing.
 bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, std::string& error_text);
 

@@ -62,7 +62,7 @@ bool InputText::AtEnd() {
   return error_ != 0;
 }
 
-/// What stands before the first of these characters, which is passed over; a CR before a line end or at the
+/// What comes before the first of these characters, which is passed over; a CR before a line end or at the
 /// end of the file belongs to the line end.
 std::string_view InputText::TakeUntil(std::string_view ends) {
   const std::size_t at = rest_.find_first_of(ends);

@@ -13,11 +13,11 @@ class InputText {
   /// `content` must outlive the reader.
   explicit InputText(std::string_view content);
 
-  /// The text up to the next comma or line end, which is passed over. Leading blanks do not count. Behind a
+  /// The text up to the next comma or line end, which is passed over. Leading spaces do not count. Behind a
   /// double quote, the text up to the closing one, whatever stands in it.
   std::optional<std::string> Item();
 
-  /// An item that is a whole number of 16 bits, blanks around it ignored.
+  /// An item that is a whole number of 16 bits, spaces around it ignored.
   std::optional<std::int16_t> Number();
 
   /// A number from `low` to `high`; any other is kInputBadValue.

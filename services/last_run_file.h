@@ -8,7 +8,7 @@
 
 namespace services {
 
-/// What stands at the path of the last-run setup.
+/// What is at the path of the last-run setup.
 enum class LastRunState {
   kNone,        ///< nothing has been saved yet
   kFile,        ///< a file, to be loaded

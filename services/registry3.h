@@ -20,7 +20,7 @@ struct Hive {
 };
 
 /// Stores a value, creating the key where it is missing. The status: the system's message for the last
-/// outcome (CR LF and the text), two blanks, and "0 New key created.", "0 Key already exists.",
+/// outcome (CR LF and the text), two spaces, and "0 New key created.", "0 Key already exists.",
 /// "0 Key anomaly." or "Unable to create (or find) key." with the number.
 std::string RegistryWriteString(const Hive& hive, const std::string& key, const std::string& name,
                                 const std::string& value);

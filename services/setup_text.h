@@ -12,7 +12,7 @@
 /// ExcludeFilesInSourceFolder, IncludeSubfolders, ModifiedSince (-1: none chosen) and PauseAfterFirstCopy,
 /// 9 SkipFilepaths, 10 the number N of included folders, then N lines with one name each, last FileExtension.
 ///
-/// UTF-8; lines end in CR LF. Texts stand as they are; a number has a blank or "-" in front and a blank
+/// UTF-8; lines end in CR LF. Texts stand as they are; a number has a space or "-" in front and a space
 /// behind. Lines 1 to 8 and 10 are read as items that end at a comma or at the line's end, so a folder whose
 /// path holds a comma is cut there and every later item moves up by one: the format has no way to quote it
 /// when written, though an item in double quotes is understood.

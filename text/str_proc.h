@@ -16,7 +16,7 @@ inline constexpr int kDecimals = 2;
 /// The decimal digits alone, with a minus sign in front when negative.
 std::string Trim(std::int64_t number);
 
-/// The decimal digits behind one character for the sign: a blank, or "-" when negative.
+/// The decimal digits after one character for the sign: a space, or "-" when negative.
 std::string Str(std::int64_t number);
 
 /// Empty for 1, "s" for every other count, 0 included.
@@ -25,7 +25,7 @@ std::string PluralSuffix(std::int64_t count);
 /// "1,048,576 bytes"; the unit reads "Bytes" with `capitalise`.
 std::string FormatByteCount(double size, bool capitalise, const text::NumberMarks& marks);
 
-/// The same, and above 1,048,576 bytes the size in Mb behind it: "2,097,152 bytes (2.00 Mb)".
+/// The same, and above 1,048,576 bytes the size in Mb after it: "2,097,152 bytes (2.00 Mb)".
 std::string FormatByteCountWithMb(double size, bool capitalise, const text::NumberMarks& marks);
 
 /// The size in bytes, Kb or Mb. Kb and Mb have so many decimals (0 to 9), bytes have none.

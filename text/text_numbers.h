@@ -1,7 +1,7 @@
 #pragma once
 
-/// The numbers of the program's texts, for GetProgramText(). Texts carry no blanks at their ends: who puts
-/// one together sets the blanks, line ends and full stops that the notes name. "path" and "drive" are put in
+/// The numbers of the program's texts, for GetProgramText(). Texts carry no spaces at their ends: who puts
+/// one together sets the spaces, line ends and full stops that the notes name. "path" and "drive" are put in
 /// as they are.
 namespace text {
 
@@ -151,7 +151,7 @@ inline constexpr int kMarkNotRead = 542;  ///< lead word
 inline constexpr int kOtherContent = 770;            ///< lead word
 inline constexpr int kNotCompared = 771;             ///< lead word: a file of the source
 inline constexpr int kCopyNotRead = 772;             ///< lead word: a copy
-inline constexpr int kCopyNotReadAdvice = 773;       ///< a sentence behind that line
+inline constexpr int kCopyNotReadAdvice = 773;       ///< a sentence after that line
 inline constexpr int kChangedBeforeComparing = 774;  ///< lead word
 inline constexpr int kComparesContents = 775;        ///< a line of the heading
 

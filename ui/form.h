@@ -92,7 +92,7 @@ class Form : public Container {
   Handler on_activate;  ///< the window has come to the front
   /// A key pressed without Alt and Ctrl, or repeated, while a button, a check box or no control has the
   /// focus: the others use these keys themselves. F3, F8 and Ctrl with F come wherever the focus is. Returns
-  /// whether it did something; a blank that it does not use presses the control.
+  /// whether it did something; a space that it does not use presses the control.
   std::function<bool(const KeyPress&)> on_key;
 
   // --- From a peer.

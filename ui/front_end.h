@@ -88,7 +88,7 @@ class FrontEnd {
 };
 
 /// While it lives, only `form` reacts to the user; with null no window does, for a dialog of the system
-/// stands open.
+/// is open.
 class ModalScope {
  public:
   ModalScope(FrontEnd& front_end, const Form* form) : front_end_(front_end) {

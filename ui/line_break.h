@@ -11,8 +11,8 @@ namespace ui {
 /// How wide a text stands on the screen.
 using TextMeasure = std::function<Twips(const std::string&)>;
 
-/// The text with line ends (CR LF) put in so that no line is wider than `width`: at blanks, else behind the
-/// separators of a path, else within a word. Toolkits break at blanks alone, and a long path without one
+/// The text with line ends (CR LF) put in so that no line is wider than `width`: at spaces, else behind the
+/// separators of a path, else within a word. Toolkits break at spaces alone, and a long path without one
 /// would be cut off.
 std::string BreakLines(std::string_view text, Twips width, const TextMeasure& measure);
 

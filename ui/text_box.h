@@ -22,12 +22,12 @@ class TextBox : public Control {
   bool wraps() const { return wraps_; }
   bool read_only() const { return read_only_; }
   void SetReadOnly(bool read_only);
-  /// What stands in a box of one line for the line ends of a text that the user pastes: a blank unless set.
+  /// What stands in a box of one line for the line ends of a text that the user pastes: a space unless set.
   /// Line ends at the beginning and the end of the text go.
   void SetLineEndMark(std::string mark) { line_end_mark_ = std::move(mark); }
   const std::string& spoken_name() const override { return spoken_name_; }
 
-  /// The caret then stands at the beginning. In a box of many lines every CR or LF that stands alone becomes
+  /// The caret then stands at the beginning. In a box of many lines every CR or LF that is alone becomes
   /// CR LF.
   void SetText(std::string text) override;
   /// Adds at the end and scrolls there: the caret then stands at the end and nothing is selected. Costs as

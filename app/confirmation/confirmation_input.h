@@ -20,9 +20,9 @@ struct Fact {
 
 /// The volume that holds the target.
 struct TargetVolume {
-  std::string drive;                         ///< empty: it cannot be told
-  std::optional<platform::DiskSpace> space;  ///< empty: it cannot be told
-  bool holds_source = false;                 ///< the source lies on it or on the same physical disk
+  std::string drive;                         ///< empty: it is not known
+  std::optional<platform::DiskSpace> space;  ///< empty: it is not known
+  bool holds_source = false;                 ///< the source is on it or on the same physical disk
   std::int64_t largest_file = 0;             ///< bytes that one file may have; 0: no limit is known
 };
 

@@ -27,7 +27,7 @@ constexpr Twips kFactGap = 120;         ///< between two facts
 constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
 constexpr Twips kChoiceHeight = 300;
 constexpr Twips kChoiceGap = 45;  ///< below what a choice costs
-constexpr Twips kIndent = 285;    ///< of what stands below a check box
+constexpr Twips kIndent = 285;    ///< of what is below a check box
 constexpr Twips kSlack = 90;      ///< by which a label is wider than the text it is to hold
 
 constexpr std::chrono::milliseconds kSlice{40};
@@ -119,7 +119,7 @@ void frmConfirmOperation::Form_Load() {
   Refresh();
 }
 
-/// Where the disks behind the volumes cannot be told, the volumes are compared.
+/// Where the disks behind the volumes are not known, the volumes are compared.
 bool frmConfirmOperation::ShareADisk(const std::string& source, const std::string& target) const {
   const std::string drive = context_.files.DriveOf(target);
   if (!drive.empty() && context_.files.DriveOf(source) == drive) return true;
@@ -200,7 +200,7 @@ void frmConfirmOperation::Form_Resize() {
   if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
 }
 
-/// The choices stand right above the buttons, each with what it costs below it. Returns its upper edge.
+/// The choices are right above the buttons, each with what it costs below it. Returns its upper edge.
 Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, Twips bottom, Twips width) {
   if (!choice.visible()) return bottom;
   amount.SetBounds({kMargin + kIndent, bottom - kChoiceGap - kLineHeight, width - kIndent, kLineHeight});
@@ -208,7 +208,7 @@ Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, 
   return choice.top();
 }
 
-/// The doubts stand above them. Returns their upper edge.
+/// The doubts are above them. Returns their upper edge.
 Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
   fraDoubts.SetVisible(!doubts_.empty());
   if (doubts_.empty()) return bottom;

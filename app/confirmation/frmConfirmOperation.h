@@ -15,10 +15,10 @@ namespace app {
 
 /// Shows what a copying operation is about to do, and what in it is worth a second look, before it does it.
 /// What the setup says is there at once; what has to be read from the disks is filled in while the window
-/// stands open.
+/// is open.
 class frmConfirmOperation : public ui::Form {
  public:
-  /// `warnings` are sentences about the setup from before the run; they stand first among the doubts.
+  /// `warnings` are sentences about the setup from before the run; they come first among the doubts.
   /// `paces` are those of earlier runs.
   frmConfirmOperation(Context& context, engine::RunRequest request, std::vector<std::string> warnings = {},
                       KnownPaces paces = {});

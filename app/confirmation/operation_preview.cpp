@@ -15,7 +15,7 @@ using platform::Entry;
 using platform::EntryKind;
 
 bool IsLeftOut(const std::string& path, EntryKind kind, const std::string& pattern) {
-  // A folder's files have its path with a separator behind it.
+  // A folder's files have its path followed by a separator.
   const bool folder = kind == EntryKind::kFolder;
   return engine::PathMatchesSkipFilepaths(folder ? platform::FolderForm(path) : path, {pattern});
 }

@@ -22,7 +22,7 @@ struct PreviewFindings {
     std::vector<std::string> names;
   };
 
-  bool target_in_source = false;  ///< the target lies somewhere below the source
+  bool target_in_source = false;  ///< the target is somewhere below the source
   bool source_in_target = false;
   bool first_level_known = false;         ///< `hits` and `first_level_names` are final
   std::vector<Hits> hits;                 ///< one for each pattern, in their order

@@ -6,7 +6,7 @@
 namespace app {
 
 /// The user's choices: everything that defines a backup. Held in the main window's controls, kept in setup
-/// files, and handed to the engine as it stands when an operation starts. The defaults are those of a fresh
+/// files, and handed to the engine as it is when an operation starts. The defaults are those of a fresh
 /// start.
 struct Setup {
   std::string SourceFolder;                  ///< full path; empty: not specified
@@ -14,7 +14,7 @@ struct Setup {
   std::vector<std::string> IncludedFolders;  ///< names of first-level subfolders of the source
   bool IncludeSubfolders = false;            ///< with everything below the included folders
   std::string FileExtension;                 ///< without dot, wildcards allowed; empty: all files
-  std::string SkipFilepaths;                 ///< patterns parted by commas
+  std::string SkipFilepaths;                 ///< patterns separated by commas
   int ModifiedSince = 0;                     ///< index of the list of periods; 0: no limit
   bool ExcludeFilesInSourceFolder = false;
   bool PauseAfterFirstCopy = false;

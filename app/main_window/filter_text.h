@@ -14,7 +14,7 @@ extern const std::string_view kExtensionLetters;
 int FindFirstNotIn(std::string_view text, int start, std::string_view set);
 
 /// The text without the characters that are neither extension letters nor among `extra` nor (when allowed)
-/// blanks. Capital letters are no extension letters.
+/// spaces. Capital letters are no extension letters.
 std::string KeepOnlyCharacters(std::string_view text, bool allow_blank, std::string_view extra);
 
 /// Whether a text that is not empty consists of "*" only.

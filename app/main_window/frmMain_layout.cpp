@@ -3,7 +3,7 @@
 
 #include "app/main_window/frmMain.h"
 
-/// Where everything stands in the main window. Two columns: on the left the choices in the order in which the
+/// Where everything is in the main window. Two columns: on the left the choices in the order in which the
 /// user thinks of them, on the right the commands.
 namespace app {
 
@@ -19,7 +19,7 @@ struct LayoutMeasures {
   ui::Twips command;    ///< height of an operation's button
   ui::Twips small;      ///< height of the other buttons beside
   ui::Twips between;    ///< between two of these buttons
-  bool side_by_side;    ///< what can stand beside something has no row of its own
+  bool side_by_side;    ///< what can be beside something has no row of its own
 };
 
 namespace {
@@ -36,18 +36,18 @@ constexpr Twips kMenuLeft = 2 * kMargin + kLeftColumn;
 constexpr Twips kInnerWidth = kMenuLeft + kRightColumn + kMargin;
 constexpr Twips kButton = 2640;
 constexpr Twips kSmallButton = 960;
-constexpr Twips kField = kInset + kButton + kGap;  ///< left side of what stands beside a button
+constexpr Twips kField = kInset + kButton + kGap;  ///< left side of what is beside a button
 constexpr Twips kRightEdge = kLeftColumn - kInset;
 constexpr Twips kFromTop = 300;         ///< of the screen to the window
 constexpr Twips kBelowMenu = 900;       ///< what the window is higher than the end of the commands
 constexpr Twips kLine = 225;            ///< of text
 constexpr Twips kWarning = 450;         ///< two lines
-constexpr Twips kHalf = kField + 3300;  ///< left side of the right half of what stands beside a button
+constexpr Twips kHalf = kField + 3300;  ///< left side of the right half of what is beside a button
 
 constexpr LayoutMeasures kUsual{390, 495, 330, 60, 180, 660, 120, 720, 480, 150, false};
 constexpr LayoutMeasures kTight{345, 435, 285, 30, 60, 600, 90, 435, 420, 75, true};
 
-/// A label stands a little lower than the control it belongs to, so that their texts are level.
+/// A label is a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) {
   const Twips drop = (row.height - 240) / 2;
   return {row.left, row.top + drop, row.width, row.height - drop};

@@ -9,7 +9,7 @@
 namespace app {
 namespace {
 
-/// The lower-cased part behind the last "." of a path's name; empty when there is none.
+/// The lower-cased part after the last "." of a path's name; empty when there is none.
 std::string ExtensionOf(std::string_view path) {
   const std::string_view name = platform::NameOf(path);
   const std::size_t dot = name.rfind('.');

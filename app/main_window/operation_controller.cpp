@@ -150,7 +150,7 @@ engine::RunRequest OperationController::RequestForRun() const {
   return request;
 }
 
-/// A refusal's reason stands in the report; then comes the line that sums the run up.
+/// A refusal's reason is written to the report; then comes the line that sums the run up.
 void OperationController::ReportUnattended(const engine::RunOutcome& outcome, const std::string& reason,
                                            double seconds) {
   exit_code_ = static_cast<int>(StatusOf(outcome));
@@ -176,7 +176,7 @@ void OperationController::RefuseUnattended(std::int16_t status, const std::strin
   ReportUnattended(outcome, reason, 0);
 }
 
-/// A file that is a large part of the whole would let the bar stand still for as long: then the shares, which
+/// A file that is a large part of the whole would let the bar rest for as long: then the shares, which
 /// follow each block, say more.
 report::Expected OperationController::ExpectedBy(const PreviewFindings& findings, bool compares) {
   constexpr std::int64_t kLargeParts = 5;

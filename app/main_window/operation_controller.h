@@ -81,7 +81,7 @@ class OperationController : public report::MainWindow {
   bool stop_requested_ = false;
   int exit_code_ = 0;
   std::string unattended_heading_;
-  std::vector<std::string> warnings_;  ///< of the setup, from before the run; each stands in its report
+  std::vector<std::string> warnings_;  ///< of the setup, from before the run; each is in its report
   std::string target_;                 ///< of the last run that copies
   bool compares_contents_ = false;     ///< the run does
   bool reads_back_ = false;            ///< likewise

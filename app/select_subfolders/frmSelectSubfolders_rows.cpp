@@ -14,7 +14,7 @@ constexpr Twips kRowHeight = 330;          ///< at least; the rows share what is
 constexpr Twips kInset = 120;              ///< from the sides of the list to its rows
 constexpr Twips kNameShare = 55;           ///< per cent of a row's width; the rest is for the content
 constexpr Twips kTickWidth = 330;          ///< of a check box without its text
-constexpr Twips kTextDrop = 60;            ///< by which a label stands lower than a check box beside it
+constexpr Twips kTextDrop = 60;            ///< by which a label is lower than a check box beside it
 constexpr long long kTypingPause = 1'000;  ///< milliseconds after which typed characters begin another name
 
 }  // namespace
@@ -164,7 +164,7 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
   return true;
 }
 
-/// While the beginning of a name is young, what is typed belongs to it, blanks too.
+/// While the beginning of a name is young, what is typed belongs to it, spaces too.
 bool frmSelectSubfolders::IsTypingName() const {
   return !typed_.empty() && context_.clock.Monotonic().count() - typed_at_ <= kTypingPause;
 }

@@ -18,7 +18,7 @@ constexpr ui::Size kSmallest{9'000, 3'600};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kRow = 420;
-constexpr Twips kTextDrop = 90;  ///< by which a label stands lower than the box beside it
+constexpr Twips kTextDrop = 90;  ///< by which a label is lower than the box beside it
 constexpr Twips kFindLabel = 540;
 constexpr Twips kFindBox = 2'400;
 constexpr Twips kButton = 1'200;

@@ -12,10 +12,10 @@ struct Question {
   std::string question;
 };
 
-/// Told by the engine what happens during a run, and asked by it. All calls come on the one thread. Folders
-/// do not nest; they, the lines and the copied files come in the order of the walk, and a file counts as
-/// copied only when it bears its name. Since many copies are on their way at a time, that may be some seconds
-/// after CopyBegun() of the file.
+/// Hears from the engine what happens during a run, and is asked by it. All calls come on the one thread.
+/// Folders do not nest; they, the lines and the copied files come in the order of the walk, and a file counts
+/// as copied only when it has its name. Since many copies are on their way at a time, that may be some
+/// seconds after CopyBegun() of the file.
 class Listener {
  public:
   virtual ~Listener() = default;
@@ -28,7 +28,8 @@ class Listener {
   /// A line that the report shows in every case: a failure, a refusal, a warning. No line end.
   virtual void WriteLine(const std::string& text) = 0;
 
-  /// A file is about to be copied, or is what the run now waits for. To be shown; tells nothing of the order.
+  /// A file is about to be copied, or is what the run now waits for. To be shown; says nothing about the
+  /// order.
   virtual void CopyBegun(const std::string& source_path) = 0;
   /// A file has been copied; the sums of the run so far.
   virtual void CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) = 0;
@@ -38,7 +39,7 @@ class Listener {
 
   /// The run waits for this file, whose content is compared with that of its copy. To be shown.
   virtual void Comparing(const std::string& source_path) = 0;
-  /// What has been compared so far: bytes of one side, and files. Told now and then.
+  /// What has been compared so far: bytes of one side, and files. Reported now and then.
   virtual void Compared(std::int64_t bytes, std::int64_t files) = 0;
 
   /// Whether the run now waits until what was copied is safely on the disk.
@@ -54,11 +55,11 @@ class Listener {
   /// times a second while the run waits for copies.
   virtual bool StopRequested() = 0;
 
-  /// Yes: go on. So it is in an unattended run, in whose report only the statement stands: what this file or
-  /// folder needs is no reason to leave all others without a backup, night after night.
+  /// Yes: go on. So it is in an unattended run, in whose report there is only the statement: what this file
+  /// or folder needs is no reason to leave all others without a backup, night after night.
   virtual bool AskWhetherToGoOn(const Question& question) = 0;
 
-  /// A message that is to be acknowledged; in an unattended run it only stands in the report.
+  /// A message that is to be acknowledged; in an unattended run it is only written to the report.
   virtual void Tell(const std::string& text) = 0;
 
   /// Whether the run is to hold after the first folder in which a file was copied. Asked at the end of such

@@ -43,8 +43,8 @@ enum class Call {
 
 /// A file system in memory with "/" paths. It holds the same contract as the real ones, records the calls
 /// that `Call` names, and can be told to let them fail, each on every path or on one. Folders yield their
-/// entries in the order in which they were made. What WriteFile() and ReplaceFile() make bears the time
-/// 1,700,000,000, at which MemoryClock stands.
+/// entries in the order in which they were made. What WriteFile() and ReplaceFile() make has the time
+/// 1,700,000,000, which MemoryClock shows.
 class MemoryFileSystem : public FileSystem {
  public:
   struct Touch {
@@ -94,7 +94,7 @@ class MemoryFileSystem : public FileSystem {
   void SetSpace(std::uint64_t free, std::uint64_t total);
   /// The disk on which the volume lies that is mounted at `mount_point`; without this one of its own.
   void SetDisk(const std::string& mount_point, const std::string& disk) { disks_[mount_point] = disk; }
-  /// What LargestFile() answers; copies do not heed it.
+  /// What LargestFile() answers; copies ignore it.
   void SetLargestFile(std::int64_t bytes) { largest_file_ = bytes; }
   /// Everything below `path` can be read but not changed (kReadOnlyMedium).
   void SetReadOnly(const std::string& path);

@@ -40,7 +40,7 @@ struct Node {
 /// Without regard to the case of ASCII letters.
 std::string FoldCase(std::string_view name);
 
-/// As a stick may do it: without regard to case, to dots and blanks at the end, and to whether an accent is a
+/// As a stick may do it: without regard to case, to dots and spaces at the end, and to whether an accent is a
 /// character of its own (of some letters).
 std::string FoldMuch(std::string_view name);
 

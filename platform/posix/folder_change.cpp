@@ -19,7 +19,7 @@ namespace {
 constexpr mode_t kEverybody = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr mode_t kKept = S_ISUID | S_ISGID | S_ISVTX;  ///< handed down by the folder above
 
-/// The owner's alone where that cannot be told.
+/// The owner's alone where that is not known.
 mode_t ModeOf(const std::string& folder) {
   const auto place = Reach(folder);
   struct stat facts = {};
@@ -35,7 +35,7 @@ void GiveMode(const std::string& path, mode_t mode) {
   static_cast<void>(fchmod(folder->get(), mode | (facts.st_mode & kKept)) == 0);
 }
 
-/// Only where nothing bears the new name, as far as the volume can tell that.
+/// Only where nothing has the new name, as far as the volume can tell that.
 bool Move(const FileDescriptor& folder, const std::string& from, const FileDescriptor& to_folder,
           const std::string& to) {
   if (renameat2(folder.get(), from.c_str(), to_folder.get(), to.c_str(), RENAME_NOREPLACE) == 0) return true;
@@ -77,7 +77,7 @@ Status MakeFolder(const std::string& path, const std::string& like) {
 }
 
 /// In two steps: from a name to another spelling of it the system sees no change and does nothing. Between
-/// them what is respelled bears its name in a folder of its own, so that it is not lost should the program
+/// them what is respelled has its name in a folder of its own, so that it is not lost should the program
 /// end there.
 Status Respell(const std::string& folder, const std::string& from, const std::string& to) {
   const auto place = OpenPath(folder, O_RDONLY | O_DIRECTORY);

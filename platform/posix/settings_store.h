@@ -10,9 +10,9 @@
 namespace platform::posix {
 
 /// The settings store in a small text file of the user's: a line "[key]" for each key, below it a line
-/// "name=value" for each value; "\\", "\n", "\r", "\[" and "\=" stand for what would part lines. A line that
-/// cannot be read is passed over, and gone after the next write. The file is read and written whole by every
-/// call and replaced in one step. Outcomes are the numbers of settings_store.h, else errno numbers.
+/// "name=value" for each value; "\\", "\n", "\r", "\[" and "\=" stand for what would separate lines. A line
+/// that cannot be read is passed over, and gone after the next write. The file is read and written whole by
+/// every call and replaced in one step. Outcomes are the numbers of settings_store.h, else errno numbers.
 class FileSettingsStore : public SettingsStore {
  public:
   /// The file at `path` and the folders above it are made by the first Write().

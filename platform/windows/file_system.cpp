@@ -78,7 +78,7 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   ULARGE_INTEGER free{};
   ULARGE_INTEGER total{};
   if (!::GetDiskFreeSpaceExW(LongFolder(path).c_str(), &free, &total, nullptr)) return LastError();
-  if (total.QuadPart == 0) return SystemError(ERROR_NOT_SUPPORTED);  // the volume tells no size
+  if (total.QuadPart == 0) return SystemError(ERROR_NOT_SUPPORTED);  // the volume reports no size
   return DiskSpace{free.QuadPart, total.QuadPart};
 }
 
@@ -115,7 +115,7 @@ Result<Entry> WindowsFileSystem::Stat(const std::string& path) {
     LookCloser(entry, OpenForAttributes(long_path));
     return entry;
   }
-  // No search finds the root of a volume, nor what lies in a folder that the user may not list.
+  // No search finds the root of a volume, nor what is in a folder that the user may not list.
   Entry entry = EntryOf(*known, {});
   entry.name = NameOf(path);
   return entry;

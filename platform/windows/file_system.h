@@ -52,7 +52,7 @@ class WindowsFileSystem : public FileSystem {
   std::string NameKey(const std::string& name) const override;
 
  private:
-  /// The long form of a path or, where a link stands there, of what it leads to.
+  /// The long form of a path or, where there is a link, of what it leads to.
   std::wstring BehindLink(const std::string& path);
 
   CopyThreads copy_threads_;

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// Windows takes paths of more than about 260 characters, and names that end in a dot or a blank, only in a
-/// form that begins with "\\?\" and is used as it stands: no "/", no "..", no doubled separators
+/// Windows takes paths of more than about 260 characters, and names that end in a dot or a space, only in a
+/// form that begins with "\\?\" and is used as it is: no "/", no "..", no doubled separators
 /// (learn.microsoft.com/windows/win32/fileio/naming-a-file).
 namespace platform::windows {
 
@@ -13,7 +13,7 @@ namespace platform::windows {
 /// drive. A path that is not absolute, and one that has the form already, stays as it is.
 std::wstring LongPath(std::string_view path);
 
-/// A folder's long form with one separator at its end, for names to be put behind.
+/// A folder's long form with one separator at its end, for names to be appended.
 std::wstring LongFolder(std::string_view path);
 
 /// The path as people write it.

@@ -13,7 +13,7 @@ namespace platform::windows {
 /// Other programs may go on reading, writing, renaming and deleting the file meanwhile.
 inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// Opens what stands at a path, links followed, for its data about itself only; folders too. None on failure.
+/// Opens what is at a path, links followed, for its data about itself only; folders too. None on failure.
 FileHandle OpenForAttributes(const std::wstring& long_path, DWORD access = FILE_READ_ATTRIBUTES);
 
 /// The same without following a link that stands at the path itself.

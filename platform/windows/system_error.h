@@ -23,7 +23,7 @@ Error SystemError(DWORD code);
 Error LastError();
 
 /// Like SystemError(), for a call on a file where only "access denied" may have come back: a folder that
-/// bears the name gives kIsAFolder, a file that another program holds open kInUse.
+/// has the name gives kIsAFolder, a file that another program holds open kInUse.
 Error FileError(const std::wstring& long_path, DWORD code);
 
 }  // namespace platform::windows

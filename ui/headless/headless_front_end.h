@@ -34,7 +34,7 @@ class HeadlessDialogs : public Dialogs {
   std::deque<bool> yes_no;                       ///< the next answers to yes-no questions
   std::deque<std::optional<std::string>> texts;  ///< the next paths and texts
   std::vector<Asked> asked;
-  std::function<void(const Asked&)> while_open;  ///< runs while a dialog stands open
+  std::function<void(const Asked&)> while_open;  ///< runs while a dialog is open
 
  private:
   void Open(Form& owner, Asked asked_now);
@@ -88,7 +88,7 @@ class HeadlessFrontEnd : public FrontEnd {
   /// Something the user will do at the next chance.
   void Post(std::function<void()> event) { events_.push_back(std::move(event)); }
   std::function<void()> when_idle;
-  Form* modal = nullptr;             ///< the window that stands open above the others and waits for the user
+  Form* modal = nullptr;             ///< the window that is open above the others and waits for the user
   Size screen_size{28'800, 16'200};  ///< 1920 by 1080 pixels
   std::vector<std::string> notes;    ///< of Notify(), each with its title
   std::vector<std::string> opened_folders;

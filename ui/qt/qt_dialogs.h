@@ -24,7 +24,7 @@ class QtDialogs : public Dialogs {
   std::optional<std::string> SaveFile(Form& owner, const FileDialog& dialog) override;
   std::optional<std::string> AskText(Form& owner, const InputBox& box) override;
 
-  /// Cancels every dialog that stands open.
+  /// Cancels every dialog that is open.
   void CloseAll();
 
  private:

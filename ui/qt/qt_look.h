@@ -17,7 +17,7 @@ double Contrast(const QColor& a, const QColor& b);
 /// `share` of the way from one colour to the other, 0 to 1.
 QColor Mix(const QColor& from, const QColor& to, double share);
 
-/// Whether the desktop shows nothing but the strongest contrast; its colours stay then. Qt 6.4 does not tell,
+/// Whether the desktop shows nothing but the strongest contrast; its colours stay then. Qt 6.4 does not say,
 /// so it is taken from the text on a window: black and white and nothing between.
 bool IsHighContrast();
 

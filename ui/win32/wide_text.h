@@ -12,7 +12,7 @@ namespace ui::win32 {
 /// In UTF-16 units, with the zero: the system takes no longer one.
 inline constexpr std::size_t kLongestPath = 32'768;
 
-/// Character by character: what is no UTF-8, and a zero, shows as U+FFFD. A surrogate that stands alone, as a
+/// Character by character: what is no UTF-8, and a zero, shows as U+FFFD. A surrogate that is alone, as a
 /// file name may have it, passes through.
 std::wstring ToWide(std::string_view text);
 

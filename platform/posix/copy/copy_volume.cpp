@@ -18,7 +18,7 @@ namespace {
 // A round trip takes long and little processor time.
 constexpr std::size_t kWorkersOfServed = 8;
 constexpr std::size_t kMostWorkers = 4;
-// A disk that turns is not helped by more, and not hindered by two: what is written lies in memory first.
+// A disk that turns is not helped by more, and not hindered by two: what is written is in memory first.
 constexpr std::size_t kFewestWorkers = 2;
 
 mode_t FileModeMask() {

@@ -10,7 +10,7 @@ namespace platform::posix {
 /// How many threads make sense for reading in one folder that exists and reading or writing in another.
 std::size_t WorkersBetween(const std::string& source, const std::string& target);
 
-/// Where copies from one folder and what lies below it go to another one. How their data gets to the disk,
+/// Where copies from one folder and what is below it go to another one. How their data gets to the disk,
 /// by the kind of volume on which the target folder at hand lies:
 ///  - journaled: one syncfs() a group, which since Linux 5.8 also reports what could not be written. The
 ///    renames after it need none: the journal keeps their order, and the data is there already. ext4 alone

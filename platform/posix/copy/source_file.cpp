@@ -30,7 +30,8 @@ struct timespec Now() {
 bool IsNow(const struct timespec& time, const struct timespec& now) {
   const bool is_before =
       time.tv_sec < now.tv_sec || (time.tv_sec == now.tv_sec && time.tv_nsec < now.tv_nsec);
-  return !is_before && time.tv_sec <= now.tv_sec + 1;  // what bears a time to come was given it on purpose
+  return !is_before &&
+         time.tv_sec <= now.tv_sec + 1;  // what has a time in the future was given it on purpose
 }
 
 /// What the file is once the tick is over in which it was written.

@@ -31,7 +31,7 @@ class TemporaryFile {
   /// Before the file gets its name: a network volume tells only then that it had no room for the data.
   Status Close();
 
-  /// Gives the closed file its final name, in place of what bears it; with TargetName::kFree only where
+  /// Gives the closed file its final name, in place of what has it; with TargetName::kFree only where
   /// nothing does, else kNameTaken.
   Status Publish(const std::string& name, TargetName listed);
 

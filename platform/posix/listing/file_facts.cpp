@@ -55,7 +55,7 @@ bool FillEntry(int folder, const char* name, unsigned char type, Entry& entry) {
   } else if (type == DT_REG || type == DT_UNKNOWN) {
     struct stat facts = {};
     if (fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return false;
-    // A link only where the volume does not tell types, or where one took the file's place meanwhile.
+    // A link only where the volume does not say types, or where one took the file's place meanwhile.
     if (S_ISLNK(facts.st_mode)) return DescribeLink(folder, name, entry);
     TakeOver(facts, entry);
   } else {

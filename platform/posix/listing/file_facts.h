@@ -12,7 +12,7 @@ FileTime ModifiedOf(const struct stat& facts);
 /// The read-only bit; hidden and system are not in the structure.
 Attributes AttributesOf(const struct stat& facts);
 
-/// Fills kind, size, modified and attributes of `entry` for what stands under `name` in the open folder
+/// Fills kind, size, modified and attributes of `entry` for what has `name` in the open folder
 /// `folder` (or AT_FDCWD). `type` is one of the DT_ values of dirent.h as far as it is known; folders and
 /// devices cost no call then. False, with errno set and the entry a file of unknown size, when that cannot be
 /// told.

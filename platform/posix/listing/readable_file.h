@@ -11,7 +11,7 @@ namespace platform::posix {
 Result<std::unique_ptr<ReadableFile>> OpenToRead(const Folder& folder, const Entry& file);
 
 /// Opens a file in an open folder that was just written and flushed, to be read from its disk: what the
-/// system keeps of it in memory is dropped before, and again when the file goes. A volume that lies in
+/// system keeps of it in memory is dropped before, and again when the file goes. A volume that is in
 /// memory, or a disk's own cache, cannot be passed by.
 Result<std::unique_ptr<ReadableFile>> OpenToReadBack(int folder, const std::string& name);
 

@@ -12,10 +12,10 @@ Result<DiskSpace> SpaceAt(const std::string& path);
 /// The most bytes that one file may have there; 0 when no limit is known.
 std::int64_t LargestFileAt(const std::string& path);
 
-/// The mount point; empty when it cannot be told. `path` is without links.
+/// The mount point; empty when it is not known. `path` is without links.
 std::string MountPointOf(const std::string& path);
 
-/// Brings everything on the volume of an open folder or file to the disk, and what lies in the disk's own
+/// Brings everything on the volume of an open folder or file to the disk, and what is in the disk's own
 /// cache to its medium.
 Status FlushVolume(int file);
 

@@ -20,7 +20,7 @@ inline constexpr unsigned long kSmb2 = 0xFE534D42;
 inline constexpr unsigned long kExfat = 0x2011BAB0;
 inline constexpr unsigned long kNtfs3 = 0x7366746E;
 
-/// The number of the file system on which an open file or folder lies; 0 when it cannot be told.
+/// The number of the file system on which an open file or folder lies; 0 when it is not known.
 unsigned long MagicOf(int file);
 
 /// The kind of the volume of an open file or folder.

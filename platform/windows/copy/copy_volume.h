@@ -21,15 +21,15 @@ enum class DataFlush {
   kNever,      ///< to measure what flushing costs
 };
 
-/// Where copies from one folder and what lies below it go to another one.
+/// Where copies from one folder and what is below it go to another one.
 ///
 /// Data, before a copy gets its name, new or replaced alike:
 ///  - Where the user may open the volume, FlushFileBuffers() for it, once a group. Microsoft: it flushes all
-///    open files on the volume; for that all copies of the group are held open until they bear their names.
+///    open files on the volume; for that all copies of the group are held open until they have their names.
 ///  - Else, or when that fails, NtFlushBuffersFileEx() with FLUSH_FLAGS_NO_SYNC for each file, and then
 ///    FlushFileBuffers() for the last one. Microsoft: the first writes data and metadata of the file and
 ///    leaves out only that the disk is told to empty its own cache, which the second adds. That cache is the
-///    whole disk's, on NTFS as on FAT; where a volume lies on several disks, the cache of another one may be
+///    whole disk's, on NTFS as on FAT; where a volume is on several disks, the cache of another one may be
 ///    left. Where the first is missing or fails, FlushFileBuffers() for each.
 ///  - On a server, and behind a link in the target folder that leads to another volume, FlushFileBuffers()
 ///    for each; a server is free to make less of it.
@@ -57,7 +57,7 @@ class WindowsCopyVolume : public CopyVolume {
   bool source_has_coarse_times() const { return source_has_coarse_times_; }
   /// Whether a new name needs no flush.
   bool names_are_ordered() const { return target_.is_journaled || target_.is_remote; }
-  /// Whether an open file in that folder lies on another volume than the target folder.
+  /// Whether an open file in that folder is on another volume than the target folder.
   bool IsElsewhere(const std::shared_ptr<Folder>& folder, const FileHandle& file);
 
  private:

@@ -10,7 +10,7 @@
 
 namespace platform::windows {
 
-/// Moves what is left of an open file behind its first `moved` bytes, with which `copy` begins, and leaves in
+/// Moves what is left of an open file after its first `moved` bytes, with which `copy` begins, and leaves in
 /// source.state() what the source is at the end; it may grow meanwhile. kShort when it became shorter or
 /// ended too early. Adds what it moves to the fingerprint, which may be null.
 Status MoveData(SourceFile& source, TemporaryFile& copy, Progress& progress, std::int64_t& moved,

@@ -27,7 +27,7 @@ class WindowsDraft : public Draft {
   Status ReadBack(const CopyProgress& watcher) override;
   Status Publish() override;
 
-  /// Whether the copy lies on another volume than the target folder itself, behind a link. Known from Write()
+  /// Whether the copy is on another volume than the target folder itself, behind a link. Known from Write()
   /// on.
   bool is_elsewhere() const { return is_elsewhere_; }
 

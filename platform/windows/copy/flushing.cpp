@@ -37,7 +37,7 @@ std::wstring FolderAt(const std::wstring& path) {
   return path.substr(0, path.rfind(L'\\') + 1);
 }
 
-/// A file that is made now comes to the disk behind all that a journal has about others. On a full disk there
+/// A file that is made now comes to the disk after all that a journal has about others. On a full disk there
 /// is no room for it; the data of the copies is on the disk all the same.
 Status FlushNewFile(const std::wstring& folder) {
   const auto unless_full = [](const Status& status) {

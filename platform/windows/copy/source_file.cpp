@@ -23,7 +23,7 @@ std::int64_t AgeOf(std::int64_t time) {
   return TicksOf(now) - time;
 }
 
-/// What bears a time to come, beyond what two clocks may differ, was given it on purpose.
+/// What has a time in the future, beyond what two clocks may differ, was given it on purpose.
 bool IsYoungerThan(std::int64_t time, std::int64_t age) {
   const std::int64_t real = AgeOf(time);
   return real < age && real > -kTicksPerSecond;

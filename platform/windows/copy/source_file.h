@@ -8,7 +8,7 @@
 
 namespace platform::windows {
 
-/// What tells that a file was written to.
+/// What shows that a file was written to.
 struct SourceState {
   std::int64_t written = 0;  ///< the time, in the system's steps of 100 ns
   std::int64_t size = 0;     ///< bytes

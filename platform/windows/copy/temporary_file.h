@@ -35,7 +35,7 @@ class TemporaryFile {
   /// The present length in bytes. Write() goes on there from now on.
   Result<std::int64_t> GoToEnd();
 
-  /// Gives the file its final name in one atomic step, in place of a file that bears it; with
+  /// Gives the file its final name in one atomic step, in place of a file that has it; with
   /// TargetName::kFree only where nothing does, else kNameTaken.
   Status Publish(const std::wstring& final_path, TargetName listed);
 

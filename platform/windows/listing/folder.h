@@ -8,7 +8,7 @@
 
 namespace platform::windows {
 
-/// A listed folder. It keeps its long form, so that the files in it need only their names put behind, and no
+/// A listed folder. It keeps its long form, so that the files in it need only their names appended, and no
 /// handle: an open folder could not be renamed or removed by others on Windows.
 class WindowsFolder : public Folder {
  public:

@@ -48,7 +48,7 @@ WIN32_FIND_DATAW FoundOf(const FILE_ID_BOTH_DIR_INFO& info) {
   found.ftLastWriteTime = TimeOf(info.LastWriteTime);
   found.nFileSizeHigh = static_cast<DWORD>(info.EndOfFile.HighPart);
   found.nFileSizeLow = info.EndOfFile.LowPart;
-  // For a reparse point its tag stands in this place.
+  // For a reparse point its tag is in this place.
   found.dwReserved0 = info.EaSize;
   const std::size_t length =
       std::min<std::size_t>(info.FileNameLength / sizeof(wchar_t), ARRAYSIZE(found.cFileName) - 1);

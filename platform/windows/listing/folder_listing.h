@@ -12,7 +12,7 @@ namespace platform::windows {
 struct FolderListing {
   std::vector<Entry> entries;
   std::optional<Identity> identity;
-  bool is_link = false;  ///< a link stands at its path
+  bool is_link = false;  ///< there is a link at its path
 };
 
 /// Lists a folder, whose long form ends in a separator; see FileSystem::OpenFolder(). The folder is opened

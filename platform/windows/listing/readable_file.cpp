@@ -33,7 +33,7 @@ class WindowsReadableFile : public ReadableFile {
   FileHandle file_;
 };
 
-/// Unbuffered, a read that begins behind a part of a sector is an error, though there is only the end.
+/// Unbuffered, a read that begins after a part of a sector is an error, though there is only the end.
 class FileReadBack : public WindowsReadableFile {
  public:
   using WindowsReadableFile::WindowsReadableFile;

@@ -5,7 +5,7 @@
 
 namespace ui::win32 {
 
-/// The system's push button: it tells of a press by mouse, Space and Enter in one way.
+/// The system's push button: it reports a press by mouse, Space and Enter in one way.
 class ButtonPeer : public LateFocusPeer {
  public:
   ButtonPeer(Button& button, Toolkit& toolkit);

@@ -52,7 +52,7 @@ int ScrollBarPeer::Wanted(UINT code) const {
   }
 }
 
-/// The system's range ends a page behind the last position.
+/// The system's range ends a page after the last position.
 void ScrollBarPeer::MirrorValue() {
   SCROLLINFO info{};
   info.cbSize = sizeof info;

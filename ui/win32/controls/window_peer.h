@@ -44,7 +44,7 @@ class WindowPeer : public Peer {
   /// Where the control is in the window around it, in pixels.
   RECT Place() const;
   HFONT font() { return toolkit_.fonts.Get(control_.font(), dpi()); }
-  /// Whether a point of a mouse message lies in the window: the button may be released outside of it.
+  /// Whether a point of a mouse message is in the window: the button may be released outside of it.
   bool Contains(const Message& mouse) const;
 
  private:

@@ -6,7 +6,7 @@
 
 namespace ui::win32 {
 
-/// A note of the system about a window of a program in the background. Its icon stands beside the clock until
+/// A note of the system about a window of a program in the background. Its icon is beside the clock until
 /// the note has gone.
 class Notice {
  public:
