@@ -4,6 +4,7 @@
 
 #include "platform/memory/memory_system.h"
 #include "services/data_file.h"
+#include "services/last_run_file.h"
 #include "tests/tree.h"
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
@@ -88,6 +89,30 @@ TEST_F(SetupFile, OnlyAnOldTemporaryFileIsTakenForOneOfADeadProgram) {
     EXPECT_EQ(files.Exists(path), age == 60);
   }
   EXPECT_TRUE(files.Exists("/s/file"));
+}
+
+TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
+  using Loss = LastRunFile::Loss;
+  const std::string path = "/last.qvr";
+  LastRunFile last(files);
+  std::string reason;
+  EXPECT_EQ(last.Stat(path, reason), LastRunState::kNone);
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone);
+  files.AddFile(path, "another");
+  EXPECT_EQ(last.Stat(path, reason), LastRunState::kFile);
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kChangedMeanwhile);
+  last.NoteBeforeLoading(path);
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone);
+  last.NoteReadInPart();
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kReadInPart);
+  EXPECT_TRUE(last.Save(path, setup));
+  EXPECT_EQ(last.LossBySaving(path, {}), Loss::kNone);
+  files.Remove(path);
+  last.NoteBeforeLoading(path);
+  EXPECT_TRUE(SaveSetupToFile(files, path, setup));
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone);
+  EXPECT_EQ(last.LossBySaving(path, {}), Loss::kChangedMeanwhile);
+  EXPECT_EQ(last.Stat("/s", reason), LastRunState::kNotReadable);
 }
 
 TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {

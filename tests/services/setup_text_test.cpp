@@ -61,6 +61,20 @@ TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
   EXPECT_EQ(ParseSetup("\"/a\r\n", kPeriods).setup.SourceFolder, "/a\r\n") << "a quote left open";
 }
 
+TEST(SetupText, TellsWhereItEndsAndWhatItCannotHold) {
+  const std::string whole = SetupText(kFull);
+  const std::string but_last = whole.substr(0, whole.size() - std::string("j?g\r\n").size());
+  EXPECT_TRUE(ParseSetup(but_last, kPeriods).extension_missing);
+  for (const std::string& text : {whole, but_last.substr(0, but_last.size() - 2), std::string("/s\n")})
+    EXPECT_FALSE(ParseSetup(text, kPeriods).extension_missing) << text;
+  EXPECT_EQ(ProblemText(ParseSetup("\"/s\n\"\n/t\nx", kPeriods)), "Line 4: A number is missing.");
+  EXPECT_TRUE(ProblemText(ParseSetup("/a,b\n/t\nx", kPeriods))
+                  .starts_with("Line 2: A number is missing. Line 1 has a comma in it, and"));
+  const std::pair<const char*, bool> folders[] = {{"", true},     {"/a b", true},  {"/a,b", false},
+                                                  {" /a", false}, {"\"/a", false}, {"/a\nb", false}};
+  for (const auto& [folder, survives] : folders) EXPECT_EQ(SurvivesSaving(folder), survives) << folder;
+}
+
 TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
   const std::string zeros = "0\n0\n0\n0\n";
   const std::string skip = zeros + "0\n0\nskip\n";
