@@ -170,6 +170,7 @@ void RunReport::Tell(const std::string& text) {
 
 void RunReport::Pause() {
   if (facts_.unattended || StopRequested()) return;
+  copying_ = false;  // all that was on its way is settled, also a file that failed
   window_.cmdPauseContinue_Click();
 }
 
