@@ -91,7 +91,9 @@ std::unique_ptr<Copier> PosixFileSystem::MakeCopier(const std::string& source, c
 
 std::unique_ptr<Comparer> PosixFileSystem::MakeComparer(const std::string& source,
                                                         const std::string& target) {
-  copy_threads_.writers.Allow(WorkersBetween(source, target));
+  // Two disks with cold caches are kept busier than by as many threads as there are cores.
+  constexpr std::size_t kFewestReaders = 4;
+  copy_threads_.writers.Allow(std::max(WorkersBetween(source, target), kFewestReaders));
   return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers);
 }
 
