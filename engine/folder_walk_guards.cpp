@@ -2,6 +2,7 @@
 // wrong place.
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 #include "base/utf8.h"
@@ -82,6 +83,8 @@ std::optional<std::string> FolderWalk::OtherRunIn(const FolderPair& pair) {
 /// A file that has no copy, and one as long and as old that has: where the target takes the two names for
 /// one, that copy may be the other's.
 void FolderWalk::DoubtTwins(const FolderPair& pair, std::vector<Selection>& selections) const {
+  const auto is_new = [](const Selection& selection) { return selection.finding == Finding::kNew; };
+  if (std::none_of(selections.begin(), selections.end(), is_new)) return;
   const std::vector<Entry>& entries = pair.source().entries();
   std::unordered_multimap<std::int64_t, std::size_t> copied;  // by size
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -89,15 +92,17 @@ void FolderWalk::DoubtTwins(const FolderPair& pair, std::vector<Selection>& sele
       copied.emplace(entries[i].size, i);
   }
   for (std::size_t i = 0; i < entries.size() && !copied.empty(); ++i) {
-    if (selections[i].finding != Finding::kNew || !copied.contains(entries[i].size)) continue;
-    const auto known = tools_.files.Stat(platform::JoinPath(pair.target_path(), entries[i].name));
-    if (!known) continue;
+    if (!is_new(selections[i]) || !copied.contains(entries[i].size)) continue;
+    std::optional<platform::Result<Entry>> known;  // asked for when there is one as long and as old
     const auto [first, last] = copied.equal_range(entries[i].size);
     for (auto it = first; it != last; ++it) {
+      const Entry& other = entries[it->second];
+      if (other.modified != entries[i].modified) continue;
+      if (!known) known = tools_.files.Stat(platform::JoinPath(pair.target_path(), entries[i].name));
+      if (!*known) break;
       Selection& twin = selections[it->second];
-      const std::string& name = entries[it->second].name;
-      if (twin.target->number == known->number ||
-          base::utf8::ToLower(name) == base::utf8::ToLower(entries[i].name))
+      if (twin.target->number == (*known)->number ||
+          base::utf8::ToLower(other.name) == base::utf8::ToLower(entries[i].name))
         twin.needs_comparing = true;
     }
   }
