@@ -18,6 +18,10 @@ class Draft {
   /// Takes the temporary file away unless Publish() succeeded, and lets go of what the copy replaced.
   virtual ~Draft() = default;
 
+  /// May open the source and have the system begin to read it, so that Write(), which comes soon, need not
+  /// wait for the disk. Asked of a few drafts ahead. Fails silently: Write() tells what is wrong.
+  virtual void Prefetch() {}
+
   /// Writes the copy: steps 1 of a Copier. Asks the watcher, which may be empty.
   virtual Result<CopyOutcome> Write(const CopyProgress& watcher) = 0;
 

@@ -16,6 +16,10 @@ using Clock = std::chrono::steady_clock;
 constexpr std::size_t kBatchFiles = 50;
 constexpr std::int64_t kBatchBytes = std::int64_t{4} << 20;
 
+// How many files of a batch are being read by the system at a time: a disk that has many to choose from reads
+// them in less than half the time, and each holds a descriptor.
+constexpr std::size_t kDraftsAhead = 12;
+
 // How many groups may be waiting for the disk while another one is being filled. Of big files, which are a
 // group each, some more: else the disk rests while the next are being written to memory, and takes 1.4 times
 // as long.
@@ -96,6 +100,7 @@ struct GroupedCopier::State {
   void CloseGroup();
 
   // --- Of the jobs
+  void Prepare(Item& item);
   void WriteBatch(Group& group, const Batch& batch);
   void SaveGroup(const GroupPtr& group);
   Status SaveAndPublish(const GroupPtr& group);
@@ -190,12 +195,18 @@ void GroupedCopier::State::CloseGroup() {
   filling = nullptr;
 }
 
+void GroupedCopier::State::Prepare(Item& item) {
+  item.draft = volume->Prepare(item.order);
+  item.draft->Prefetch();
+}
+
 void GroupedCopier::State::WriteBatch(Group& group, const Batch& batch) {
-  for (Item* item : batch) {
+  for (std::size_t at = 0, ahead = 0; at < batch.size(); ++at) {
     if (given_up) return;
-    item->draft = volume->Prepare(item->order);
-    item->result = item->draft->Write(WatcherOf(*item, 0));
-    item->order.source.reset();
+    for (; ahead < std::min(at + kDraftsAhead, batch.size()); ++ahead) Prepare(*batch[ahead]);
+    Item& item = *batch[at];
+    item.result = item.draft->Write(WatcherOf(item, 0));
+    item.order.source.reset();
   }
   const std::lock_guard lock(mutex);
   --unwritten;

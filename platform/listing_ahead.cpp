@@ -20,8 +20,10 @@ constexpr std::chrono::seconds kFresh{1};
 // What handing a folder to another thread and back costs, about.
 constexpr std::chrono::microseconds kHandOver{15};
 
-// A listing that takes longer waits for a disk or a network: many can wait at a time.
-constexpr std::chrono::milliseconds kQuickListing{1};
+// Listings that take longer wait for a disk or a network: many can wait at a time. From a disk most are quick
+// all the same, since it reads what lies beside them at once; so an average tells.
+constexpr std::chrono::microseconds kQuickListing{150};
+constexpr int kAveraged = 16;
 constexpr std::size_t kThreads = 8;
 // The others take the processor's time; with that of the caller there are up to four.
 constexpr std::size_t kMostQuickThreads = 3;
@@ -105,7 +107,7 @@ ListingAhead::~ListingAhead() {
 }
 
 bool ListingAhead::Begin(const std::string& path, FollowLinks links) {
-  if (last_took_ < kHandOver || queue_->names > kMostNames) return false;
+  if (usually_takes_ < kHandOver || queue_->names > kMostNames) return false;
   if (tasks_.size() >= kMostTasks) DropStale();
   if (tasks_.size() >= kMostTasks) return false;
   const auto [place, is_new] = tasks_.try_emplace(path);
@@ -131,13 +133,14 @@ ListingAhead::Listing ListingAhead::Take(const std::string& path, FollowLinks li
     task = std::make_shared<Task>(path, links);
     queue_->Run(*task);
   }
-  last_took_ = task->took;
+  usually_takes_ =
+      usually_takes_.count() == 0 ? task->took : usually_takes_ + (task->took - usually_takes_) / kAveraged;
   return std::move(task->listing);
 }
 
 void ListingAhead::Finish(const std::shared_ptr<Task>& task) {
   Queue::Lock lock(queue_->mutex);
-  const bool is_quick = last_took_ < kQuickListing;
+  const bool is_quick = usually_takes_ < kQuickListing;
   queue_->allowed = is_quick ? QuickThreads() : kThreads;
   if (task->state == Task::State::kWaits) {
     std::erase(queue_->waiting, task);

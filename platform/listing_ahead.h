@@ -44,7 +44,7 @@ class ListingAhead {
 
   std::shared_ptr<Queue> queue_;
   std::unordered_map<std::string, std::shared_ptr<Task>> tasks_;
-  std::chrono::steady_clock::duration last_took_{};
+  std::chrono::steady_clock::duration usually_takes_{};  ///< a listing; 0: none yet
   Workers workers_;
 };
 

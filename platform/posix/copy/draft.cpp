@@ -55,9 +55,17 @@ Status CarryTime(int target, const struct stat& facts, bool changed) {
 
 }  // namespace
 
+FileDescriptor PosixDraft::OpenFile() const {
+  return OpenListed(static_cast<const PosixFolder&>(*order_.source), *order_.file);
+}
+
+void PosixDraft::Prefetch() {
+  prefetched_ = OpenFile();
+  if (prefetched_) PrefetchStart(prefetched_.get());
+}
+
 Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
-  const int folder = static_cast<const PosixFolder&>(*order_.source).handle();
-  auto source = OpenSource(folder, order_.file->name, setting_.source);
+  auto source = ExamineSource(prefetched_ ? std::move(prefetched_) : OpenFile(), setting_.source);
   if (!source) return source.error();
 
   const mode_t mode = (source->facts.st_mode & kPermissions) | S_IWUSR;

@@ -24,6 +24,7 @@ class PosixDraft : public Draft {
   /// `order` must outlive the draft, but for its source folder, which Write() alone needs.
   PosixDraft(const CopyOrder& order, DraftSetting setting) : order_(order), setting_(setting) {}
 
+  void Prefetch() override;
   /// On a served volume the data is on the disk afterwards.
   Result<CopyOutcome> Write(const CopyProgress& watcher) override;
   Status ReadBack(const CopyProgress& watcher) override;
@@ -33,8 +34,12 @@ class PosixDraft : public Draft {
   VolumeKind volume_kind() const { return setting_.target; }
 
  private:
+  /// Nothing, with errno set, when it cannot be opened.
+  FileDescriptor OpenFile() const;
+
   const CopyOrder& order_;
   DraftSetting setting_;
+  FileDescriptor prefetched_;
   TemporaryFile file_;
   Fingerprint written_;      ///< of an order that wants it read back
   FileDescriptor replaced_;  ///< keeps the space of the file that was replaced

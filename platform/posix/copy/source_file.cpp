@@ -1,9 +1,8 @@
 #include "platform/posix/copy/source_file.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <ctime>
+#include <utility>
 
 #include "platform/posix/listing/file_facts.h"
 #include "platform/posix/system_error.h"
@@ -48,10 +47,9 @@ bool Examine(SourceFile& file) {
 
 }  // namespace
 
-Result<SourceFile> OpenSource(int folder, const std::string& name, const SourceVolume& volume) {
-  // Not blocking, should a pipe have taken the file's place.
+Result<SourceFile> ExamineSource(FileDescriptor handle, const SourceVolume& volume) {
   SourceFile file;
-  file.handle.Reset(openat(folder, name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  file.handle = std::move(handle);
   if (!file.handle || !Examine(file)) return LastError();
   if (!S_ISREG(file.facts.st_mode)) return NotAFileError(file.facts);
   const std::int64_t age = Now().tv_sec - file.facts.st_mtim.tv_sec;

@@ -2,8 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <string>
-
 #include "platform/copier.h"
 #include "platform/posix/attributes/dos_bits.h"
 #include "platform/posix/file_descriptor.h"
@@ -25,9 +23,9 @@ struct SourceVolume {
   DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;
 };
 
-/// Opens the file `name` in the open folder `folder`. Fails on everything but a regular file. A file that was
-/// written to within the present tick of the system's clock is opened when that is over (4 ms mostly); where
-/// the volume's times are coarser than that, it is told by is_fresh.
-Result<SourceFile> OpenSource(int folder, const std::string& name, const SourceVolume& volume);
+/// Takes a file that OpenListed() opened; where that failed, its error is still errno. Fails on everything
+/// but a regular file. For a file that was written to within the present tick of the system's clock it waits
+/// until that is over (4 ms mostly); where the volume's times are coarser than that, it is told by is_fresh.
+Result<SourceFile> ExamineSource(FileDescriptor handle, const SourceVolume& volume);
 
 }  // namespace platform::posix

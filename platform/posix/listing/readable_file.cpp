@@ -17,9 +17,20 @@ namespace {
 /// From here on the system does well to read further ahead than usual.
 constexpr std::int64_t kLongFile = std::int64_t{1} << 20;
 
+/// How much of a file is asked for before it is read.
+constexpr std::int64_t kStart = std::int64_t{1} << 20;
+
+}  // namespace
+
+void PrefetchStart(int handle) { posix_fadvise(handle, 0, kStart, POSIX_FADV_WILLNEED); }
+
+namespace {
+
 class PosixReadableFile : public ReadableFile {
  public:
   explicit PosixReadableFile(FileDescriptor handle) : handle_(std::move(handle)) {}
+
+  void Prefetch() override { PrefetchStart(handle_.get()); }
 
   Result<std::size_t> Read(std::span<char> room) override {
     for (;;) {
@@ -72,10 +83,14 @@ FileDescriptor OpenForbidden(int folder, const std::string& name) {
 
 }  // namespace
 
-Result<std::unique_ptr<ReadableFile>> OpenToRead(const Folder& folder, const Entry& file) {
-  const int place = static_cast<const PosixFolder&>(folder).handle();
+FileDescriptor OpenListed(const PosixFolder& folder, const Entry& file) {
   // Not blocking, should a pipe have taken the file's place.
-  FileDescriptor handle(openat(place, file.name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  constexpr int kFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  return FileDescriptor(openat(folder.handle(), file.name.c_str(), kFlags));
+}
+
+Result<std::unique_ptr<ReadableFile>> OpenToRead(const Folder& folder, const Entry& file) {
+  FileDescriptor handle = OpenListed(static_cast<const PosixFolder&>(folder), file);
   if (!handle) return LastError();
   if (file.size >= kLongFile) posix_fadvise(handle.get(), 0, 0, POSIX_FADV_SEQUENTIAL);
   return std::unique_ptr<ReadableFile>(std::make_unique<PosixReadableFile>(std::move(handle)));
