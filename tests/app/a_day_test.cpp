@@ -33,15 +33,6 @@ struct ADay : testing::Test, Program {
   void Note(const std::string& when, const ui::Form& form) {
     told += "== " + when + ": " + Seen(form) + Said() + (dialogs.asked.empty() ? "" : "\n");
   }
-  /// Lets the user act in the window that stands open above the others once it has read what it shows.
-  template <typename Window>
-  void InOpenWindow(const std::function<void(Window&)>& act) {
-    front_end.when_idle = [this, act] {
-      auto* const open = dynamic_cast<Window*>(front_end.modal);
-      if (open == nullptr || open->tmrRead.running()) return front_end.PassTime(1);
-      act(*open);
-    };
-  }
 
   std::string told;
 };

@@ -13,11 +13,10 @@ struct ConfirmOperation : testing::Test, Program {
   /// Opens the window, lets it read to its end, then lets the user act.
   bool Confirm(const std::function<void()>& user) {
     confirm.emplace(context, request, std::vector<std::string>(), paces);
-    front_end.when_idle = [&] {
-      if (confirm->tmrRead.running()) return front_end.PassTime(1);
+    InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& open) {
       user();
-      confirm->Hide();
-    };
+      open.Hide();
+    });
     return confirm->Confirm(owner);
   }
 

@@ -71,13 +71,11 @@ TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {
     Click(window->cmdSpecifyDirectory[0]);
   };
   const auto select = [&](bool keep) {
-    front_end.when_idle = [&, keep] {
-      auto& form = dynamic_cast<frmSelectSubfolders&>(*front_end.modal);
-      if (form.tmrRead.running()) return front_end.PassTime(1);
+    InOpenWindow<frmSelectSubfolders>([&, keep](frmSelectSubfolders& form) {
       EXPECT_EQ(form.chkKeepAway.text(), "Keep one included subfolder that is not there now: a");
       Tick(form.chkKeepAway, keep);
       Click(form.cmdAccept);
-    };
+    });
     Click(window->cmdSelectSubfolders);
     front_end.when_idle = {};
   };

@@ -122,16 +122,13 @@ TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCo
   StartWithSetup();
   std::string counted;
   bool start = false;
-  front_end.when_idle = [&] {
-    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
-    if (form == nullptr) return;
-    if (form->tmrRead.running()) return front_end.PassTime(1);
-    for (const auto& row : form->fact_rows) {
+  InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& form) {
+    for (const auto& row : form.fact_rows) {
       if (row->lblHeading.text() == "To be copied") counted = row->lblText.text();
     }
-    Tick(form->chkDontShowAgain, true);
-    Click(start ? form->cmdStart : form->cmdCancel);
-  };
+    Tick(form.chkDontShowAgain, true);
+    Click(start ? form.cmdStart : form.cmdCancel);
+  });
   Click(window->cmdBackupModifiedFiles);
   EXPECT_FALSE(window->SkipConfirmation) << "nothing was started";
   start = true;
@@ -146,13 +143,11 @@ TEST_F(Operations, CompareContentsOnceThatIsTickedAlsoWhereNothingIsStartedButNe
   StartWithSetup("nightly");
   EXPECT_EQ(printed.back(), "RESULT status=ok new=0 modified=0 copied=0 failed=0 bytes=0 seconds=0");
   bool ticks = true;
-  front_end.when_idle = [&] {
-    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
-    if (form == nullptr || form->tmrRead.running()) return front_end.PassTime(1);
-    if (ticks) Tick(form->chkCompareContents, true);
-    EXPECT_TRUE(form->ComparesContents());
-    Click(std::exchange(ticks, false) ? form->cmdCancel : form->cmdStart);
-  };
+  InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& form) {
+    if (ticks) Tick(form.chkCompareContents, true);
+    EXPECT_TRUE(form.ComparesContents());
+    Click(std::exchange(ticks, false) ? form.cmdCancel : form.cmdStart);
+  });
   Click(window->cmdBackupModifiedFiles);
   const auto ends = [this](ui::Button& button) {
     Click(button);
@@ -175,12 +170,10 @@ TEST_F(Operations, ReadCopiesBackFromWhenThatIsTickedUntilTheProgramEnds) {
   StartWithSetup();
   files.Garble("/dst/b");
   bool ticks = true;
-  front_end.when_idle = [&] {
-    auto* const form = dynamic_cast<frmConfirmOperation*>(front_end.modal);
-    if (form == nullptr || form->tmrRead.running()) return front_end.PassTime(1);
-    if (std::exchange(ticks, false)) Tick(form->chkReadBack, true);
-    Click(form->cmdStart);
-  };
+  InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& form) {
+    if (std::exchange(ticks, false)) Tick(form.chkReadBack, true);
+    Click(form.cmdStart);
+  });
   const std::string end = "1 file copied, 1 file could not be copied, 2 files read back, 1 of them bad.";
   for (ui::Button* button : {&window->cmdBackupAllFiles, &window->cmdBackupAllFiles}) {
     Click(*button);

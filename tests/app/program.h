@@ -37,6 +37,16 @@ class Program {
     return Start(command_line);
   }
 
+  /// Lets the user act whenever a window of that kind stands open above the others and has read what it
+  /// shows.
+  template <typename Window>
+  void InOpenWindow(const std::function<void(Window&)>& act) {
+    front_end.when_idle = [this, act] {
+      auto* const open = dynamic_cast<Window*>(front_end.modal);
+      if (open == nullptr || open->tmrRead.running()) return front_end.PassTime(1);
+      act(*open);
+    };
+  }
   /// Does something whenever a copy begins.
   void WhenACopyBegins(std::function<void()> act) {
     files.Before([act](platform::memory::Call call, const std::string&) {

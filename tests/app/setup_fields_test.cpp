@@ -21,12 +21,10 @@ struct SetupFields : testing::Test, Program {
   /// What the confirmation says of the run that it would start.
   std::string Confirmation() {
     std::string said;
-    front_end.when_idle = [&] {
-      auto& confirm = dynamic_cast<frmConfirmOperation&>(*front_end.modal);
-      if (confirm.tmrRead.running()) return front_end.PassTime(1);
+    InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& confirm) {
       for (const auto& row : confirm.fact_rows) said += row->lblHeading.text() + row->lblText.text() + "|";
       confirm.UserPressedEscape();
-    };
+    });
     Click(window->cmdBackupAllFiles);
     front_end.when_idle = {};
     return said;
