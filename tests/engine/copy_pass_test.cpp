@@ -44,6 +44,20 @@ TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
     scene.on_copy = [&scene] { scene.clock.Advance(std::chrono::milliseconds{21}); };
     scene.BackUp();
     EXPECT_EQ(scene.files.CountOf(Call::kSpace), times);
+    EXPECT_EQ(scene.files.CountOf(Call::kReplaceFile), 1U) << "the mark of an unfinished run";
+  }
+}
+
+TEST(CopyPass, TakesWhatIsOnItsWayForGoneFromTheSpaceWhetherItHasJustAskedOrNot) {
+  for (const auto& [milliseconds, groups] : {std::pair(0, 2U), {101, 3U}}) {
+    Scene scene;
+    for (const char* path : {"/src/a", "/src/b", "/src/c"}) scene.files.AddHugeFile(path, 300'000'000);
+    scene.files.SetSpace(1'000'000'000, 2'000'000'000);
+    scene.on_copy = [&, for_long = milliseconds] {
+      scene.clock.Advance(std::chrono::milliseconds{for_long});
+    };
+    EXPECT_EQ(scene.BackUp(), "new 3, copied 3");
+    EXPECT_EQ(scene.files.CountOf(Call::kSaveData), groups);
   }
 }
 

@@ -12,7 +12,8 @@ TEST(ModifiedSince, ListsThePeriodsOfWhichTheFirstIsNoLimit) {
   for (int i = 0; i < ModifiedSinceCount(); ++i) list += ModifiedSinceText(i, texts) + ';';
   EXPECT_EQ(list, "any;week;month;2 months;3 months;4 months;6 months;9 months;12 months;24 months;");
   platform::memory::MemoryClock clock;
-  EXPECT_FALSE(ModifiedSinceLimit(0, clock) || ModifiedSinceLimit(-1, clock));
+  for (const int none : {-1, 0, ModifiedSinceCount()}) EXPECT_FALSE(ModifiedSinceLimit(none, clock)) << none;
+  EXPECT_EQ(ModifiedSinceText(-1, texts) + ModifiedSinceText(ModifiedSinceCount(), texts), "");
 }
 
 /// Two hours ahead of UTC from 2024-03-31 01:00 UTC on, one hour before.

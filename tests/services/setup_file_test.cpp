@@ -5,6 +5,7 @@
 #include "platform/memory/memory_system.h"
 #include "services/data_file.h"
 #include "services/last_run_file.h"
+#include "services/setup_text.h"
 #include "tests/tree.h"
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
@@ -19,9 +20,9 @@ struct SetupFile : testing::Test {
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  LoadedSetup Load(const std::string& path = "/x.qvr") {
+  LoadedSetup Load(const std::string& path = "/x.qvr", bool multiple_backup = false) {
     EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
-    return LoadOperationFile({files, dialogs, form, texts, true}, path);
+    return LoadOperationFile({files, dialogs, form, texts, true}, path, multiple_backup);
   }
 
   platform::memory::MemoryFileSystem files;
@@ -115,12 +116,25 @@ TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   EXPECT_EQ(last.Stat("/s", reason), LastRunState::kNotReadable);
 }
 
-TEST_F(SetupFile, AnswersAnInputErrorByItsNumber) {
+TEST_F(SetupFile, AnswersAnInputErrorByItsNumberAndAskedForManyBackupsAlsoInWords) {
   files.AddHugeFile("/huge.qvr", 1'000'000'000);
-  const std::pair<std::string, int> cases[] = {
-      {"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75}, {"/huge.qvr", 75}};
-  for (const auto& [path, error] : cases) EXPECT_EQ(Load(path).result, error) << path;
+  for (const auto& [path, kind] : {std::pair("/mine.qvr", platform::ErrorKind::kAccessDenied),
+                                   {"/open.qvr", platform::ErrorKind::kInUse}})
+    files.Fail(platform::memory::Call::kReadFile, path, {kind, 0, {}});
+  const std::pair<std::string, int> cases[] = {{"/short.qvr", 62}, {"/none.qvr", 53}, {"/s", 75},
+                                               {"/huge.qvr", 75},  {"/mine.qvr", 70}, {"/open.qvr", 70}};
+  for (const auto& [path, error] : cases) {
+    EXPECT_EQ(Load(path).result, error) << path;
+    EXPECT_NE(Load(path).problem, "") << path;
+    EXPECT_EQ(Load(path, true).result, -200 - error) << path;
+    EXPECT_EQ(Load(path, true).strErr, InputErrorText(static_cast<std::int16_t>(error))) << path;
+  }
   EXPECT_TRUE(Load("/short.qvr").setup.SuppressDetailedReports);
+  dialogs.asked.clear();
+  setup.TargetFolder = "/gone";
+  EXPECT_EQ(Load("/x.qvr", true).strErr + std::to_string(Load("/x.qvr", true).result),
+            "Target folder does not exist-200");
+  EXPECT_TRUE(dialogs.asked.empty());
 }
 
 }  // namespace services
