@@ -273,6 +273,19 @@ TEST_P(FileSystemContract, ManyFilesAreCopiedAndTheirOutcomesComeInOrder) {
   EXPECT_EQ(NamesIn("to").size(), 198U) << "no temporary file is left";
 }
 
+// Copier, 10.
+TEST_P(FileSystemContract, WhatDoesNotReachTheDiskGetsNoNameAndIsToldOf) {
+  for (const char* name : {"from/a", "from/b"}) AddFile(name, "new");
+  AddFile("to/b", "old");
+  if (!scene_->FailFlushes()) GTEST_SKIP() << "a disk that fails cannot be had here";
+  for (const auto& outcome : CopyAll(Open("from"), {"a", "b"}, Open("to"), TargetName::kTaken))
+    EXPECT_EQ(outcome.error().kind, ErrorKind::kOther);
+  EXPECT_FALSE(files().ReplaceFile(At("to/b"), "new"));
+  EXPECT_FALSE(files().Flush(At("to"), {}));
+  EXPECT_EQ(NamesIn("to"), Names{"b"});
+  EXPECT_EQ(ContentOf("to/b"), "old");
+}
+
 TEST_P(FileSystemContract, ACopierThatIsGivenUpGivesNoMoreNamesAndLeavesNothing) {
   AddFile("from/file", Noise(kManyBlocks));
   AddFile("to/file", "old");

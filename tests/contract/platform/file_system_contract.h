@@ -35,6 +35,10 @@ class Scene {
   virtual bool ForbidChanges(const std::string& /*folder*/) { return false; }
   /// Lets copies to `path` hold other bytes than are written.
   virtual bool Garble(const std::string& /*path*/) { return false; }
+  /// From now on nothing that is written reaches the disk, and the system says so.
+  virtual bool FailFlushes() { return false; }
+  /// Another volume, of FAT, begins at `folder`, which is empty.
+  virtual bool MountFat(const std::string& /*folder*/) { return false; }
   /// Leaves about 1 MiB for what lies below `folder`, which is empty.
   virtual bool MakeSmallDisk(const std::string& /*folder*/) { return false; }
   virtual std::size_t long_path() const { return 1'000; }  ///< so long a path must work

@@ -141,6 +141,15 @@ TEST_P(FileSystemContract, TheVolumeIsKnownForAFolderThatIsStillToBeMade) {
   EXPECT_FALSE(files().GetDiskSpace(At("none/new")));
 }
 
+TEST_P(FileSystemContract, AnotherVolumeIsToldWhereItBegins) {
+  if (!scene_->MountFat(At("to"))) GTEST_SKIP() << "no other volume can be had here";
+  EXPECT_TRUE(Open("to")->is_mount_point() && !Open("from")->is_mount_point());
+  EXPECT_EQ(files().LargestFile(At("to/new")), kLargestOnFat);
+  EXPECT_NE(files().DriveOf(At("from")), files().DriveOf(At("to")));
+  EXPECT_EQ(files().IdentityOf(At("to")), Open("to")->identity());
+  EXPECT_NE(files().IdentityOf(At("to")), files().IdentityOf(At("from")));
+}
+
 TEST_P(FileSystemContract, OnlyTrustedLinksToFoldersAreFollowedWhereThatIsAsked) {
   AddFile("from/file", "x");
   if (!scene_->MakeLink(At("link"), At("from")) || !EntryAt("link").is_link)

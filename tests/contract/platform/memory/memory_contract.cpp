@@ -43,6 +43,16 @@ class MemoryScene : public Scene {
     files_.Garble(path);
     return true;
   }
+  bool FailFlushes() override {
+    for (const Call call : {Call::kSaveData, Call::kReplaceFile, Call::kFlush})
+      files_.Fail(call, "", {ErrorKind::kOther, 5, "I/O error"});
+    return true;
+  }
+  bool MountFat(const std::string& folder) override {
+    files_.AddMountPoint(folder);
+    files_.SetLargestFile(kLargestOnFat);
+    return true;
+  }
   /// The one volume holds all: room for the sources is made too.
   bool MakeSmallDisk(const std::string&) override {
     files_.SetSpace(5 * 1024 * 1024, 10 * 1024 * 1024);
