@@ -24,8 +24,7 @@ enum class FileAtHand { kCopied, kReadBack, kCompared };
 /// How the end of a run is shown.
 enum class EndKind {
   kGood,
-  kCancelled,
-  kBad,  ///< something is not as the user wanted it: in another colour, with a mark
+  kBad,  ///< something failed, also before the user cancelled: in another colour, with a mark
 };
 
 /// The window in which an operation writes its report, and from which it is paused, cancelled and closed.
@@ -50,7 +49,7 @@ class frmReport : public ui::Form {
   /// report that is full (MainWindow::ReportCapacity) is shown for WaitSeconds more, then emptied; the text
   /// of the call that finds it full is not shown, and only the line sink gets it. Where nobody reads it (it
   /// is hidden, the run is unattended or cancelled, or the program ends) a full report is emptied at once.
-  /// With an empty text and no line end it only lets pending events run. The screen follows some 20 times a
+  /// With an empty text and no line end it only lets pending events run. The screen follows some ten times a
   /// second, and before the user is asked for anything.
   void Output(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kDrop); }
   /// The same for a text that must not be lost: one that finds the report full is written when it is empty.

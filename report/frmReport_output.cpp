@@ -10,7 +10,7 @@
 namespace report {
 namespace {
 
-constexpr std::chrono::milliseconds kShownEvery{50};
+constexpr std::chrono::milliseconds kShownEvery{100};
 constexpr std::int16_t kFullHeight = 850;
 constexpr ui::Twips kNarrowerThanMain = 1'000;
 constexpr std::size_t kSnippedCharacters = 3'048;
@@ -69,8 +69,12 @@ void frmReport::ShowText() {
   txbText.Repaint();
 }
 
+/// Leaves the painting to the events that are run next: done here, it would be done twice.
 void frmReport::ShowTextWhenDue() {
-  if (!shown_at_ || clock_.Monotonic() - *shown_at_ >= kShownEvery) ShowText();
+  const std::chrono::milliseconds now = clock_.Monotonic();
+  if (shown_at_ && now - *shown_at_ < kShownEvery) return;
+  shown_at_ = now;
+  txbText.ShowAppended();
 }
 
 void frmReport::CloseLine() {

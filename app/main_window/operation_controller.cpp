@@ -107,10 +107,7 @@ void OperationController::RememberPace(const engine::Totals& totals) {
 }
 
 void OperationController::ShowEnd(const engine::RunOutcome& outcome) {
-  const RunStatus ending = StatusOf(outcome);
-  const auto kind = ending == RunStatus::kCancelled ? report::EndKind::kCancelled
-                    : ending == RunStatus::kFailed  ? report::EndKind::kBad
-                                                    : report::EndKind::kGood;
+  const auto kind = SomethingFailed(outcome) ? report::EndKind::kBad : report::EndKind::kGood;
   ReportWindow().ShowEnd(OperationName(main_.CurrentOperation),
                          EndText(main_.CurrentOperation, outcome, context_.marks), kind);
 }

@@ -10,9 +10,12 @@ namespace app {
 RunStatus StatusOf(const engine::RunOutcome& outcome) {
   if (outcome.status != 0) return RunStatus::kRefused;
   if (outcome.cancelled) return RunStatus::kCancelled;
-  const engine::Totals& totals = outcome.totals;
-  if (outcome.terminated || totals.counts.failed > 0 || totals.unread_folders > 0) return RunStatus::kFailed;
-  return totals.warnings > 0 ? RunStatus::kWarnings : RunStatus::kOk;
+  if (SomethingFailed(outcome)) return RunStatus::kFailed;
+  return outcome.totals.warnings > 0 ? RunStatus::kWarnings : RunStatus::kOk;
+}
+
+bool SomethingFailed(const engine::RunOutcome& outcome) {
+  return outcome.terminated || outcome.totals.counts.failed > 0 || outcome.totals.unread_folders > 0;
 }
 
 namespace {

@@ -13,6 +13,9 @@ enum class RunStatus { kOk = 0, kWarnings = 1, kFailed = 2, kCancelled = 3, kRef
 
 RunStatus StatusOf(const engine::RunOutcome& outcome);
 
+/// Whether a run that took place left something undone against the user's will, cancelled or not.
+bool SomethingFailed(const engine::RunOutcome& outcome);
+
 /// How a run that took place ended, in one sentence for a person: "Finished: 274 files copied, 1 file could
 /// not be copied."
 std::string EndText(Operation operation, const engine::RunOutcome& outcome, const text::NumberMarks& marks);

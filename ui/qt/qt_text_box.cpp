@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <limits>
 
@@ -126,10 +127,19 @@ void ManyLinesPeer::MirrorHelp() {
   widget_.horizontalScrollBar()->setAccessibleName(name + QStringLiteral(" to the side"));
 }
 
-/// The bar's maximum would show an empty line below the last one.
+/// The last line that holds something is to be at the bottom. The bar's maximum would show an empty line
+/// below it, and so would the caret where it stands in one.
 void ManyLinesPeer::ScrollToEnd() {
   widget_.ensureCursorVisible();
   widget_.horizontalScrollBar()->setValue(0);
+  QScrollBar& bar = *widget_.verticalScrollBar();
+  const bool at_empty_line = widget_.textCursor().block().length() <= 1;
+  const auto has_room = [&] {
+    const QRect caret = widget_.cursorRect();
+    const int below = widget_.viewport()->height() - (at_empty_line ? caret.top() : caret.bottom());
+    return bar.value() > 0 && below >= caret.height();
+  };
+  while (has_room()) bar.setValue(bar.value() - 1);
 }
 
 void ManyLinesPeer::MirrorSelection() {

@@ -13,6 +13,8 @@ class CheckBoxPeer : public LateFocusPeer {
   void MirrorValue() override;
 
  private:
+  void StrengthenBorder(HDC context) const;
+
   CheckBox& box_;
 };
 

@@ -2,10 +2,12 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 
 #include "ui/win32/controls/line_placement.h"
 #include "ui/win32/drawing/paint.h"
+#include "ui/win32/drawing/scale.h"
 #include "ui/win32/wide_text.h"
 
 namespace ui::win32 {
@@ -123,8 +125,19 @@ void TextBoxPeer::Append(std::string_view text) {
 
 void TextBoxPeer::ScrollToCaret() {
   window().Send(EM_SCROLLCARET);
-  const bool many = box_.lines() == TextBox::Lines::kMany;
-  if (many && GetScrollPos(handle(), SB_HORZ) != 0) window().Send(WM_HSCROLL, SB_LEFT);
+  if (box_.lines() == TextBox::Lines::kOne) return;
+  if (GetScrollPos(handle(), SB_HORZ) != 0) window().Send(WM_HSCROLL, SB_LEFT);
+  if (box_.wanted_selection().start == box_.length()) ScrollToLastLine();
+}
+
+/// The last line that holds something is to be at the bottom, not the empty one after its end.
+void TextBoxPeer::ScrollToLastLine() {
+  RECT inside{};
+  window().Send(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+  const int in_view = Height(inside) / std::max<int>(MeasureText(L"M", font()).cy, 1);
+  const int lines = static_cast<int>(window().Send(EM_GETLINECOUNT)) - (box_.text().ends_with('\n') ? 1 : 0);
+  const int first = static_cast<int>(window().Send(EM_GETFIRSTVISIBLELINE));
+  window().Send(EM_LINESCROLL, 0, LPARAM{std::max(lines - in_view, 0)} - first);
 }
 
 void TextBoxPeer::MirrorEnabled() {

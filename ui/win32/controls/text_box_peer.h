@@ -30,6 +30,7 @@ class TextBoxPeer : public WindowPeer {
   std::wstring Shown() const;
   /// Brings the caret into view, and the beginnings of the lines.
   void ScrollToCaret();
+  void ScrollToLastLine();
 
   TextBox& box_;
   bool by_program_ = false;
