@@ -12,17 +12,10 @@
 namespace engine {
 namespace {
 
-/// Of the target's free space: how much beyond the files on their way is plenty, and for how long an answer
-/// then holds.
-constexpr double kPlenty = 256.0 * 1024 * 1024;
-constexpr std::chrono::milliseconds kSpaceHolds{100};
-
 using platform::Entry;
 using platform::EntryKind;
 
 constexpr std::chrono::milliseconds kOneWait{50};
-/// After so many waits for the disk alone it is worth saying.
-constexpr int kWaitsToTell = 6;
 
 constexpr const char* kDriveFullLine = "The target drive is full.";
 constexpr const char* kDriveFullMessage =
@@ -46,6 +39,8 @@ Question ReadOnlyQuestion(const Tools& tools, const std::string& path) {
       part(text::kGoOn) + " " + part(text::kWithNextFile)};
 }
 
+double SizeOf(const CopyJob& job) { return std::max(0.0, static_cast<double>(job.file->size)); }
+
 }  // namespace
 
 std::string CopyJob::SourcePath() const { return platform::JoinPath(folders->source().path(), file->name); }
@@ -66,7 +61,9 @@ CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals&
       order_(order),
       unfinished_(unfinished),
       target_root_(target_root),
-      setting_(std::move(setting)) {}
+      setting_(std::move(setting)),
+      space_(tools, target_root),
+      display_(listener, pending_, setting_.reads_back) {}
 
 void CopyPass::Copy(CopyJob job) {
   if (unfinished_.IsDueToMove()) {
@@ -77,48 +74,30 @@ void CopyPass::Copy(CopyJob job) {
   listener_.CopyBegun(job.SourcePath());
   if (listener_.StopRequested()) return;
   Begin(std::move(job));
-  if (is_scarce_) return Finish();
+  if (space_.is_scarce()) return Finish();
   while (IsBusy() && Wait()) {
   }
 }
 
-/// On a disk elsewhere in the network the question takes longer than a small file. With plenty of room the
-/// answer holds for a moment; a disk that other programs fill meanwhile fails the copy instead.
-std::optional<double> CopyPass::FreeBytes() {
-  const std::chrono::milliseconds now = tools_.clock.Monotonic();
-  if (free_bytes_ && !is_scarce_ && now - free_bytes_asked_ < kSpaceHolds) return free_bytes_;
-  double free_bytes = 0;
-  double total_bytes = 0;
-  free_bytes_.reset();
-  free_bytes_asked_ = now;
-  if (tools_.GetDiskSpace(target_root_.path(), free_bytes, total_bytes) == 0)
-    free_bytes_ = free_bytes - bytes_on_their_way_;
-  return free_bytes_;
-}
-
-/// Where the space may not suffice for all that is on its way, the files before this one come first.
-std::optional<double> CopyPass::FreeBytesFor(double wanted) {
-  std::optional<double> free_bytes = FreeBytes();
-  is_scarce_ = free_bytes && *free_bytes - wanted <= kPlenty;
-  if (!is_scarce_ || pending_.empty()) return free_bytes;
-  Finish();
-  return FreeBytes();
-}
-
 /// Not to write up to the limit of the volume's format in vain.
 bool CopyPass::CheckSize(const CopyJob& job) {
-  if (!largest_file_) largest_file_ = tools_.files.LargestFile(target_root_.path());
-  if (*largest_file_ == 0 || job.file->size <= *largest_file_) return true;
+  const std::int64_t largest = space_.LargestFile();
+  if (largest == 0 || job.file->size <= largest) return true;
   Fail(job, FailureLine(tools_, text::kNotCopied, job.SourcePath(), {platform::ErrorKind::kTooLarge, 0, {}}) +
                 " (" + text::GroupedNumber(job.file->size, tools_.marks) + " > " +
-                text::GroupedNumber(*largest_file_, tools_.marks) + " bytes)");
+                text::GroupedNumber(largest, tools_.marks) + " bytes)");
   return false;
 }
 
+/// Where the space may not suffice for all that is on its way, the files before this one come first.
 bool CopyPass::CheckSpace(const CopyJob& job) {
   const std::int32_t source_size = FileSizeOf(*job.file);
-  const std::optional<double> free_bytes = FreeBytesFor(source_size);
-  if (is_scarce_ && !pending_.empty()) return false;  // the user stops
+  std::optional<double> free_bytes = space_.FreeFor(source_size);
+  if (space_.is_scarce() && !pending_.empty()) {
+    Finish();
+    if (!pending_.empty()) return false;  // the user stops
+    free_bytes = space_.FreeFor(source_size);
+  }
   if (!free_bytes) return true;
   if (*free_bytes <= 0) {
     Fail(job, NoticeLine(tools_, text::kNotCopied, job.SourcePath()));
@@ -175,18 +154,17 @@ void CopyPass::Begin(CopyJob job) {
     listener_.WriteLine(FailureLine(tools_, text::kNotMarked, unfinished_.path(), marked.error()));
   }
   order_.Hold();
-  pending_.push_back({std::move(job), std::make_shared<Bytes>(0), std::nullopt, is_scarce_});
+  pending_.push_back(
+      {std::move(job), std::make_shared<PendingCopy::Bytes>(0), std::nullopt, space_.is_scarce()});
   Start(pending_.back());
 }
 
-void CopyPass::Start(Pending& pending) {
+void CopyPass::Start(PendingCopy& pending) {
   const CopyJob& job = pending.job;
   const auto name =
       job.selection.target != nullptr ? platform::TargetName::kTaken : platform::TargetName::kFree;
-  const double size = std::max(0.0, static_cast<double>(job.file->size));
   ++on_their_way_;
-  bytes_on_their_way_ += size;
-  if (free_bytes_) *free_bytes_ -= size;
+  space_.Begin(SizeOf(job));
   copier_->Start({job.folders->shared_source(), job.file, job.folders->shared_target(), name,
                   [done = pending.done, hold = pulse_.hold()](std::int64_t bytes) {
                     hold->Wait();
@@ -206,22 +184,22 @@ void CopyPass::Finish() {
   copier_->Save();
   while (!pending_.empty() && Wait()) {
   }
-  ShowStage(platform::CopyStage::kIdle);
+  display_.Show(platform::CopyStage::kIdle);
 }
 
 bool CopyPass::Wait() {
   if (listener_.StopRequested()) return false;
   const platform::CopyStage stage = copier_->Wait(kOneWait);
   Settle();
-  ShowStage(stage);
-  pulse_.Beat(Reached(0));
+  display_.Show(stage);
+  pulse_.Beat(display_.Reached(0));
   return !listener_.StopRequested();
 }
 
 void CopyPass::Beat(double fraction) {
   if (!pulse_.IsDue()) return;
   Settle();
-  pulse_.Beat(Reached(fraction));
+  pulse_.Beat(display_.Reached(fraction));
 }
 
 void CopyPass::GiveUp() {
@@ -233,7 +211,7 @@ void CopyPass::GiveUp() {
 void CopyPass::Settle() {
   while (copier_) {
     if (!pending_.empty() && pending_.front().outcome) {
-      Pending& first = pending_.front();
+      PendingCopy& first = pending_.front();
       if (!NeedsSecondTry(first)) {
         SettleFirst();
         continue;
@@ -246,22 +224,22 @@ void CopyPass::Settle() {
     auto outcome = copier_->Collect();
     if (!outcome) return;
     const auto its = std::find_if(pending_.begin(), pending_.end(),
-                                  [](const Pending& pending) { return !pending.outcome; });
+                                  [](const PendingCopy& pending) { return !pending.outcome; });
     its->outcome = std::move(outcome);
     --on_their_way_;
-    bytes_on_their_way_ -= std::max(0.0, static_cast<double>(its->job.file->size));
+    space_.End(SizeOf(its->job));
   }
 }
 
 /// Space may have been short only because of the others.
-bool CopyPass::NeedsSecondTry(const Pending& pending) const {
+bool CopyPass::NeedsSecondTry(const PendingCopy& pending) const {
   if (pending.outcome->ok() || pending.had_second_try) return false;
   const platform::ErrorKind kind = pending.outcome->error().kind;
   return kind == platform::ErrorKind::kShort ||
          (kind == platform::ErrorKind::kDiskFull && !pending.was_alone);
 }
 
-void CopyPass::TrySecondTime(Pending& pending) {
+void CopyPass::TrySecondTime(PendingCopy& pending) {
   pending.had_second_try = true;
   pending.outcome.reset();
   Start(pending);
@@ -269,20 +247,20 @@ void CopyPass::TrySecondTime(Pending& pending) {
 }
 
 void CopyPass::SettleFirst() {
-  const Pending first = std::move(pending_.front());
+  const PendingCopy first = std::move(pending_.front());
   pending_.pop_front();
   order_.Settle([&] {
     const CopyJob& job = first.job;
     if (setting_.reads_back) CountReadBack(first);
     if (first.outcome->ok()) return ReportCopied(job, first.outcome->value());
-    free_bytes_.reset();
+    space_.Forget();
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
     listener_.WriteLine(WhyNotCopied(job, first.outcome->error()));
   });
 }
 
-void CopyPass::CountReadBack(const Pending& pending) {
+void CopyPass::CountReadBack(const PendingCopy& pending) {
   const platform::Result<platform::CopyOutcome>& outcome = *pending.outcome;
   const bool is_bad = !outcome && outcome.error().kind == platform::ErrorKind::kNotAsWritten;
   if (!outcome && !is_bad) return;
@@ -330,42 +308,6 @@ void CopyPass::CarryAttributes(const CopyJob& job, const platform::CopyOutcome& 
   const std::string path = platform::JoinPath(job.folders->target_path(), job.file->name);
   if (set) SetSystemFile(tools_.files, path);
   if (clear) ClearReadOnlyAndHidden(tools_.files, path);
-}
-
-/// The first file of which so much is not done: once its size is still being written, twice its size not read
-/// back.
-const CopyPass::Pending* CopyPass::FirstWithLessThan(std::int64_t times_its_size) const {
-  const auto found = std::find_if(pending_.begin(), pending_.end(), [=](const Pending& pending) {
-    return !pending.outcome && *pending.done < times_its_size * pending.job.file->size;
-  });
-  return found == pending_.end() ? nullptr : &*found;
-}
-
-void CopyPass::ShowFile(platform::CopyStage stage) {
-  if (const Pending* const unwritten = FirstWithLessThan(1)) {
-    listener_.CopyBegun(unwritten->job.SourcePath());
-  } else if (const Pending* const unread = FirstWithLessThan(2)) {
-    if (stage == platform::CopyStage::kReadingBack) listener_.ReadingBack(unread->job.SourcePath());
-  }
-}
-
-void CopyPass::ShowStage(platform::CopyStage stage) {
-  ShowFile(stage);
-  saving_waits_ = stage == platform::CopyStage::kSaving ? saving_waits_ + 1 : 0;
-  if (is_saving_ == (saving_waits_ >= kWaitsToTell)) return;
-  is_saving_ = !is_saving_;
-  listener_.Saving(is_saving_);
-}
-
-/// How much of the run is done when so much of it is walked.
-double CopyPass::Reached(double walked) const {
-  if (pending_.empty()) return walked;
-  const std::int64_t times = setting_.reads_back ? 2 : 1;
-  const Pending* const first = FirstWithLessThan(times);
-  if (first == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
-  const CopyJob& job = first->job;
-  const auto all = static_cast<double>(std::max<std::int64_t>(times * job.file->size, 1));
-  return job.share_begin + job.share * static_cast<double>(*first->done) / all;
 }
 
 void CopyPass::Fail(const CopyJob& job, const std::string& line) {

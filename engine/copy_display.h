@@ -1,0 +1,31 @@
+#pragma once
+
+#include "engine/pending_copy.h"
+
+namespace engine {
+
+/// Shows which of the copies on their way is being written, read back or saved, and how far the run is.
+class CopyDisplay {
+ public:
+  /// `reads_back`: every copy is. All must outlive the object.
+  CopyDisplay(Listener& listener, const PendingCopies& pending, bool reads_back)
+      : listener_(listener), pending_(pending), reads_back_(reads_back) {}
+
+  /// What the copier said of its stage, after each wait for it.
+  void Show(platform::CopyStage stage);
+
+  /// How much of the run is done when so much of it is walked.
+  double Reached(double walked) const;
+
+ private:
+  const PendingCopy* FirstWithLessThan(std::int64_t times_its_size) const;
+  void ShowFile(platform::CopyStage stage);
+
+  Listener& listener_;
+  const PendingCopies& pending_;
+  const bool reads_back_;
+  int saving_waits_ = 0;
+  bool is_saving_ = false;
+};
+
+}  // namespace engine
