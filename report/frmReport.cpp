@@ -97,18 +97,18 @@ void frmReport::SetHandlers() {
   chkSuppressDisplayOfReport.on_click = [this] { chkSuppressDisplayOfReport_Click(); };
 }
 
-void frmReport::BeginReport(const std::string& title, const std::string& source_folder,
-                            const std::string& target_folder) {
+void frmReport::BeginReport(ReportSubject subject) {
+  subject_ = std::move(subject);
   line_.StartOver();
   txbText.SetText("");
   problems_.Clear();
-  title_ = title;
+  title_ = subject_.title;
   end_.clear();
-  lblSourceDirpath.SetText(source_folder);
-  lblSourceDirpath.SetToolTip(source_folder);
-  lblTargetCaption.SetVisible(!target_folder.empty());
-  lblTargetDirpath.SetText(target_folder);
-  lblTargetDirpath.SetToolTip(target_folder);
+  lblSourceDirpath.SetText(subject_.source_folder);
+  lblSourceDirpath.SetToolTip(subject_.source_folder);
+  lblTargetCaption.SetVisible(!subject_.target_folder.empty());
+  lblTargetDirpath.SetText(subject_.target_folder);
+  lblTargetDirpath.SetToolTip(subject_.target_folder);
   lblBytesCopied.SetText("");
   lblFreeSpace.SetText("");
   ShowFileAtHand("");
@@ -133,7 +133,7 @@ void frmReport::EnterPhase(Phase phase) {
   phase_ = phase;
   ShowState();
   ShowProblemButton();
-  cmdOpenTarget.SetVisible(phase == Phase::kEnded && main_.CopiesFiles() && lblTargetCaption.visible());
+  cmdOpenTarget.SetVisible(phase == Phase::kEnded && subject_.copies_files && lblTargetCaption.visible());
   if (phase != Phase::kEnded) {
     SetTaskProgress(barProgress.fraction(),
                     phase == Phase::kPaused ? ui::TaskState::kPaused : ui::TaskState::kRunning);
@@ -209,7 +209,7 @@ void frmReport::Form_Unload() {
 
 void frmReport::AskWhetherToCancel() {
   const ui::MessageBox question{
-      texts_.GetProgramText(main_.CopiesFiles() ? text::kAskCancelBackup : text::kAskCancelOperation), "",
+      texts_.GetProgramText(subject_.copies_files ? text::kAskCancelBackup : text::kAskCancelOperation), "",
       ui::Icon::kQuestion};
   if (front_end().dialogs().AskYesNo(*this, question) && Paused) cmdCancelClose_Click();
 }

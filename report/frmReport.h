@@ -27,6 +27,17 @@ enum class EndKind {
   kBad,  ///< something failed, also before the user cancelled: in another colour, with a mark
 };
 
+/// What a report is about.
+struct ReportSubject {
+  std::string title = {};  ///< of the window
+  std::string source_folder = {};
+  std::string target_folder = {};  ///< empty: an operation without target; its line is left out
+  bool copies_files = false;       ///< the operation does
+  bool is_suppressed = false;      ///< the detailed report is; what is left needs no large window
+  bool is_unattended = false;      ///< nobody reads a full report before it is emptied
+  bool loses_end_if_full = false;  ///< a full report does, for the notice that follows it
+};
+
 /// The window in which an operation writes its report, and from which it is paused, cancelled and closed.
 ///
 /// The operation runs on the one thread, inside the handler that started it. Output() is where pending events
@@ -39,14 +50,12 @@ class frmReport : public ui::Form {
             MainWindow& main);
 
   // --- The report.
-  /// Shows the window with an empty report and the buttons of a running operation. `title` is the window's
-  /// title; an empty target folder (an operation without target) leaves its line out.
-  void BeginReport(const std::string& title, const std::string& source_folder,
-                   const std::string& target_folder);
+  /// Shows the window with an empty report and the buttons of a running operation.
+  void BeginReport(ReportSubject subject);
 
   /// Appends a text to the report, followed by a line end when `NewLine`, and lets pending events run: the
   /// operation may have been paused, continued and cancelled in this call. A minimised window comes back. A
-  /// report that is full (MainWindow::ReportCapacity) is shown for WaitSeconds more, then emptied; the text
+  /// report that is full (ReportCapacity) is shown for WaitSeconds more, then emptied; the text
   /// of the call that finds it full is not shown, and only the line sink gets it. Where nobody reads it (it
   /// is hidden, the run is unattended or cancelled, or the program ends) a full report is emptied at once.
   /// With an empty text and no line end it only lets pending events run. The screen follows some ten times a
@@ -128,6 +137,10 @@ class frmReport : public ui::Form {
   bool TextboxFull = false;
   bool Paused = false;
   std::int16_t WaitSeconds = 15;
+  /// A report of more characters than this gets the window's full working size.
+  static constexpr std::size_t ReportResizeThreshold = 500;
+  /// A report of more characters than this is emptied before it goes on.
+  std::size_t ReportCapacity = 61'440;
 
   ui::Label lblState{this, "lblState"};
   ui::Label lblDetails{this, "lblDetails"};
@@ -196,7 +209,8 @@ class frmReport : public ui::Form {
   const text::ProgramTexts& texts_;
   MainWindow& main_;
   ReportLine line_;
-  std::string title_;
+  ReportSubject subject_;
+  std::string title_;  ///< without the progress
   std::string time_left_;
   std::string end_;  ///< how the run ended; empty while it runs
   Phase phase_ = Phase::kEnded;

@@ -25,11 +25,11 @@ std::int16_t NextWait(std::int16_t seconds) {
 void frmReport::Write(const std::string& Text, bool NewLine, WhenFull when_full) {
   if (!Text.empty() || NewLine) {
     BringBackMinimisedWindows();
-    if (!main_.SuppressDetailedReports() && txbText.length() > main_.ReportResizeThreshold()) {
+    if (!subject_.is_suppressed && txbText.length() > ReportResizeThreshold) {
       ResizeToWorkingSize();
     }
     line_.Write(Text, NewLine);
-    if (txbText.length() > main_.ReportCapacity()) TextboxFull = true;
+    if (txbText.length() > ReportCapacity) TextboxFull = true;
     if (TextboxFull) {
       EmptyFullTextbox(when_full);
       if (when_full == WhenFull::kDrop) return;
@@ -50,7 +50,7 @@ void frmReport::OutputProblem(const std::string& Text) {
 void frmReport::RepeatLostProblems() {
   if (!problems_.HasLost()) return;
   CloseLine();
-  if (txbText.length() > main_.ReportCapacity() / 2) EmptyFullTextbox(WhenFull::kKeep);
+  if (txbText.length() > ReportCapacity / 2) EmptyFullTextbox(WhenFull::kKeep);
   const auto append = [this](const std::string& line) { txbText.AppendLater(line + "\r\n"); };
   const ProblemList::Lost lost = problems_.TakeLost();
   append("");
@@ -104,14 +104,14 @@ void frmReport::SnipEnd() {
 
 /// Where nobody reads it a rest would only hold the operation up.
 bool frmReport::SomebodyReads() const {
-  return txbText.visible() && !main_.Unattended() && !main_.StopRequested();
+  return txbText.visible() && !subject_.is_unattended && !main_.StopRequested();
 }
 
 void frmReport::EmptyFullTextbox(WhenFull when_full) {
   const bool reads = SomebodyReads();
   if (reads) ShowFullTextbox();
   txbText.SetText("");
-  problems_.Emptied(main_.ReportCapacity() / 2);
+  problems_.Emptied(ReportCapacity / 2);
   if (when_full == WhenFull::kDrop) line_.Emptied();
   TextboxFull = false;
   Repaint();
@@ -120,7 +120,7 @@ void frmReport::EmptyFullTextbox(WhenFull when_full) {
 }
 
 void frmReport::ShowFullTextbox() {
-  if (main_.SnipFullReport()) SnipEnd();
+  if (subject_.loses_end_if_full) SnipEnd();
   txbText.Append("\r\n\r\nThe textbox is full.\r\nAfter" + StrProc::Str(WaitSeconds) +
                  " seconds the textbox will be emptied and the report will continue.");
   const Phase before = phase_;

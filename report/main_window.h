@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-
 namespace ui {
 class Form;
 }
@@ -16,26 +14,9 @@ class MainWindow {
   /// The window itself: restored together with the report window, and the measure of its width.
   virtual ui::Form& Window() = 0;
 
-  /// A report of more characters than this gets the report window's full working size.
-  virtual std::size_t ReportResizeThreshold() const { return 500; }
-  /// A report of more characters than this is emptied before it goes on.
-  virtual std::size_t ReportCapacity() const { return 61'440; }
-
-  /// Whether the detailed report is suppressed in the present run.
-  virtual bool SuppressDetailedReports() const = 0;
-
-  /// Whether a full report loses its end rather than only being followed by the notice. The operations that
-  /// copy set it: the lines of the files just copied say least, and the notice is where the user looks.
-  virtual bool SnipFullReport() const = 0;
-
-  /// Whether the present run copies files.
-  virtual bool CopiesFiles() const = 0;
-
-  /// Whether the present run is to hold after the first folder in which a file was copied.
+  /// Whether the present run is to hold after the first folder in which a file was copied: the user may
+  /// change that while it runs.
   virtual bool PauseAfterFirstCopy() const = 0;
-
-  /// Whether the present run goes on without anybody: a full report is then not shown for a while first.
-  virtual bool Unattended() const = 0;
 
   /// Whether an operation is on its way, paused and cancelled ones included, until its summary is written.
   virtual bool OperationRunning() const = 0;

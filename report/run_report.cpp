@@ -44,7 +44,13 @@ RunReport::RunReport(frmReport& window, MainWindow& main, platform::Clock& clock
       progress_(facts_.expected, marks, facts_.compares_contents) {}
 
 void RunReport::Begin(const std::string& title, const std::vector<std::string>& heading) {
-  window_.BeginReport(title, Printable(facts_.source_folder), Printable(facts_.target_folder));
+  window_.BeginReport({.title = title,
+                       .source_folder = Printable(facts_.source_folder),
+                       .target_folder = Printable(facts_.target_folder),
+                       .copies_files = app::IsCopyOperation(facts_.operation),
+                       .is_suppressed = facts_.suppress_detailed_report,
+                       .is_unattended = facts_.unattended,
+                       .loses_end_if_full = app::IsListOperation(facts_.operation)});
   ShowFreeSpace();
   for (const std::string& line : heading) window_.Output(Printable(line), true);
 }

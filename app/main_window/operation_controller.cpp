@@ -235,14 +235,6 @@ void OperationController::CloseReport() {
 
 ui::Form& OperationController::Window() { return main_; }
 
-bool OperationController::CopiesFiles() const { return IsCopyOperation(main_.CurrentOperation); }
-
-bool OperationController::SnipFullReport() const { return IsListOperation(main_.CurrentOperation); }
-
-bool OperationController::SuppressDetailedReports() const {
-  return main_.chkSuppressDetailedReports.value() == 1;
-}
-
 bool OperationController::PauseAfterFirstCopy() const { return main_.chkPauseAfterFirstCopy.value() == 1; }
 
 bool OperationController::Unattended() const { return main_.RunningFromCommandLine; }

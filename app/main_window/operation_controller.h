@@ -48,16 +48,13 @@ class OperationController : public report::MainWindow {
  private:
   // report::MainWindow
   ui::Form& Window() override;
-  bool SuppressDetailedReports() const override;
-  bool CopiesFiles() const override;
   bool PauseAfterFirstCopy() const override;
-  bool Unattended() const override;
-  bool SnipFullReport() const override;
   bool StopRequested() const override;
   void EnableOperationControls() override;
   void OpenTargetFolder() override { context_.front_end.OpenFolder(target_); }
   void ShowLatest() override;
 
+  bool Unattended() const;
   engine::RunOutcome RunOperation(std::string* statusText);
   engine::RunOutcome Refuse(const engine::Refusal& refusal, std::string* statusText);
   bool Confirm(engine::RunRequest& request);

@@ -27,7 +27,7 @@ TEST(Output, OnlyACallWithTextRestoresTheWindows) {
 TEST(Output, ResizesTheWindowOnlyForALongDetailedReportAndNeverAgainstTheUser) {
   for (const auto& [characters, suppress] : {std::pair(500U, false), {501U, false}, {501U, true}}) {
     ReportScene scene;
-    scene.suppress = suppress;
+    scene.Begin({.is_suppressed = suppress});
     const ui::Twips before = scene.window.height();
     scene.FillTo(characters);
     scene.window.Output("x", true);
@@ -41,8 +41,8 @@ TEST(Output, ResizesTheWindowOnlyForALongDetailedReportAndNeverAgainstTheUser) {
 TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsWithoutThePauseButtonAndEmptied) {
   for (const bool snip : {false, true}) {
     ReportScene scene;
-    scene.snip = snip;
-    scene.capacity = 5'000;
+    scene.Begin({.loses_end_if_full = snip});
+    scene.window.ReportCapacity = 5'000;
     for (const std::string seconds : {"15", "10", "5", "5"}) {
       scene.FillTo(5'000);
       scene.window.Output("x", false);  // one character more than it may hold
@@ -82,7 +82,11 @@ TEST(Output, AWindowThatIsClosedJustBeforeTheRestPausesTheRunAndIsNotForgotten) 
 
 TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
   const std::function<void(ReportScene&)> cases[] = {
-      [](ReportScene& scene) { scene.unattended = true; }, [](ReportScene& scene) { scene.stop = true; },
+      [](ReportScene& scene) {
+        scene.Begin({.is_unattended = true});
+        scene.FillTo(61'441);
+      },
+      [](ReportScene& scene) { scene.stop = true; },
       [](ReportScene& scene) { scene.window.txbText.SetVisible(false); },
       [](ReportScene& scene) { scene.window.Hide(), scene.front_end.Quit(0); }};
   for (const auto& nobody_reads : cases) {
@@ -98,7 +102,7 @@ TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
 
 TEST(Output, WhatMustNotBeLostStandsInTheEmptiedBoxAndOnceInTheLines) {
   ReportScene scene;
-  scene.capacity = 10;
+  scene.window.ReportCapacity = 10;
   scene.window.Output("line of the box", true);
   scene.window.OutputKept("Number of files copied: 5", true);
   EXPECT_EQ(scene.window.txbText.text(), "Number of files copied: 5\r\n");
@@ -109,7 +113,7 @@ TEST(Output, WhatMustNotBeLostStandsInTheEmptiedBoxAndOnceInTheLines) {
 
 TEST(Output, ProblemsThatAFullBoxLostAreListedAgainAtTheEndAndOnlyThere) {
   ReportScene scene;
-  scene.capacity = 100;
+  scene.window.ReportCapacity = 100;
   scene.window.OutputProblem("Not copied: a");
   scene.FillTo(101);
   scene.window.OutputProblem("Not copied: b");
@@ -129,7 +133,7 @@ TEST(Output, ProblemsThatAFullBoxLostAreListedAgainAtTheEndAndOnlyThere) {
 
 TEST(Output, OfLostProblemsAsManyAreListedAsHalfAReportHolds) {
   ReportScene scene;
-  scene.capacity = 1'000;
+  scene.window.ReportCapacity = 1'000;
   for (int i = 0; i < 300; ++i) scene.window.OutputProblem("Not copied: some file");
   scene.window.RepeatLostProblems();
   const std::string text = scene.window.txbText.text();
@@ -145,7 +149,7 @@ TEST(Output, OfLostProblemsAsManyAreListedAsHalfAReportHolds) {
 
 TEST(Output, TheLineSinkGetsEveryLineOnceEvenAcrossAFullBox) {
   ReportScene scene;
-  scene.capacity = 10;
+  scene.window.ReportCapacity = 10;
   scene.window.Output("first line, long enough\r\nsec", false);
   scene.window.Output("ond", true);  // finds the box full
   scene.window.Output("third line, long enough", true);

@@ -22,8 +22,15 @@ struct ReportScene : MainWindow {
     main.SetBounds({3'000, 300, 12'000, 9'000});
     main.Show();
     window.SetLineSink([this](const std::string& line) { lines += line + "|"; });
-    window.BeginReport("Report", "/data", "/backup");
+    Begin({});
     front_end.RunPendingEvents();
+  }
+  void Begin(ReportSubject subject) {
+    subject.title = "Report";
+    subject.source_folder = "/data";
+    subject.target_folder = "/backup";
+    subject.copies_files = true;
+    window.BeginReport(std::move(subject));
   }
   void FillTo(std::size_t characters) {
     window.Output(std::string(characters - window.txbText.length(), 'x'), false);
@@ -33,19 +40,13 @@ struct ReportScene : MainWindow {
   }
 
   ui::Form& Window() override { return main; }
-  std::size_t ReportCapacity() const override { return capacity; }
-  bool SuppressDetailedReports() const override { return suppress; }
-  bool SnipFullReport() const override { return snip; }
-  bool CopiesFiles() const override { return true; }
   bool PauseAfterFirstCopy() const override { return false; }
-  bool Unattended() const override { return unattended; }
   bool OperationRunning() const override { return running; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
   void EnableOperationControls() override { ++enabled; }
 
-  std::size_t capacity = 61'440;
-  bool suppress = false, snip = false, running = true, stop = false, unattended = false;
+  bool running = true, stop = false;
   int enabled = 0;
   std::string lines;
 
