@@ -1,6 +1,7 @@
 #include "app/main_window/frmMain.h"
 
 #include "base/program_name.h"
+#include "text/text_numbers.h"
 
 namespace app {
 
@@ -9,7 +10,6 @@ frmMain::frmMain(Context& context)
       context_(context),
       operation_(context, *this),
       pop_up_(context.front_end),
-      hint_(context.front_end),
       last_run_(context.files) {
   SetText(base::kProgramName);
   SetCaptions();
@@ -147,6 +147,37 @@ void frmMain::ConnectHandlers() {
   }
   Clock.on_timer = [this] { Clock_Timer(); };
   Clock2.on_timer = [this] { Clock2_Timer(); };
+}
+
+void frmMain::ConnectHints() {
+  const std::pair<ui::Button*, int> hints[] = {
+      {&cmdSpecifyDirectory[0], text::kHintSource},
+      {&cmdSpecifyDirectory[1], text::kHintTarget},
+      {&cmdClearFolder[0], text::kHintClearSource},
+      {&cmdClearFolder[1], text::kHintClearTarget},
+      {&cmdClearFolder[2], text::kHintClearPatterns},
+      {&cmdSelectSubfolders, text::kHintSelectSubfolders},
+      {&cmdRemoveSubfolder, text::kHintRemoveSubfolder},
+      {&cmdCreateSubFolder, text::kHintCreateSubfolder},
+      {&cmdListSubFolders, text::kHintList},
+      {&cmdCheckBackupState, text::kHintCheck},
+      {&cmdBackupAllFiles, text::kHintBackupAll},
+      {&cmdBackupModifiedFiles, text::kHintBackupModified},
+      {&cmdReportScreen, text::kHintReport},
+      {&cmdSetup, text::kHintSetup},
+      {&cmdLoadSetup, text::kHintLoadSetup},
+      {&cmdSaveSetup, text::kHintSaveSetup},
+      {&cmdClearSetup, text::kHintClearSetup},
+      {&cmdRestoreSetup, text::kHintRestoreSetup},
+      {&cmdKeepSetup, text::kHintKeepSetup},
+      {&cmdSaveSetupForNextRun, text::kHintNextRun},
+      {&cmdSaveSetupAsOperationFile, text::kHintSetupFile},
+      {&cmdSaveSetupInBothWays, text::kHintBothWays},
+      {&cmdDontSaveSetup, text::kHintDontSave},
+      {&cmdHelp, text::kHintHelp},
+      {&cmdQuit, text::kHintQuit},
+  };
+  for (const auto& [button, number] : hints) hints_.Add(*button, Text(number));
 }
 
 }  // namespace app

@@ -8,6 +8,7 @@
 #include "app/context.h"
 #include "app/data/operation.h"
 #include "app/data/setup.h"
+#include "app/main_window/button_hints.h"
 #include "app/main_window/operation_controller.h"
 #include "app/viewer/frmView.h"
 #include "report/frmPopUp.h"
@@ -109,7 +110,7 @@ class frmMain : public ui::Form {
   void UnlockControls();
   report::frmReport& ReportWindow() { return operation_.ReportWindow(); }
   report::frmPopUp& PopUpWindow() { return pop_up_; }
-  report::frmPopUp& HintWindow() { return hint_; }
+  report::frmPopUp& HintWindow() { return hints_.PopUpWindow(); }
   /// Asks a running operation to stop, as "Cancel operation" does.
   void StopOperation() { operation_.RequestStop(); }
 
@@ -192,7 +193,6 @@ class frmMain : public ui::Form {
       ui::Label{&fraSaveSetup, "lblSaveSetupHint 2"}, ui::Label{&fraSaveSetup, "lblSaveSetupHint 3"}};
   ui::Timer Clock{this, "Clock"};
   ui::Timer Clock2{this, "Clock2"};
-  ui::Timer HintDelay{this, "HintDelay"};
 
  private:
   std::string Text(int number) const { return context_.texts.GetProgramText(number); }
@@ -200,11 +200,6 @@ class frmMain : public ui::Form {
   void SetSpokenNamesAndKeys();
   void ConnectHandlers();
   void ConnectHints();
-  void Button_MouseMove(const ui::Button& button);
-  void Button_MouseLeave();
-  void ShowHint();
-  /// A control's bounds as seen from the window's inner corner.
-  ui::Rect PlaceInWindow(const ui::Control& control) const;
   void InitialiseMainWindow();
   void ArrangeMainWindow();
   ui::Twips RowTop(int row) const;
@@ -258,8 +253,7 @@ class frmMain : public ui::Form {
   OperationController operation_;
   report::frmPopUp pop_up_;
   std::unique_ptr<frmView> help_;
-  report::frmPopUp hint_;
-  const ui::Button* hinted_ = nullptr;  ///< the button under the pointer
+  ButtonHints hints_{*this};
   Setup restore_snapshot_;
   services::AwayParts restore_away_;  ///< what was away at the snapshot
   services::AwayParts away_;          ///< of the setup that was loaded last

@@ -159,7 +159,7 @@ void frmMain::EndProgram() {
   operation_.EndWithProgram();
   if (help_) help_->Hide();
   pop_up_.Hide();
-  hint_.Hide();
+  hints_.Hide();
   Hide();
   context_.front_end.Quit(operation_.exit_code());
 }
