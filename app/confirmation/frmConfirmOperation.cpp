@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/reading_slice.h"
 #include "ui/line_break.h"
 #include "ui/placing.h"
 #include "ui/window_look.h"
@@ -29,9 +30,6 @@ constexpr Twips kChoiceHeight = 300;
 constexpr Twips kChoiceGap = 45;  ///< below what a choice costs
 constexpr Twips kIndent = 285;    ///< of what is below a check box
 constexpr Twips kSlack = 90;      ///< by which a label is wider than the text it is to hold
-
-constexpr std::chrono::milliseconds kSlice{40};
-constexpr int kBetweenSlices = 1;
 
 ui::Font HeadingFont(int points) { return {ui::kWindowFont, points, true}; }
 
@@ -138,10 +136,7 @@ void frmConfirmOperation::Form_Activate() {
 }
 
 void frmConfirmOperation::tmrRead_Timer() {
-  const auto end = context_.clock.Monotonic() + kSlice;
-  bool more = preview_.Step();
-  while (more && context_.clock.Monotonic() < end) more = preview_.Step();
-  if (!more) tmrRead.Stop();
+  if (!ReadForASlice(context_.clock, [this] { return preview_.Step(); })) tmrRead.Stop();
   Refresh();
 }
 

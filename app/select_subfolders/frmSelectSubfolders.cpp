@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/reading_slice.h"
 #include "ui/placing.h"
 #include "ui/window_look.h"
 
@@ -23,8 +24,6 @@ constexpr Twips kButtonWidth = 1'500;
 constexpr Twips kScrollBarWidth = 270;
 
 /// Short enough that the window answers at once, long enough that reading makes up most of the time.
-constexpr std::chrono::milliseconds kSlice{40};
-constexpr int kBetweenSlices = 1;
 
 }  // namespace
 
@@ -117,14 +116,10 @@ void frmSelectSubfolders::Form_Resize() {
 }
 
 void frmSelectSubfolders::tmrRead_Timer() {
-  const auto end = context_.clock.Monotonic() + kSlice;
   if (!names_read_) {
     ReadNames();
   } else {
-    while (const auto index = NextToLookInto()) {
-      list_.LookInto(*index);
-      if (context_.clock.Monotonic() >= end) break;
-    }
+    ReadForASlice(context_.clock, [this] { return LookIntoNext(); });
     ShowRows();
   }
   if (!NextToLookInto()) EndReading();
@@ -142,6 +137,12 @@ void frmSelectSubfolders::ReadNames() {
   cmdAccept.SetEnabled(listed.ok());
   PlaceRows();
   if (list_.size() > 0) GoTo(0);
+}
+
+bool frmSelectSubfolders::LookIntoNext() {
+  const auto index = NextToLookInto();
+  if (index) list_.LookInto(*index);
+  return index.has_value();
 }
 
 /// One in view first, else the next one in the list.

@@ -74,6 +74,7 @@ class frmSelectSubfolders : public ui::Form {
   // Reading
   void ReadNames();
   std::optional<std::size_t> NextToLookInto();
+  bool LookIntoNext();
   void EndReading();
 
   // The rows in view
