@@ -1,7 +1,6 @@
 #include "report/report_texts.h"
 
 #include "tests/report/report_scene.h"
-#include "text/str_proc.h"
 
 namespace report {
 
@@ -38,15 +37,6 @@ TEST(ReportTexts, WhatIsCopiedAndWhatIsDueIsCountedInWords) {
                          {{3, 0, 3, 0}, "  All are modified.|"},
                          {{5, 1, 0, 0}, "  0 modified files and 1 file not backed up.  |"}};
   for (const auto& [folder, text] : check) EXPECT_EQ(Joined(CheckResult(folder)), text);
-}
-
-TEST(ReportTexts, SizesChangeTheirUnitExactlyAtItsLimit) {
-  using namespace StrProc;
-  EXPECT_EQ(FormatSizeKbMbGb(-1, 1, {}) + FormatSizeKbMbGb(1'023, 1, {}), "1,023 bytes");
-  EXPECT_EQ(FormatSizeKbMbGb(1'024, 1, {}) + FormatSizeKbMbGb(1'048'575, 1, {}), "1.0 Kb1,024.0 Kb");
-  EXPECT_EQ(FormatSizeKbMbGb(1'048'576, 1, {}) + FormatSizeKbMbGb(1'073'741'824, 1, {}), "1.0 Mb1.0 Gb");
-  EXPECT_EQ(FormatByteCountWithMb(1'048'576, true, {}), "1,048,576 Bytes");
-  EXPECT_EQ(FormatByteCountWithMb(1'572'864, false, {".", ","}), "1.572.864 bytes (1,50 Mb)");
 }
 
 TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCount) {

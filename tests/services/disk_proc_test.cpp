@@ -27,12 +27,16 @@ TEST(DiskProc, TellsTheFreeSpaceOrNothing) {
 TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
   platform::memory::MemoryFileSystem files;
   const std::string probe = "/t/klasdjfdskjfkjkwjkweoewiroew.txt";
-  files.AddFile(probe, "left over");
+  files.AddFile(probe, std::string(64, 'x'));
   std::string error = "old";
   EXPECT_FALSE(IsWriteProtected(files, "/t", error));
   EXPECT_EQ(error, "");
   EXPECT_FALSE(files.Exists(probe));
+  files.AddFile(probe, std::string(65, 'x'));
+  IsWriteProtected(files, "/t", error);
+  EXPECT_TRUE(files.Exists(probe)) << "no probe is so long";
   files.AddFile("/kept", "kept");
+  files.Remove(probe);
   files.AddLink(probe, "/kept");
   EXPECT_FALSE(IsWriteProtected(files, "/t", error)) << "somebody's link";
   EXPECT_EQ(files.ContentOf("/kept"), "kept");
@@ -41,6 +45,9 @@ TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
   files.Fail(platform::memory::Call::kRemoveFile, probe, {platform::ErrorKind::kOther, 5, "stays"});
   EXPECT_TRUE(IsWriteProtected(files, "/t/", error));
   EXPECT_EQ(error, "stays");
+  files.Fail(platform::memory::Call::kWriteFile, "", {platform::ErrorKind::kOther, 5, "no"});
+  EXPECT_TRUE(IsWriteProtected(files, "/t", error));
+  EXPECT_EQ(error, "no");
 }
 
 }  // namespace DiskProc

@@ -20,16 +20,17 @@ struct SetupFile : testing::Test {
     setup.IncludedFolders = {"one", "gone", "file", "..", "two/below", "", "two", "s"};
   }
 
-  LoadedSetup Load(const std::string& path = "/x.qvr", bool multiple_backup = false) {
+  LoadedSetup Load(const std::string& path = "/x.qvr") {
     EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
-    return LoadOperationFile({files, dialogs, form, texts, true}, path, multiple_backup);
+    return LoadOperationFile(loader, path);
   }
 
   platform::memory::MemoryFileSystem files;
   ui::headless::HeadlessFrontEnd front_end;
   ui::headless::HeadlessDialogs& dialogs = front_end.dialogs();
   ui::Form form{front_end, "frmMain", ui::FormStyle::kMain};
-  text::ProgramTexts texts{"79 Missing:\n59 Clear?\n82 Title\n640 Stays."};
+  text::ProgramTexts texts{"79 Missing:\n59 Clear?\n82 Title\n640 Stays.\n641 Away:\n653 Not plain:"};
+  const SetupLoader loader{files, dialogs, form, texts, true};
   app::Setup setup;
 };
 
@@ -38,6 +39,8 @@ TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
   EXPECT_EQ(loaded.setup.IncludedFolders, (std::vector<std::string>{"one", "two"}));
   EXPECT_EQ(loaded.away.folders, (std::vector<std::string>{"gone", "file", "..", "two/below", "", "s"}));
   EXPECT_EQ(AwayLines(loaded.away, texts)[0], "Included folder gone does not exist. Stays.");
+  EXPECT_EQ(AwayLines(loaded.away, texts)[2], "Not plain: ..");
+  EXPECT_EQ(AwaySummary(loaded.away, texts), "Away: included folders gone, file, .., two/below, , s.");
   EXPECT_EQ(WithAwayParts(loaded.setup, loaded.away), setup) << "what is saved";
 }
 
@@ -46,6 +49,9 @@ TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSo) {
   const app::Setup loaded = Load().setup;
   EXPECT_TRUE(loaded.SourceFolder.empty() && loaded.IncludedFolders.empty());
   EXPECT_EQ(dialogs.asked.back().text, "Source folder /s/file does not exist.");
+  setup.SourceFolder = "/s";
+  files.Fail(platform::memory::Call::kLook, "/s", {platform::ErrorKind::kOther, 5, "EIO"});
+  EXPECT_EQ(Load().setup.SourceFolder, "/s") << "what cannot be looked at is not gone";
 }
 
 TEST_F(SetupFile, ClearsAMissingTargetWhenToldTo) {
@@ -74,9 +80,19 @@ TEST_F(SetupFile, WhatWasAwayIsTakenBackOnceItIsThereAndSavedInAnyCase) {
               std::string(source ? "/s" : "") + (target ? "/t" : ""));
     EXPECT_EQ(shown.IncludedFolders.size(), source && folder ? 1U : 0U);
     EXPECT_EQ(WithAwayParts(shown, away), setup);
-    EXPECT_FALSE(TakeBackWhatIsThere(disk, shown, away));
+    EXPECT_FALSE(TakeBackWhatIsThere(disk, shown, away) || away.empty());
+    const std::string folders = std::string("Included folder gone does not exist.") +
+                                (folder ? "" : " Included folder one does not exist.");
+    EXPECT_EQ(WhyMissing(away, false), source ? folders : "Source folder /s does not exist.");
+    EXPECT_EQ(WhyMissing(away, true), target ? "" : "Target folder /t does not exist.");
+    const std::string what =
+        source ? folder ? "included folder gone" : "included folders gone, one" : "source folder /s";
+    EXPECT_EQ(AwaySummary(away, texts), "Away: " + what + (target ? "." : "; target folder /t."));
+    disk.AddFolder("/s/gone");
+    EXPECT_TRUE(TakeBackWhatIsThere(disk, shown, away)) << "the last one, or the source with it";
     away.ForgetSource();
     EXPECT_EQ(WithAwayParts(shown, away).IncludedFolders, shown.IncludedFolders);
+    EXPECT_EQ(away.empty(), target);
   }
 }
 
@@ -106,6 +122,9 @@ TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone);
   last.NoteReadInPart();
   EXPECT_EQ(last.LossBySaving(path, setup), Loss::kReadInPart);
+  last.NoteBeforeLoading(path);
+  EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone) << "it is read anew";
+  last.NoteReadInPart();
   EXPECT_TRUE(last.Save(path, setup));
   EXPECT_EQ(last.LossBySaving(path, {}), Loss::kNone);
   files.Remove(path);
@@ -114,6 +133,9 @@ TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone);
   EXPECT_EQ(last.LossBySaving(path, {}), Loss::kChangedMeanwhile);
   EXPECT_EQ(last.Stat("/s", reason), LastRunState::kNotReadable);
+  files.Fail(platform::memory::Call::kLook, path, {platform::ErrorKind::kOther, 5, "EIO"});
+  EXPECT_EQ(last.Stat(path, reason), LastRunState::kNotReadable);
+  EXPECT_EQ(reason, "EIO");
 }
 
 TEST_F(SetupFile, AnswersAnInputErrorByItsNumberAndAskedForManyBackupsAlsoInWords) {
@@ -126,14 +148,16 @@ TEST_F(SetupFile, AnswersAnInputErrorByItsNumberAndAskedForManyBackupsAlsoInWord
   for (const auto& [path, error] : cases) {
     EXPECT_EQ(Load(path).result, error) << path;
     EXPECT_NE(Load(path).problem, "") << path;
-    EXPECT_EQ(Load(path, true).result, -200 - error) << path;
-    EXPECT_EQ(Load(path, true).strErr, InputErrorText(static_cast<std::int16_t>(error))) << path;
+    const LoadedSetup of_many = LoadOperationFile(loader, path, true);
+    EXPECT_EQ(of_many.result, -200 - error) << path;
+    EXPECT_EQ(of_many.strErr, InputErrorText(static_cast<std::int16_t>(error))) << path;
   }
   EXPECT_TRUE(Load("/short.qvr").setup.SuppressDetailedReports);
   dialogs.asked.clear();
   setup.TargetFolder = "/gone";
-  EXPECT_EQ(Load("/x.qvr", true).strErr + std::to_string(Load("/x.qvr", true).result),
-            "Target folder does not exist-200");
+  EXPECT_TRUE(SaveSetupToFile(files, "/x.qvr", setup));
+  const LoadedSetup of_many = LoadOperationFile(loader, "/x.qvr", true);
+  EXPECT_EQ(of_many.strErr + std::to_string(of_many.result), "Target folder does not exist-200");
   EXPECT_TRUE(dialogs.asked.empty());
 }
 

@@ -65,7 +65,8 @@ TEST(SetupText, TellsWhereItEndsAndWhatItCannotHold) {
   const std::string whole = SetupText(kFull);
   const std::string but_last = whole.substr(0, whole.size() - std::string("j?g\r\n").size());
   EXPECT_TRUE(ParseSetup(but_last, kPeriods).extension_missing);
-  for (const std::string& text : {whole, but_last.substr(0, but_last.size() - 2), std::string("/s\n")})
+  for (const std::string& text : {whole, but_last.substr(0, but_last.size() - 2),
+                                  but_last.substr(0, but_last.find("\"d\"")), std::string("/s\n")})
     EXPECT_FALSE(ParseSetup(text, kPeriods).extension_missing) << text;
   EXPECT_EQ(ProblemText(ParseSetup("\"/s\n\"\n/t\nx", kPeriods)), "Line 4: A number is missing.");
   EXPECT_TRUE(ProblemText(ParseSetup("/a,b\n/t\nx", kPeriods))

@@ -7,7 +7,7 @@
 namespace text {
 
 TEST(GroupedNumber, GroupsWholeNumbersFromTheRight) {
-  EXPECT_EQ(GroupedNumber(std::int64_t{-123456}, {}), "-123,456");
+  EXPECT_EQ(GroupedNumber(std::int64_t{-123456}, {}) + GroupedNumber(std::int64_t{0}, {}), "-123,4560");
   EXPECT_EQ(GroupedNumber(std::numeric_limits<std::int64_t>::min(), {}), "-9,223,372,036,854,775,808");
 }
 

@@ -31,7 +31,7 @@ TEST(ProgramTexts, FindATextByTheRulesOfTheFile) {
   ProgramTexts texts(
       "\xEF\xBB\xBF"
       "1 one\r\n# note\n2 first\n2 second\nno text\n3\n4 a\\nb \\\\n\\s\\q\\\n5 ~\n6  two blanks\n7 "
-      "seven\n310 folder\n388 key\n389 name");
+      "seven\n 8 no number\n310 folder\n388 key\n389 name");
   texts.Replace(
       "\xEF\xBB\xBF"
       "1 eins\n7 ~\nx\n310 Ordner\n388 \n389 ~");
