@@ -2,7 +2,9 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
+#include <utility>
 
 namespace engine {
 
@@ -10,9 +12,13 @@ namespace engine {
 /// the listener; such a call that ends soon was none.
 class Hold {
  public:
+  using Clock = std::chrono::steady_clock;
+
+  explicit Hold(std::function<Clock::time_point()> now = &Clock::now) : now_(std::move(now)) {}
+
   void Begin() {
     const std::lock_guard lock(mutex_);
-    begun_ = Clock::now();
+    begun_ = now_();
     is_begun_ = true;
   }
 
@@ -27,13 +33,13 @@ class Hold {
   /// From any thread: returns when the run is not held.
   void Wait() {
     std::unique_lock lock(mutex_);
-    if (is_begun_ && Clock::now() - begun_ >= kOneBreath) ended_.wait(lock, [this] { return !is_begun_; });
+    if (is_begun_ && now_() - begun_ >= kOneBreath) ended_.wait(lock, [this] { return !is_begun_; });
   }
 
  private:
-  using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::milliseconds kOneBreath{30};
 
+  const std::function<Clock::time_point()> now_;
   std::mutex mutex_;
   std::condition_variable ended_;
   Clock::time_point begun_;

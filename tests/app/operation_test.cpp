@@ -157,6 +157,8 @@ TEST_F(Operations, CompareContentsOnceThatIsTickedAlsoWhereNothingIsStartedButNe
             "Finished: 1 file to be backed up, 1 file compared, 1 file with other content.");
   EXPECT_EQ(ends(window->cmdBackupModifiedFiles),
             "Finished: 1 file copied, 1 file compared, 1 file with other content.");
+  EXPECT_NE(window->ReportWindow().txbText.text().find("whose contents were compared: 1\r\n"),
+            std::string::npos);
   EXPECT_EQ(tree::Below(files, "/dst"), "a=hello");
   EXPECT_EQ(ends(window->cmdCheckBackupState), "Finished: 0 files to be backed up, 1 file compared.");
   EXPECT_NE(window->ReportWindow().txbText.text().find(

@@ -37,7 +37,7 @@ std::string FilesThatDiffer(const Scene& scene) {
 }
 
 TEST_F(ContentComparison, FindsExactlyTheFilesThatAreOtherThanTheirCopiesWhateverTheTree) {
-  for (unsigned seed = 1; seed <= 300; ++seed) {
+  for (unsigned seed = 1; seed <= Trees(300); ++seed) {
     Scene scene({}, {"d0", "d1", "d2"});
     scene.compare_contents = true;
     scene.files.SetBlockSize(1'000);

@@ -150,6 +150,13 @@ TEST(FolderWalk, WhatTheTargetSpellsInAnotherWayIsTheCopyAndTakesTheNewCase) {
   }
 }
 
+TEST(FolderWalk, ATargetThatKeepsTheNewCaseOfOneNameIsGivenThatOfTheNext) {
+  Scene scene({"/src/1/A", "/src/2/B", "/dst/1/a", "/dst/2/b"}, {"1", "2"});
+  for (const char* folder : {"/dst/1", "/dst/2"}) scene.files.FoldNames(folder, false);
+  scene.BackUp();
+  EXPECT_EQ(scene.Copies(), "1/A=1 2/B=1");
+}
+
 TEST(FolderWalk, TwoLinksOfTheTargetToOneFolderDoNotMix) {
   Scene scene({"/src/a/x=first", "/src/b/x=second", "/else/", "/dst/a>/else", "/dst/b>/else"}, {"a", "b"});
   EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1, warnings 1");
@@ -280,7 +287,7 @@ TEST(FolderWalk, TellsTheSameWhateverTheSizeOfTheGroups) {
     scene.files.SetGroupSize(group);
     return scene.BackUp() + scene.lines + scene.visited + scene.Copies();
   };
-  for (unsigned seed = 1; seed <= 100; ++seed) {
+  for (unsigned seed = 1; seed <= Trees(100); ++seed) {
     const std::string one_by_one = told(1, seed);
     EXPECT_EQ(told(3, seed), one_by_one) << seed;
     EXPECT_EQ(told(1'000, seed), one_by_one) << seed;

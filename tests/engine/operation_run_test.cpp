@@ -48,6 +48,10 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
           [](Scene& s) { s.files.Remove("/src"); });
   refuses(kNoFilesInSetup, "Nothing: No files.",
           [](Scene& s) { s.files.Remove("/src/a"), s.files.AddFolder("/src/x/y"); });
+  refuses(kNoFilesInSetup, "Nothing: No files.", [](Scene& s) {
+    s.setup.ExcludeFilesInSourceFolder = true;
+    s.setup.IncludedFolders = {"gone"};
+  });
   refuses(kTargetNotSpecified, "Target folder not specified: Which?",
           [](Scene& s) { s.setup.TargetFolder = ""; });
   refuses(kTargetMissing, "Target folder does not exist: Target folder /dst does not exist.",

@@ -52,7 +52,7 @@ void ExpectWholeFiles(Scene& scene, const std::string& folder, const std::string
 TEST(PowerCut, AtAnyMomentLeavesWholeFilesAndTheNextRunCompletesThem) {
   std::size_t step = 0;
   for (bool was_cut = true; was_cut; ++step) {
-    for (unsigned random = 1; random <= 8; ++random) {
+    for (unsigned random = 1; random <= Trees(8); ++random) {
       Scene scene;
       Prepare(scene);
       was_cut = RunUntil(scene, step, random);
@@ -90,8 +90,13 @@ TEST(UnfinishedRun, DoubtsWhatWasCopiedSinceItsBeginAndNothingElse) {
   Spoil(scene, "/dst/a/early");
   Spoil(scene, "/dst/a/late");
   EXPECT_EQ(scene.Check(), "new 1, modified 1, up to date 1, due 2");
-  EXPECT_EQ(scene.BackUp(), "new 1, modified 1, copied 2, up to date 1");
+  scene.setup.IncludedFolders.emplace_back("b");
+  tree::Add(scene.files, {"/src/b/"});
+  scene.files.Fail(Call::kOpenFolder, "/src/b", {platform::ErrorKind::kOther, 5, "I/O error"}, 1);
+  EXPECT_EQ(scene.BackUp(), "new 1, modified 1, copied 2, up to date 1, unread 1");
   EXPECT_TRUE(scene.Wrote("Interrupted."));
+  EXPECT_TRUE(scene.files.Exists(std::string("/dst/") + kUnfinishedMark)) << "there may be more in b";
+  EXPECT_EQ(scene.BackUp(), "up to date 3") << "what has been copied since is not doubted";
   EXPECT_EQ(scene.Copies(), "a/early=# a/late=1 a/z=1");
   EXPECT_EQ(scene.Check(), "up to date 3");
 }

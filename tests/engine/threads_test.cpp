@@ -93,7 +93,8 @@ TEST(Threads, TellTheSameHoweverManyThereAre) {
   // A file system in memory, where it is there: each run ends in a flush.
   const fs::path memory = fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::path(testing::TempDir());
   const fs::path root = memory / ("quorvane-threads-" + std::to_string(getpid()));
-  for (unsigned seed = 1; seed <= 200; ++seed) EXPECT_EQ(Told(root, seed, 8), Told(root, seed, 1)) << seed;
+  for (unsigned seed = 1; seed <= Trees(200); ++seed)
+    EXPECT_EQ(Told(root, seed, 8), Told(root, seed, 1)) << seed;
   fs::remove_all(root);
 }
 

@@ -101,6 +101,34 @@ TEST_F(ReportButtons, ASecondClickOnCancelDoesNotCloseTheReport) {
   }
 }
 
+TEST_F(ReportButtons, AnEndIsToldEverywhereAndTheNextReportBeginsWithNothingOfIt) {
+  window.OutputProblem("Not copied: a");
+  window.ShowFileAtHand("/data/a");
+  window.ShowBytesCopied("Copied: 1 byte");
+  window.DisplayFreeSpace("/", "1 Gb");
+  window.ShowProgress(0.5, "1 of 2 files", "a minute left");
+  EXPECT_EQ(window.text() + "|" + window.lblDetails.text(),
+            "50 %, a minute left - Report|1 of 2 files, a minute left");
+  EXPECT_TRUE(window.Label1.visible() && window.lblFileName.tool_tip() == "/data/a");
+  window.SetReportButtons("Close");
+  EXPECT_FALSE(window.task_progress() || window.barProgress.visible() || window.lblFileName.visible());
+  EXPECT_EQ(window.lblDetails.text(), "");
+  window.ShowEnd("Done", "1 file failed", EndKind::kBad);
+  EXPECT_EQ(window.text() + "|" + window.lblState.tool_tip(), "! 1 file failed - Done|! 1 file failed");
+  EXPECT_TRUE(window.task_progress() == 1 && window.task_state() == ui::TaskState::kFailed);
+  EXPECT_TRUE(window.cmdOpenTarget.visible() && window.cmdCancelClose.description() == "1 file failed");
+  window.BeginReport("Next", "/new", "");
+  EXPECT_EQ(window.text() + window.txbText.text() + window.lblBytesCopied.text() + window.lblFreeSpace.text(),
+            "0 % - Next");
+  EXPECT_EQ(window.lblSourceDirpath.text() + window.lblSourceDirpath.tool_tip(), "/new/new");
+  EXPECT_EQ(window.lblTargetDirpath.text() + window.lblTargetDirpath.tool_tip(), "");
+  EXPECT_FALSE(window.lblTargetCaption.visible() || window.cmdNextProblem.visible() ||
+               window.cmdOpenTarget.visible());
+  EXPECT_TRUE(window.barProgress.visible() && window.barProgress.fraction() == 0 &&
+              window.txbText.has_focus());
+  EXPECT_TRUE(window.task_state() == ui::TaskState::kRunning && window.cmdCancelClose.description().empty());
+}
+
 TEST_F(ReportButtons, TheKeyThatStartedTheRunDoesNotPauseIt) {
   ui::headless::PressSpace(window);
   window.UserPressedEnter();

@@ -37,6 +37,12 @@ TEST(ReportTexts, WhatIsCopiedAndWhatIsDueIsCountedInWords) {
                          {{3, 0, 3, 0}, "  All are modified.|"},
                          {{5, 1, 0, 0}, "  0 modified files and 1 file not backed up.  |"}};
   for (const auto& [folder, text] : check) EXPECT_EQ(Joined(CheckResult(folder)), text);
+  std::string deleted;
+  for (const auto& [files, gone] : {std::pair(1, 1), {2, 2}, {3, 3}, {3, 0}, {3, 1}, {5, 2}})
+    deleted += Joined(DeletionResult(files, gone));
+  EXPECT_EQ(deleted,
+            "  One file deleted.|  Both deleted.|  All deleted.|  None deleted.|  One file deleted.|"
+            "   2 files deleted.|");
 }
 
 TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCount) {

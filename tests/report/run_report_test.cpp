@@ -112,6 +112,17 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
               compares ? "Now being compared: /data/c" : "File now being copied: /data/d");
   }
   EXPECT_TRUE(window.task_progress() == 0.5 && window.barProgress.fraction() == 0.5);
+  EXPECT_EQ(window.text() + " " + window.lblState.text(), "50 % - Report 50 %");
+  scene.clock.Advance(100ms);
+  scene.run.ReadingBack("/data/e");
+  EXPECT_EQ(window.Label1.text() + window.lblFileName.text(), "Now being read back: /data/e");
+  scene.clock.Advance(100ms);
+  scene.run.Compared(5, 2);
+  EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 12 bytes in 1,002 files.  Compared: 5 bytes in 2 files");
+  scene.run.Saving(true);
+  EXPECT_TRUE(window.lblFileName.visible() && !window.Label1.visible());
+  scene.run.Saving(false);
+  EXPECT_FALSE(window.lblFileName.visible());
 }
 
 TEST(RunReport, AsksAndTellsByDialogsAndWritesWhenNobodyIsThere) {
@@ -164,6 +175,8 @@ TEST(Summary, TellsWhatTheOperationIsAboutAndLeavesOutWhatIsNothing) {
                 "403|Number of files not previously backed up: 600|"
                 "Number of files modified or not previously backed up: 1,003|Number of files copied: 1,000|" +
                 errors + "Sum of sizes of files copied: 1,000 bytes||This report contains 2 warnngs.|");
+  EXPECT_NE(Summary(kModified, {{2, 1, 1, 2}}).find("modified or not previously backed up: 2|"),
+            std::string::npos);
   EXPECT_EQ(Summary(kModified, kUnread), since +
                                              "0|Number of files not previously backed up: 0|"
                                              "Number of files copied: 0|Sum of sizes of files copied: 0 "
