@@ -178,6 +178,7 @@ class Frame : public Container {
   using Container::Container;
   /// The bar that the mouse wheel moves while the pointer is over the frame; null for none.
   void SetScrollBar(ScrollBar* bar) { scroll_bar_ = bar; }
+  const ScrollBar* scroll_bar() const { return scroll_bar_; }
 
   /// From a peer: the wheel was turned so many notches, positive ones away from the user.
   void UserTurnedWheel(double notches);

@@ -27,9 +27,11 @@ constexpr Twips kLineHeight = 225;      ///< of a line of text in the window's f
 constexpr Twips kFactGap = 120;         ///< between two facts
 constexpr Twips kHeadingWidth = 1'440;  ///< of the column of headings
 constexpr Twips kChoiceHeight = 300;
-constexpr Twips kChoiceGap = 45;  ///< below what a choice costs
-constexpr Twips kIndent = 285;    ///< of what is below a check box
-constexpr Twips kSlack = 90;      ///< by which a label is wider than the text it is to hold
+constexpr Twips kChoiceGap = 45;                              ///< below what a choice costs
+constexpr Twips kIndent = 285;                                ///< of what is below a check box
+constexpr Twips kLeastFacts = 6 * kLineHeight + 2 * kInset;   ///< however much there is to doubt
+constexpr Twips kLeastDoubts = 3 * kLineHeight + 2 * kInset;  ///< on a window lower than the smallest
+constexpr Twips kSlack = 90;  ///< by which a label is wider than the text it is to hold
 
 ui::Font HeadingFont(int points) { return {ui::kWindowFont, points, true}; }
 
@@ -60,6 +62,7 @@ void frmConfirmOperation::ConnectHandlers() {
   on_resize = [this] { Form_Resize(); };
   on_key = [this](const ui::KeyPress& press) { return KeyPressed(press); };
   vsbFacts.on_change = [this] { vsbFacts_Change(); };
+  vsbDoubts.on_change = [this] { Form_Resize(); };
   chkCompareContents.on_click = [this] { chkCompareContents_Click(); };
   chkReadBack.on_click = [this] { chkReadBack_Click(); };
   cmdStart.on_mouse_up = [this] { cmdStart_Click(); };
@@ -84,6 +87,8 @@ void frmConfirmOperation::Form_Load() {
   vsbFacts.SetSpokenName("Scroll what will be done");
   lblDoubtsHeading.SetText("Worth a second look");
   fraDoubts.SetSpokenName("Worth a second look");
+  fraDoubts.SetScrollBar(&vsbDoubts);
+  vsbDoubts.SetSpokenName("Scroll what is worth a second look");
   chkCompareContents.SetText("Compare contents, too (reads every file on both sides)");
   chkCompareContents.SetAccessKey('C');
   chkCompareContents.SetVisible(request_.operation == Operation::kBackupModifiedFiles);
@@ -109,6 +114,7 @@ void frmConfirmOperation::Form_Load() {
     note->SetColours(ui::kNoteColours);
   }
   vsbFacts.SetColours(std::nullopt);
+  vsbDoubts.SetColours(std::nullopt);
 
   volume_.drive = context_.files.DriveOf(request_.setup.TargetFolder);
   volume_.holds_source = ShareADisk(request_.setup.SourceFolder, request_.setup.TargetFolder);
@@ -188,8 +194,8 @@ void frmConfirmOperation::Form_Resize() {
   const Twips facts = lblExplanation.bounds().bottom() + kInset;
   Twips choices = PlaceChoice(chkReadBack, lblToBeReadBack, buttons, width);
   choices = PlaceChoice(chkCompareContents, lblToBeCompared, choices, width);
-  const Twips facts_end = PlaceDoubts(choices - kGap, width) - kGap;
-  picFacts.SetBounds({kMargin, facts, width, std::max(facts_end - facts, 3 * kRow)});
+  const Twips facts_end = PlaceDoubts(facts + kLeastFacts + kGap, choices - kGap, width) - kGap;
+  picFacts.SetBounds({kMargin, facts, width, facts_end - facts});
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
   PlaceFacts();
   if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
@@ -203,21 +209,38 @@ Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, 
   return choice.top();
 }
 
-/// The doubts are above them. Returns their upper edge.
-Twips frmConfirmOperation::PlaceDoubts(Twips bottom, Twips width) {
+/// The doubts are above them, as high as they are or, beginning at `highest`, scrolled. Returns their upper
+/// edge.
+Twips frmConfirmOperation::PlaceDoubts(Twips highest, Twips bottom, Twips width) {
   fraDoubts.SetVisible(!doubts_.empty());
+  vsbDoubts.SetVisible(false);
   if (doubts_.empty()) return bottom;
-  const Twips text_width = width - 2 * kInset;
-  std::string text;
-  for (const std::string& doubt : doubts_) text += (text.empty() ? "" : "\r\n") + doubt;
-  text = Wrapped(text, text_width, lblDoubts.font());
-  const Twips text_height = ui::CountLines(text) * kLineHeight;
-  lblDoubts.SetText(text);
-  lblDoubtsHeading.SetBounds({kInset, kInset, text_width, kLineHeight});
-  lblDoubts.SetBounds({kInset, kInset + kLineHeight + kGap / 2, text_width, text_height});
-  const Twips height = lblDoubts.bounds().bottom() + kInset;
+  const Twips room = std::max(bottom - highest, kLeastDoubts);
+  Twips whole = PlaceDoubtsText(width);
+  if (whole > room) {
+    width -= kScrollBarWidth;
+    whole = PlaceDoubtsText(width);
+    vsbDoubts.SetRange((whole - room + kLineHeight - 1) / kLineHeight, room / kLineHeight);
+    whole = PlaceDoubtsText(width);  // the range may have brought the bar elsewhere
+    vsbDoubts.SetBounds({kMargin + width, bottom - room, kScrollBarWidth, room});
+    vsbDoubts.SetVisible(true);
+  }
+  const Twips height = std::min(whole, room);
   fraDoubts.SetBounds({kMargin, bottom - height, width, height});
   return fraDoubts.top();
+}
+
+/// Returns how high a frame of this width would have to be for it.
+Twips frmConfirmOperation::PlaceDoubtsText(Twips width) {
+  const Twips text_width = width - 2 * kInset;
+  const Twips top = kInset - vsbDoubts.value() * kLineHeight;
+  std::string text;
+  for (const std::string& doubt : doubts_) text += (text.empty() ? "" : "\r\n") + doubt;
+  lblDoubts.SetText(Wrapped(text, text_width, lblDoubts.font()));
+  lblDoubtsHeading.SetBounds({kInset, top, text_width, kLineHeight});
+  lblDoubts.SetBounds(
+      {kInset, top + kLineHeight + kGap / 2, text_width, ui::CountLines(lblDoubts.text()) * kLineHeight});
+  return lblDoubts.bounds().bottom() - top + 2 * kInset;
 }
 
 void frmConfirmOperation::MakeFactRows(std::size_t count) {
@@ -254,30 +277,31 @@ std::string frmConfirmOperation::Wrapped(const std::string& text, Twips width, c
 void frmConfirmOperation::vsbFacts_Change() { PlaceFacts(); }
 
 bool frmConfirmOperation::KeyPressed(const ui::KeyPress& press) {
-  const int value = vsbFacts.value();
+  ui::ScrollBar& bar = vsbFacts.visible() ? vsbFacts : vsbDoubts;
+  const int value = bar.value();
   switch (press.key) {
     case ui::Key::kUp:
-      vsbFacts.SetValue(value - 1);
+      bar.SetValue(value - 1);
       break;
     case ui::Key::kDown:
-      vsbFacts.SetValue(value + 1);
+      bar.SetValue(value + 1);
       break;
     case ui::Key::kPageUp:
-      vsbFacts.SetValue(value - vsbFacts.page());
+      bar.SetValue(value - bar.page());
       break;
     case ui::Key::kPageDown:
-      vsbFacts.SetValue(value + vsbFacts.page());
+      bar.SetValue(value + bar.page());
       break;
     case ui::Key::kHome:
-      vsbFacts.SetValue(0);
+      bar.SetValue(0);
       break;
     case ui::Key::kEnd:
-      vsbFacts.SetValue(vsbFacts.maximum());
+      bar.SetValue(bar.maximum());
       break;
     default:
       return false;
   }
-  PlaceFacts();
+  Form_Resize();
   return true;
 }
 

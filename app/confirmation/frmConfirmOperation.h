@@ -62,6 +62,7 @@ class frmConfirmOperation : public ui::Form {
   ui::Frame fraDoubts{this, "fraDoubts"};
   ui::Label lblDoubtsHeading{&fraDoubts, "lblDoubtsHeading"};
   ui::Label lblDoubts{&fraDoubts, "lblDoubts"};
+  ui::ScrollBar vsbDoubts{this, "vsbDoubts"};
   ui::CheckBox chkCompareContents{this, "chkCompareContents"};
   ui::Label lblToBeCompared{this, "lblToBeCompared"};
   ui::CheckBox chkReadBack{this, "chkReadBack"};
@@ -79,7 +80,8 @@ class frmConfirmOperation : public ui::Form {
   bool ShareADisk(const std::string& source, const std::string& target) const;
   void MakeFactRows(std::size_t count);
   ui::Twips PlaceChoice(ui::CheckBox& choice, ui::Label& amount, ui::Twips bottom, ui::Twips width);
-  ui::Twips PlaceDoubts(ui::Twips bottom, ui::Twips width);
+  ui::Twips PlaceDoubts(ui::Twips highest, ui::Twips bottom, ui::Twips width);
+  ui::Twips PlaceDoubtsText(ui::Twips width);
   void PlaceFacts();
   std::string Wrapped(const std::string& text, ui::Twips width, const ui::Font& font) const;
   bool KeyPressed(const ui::KeyPress& press);
