@@ -19,6 +19,7 @@ struct LayoutMeasures {
   ui::Twips command;    ///< height of an operation's button
   ui::Twips small;      ///< height of the other buttons beside
   ui::Twips between;    ///< between two of these buttons
+  ui::Twips margin;     ///< below everything
   bool side_by_side;    ///< what can be beside something has no row of its own
 };
 
@@ -44,8 +45,8 @@ constexpr Twips kLine = 225;            ///< of text
 constexpr Twips kWarning = 450;         ///< two lines
 constexpr Twips kHalf = kField + 3300;  ///< left side of the right half of what is beside a button
 
-constexpr LayoutMeasures kUsual{390, 495, 330, 60, 180, 660, 120, 720, 480, 150, false};
-constexpr LayoutMeasures kTight{345, 435, 285, 30, 60, 600, 90, 435, 420, 75, true};
+constexpr LayoutMeasures kUsual{390, 495, 330, 60, 180, 660, 120, 720, 480, 150, kMargin, false};
+constexpr LayoutMeasures kTight{345, 435, 275, 30, 60, 600, 75, 435, 420, 75, 120, true};
 
 /// A label is a little lower than the control it belongs to, so that their texts are level.
 Rect Level(Rect row) {
@@ -69,7 +70,7 @@ void frmMain::ArrangeMainWindow() {
   cmdBackupModifiedFiles.SetFont(
       {cmdBackupModifiedFiles.font().name, cmdBackupModifiedFiles.font().points, true});
   ArrangeSetupFrames();
-  SetSmallest({kInnerWidth, fraMenu.bounds().bottom() + kMargin});
+  SetSmallest({kInnerWidth, fraMenu.bounds().bottom() + measures_->margin});
   SetWidth(kInnerWidth);
 }
 

@@ -24,6 +24,7 @@ void ExpectInside(ui::Form& form, ui::Size screen) {
   EXPECT_GE(form.top(), 0) << form.name();
   EXPECT_LE(form.bounds().right(), screen.width) << form.name();
   EXPECT_LE(form.bounds().bottom(), screen.height) << form.name();
+  EXPECT_LE(form.smallest().height + kFrame, screen.height) << form.name() << " need not scroll";
   form.ForEach([&](ui::Control& control) {
     if (!IsSeen(control)) return;
     EXPECT_TRUE(control.left() >= 0 && control.top() >= 0 && control.width() > 0 && control.height() > 0)
