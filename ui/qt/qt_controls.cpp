@@ -1,5 +1,6 @@
 #include "ui/qt/qt_controls.h"
 
+#include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -144,6 +145,7 @@ void DropDownListPeer::MirrorHelp() {
     name_->setBuddy(&widget_);
   }
   name_->setText(ToQString(list_.spoken_name()));
+  widget_.view()->setAccessibleName(ToQString(list_.spoken_name()));
 }
 
 void DropDownListPeer::MirrorItems() {

@@ -111,13 +111,22 @@ class FormWindow : public QWidget {
 /// How the names of the parts begin that a scrolled area of Qt is made of.
 constexpr char kPartOfScrolledArea[] = "qt_scrollarea_";
 
+/// What the nearest control around a part is called, else the window.
+QString NameAround(const QWidget& part) {
+  const QWidget* around = part.parentWidget();
+  while (around != nullptr && around->accessibleName().isEmpty()) around = around->parentWidget();
+  return around != nullptr ? around->accessibleName() : part.window()->windowTitle();
+}
+
 /// Qt itself tells screen readers of no window what it is, nor of what only holds other things.
 QAccessibleInterface* AccessibleWindow(const QString&, QObject* object) {
   auto* const window = dynamic_cast<FormWindow*>(object);
   if (window == nullptr) {
     const bool holds =
         object->isWidgetType() && object->objectName().startsWith(QLatin1String(kPartOfScrolledArea));
-    return holds ? new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Pane) : nullptr;
+    if (!holds) return nullptr;
+    auto* const part = static_cast<QWidget*>(object);
+    return new QAccessibleWidget(part, QAccessible::Pane, NameAround(*part));
   }
   const bool dialog = window->windowType() == Qt::Dialog;
   return new QAccessibleWidget(window, dialog ? QAccessible::Dialog : QAccessible::Window);
