@@ -8,17 +8,11 @@
 /// What a line of the report costs, by how much is in the text box already.
 namespace {
 
-/// Nobody reads this report, so that a full one is emptied without a wait.
-class UnattendedMain : public report::MainWindow {
+class MainOfARun : public report::MainWindow {
  public:
-  explicit UnattendedMain(ui::FrontEnd& front_end) : window_(front_end, "frmMain", ui::FormStyle::kMain) {}
+  explicit MainOfARun(ui::FrontEnd& front_end) : window_(front_end, "frmMain", ui::FormStyle::kMain) {}
   ui::Form& Window() override { return window_; }
-  std::size_t ReportCapacity() const override { return std::size_t{1} << 30; }
-  bool SuppressDetailedReports() const override { return false; }
-  bool SnipFullReport() const override { return true; }
-  bool CopiesFiles() const override { return true; }
   bool PauseAfterFirstCopy() const override { return false; }
-  bool Unattended() const override { return true; }
   bool OperationRunning() const override { return true; }
   void RequestStop() override {}
   bool StopRequested() const override { return false; }
@@ -32,9 +26,11 @@ void AppendALine(benchmark::State& state) {
   ui::headless::HeadlessFrontEnd front_end;
   platform::memory::MemoryClock clock;
   const text::ProgramTexts texts("112 Copy all\n113 Copy selected\n");
-  UnattendedMain main(front_end);
+  MainOfARun main(front_end);
   report::frmReport window(front_end, clock, texts, main);
-  window.BeginReport("Report", "/home/ada/Documents", "/media/ada/Backup");
+  window.ReportCapacity = std::size_t{1} << 30;
+  window.BeginReport(
+      {.title = "Report", .source_folder = "/home/ada/Documents", .target_folder = "/media/ada/Backup"});
   window.Output(std::string(static_cast<std::size_t>(state.range(0)), 'x'), true);
   const std::string line = "12 files of 48, 4.31 Mb. Letters and other papers/2024. Copied.";
   for ([[maybe_unused]] auto _ : state) window.Output(line, true);

@@ -117,7 +117,7 @@ TEST_F(ReportButtons, AnEndIsToldEverywhereAndTheNextReportBeginsWithNothingOfIt
   EXPECT_EQ(window.text() + "|" + window.lblState.tool_tip(), "! 1 file failed - Done|! 1 file failed");
   EXPECT_TRUE(window.task_progress() == 1 && window.task_state() == ui::TaskState::kFailed);
   EXPECT_TRUE(window.cmdOpenTarget.visible() && window.cmdCancelClose.description() == "1 file failed");
-  window.BeginReport("Next", "/new", "");
+  window.BeginReport({.title = "Next", .source_folder = "/new"});
   EXPECT_EQ(window.text() + window.txbText.text() + window.lblBytesCopied.text() + window.lblFreeSpace.text(),
             "0 % - Next");
   EXPECT_EQ(window.lblSourceDirpath.text() + window.lblSourceDirpath.tool_tip(), "/new/new");
