@@ -115,7 +115,10 @@ std::vector<std::string> AwayLines(const AwayParts& away, const text::ProgramTex
                           : texts.GetProgramText(text::kNotAPlainName) + " " + base::utf8::Printable(name));
     }
   }
-  if (!away.target.empty()) lines.push_back(DoesNotExist("Target", away.target) + stays);
+  if (!away.target.empty()) {
+    lines.push_back(DoesNotExist("Target", away.target) + " " +
+                    texts.GetProgramText(text::kTargetStaysInSetup));
+  }
   return lines;
 }
 

@@ -197,6 +197,12 @@ void DoubtTheFolders(const PreviewFindings& findings, std::vector<std::string>& 
   }
 }
 
+void DoubtTheLinks(const PreviewFindings& findings, std::vector<std::string>& doubts) {
+  if (findings.links.empty()) return;
+  doubts.push_back("Links to folders are not followed, so what is in these is not backed up: " +
+                   NameList(findings.links) + ". Back up the folders themselves that they lead to.");
+}
+
 void DoubtThePatterns(const ConfirmationInput& tell, std::vector<std::string>& doubts) {
   const std::string source = engine::NormaliseForMatch(platform::FolderForm(tell.request.setup.SourceFolder));
   std::vector<std::string> short_ones;
@@ -287,6 +293,7 @@ std::vector<std::string> FindConcerns(const ConfirmationInput& tell) {
   std::vector<std::string> doubts;
   DoubtWhatStaysOut(tell, doubts);
   DoubtTheFolders(tell.findings, doubts);
+  DoubtTheLinks(tell.findings, doubts);
   DoubtTheTarget(tell, doubts);
   DoubtThePatterns(tell, doubts);
   DoubtWhatWasFound(tell, doubts);

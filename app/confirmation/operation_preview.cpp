@@ -136,10 +136,24 @@ void OperationPreview::LookAtFirstLevel(const engine::FolderPair& pair) {
   HoldPatternsAgainst(source);
   for (const Entry& entry : source.entries()) {
     const std::string path = platform::JoinPath(source.path(), entry.name);
+    if (entry.kind == EntryKind::kFolderLink) NoteLink(path, entry);
     if (entry.kind != EntryKind::kFolder || IsOfTheSystem(entry.name) || overlap_.IsTarget(path)) continue;
     ++findings_.first_level_folders;
     if (setup_.IncludedFolders.empty()) outside_.push_back(path);
   }
+}
+
+/// Of an included link, and of one further down, the run itself tells. Windows keeps hidden links to its
+/// folders under the names that they had in its older versions.
+void OperationPreview::NoteLink(const std::string& path, const Entry& link) {
+  const platform::Attributes of_windows = platform::kHidden | platform::kSystem;
+  if (setup_.IncludedFolders.empty() || (link.attributes & of_windows) == of_windows) return;
+  const auto is_it = [&](const std::string& name) {
+    return files_.NameKey(name) == files_.NameKey(link.name);
+  };
+  if (std::ranges::any_of(setup_.IncludedFolders, is_it)) return;
+  const auto leaves_out = [&](const auto& hits) { return IsLeftOut(path, EntryKind::kFolder, hits.pattern); };
+  if (std::ranges::none_of(findings_.hits, leaves_out)) findings_.links.push_back(link.name);
 }
 
 /// A target in which there is nothing of the source is perhaps not meant for it.

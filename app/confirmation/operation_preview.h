@@ -40,6 +40,8 @@ struct PreviewFindings {
   std::int64_t folders_not_read = 0;
   std::int64_t kept_out_by_period = 0;   ///< files without a copy that pass every filter but the period
   std::int64_t first_level_folders = 0;  ///< subfolders of the source, included or not
+  /// Links to folders among the source's own names, which no list offers and no run follows.
+  std::vector<std::string> links;
   /// Names in the target of which the source has nothing; empty when it has anything of what the target has.
   std::vector<std::string> strangers;
   bool complete = false;  ///< nothing of the above will change any more
@@ -75,6 +77,7 @@ class OperationPreview {
   bool IsThere(const std::string& path);
   bool LandsInSource(const Pending& folder);
   void LookAtFirstLevel(const engine::FolderPair& pair);
+  void NoteLink(const std::string& path, const platform::Entry& link);
   void FindStrangers(engine::FolderPair& pair);
   void CountKeptOut(const engine::Candidate& file);
   void HoldPatternsAgainst(const platform::Folder& source);

@@ -114,7 +114,13 @@ void frmMain::cmdCreateSubFolder_MouseUp() {
     dialogs.Show(*this, {"A target folder must first be specified.", {}, ui::Icon::kInformation});
     return;
   }
-  if (!context_.files.Stat(target)) {
+  const auto there = context_.files.Stat(target);
+  if (!there && there.error().kind != platform::ErrorKind::kNotFound) {
+    const std::string what = Text(text::kTargetNotReadable) + " " + base::utf8::Printable(target);
+    dialogs.Show(*this, {what + " (" + there.error().text + ")", {}, ui::Icon::kExclamation});
+    return;
+  }
+  if (!there) {
     if (!dialogs.AskYesNo(
             *this, {Text(text::kCreateTarget), Text(text::kTitleMissingTarget), ui::Icon::kQuestion})) {
       return;

@@ -23,8 +23,6 @@ constexpr Twips kButtonHeight = 420;
 constexpr Twips kButtonWidth = 1'500;
 constexpr Twips kScrollBarWidth = 270;
 
-/// Short enough that the window answers at once, long enough that reading makes up most of the time.
-
 }  // namespace
 
 frmSelectSubfolders::frmSelectSubfolders(Context& context, std::string source,

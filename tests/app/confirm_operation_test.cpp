@@ -123,6 +123,11 @@ TEST_F(ConfirmOperation, DoubtsThatFoldersStayOutWhichANewcomerExpectsToBeIn) {
       "files, will not"))
       << Doubts();
   request.setup.IncludeSubfolders = true;
+  EXPECT_EQ(
+      Doubts(),
+      "Links to folders are not followed, so what is in these is not backed up: link. Back up the folders "
+      "themselves that they lead to.");
+  request.setup.SkipFilepaths = "/link";
   EXPECT_EQ(Doubts(), "");
 }
 
