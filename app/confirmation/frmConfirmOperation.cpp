@@ -18,7 +18,6 @@ constexpr ui::Size kSmallest{8'400, 6'000};  ///< inside
 constexpr Twips kMargin = 240;
 constexpr Twips kGap = 120;
 constexpr Twips kTitleHeight = 390;
-constexpr Twips kRow = 390;
 constexpr Twips kButtonHeight = 420;
 constexpr Twips kButtonWidth = 1'650;
 constexpr Twips kScrollBarWidth = 270;
