@@ -59,7 +59,7 @@ class frmReport : public ui::Form {
   /// of the call that finds it full is not shown, and only the line sink gets it. Where nobody reads it (it
   /// is hidden, the run is unattended or cancelled, or the program ends) a full report is emptied at once.
   /// With an empty text and no line end it only lets pending events run. The screen follows some ten times a
-  /// second, and before the user is asked for anything.
+  /// second, less often where it is slow, and before the user is asked for anything.
   void Output(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kDrop); }
   /// The same for a text that must not be lost: one that finds the report full is written when it is empty.
   void OutputKept(const std::string& Text, bool NewLine) { Write(Text, NewLine, WhenFull::kKeep); }
@@ -71,6 +71,8 @@ class frmReport : public ui::Form {
   void RepeatLostProblems();
   /// Brings the screen up to date with what was written.
   void ShowText();
+  /// The time from one refresh of the screen to the next: 100 ms, up to 500 where a refresh takes long.
+  std::chrono::milliseconds shown_every() const { return shown_every_; }
 
   /// What state the last line of the report is in.
   const ReportLine& line() const { return line_; }
@@ -170,7 +172,7 @@ class frmReport : public ui::Form {
   enum class WhenFull { kDrop, kKeep };
 
   void Write(const std::string& Text, bool NewLine, WhenFull when_full);
-  void ShowTextWhenDue();
+  bool ShowTextWhenDue(std::chrono::milliseconds now);
   void EnterPhase(Phase phase);
   void ShowState();
   bool SomebodyReads() const;
@@ -216,8 +218,9 @@ class frmReport : public ui::Form {
   Phase phase_ = Phase::kEnded;
   ProblemList problems_;
   std::optional<std::chrono::milliseconds> shown_at_;  ///< when the screen last got the text
-  std::chrono::milliseconds close_from_{0};            ///< before that moment "Close" does nothing
-  ui::Size size_set_;  ///< the size that the window was given last, not by the user
+  std::chrono::milliseconds shown_every_{100};
+  std::chrono::milliseconds close_from_{0};  ///< before that moment "Close" does nothing
+  ui::Size size_set_;                        ///< the size that the window was given last, not by the user
 };
 
 }  // namespace report

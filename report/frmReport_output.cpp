@@ -11,6 +11,9 @@ namespace report {
 namespace {
 
 constexpr std::chrono::milliseconds kShownEvery{100};
+constexpr std::chrono::milliseconds kShownRarest{500};
+/// Showing takes at most one part in so many of the time: a screen may be slow, or far away.
+constexpr int kPartsOfTime = 20;
 constexpr std::int16_t kFullHeight = 850;
 constexpr ui::Twips kNarrowerThanMain = 1'000;
 constexpr std::size_t kSnippedCharacters = 3'048;
@@ -36,8 +39,11 @@ void frmReport::Write(const std::string& Text, bool NewLine, WhenFull when_full)
     }
     txbText.AppendLater(NewLine ? Text + "\r\n" : Text);
   }
-  ShowTextWhenDue();
+  const std::chrono::milliseconds begin = clock_.Monotonic();
+  const bool shows = ShowTextWhenDue(begin);
   front_end().RunPendingEvents();
+  if (shows)
+    shown_every_ = std::clamp((clock_.Monotonic() - begin) * kPartsOfTime, kShownEvery, kShownRarest);
 }
 
 void frmReport::OutputProblem(const std::string& Text) {
@@ -69,12 +75,13 @@ void frmReport::ShowText() {
   txbText.Repaint();
 }
 
-/// Leaves the painting to the events that are run next: done here, it would be done twice.
-void frmReport::ShowTextWhenDue() {
-  const std::chrono::milliseconds now = clock_.Monotonic();
-  if (shown_at_ && now - *shown_at_ < kShownEvery) return;
+/// Leaves the painting to the events that are run next: done here, it would be done twice. Returns whether
+/// there is something to paint.
+bool frmReport::ShowTextWhenDue(std::chrono::milliseconds now) {
+  if (shown_at_ && now - *shown_at_ < shown_every_) return false;
   shown_at_ = now;
   txbText.ShowAppended();
+  return true;
 }
 
 void frmReport::CloseLine() {

@@ -12,7 +12,6 @@ namespace {
 
 using base::utf8::Printable;
 
-constexpr std::chrono::milliseconds kLabelsEvery{100};
 constexpr std::chrono::milliseconds kFreeSpaceEvery{1'000};
 
 /// Before a line about one file or folder.
@@ -182,7 +181,7 @@ void RunReport::Pause() {
 
 void RunReport::ShowWhenDue() {
   const std::chrono::milliseconds now = clock_.Monotonic();
-  if (shown_ && now - *shown_ < kLabelsEvery) return;
+  if (shown_ && now - *shown_ < window_.shown_every()) return;
   shown_ = now;
   progress_.Passed(now);
   ShowLatest();

@@ -36,8 +36,8 @@ struct RunFacts {
 ///
 /// Which folders get a line, unless the detailed report is suppressed: when listing every folder; when
 /// backing up all files every folder that holds files; otherwise every folder in which something is due or
-/// went wrong, from the moment when that turns out. The labels and the bar follow at most every 100 ms, the
-/// free space every second. Everything passed in outlives it.
+/// went wrong, from the moment when that turns out. The labels and the bar follow as often as the window
+/// shows its text, the free space every second. Everything passed in outlives it.
 class RunReport : public engine::Listener {
  public:
   RunReport(frmReport& window, MainWindow& main, platform::Clock& clock, const text::NumberMarks& marks,

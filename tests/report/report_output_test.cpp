@@ -24,6 +24,17 @@ TEST(Output, OnlyACallWithTextRestoresTheWindows) {
   }
 }
 
+TEST(Output, RefreshesASlowScreenLessOften) {
+  ReportScene scene;
+  for (const auto& [painting, every] :
+       {std::pair(1ms, 100ms), {13ms, 260ms}, {600'000ms, 500ms}, {1ms, 100ms}}) {
+    scene.clock.Advance(scene.window.shown_every());
+    scene.front_end.Post([&, time = painting] { scene.clock.Advance(time); });
+    scene.window.Output("x", true);
+    EXPECT_EQ(scene.window.shown_every(), every);
+  }
+}
+
 TEST(Output, ResizesTheWindowOnlyForALongDetailedReportAndNeverAgainstTheUser) {
   for (const auto& [characters, suppress] : {std::pair(500U, false), {501U, false}, {501U, true}}) {
     ReportScene scene;
