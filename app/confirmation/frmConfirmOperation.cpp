@@ -194,10 +194,11 @@ void frmConfirmOperation::Form_Resize() {
   Twips choices = PlaceChoice(chkReadBack, lblToBeReadBack, buttons, width);
   choices = PlaceChoice(chkCompareContents, lblToBeCompared, choices, width);
   const Twips facts_end = PlaceDoubts(facts + kLeastFacts + kGap, choices - kGap, width) - kGap;
-  picFacts.SetBounds({kMargin, facts, width, facts_end - facts});
+  const auto beside_bar = [&] { return width - (vsbFacts.visible() ? kScrollBarWidth : 0); };
+  picFacts.SetBounds({kMargin, facts, beside_bar(), facts_end - facts});  // wider, it would cover the bar
   vsbFacts.SetBounds({right - kScrollBarWidth, facts, kScrollBarWidth, picFacts.height()});
   PlaceFacts();
-  if (vsbFacts.visible()) picFacts.SetWidth(width - kScrollBarWidth);
+  picFacts.SetWidth(beside_bar());
 }
 
 /// The choices are right above the buttons, each with what it costs below it. Returns its upper edge.
@@ -211,18 +212,18 @@ Twips frmConfirmOperation::PlaceChoice(ui::CheckBox& choice, ui::Label& amount, 
 /// The doubts are above them, as high as they are or, beginning at `highest`, scrolled. Returns their upper
 /// edge.
 Twips frmConfirmOperation::PlaceDoubts(Twips highest, Twips bottom, Twips width) {
-  fraDoubts.SetVisible(!doubts_.empty());
-  vsbDoubts.SetVisible(false);
-  if (doubts_.empty()) return bottom;
   const Twips room = std::max(bottom - highest, kLeastDoubts);
   Twips whole = PlaceDoubtsText(width);
-  if (whole > room) {
+  const bool scrolls = whole > room;
+  fraDoubts.SetVisible(!doubts_.empty());
+  vsbDoubts.SetVisible(scrolls);
+  if (doubts_.empty()) return bottom;
+  if (scrolls) {
     width -= kScrollBarWidth;
     whole = PlaceDoubtsText(width);
     vsbDoubts.SetRange((whole - room + kLineHeight - 1) / kLineHeight, room / kLineHeight);
     whole = PlaceDoubtsText(width);  // the range may have brought the bar elsewhere
     vsbDoubts.SetBounds({kMargin + width, bottom - room, kScrollBarWidth, room});
-    vsbDoubts.SetVisible(true);
   }
   const Twips height = std::min(whole, room);
   fraDoubts.SetBounds({kMargin, bottom - height, width, height});
