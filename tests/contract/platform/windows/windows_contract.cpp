@@ -1,3 +1,8 @@
+#include "platform/windows/windows_api.h"
+
+// After windows_api.h: it needs its types.
+#include <shellapi.h>
+
 #include <filesystem>
 
 #include "base/wide_text.h"
@@ -13,6 +18,33 @@
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/system_contract.h"
 #include "tests/platform/windows/temporary_folder.h"
+
+namespace {
+
+bool disk_fails = false;
+
+BOOL WINAPI FlushUnlessTheDiskFails(HANDLE file) {
+  static const auto flush = reinterpret_cast<decltype(&::FlushFileBuffers)>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"kernel32"), "FlushFileBuffers")));
+  if (!disk_fails) return flush(file);
+  ::SetLastError(ERROR_IO_DEVICE);
+  return FALSE;
+}
+
+/// Nobody's computer is to be shut down.
+HINSTANCE WINAPI RunNothing(HWND, LPCWSTR, LPCWSTR, LPCWSTR, LPCWSTR, INT) {
+  return reinterpret_cast<HINSTANCE>(INT_PTR{33});
+}
+
+}  // namespace
+
+// What every call of these goes by: the linker takes it instead of the system's.
+extern "C" {
+extern decltype(&::FlushFileBuffers) __imp_FlushFileBuffers;  // NOLINT(bugprone-reserved-identifier)
+extern decltype(&::ShellExecuteW) __imp_ShellExecuteW;        // NOLINT(bugprone-reserved-identifier)
+decltype(&::FlushFileBuffers) __imp_FlushFileBuffers = &FlushUnlessTheDiskFails;
+decltype(&::ShellExecuteW) __imp_ShellExecuteW = &RunNothing;
+}
 
 namespace platform::contract {
 namespace {
@@ -38,6 +70,9 @@ class WindowsScene : public Scene {
   bool MakeHardLink(const std::string& path, const std::string& file) override {
     return ::CreateHardLinkW(windows::LongPath(path).c_str(), windows::LongPath(file).c_str(), nullptr);
   }
+  bool FailFlushes() override { return disk_fails = true; }
+
+  WindowsScene() { disk_fails = false; }
 
  private:
   TemporaryFolder folder_;
