@@ -138,6 +138,15 @@ TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCo
             window->ReportWindow().lblState.text().substr(sizeof "Finished:"));
 }
 
+TEST_F(Operations, ARefusalIsToldInABoxAndOpensNoReport) {
+  StartWithSetup();
+  window->SkipConfirmation = true;
+  files.Remove("/dst");
+  Click(window->cmdBackupAllFiles);
+  EXPECT_EQ(Said(), "Target folder /dst does not exist.");
+  EXPECT_FALSE(window->ReportWindow().visible());
+}
+
 TEST_F(Operations, CompareContentsOnceThatIsTickedAlsoWhereNothingIsStartedButNeverUnattended) {
   tree::Add(files, {"/dst/a=hullo"});
   StartWithSetup("nightly");
