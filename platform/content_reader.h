@@ -17,7 +17,8 @@ class ReadableFile {
  public:
   virtual ~ReadableFile() = default;
 
-  /// May have the system begin to read the file, so that Read(), which comes soon, need not wait for the disk.
+  /// May have the system begin to read the file, so that Read(), which comes soon, need not wait for the
+  /// disk.
   virtual void Prefetch() {}
 
   /// Reads on. Fewer bytes than there is room for may come at any time, none only at the end.
