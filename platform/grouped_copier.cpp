@@ -17,7 +17,7 @@ constexpr std::size_t kBatchFiles = 50;
 constexpr std::int64_t kBatchBytes = std::int64_t{4} << 20;
 
 // How many files of a batch are being read by the system at a time: a disk that has many to choose from reads
-// them in less than half the time, and each holds a descriptor.
+// them in about half the time, and each holds a descriptor.
 constexpr std::size_t kDraftsAhead = 12;
 
 // How many groups may be waiting for the disk while another one is being filled. Of big files, which are a

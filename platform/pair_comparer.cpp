@@ -27,7 +27,7 @@ constexpr std::int64_t kBlock = std::int64_t{256} << 10;
 constexpr std::int64_t kBigBlock = std::int64_t{1} << 20;
 
 // How many pairs of a batch are open at a time. Where a pair takes longer than what is quick, the disk is
-// asked for all of these at once and reads them in half the time; files in memory need no asking.
+// asked for all of these at once and reads them in two thirds of the time; files in memory need no asking.
 constexpr std::size_t kPairsOpen = 8;
 constexpr std::chrono::microseconds kQuickPair{100};
 
