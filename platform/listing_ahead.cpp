@@ -21,7 +21,8 @@ constexpr std::chrono::seconds kFresh{1};
 constexpr std::chrono::microseconds kHandOver{15};
 
 // Listings that take longer wait for a disk or a network: many can wait at a time. From a disk most are quick
-// all the same, since it reads what lies beside them at once; so an average tells.
+// all the same, since it reads what lies beside them at once; so an average tells. Where the caller is behind
+// the listings, more threads for them would only take its time, and make all of them look slow.
 constexpr std::chrono::microseconds kQuickListing{150};
 constexpr int kAveraged = 16;
 constexpr std::size_t kThreads = 8;
@@ -124,32 +125,41 @@ bool ListingAhead::Begin(const std::string& path, FollowLinks links) {
 
 ListingAhead::Listing ListingAhead::Take(const std::string& path, FollowLinks links) {
   std::shared_ptr<Task> task;
+  bool was_done = false;
   if (const auto found = tasks_.find(path); found != tasks_.end()) {
     task = std::move(found->second);
     tasks_.erase(found);
-    Finish(task);
+    was_done = Finish(task);
   }
   if (!task || task->links != links || !task->listing || queue_->now() - task->ended > kFresh) {
     task = std::make_shared<Task>(path, links);
     queue_->Run(*task);
   }
-  usually_takes_ =
-      usually_takes_.count() == 0 ? task->took : usually_takes_ + (task->took - usually_takes_) / kAveraged;
+  Learn(task->took, was_done);
   return std::move(task->listing);
 }
 
-void ListingAhead::Finish(const std::shared_ptr<Task>& task) {
+void ListingAhead::Learn(SteadyClock::duration took, bool was_done) {
+  if (usually_takes_.count() == 0) usually_takes_ = took;
+  usually_takes_ += (took - usually_takes_) / kAveraged;
+  usually_waited_for_ += ((was_done ? took.zero() : took) - usually_waited_for_) / kAveraged;
+  is_slow_ = usually_takes_ >= kQuickListing && (is_slow_ || usually_waited_for_ >= kQuickListing);
+}
+
+bool ListingAhead::Finish(const std::shared_ptr<Task>& task) {
   Queue::Lock lock(queue_->mutex);
-  const bool is_quick = usually_takes_ < kQuickListing;
-  queue_->allowed = is_quick ? QuickThreads() : kThreads;
+  queue_->allowed = is_slow_ ? kThreads : QuickThreads();
+  const bool was_done = task->state == Task::State::kDone;
   if (task->state == Task::State::kWaits) {
     std::erase(queue_->waiting, task);
     lock.unlock();
-    return queue_->Run(*task);
+    queue_->Run(*task);
+    return false;
   }
-  while (is_quick && task->state != Task::State::kDone && !queue_->waiting.empty()) queue_->RunNext(lock);
+  while (!is_slow_ && task->state != Task::State::kDone && !queue_->waiting.empty()) queue_->RunNext(lock);
   queue_->done.wait(lock, [&] { return task->state == Task::State::kDone; });
   queue_->names -= task->names();
+  return was_done;
 }
 
 void ListingAhead::DropStale() {

@@ -39,12 +39,16 @@ class ListingAhead {
   struct Queue;
 
   void DropStale();
-  /// Sees to it that `task` is done: by waiting for it, or here and now.
-  void Finish(const std::shared_ptr<Task>& task);
+  /// Sees to it that `task` is done: by waiting for it, or here and now. Gives back whether it was already.
+  bool Finish(const std::shared_ptr<Task>& task);
+  void Learn(std::chrono::steady_clock::duration took, bool was_done);
 
   std::shared_ptr<Queue> queue_;
   std::unordered_map<std::string, std::shared_ptr<Task>> tasks_;
   std::chrono::steady_clock::duration usually_takes_{};  ///< a listing; 0: none yet
+  std::chrono::steady_clock::duration
+      usually_waited_for_{};  ///< 0 of those that were there when they were wanted
+  bool is_slow_ = false;
   Workers workers_;
 };
 

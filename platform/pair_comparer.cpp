@@ -18,7 +18,7 @@ constexpr std::size_t kMostFolders = 32;
 constexpr std::int64_t kMostBytes = std::int64_t{64} << 20;
 
 // A batch: enough for handing it over not to count.
-constexpr std::size_t kPairsOfBatch = 16;
+constexpr std::size_t kPairsOfBatch = 64;
 constexpr std::int64_t kBytesOfBatch = std::int64_t{1} << 20;
 
 // Of a big file each side is read in blocks large enough for a disk that goes to and fro between two files.
@@ -75,8 +75,12 @@ Result<std::size_t> Fill(ReadableFile& file, std::span<char> room, std::int64_t 
 }  // namespace
 
 struct PairComparer::State {
-  explicit State(ContentOpener its_opener) : opener(std::move(its_opener)) {}
+  State(ContentOpener its_opener, std::size_t threads_if_quick)
+      : opener(std::move(its_opener)), quick_threads(threads_if_quick) {}
 
+  /// What a thread in the background does: batch after batch, while so many threads are of use.
+  void CompareAll();
+  bool HasTooManyThreads() const { return !is_slow && threads > quick_threads; }
   void Compare(const Pairs& batch);
   void Open(Pair& pair);
   static void Close(Pair& pair);
@@ -84,6 +88,7 @@ struct PairComparer::State {
   CompareOutcome CompareOpen(const CompareOrder& order, ReadableFile& file, ReadableFile& copy);
 
   const ContentOpener opener;
+  const std::size_t quick_threads;
   std::atomic<bool> given_up = false;
   std::atomic<bool> is_slow = true;  ///< the latest batch was
 
@@ -95,9 +100,24 @@ struct PairComparer::State {
   std::deque<std::pair<const Folder*, std::size_t>> folders;  ///< of the pairs, with how many are in each
 
   std::mutex mutex;
+  std::deque<Pairs> batches;  ///< that no thread has begun
+  std::size_t threads = 0;    ///< at work
   std::condition_variable changed;
   std::mutex one_big_file;
 };
+
+void PairComparer::State::CompareAll() {
+  std::unique_lock lock(mutex);
+  while (!batches.empty() && !HasTooManyThreads()) {
+    const Pairs next = std::move(batches.front());
+    batches.pop_front();
+    lock.unlock();
+    Compare(next);
+    lock.lock();
+    changed.notify_all();
+  }
+  --threads;
+}
 
 void PairComparer::State::Compare(const Pairs& its_batch) {
   const auto begun = std::chrono::steady_clock::now();
@@ -110,8 +130,6 @@ void PairComparer::State::Compare(const Pairs& its_batch) {
     pair.is_done = true;
   }
   is_slow = std::chrono::steady_clock::now() - begun > kQuickPair * its_batch.size();
-  { const std::lock_guard lock(mutex); }
-  changed.notify_all();
 }
 
 void PairComparer::State::Open(Pair& pair) {
@@ -162,8 +180,8 @@ CompareOutcome PairComparer::State::CompareOpen(const CompareOrder& order, Reada
   return {};
 }
 
-PairComparer::PairComparer(ContentOpener opener, Workers& threads)
-    : threads_(threads), state_(std::make_shared<State>(std::move(opener))) {}
+PairComparer::PairComparer(ContentOpener opener, Workers& threads, std::size_t quick_threads)
+    : threads_(threads), state_(std::make_shared<State>(std::move(opener), quick_threads)) {}
 
 PairComparer::~PairComparer() { state_->given_up = true; }
 
@@ -187,7 +205,16 @@ void PairComparer::Start(CompareOrder order) {
 void PairComparer::Post() {
   if (state_->batch.empty()) return;
   state_->batch_bytes = 0;
-  threads_.Post([state = state_, batch = std::exchange(state_->batch, {})] { state->Compare(batch); });
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->batches.push_back(std::exchange(state_->batch, {}));
+    ++state_->threads;
+    if (state_->HasTooManyThreads()) {
+      --state_->threads;
+      return;
+    }
+  }
+  threads_.Post([state = state_] { state->CompareAll(); });
 }
 
 std::optional<CompareOutcome> PairComparer::Collect() {
@@ -204,7 +231,8 @@ void PairComparer::Wait(std::chrono::milliseconds longest) {
   if (state_->pairs.empty()) return;
   Post();
   std::unique_lock lock(state_->mutex);
-  state_->changed.wait_for(lock, longest, [this] { return state_->pairs.front().is_done.load(); });
+  const Pair& last = state_->pairs[std::min(state_->pairs.size(), kMostPairs / 4) - 1];
+  state_->changed.wait_for(lock, longest, [&] { return state_->pairs.front().is_done && last.is_done; });
 }
 
 }  // namespace platform

@@ -13,8 +13,9 @@ namespace platform {
 /// in one go.
 class PairComparer : public Comparer {
  public:
-  /// `threads`, which must outlive the comparer, may do so many jobs at a time as they are allowed to.
-  PairComparer(ContentOpener opener, Workers& threads);
+  /// `threads`, which must outlive the comparer, may do so many jobs at a time as they are allowed to; pairs
+  /// that the system has in its memory are compared by no more than `quick_threads` of them.
+  PairComparer(ContentOpener opener, Workers& threads, std::size_t quick_threads);
   ~PairComparer() override;
 
   bool HasRoom() override;

@@ -49,7 +49,7 @@ std::unique_ptr<Comparer> MemoryFileSystem::MakeComparer(const std::string&, con
   const auto open = [this](const Folder& folder, const Entry& file) {
     return OpenToRead(JoinPath(folder.path(), file.name, PathStyle::kPosix));
   };
-  return std::make_unique<PairComparer>(open, copy_threads_.writers);
+  return std::make_unique<PairComparer>(open, copy_threads_.writers, 1);
 }
 
 }  // namespace platform::memory

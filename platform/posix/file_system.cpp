@@ -93,8 +93,9 @@ std::unique_ptr<Comparer> PosixFileSystem::MakeComparer(const std::string& sourc
                                                         const std::string& target) {
   // Two disks with cold caches are kept busier than by as many threads as there are cores.
   constexpr std::size_t kFewestReaders = 4;
-  copy_threads_.writers.Allow(std::max(WorkersBetween(source, target), kFewestReaders));
-  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers);
+  const std::size_t workers = WorkersBetween(source, target);
+  copy_threads_.writers.Allow(std::max(workers, kFewestReaders));
+  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers, workers);
 }
 
 Result<FileTime> PosixFileSystem::ChangedAt(const std::string& path) {

@@ -146,8 +146,9 @@ std::unique_ptr<Copier> WindowsFileSystem::MakeCopier(const std::string& source,
 
 std::unique_ptr<Comparer> WindowsFileSystem::MakeComparer(const std::string& source,
                                                           const std::string& target) {
-  copy_threads_.writers.Allow(WorkersBetween(VolumeOf(LongFolder(source)), VolumeOf(LongFolder(target))));
-  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers);
+  const std::size_t workers = WorkersBetween(VolumeOf(LongFolder(source)), VolumeOf(LongFolder(target)));
+  copy_threads_.writers.Allow(workers);
+  return std::make_unique<PairComparer>(OpenToRead, copy_threads_.writers, workers);
 }
 
 Result<FileTime> WindowsFileSystem::ChangedAt(const std::string& path) {

@@ -25,7 +25,7 @@ class Files : public platform::posix::PosixFileSystem {
   }
   std::unique_ptr<platform::Comparer> MakeComparer(const std::string&, const std::string&) override {
     comparers_.Allow(threads_);
-    return std::make_unique<platform::PairComparer>(platform::posix::OpenToRead, comparers_);
+    return std::make_unique<platform::PairComparer>(platform::posix::OpenToRead, comparers_, 2);
   }
 
  private:
