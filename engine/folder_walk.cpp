@@ -240,6 +240,11 @@ void FolderWalk::Warn(const std::string& line) {
   });
 }
 
+void FolderWalk::WarnLeftOut(const std::string& line) {
+  Tell([this] { ++totals_.left_out_folders; });
+  Warn(line);
+}
+
 void FolderWalk::WriteUnread(const std::string& line) {
   Tell([this, line] {
     ++totals_.unread_folders;

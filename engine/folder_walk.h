@@ -114,6 +114,7 @@ class FolderWalk {
   void Tell(ReportOrder::Act act);
   void Write(const std::string& line);
   void Warn(const std::string& line);
+  void WarnLeftOut(const std::string& line);
   /// A folder, or a part of the target, that could not be read.
   void WriteUnread(const std::string& line);
   void FailFolder(const std::string& path, const platform::Error& error);

@@ -24,7 +24,7 @@ bool FolderWalk::RefuseOutsideSource(const platform::Folder& folder) {
     return true;
   }
   if (folder.is_mount_point() && folder.path() != plan_.source) {
-    if (!IsLeftOut(folder.path())) Warn(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
+    if (!IsLeftOut(folder.path())) WarnLeftOut(NoticeLine(tools_, text::kMountNotFollowed, folder.path()));
     return true;
   }
   return false;
@@ -37,7 +37,7 @@ bool FolderWalk::RefuseOverlap(const Pending& folder, bool target_is_link) {
     return true;
   }
   if (folder.target && overlap_.LandsInSource(folder.target->path(), target_is_link)) {
-    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
+    WarnLeftOut(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return true;
   }
   return false;
@@ -48,7 +48,7 @@ bool FolderWalk::RefuseOverlap(const Pending& folder, bool target_is_link) {
 bool FolderWalk::RefuseSharedTarget(const Pending& folder, FolderPair& pair) {
   if (!pair.has_target()) return false;
   if (pair.IsOneFolder() || overlap_.IsSource(pair.target())) {
-    Warn(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
+    WarnLeftOut(NoticeLine(tools_, text::kWouldOverwriteSource, folder.source));
     return true;
   }
   if (!target_root_.Claim(pair.target())) {

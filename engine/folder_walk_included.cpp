@@ -40,7 +40,7 @@ std::vector<FolderWalk::Pending> FolderWalk::IncludedFolders() {
 /// Nothing, and a line, when the name stands for no subfolder of the source that may be walked.
 std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string& name) {
   if (!platform::IsPlainName(name)) {
-    Warn(NoticeLine(tools_, text::kNotAPlainName, name));
+    WarnLeftOut(NoticeLine(tools_, text::kNotAPlainName, name));
     return std::nullopt;
   }
   const std::string source = platform::JoinPath(plan_.source, name);
@@ -51,7 +51,7 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
   }
   if (!entry || entry->kind != EntryKind::kFolder) {
     const bool is_link = entry && entry->kind == EntryKind::kFolderLink;
-    Warn(NoticeLine(tools_, is_link ? text::kLinkNotFollowed : text::kIncludedFolderGone, source));
+    WarnLeftOut(NoticeLine(tools_, is_link ? text::kLinkNotFollowed : text::kIncludedFolderGone, source));
     return std::nullopt;
   }
   // The setup may spell the name in another way than the disk.

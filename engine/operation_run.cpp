@@ -37,6 +37,10 @@ Refusal TargetInUse(const Tools& tools, const RunLock& run) {
           part(text::kTitleTargetInUse)};
 }
 
+Refusal TargetGone(const Tools& tools) {
+  return {kTargetMissing, tools.texts.GetProgramText(text::kReasonTargetGone), kTargetMissingTitle};
+}
+
 /// Brings what was copied safely to the disk. The user may cancel: the names of the last copies are then
 /// left to the system.
 platform::Status FlushTarget(const Tools& tools, const std::string& target, Listener& listener) {
@@ -90,6 +94,11 @@ std::optional<Refusal> CheckRequest(const Tools& tools, const RunRequest& reques
 OperationRun::OperationRun(const Tools& tools, RunRequest request)
     : tools_(tools), request_(std::move(request)) {
   if (!IsCopyOperation(request_.operation)) return;
+  const auto& checked = request_.checked_target;
+  if (checked && tools_.files.IdentityOf(request_.setup.TargetFolder) != checked) {
+    refusal_ = TargetGone(tools_);
+    return;
+  }
   lock_ = LockTarget(tools_, request_.setup.TargetFolder);
   if (lock_.is_taken) refusal_ = TargetInUse(tools_, lock_);
 }

@@ -14,6 +14,7 @@
 #include "engine/selection.h"
 #include "engine/tools.h"
 #include "platform/file_time.h"
+#include "platform/folder.h"
 
 namespace engine {
 
@@ -28,6 +29,9 @@ struct RunRequest {
   bool compare_contents = false;
   /// Every copy is read back from the disk and compared with what was written.
   bool read_back = false;
+  /// The target folder as it was when the request was checked, where its volume tells. A run that copies does
+  /// not begin in another one: the disk may have been taken away since.
+  std::optional<platform::Identity> checked_target = {};
 };
 
 struct RunOutcome {
@@ -68,7 +72,8 @@ class OperationRun {
   /// The tools outlive the run.
   OperationRun(const Tools& tools, RunRequest request);
 
-  /// Why the run cannot begin after all: another one copies to its target.
+  /// Why the run cannot begin after all: another one copies to its target, or the target is not the one that
+  /// was checked.
   const std::optional<Refusal>& refusal() const { return refusal_; }
 
   ReportHeading Heading() const;

@@ -20,6 +20,8 @@ inline constexpr std::int16_t kNoSetup = -111;
 inline constexpr std::int16_t kTargetNotReadable = -112;
 inline constexpr std::int16_t kTargetInUse = -113;
 
+inline constexpr const char* kTargetMissingTitle = "Target folder does not exist";
+
 /// Why a run does not start.
 struct Refusal {
   std::int16_t status = 0;

@@ -1,6 +1,7 @@
 #include "engine/validation.h"
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 #include "base/utf8.h"
@@ -23,17 +24,22 @@ bool Holds(const platform::Folder& folder, EntryKind kind) {
                      [kind](const platform::Entry& entry) { return entry.kind == kind; });
 }
 
-/// Whether a folder, or with `below` any folder under it, holds a file. A folder that cannot be read may hold
-/// some.
-bool MayHoldFiles(const Tools& tools, const std::string& path, bool below) {
+/// The program does not answer while it looks for a file; from then on the run, which does, may look.
+constexpr std::chrono::seconds kLongestSearch{2};
+
+/// Whether a folder, or with `below` any folder under it, holds a file. So may a folder that cannot be read,
+/// and another volume: the run says of both why they are left out.
+bool MayHoldFiles(const Tools& tools, const std::string& path, bool below,
+                  std::chrono::milliseconds search_until) {
   std::vector<std::string> pending{path};
   while (!pending.empty()) {
+    if (tools.clock.Monotonic() > search_until) return true;
     const std::string next = std::move(pending.back());
     pending.pop_back();
     const auto folder = tools.files.OpenFolder(next);
     if (!folder && folder.error().kind != platform::ErrorKind::kNotFound) return true;
-    if (!folder || (*folder)->is_mount_point()) continue;
-    if (Holds(**folder, EntryKind::kFile)) return true;
+    if (!folder) continue;
+    if ((*folder)->is_mount_point() || Holds(**folder, EntryKind::kFile)) return true;
     if (!below) return false;
     for (const platform::Entry& entry : (*folder)->entries()) {
       if (entry.kind == EntryKind::kFolder) pending.push_back(platform::JoinPath(next, entry.name));
@@ -45,10 +51,12 @@ bool MayHoldFiles(const Tools& tools, const std::string& path, bool below) {
 /// Whether the setup can come upon a file at all.
 bool SetupMayHoldFiles(const Tools& tools, const app::Setup& setup, bool files_in_source) {
   if (files_in_source && !setup.ExcludeFilesInSourceFolder) return true;
-  return std::any_of(
-      setup.IncludedFolders.begin(), setup.IncludedFolders.end(), [&](const std::string& name) {
-        return MayHoldFiles(tools, platform::JoinPath(setup.SourceFolder, name), setup.IncludeSubfolders);
-      });
+  const auto search_until = tools.clock.Monotonic() + kLongestSearch;
+  return std::any_of(setup.IncludedFolders.begin(), setup.IncludedFolders.end(),
+                     [&](const std::string& name) {
+                       const std::string folder = platform::JoinPath(setup.SourceFolder, name);
+                       return MayHoldFiles(tools, folder, setup.IncludeSubfolders, search_until);
+                     });
 }
 
 Refusal Numbered(const Tools& tools, std::int16_t status, int text, int title) {
@@ -106,10 +114,9 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
     return refusal;
   }
   if (!target || !platform::IsFolder(target->kind)) {
-    const char* const kMissing = "Target folder does not exist";
     return Refusal{kTargetMissing,
                    "Target folder " + base::utf8::Printable(setup.TargetFolder) + " does not exist.",
-                   kMissing, kMissing};
+                   kTargetMissingTitle, kTargetMissingTitle};
   }
   if (IsSameFolder(tools, setup.SourceFolder, setup.TargetFolder)) {
     return Numbered(tools, kTargetIsSource, text::kSameFolder, text::kTitleSameFolder);

@@ -94,7 +94,8 @@ void RunReport::ReportForCheckBackupState(const engine::Totals& totals) {
   BeginSummary();
   WriteSinceHeading();
   // Nothing found is good news only when everything was looked at.
-  const bool all_seen = totals.counts.failed == 0 && totals.unread_folders == 0 && !StopRequested();
+  const bool all_seen = totals.counts.failed == 0 && totals.unread_folders == 0 &&
+                        totals.left_out_folders == 0 && !StopRequested();
   if (modified + new_files == 0 && all_seen) {
     window_.OutputKept("All files backed up.", true);
   } else {

@@ -59,13 +59,12 @@ bool IsWriteProtected(platform::FileSystem& files, const std::string& folder, st
     probe = platform::FolderForm(folder) + platform::MakeTemporaryName();
     written = files.WriteNewFile(probe, kProbeContent);
   }
-  const platform::Status removed = written ? files.RemoveFile(probe) : written;
-  error_text.clear();
-  if (!written)
-    error_text = written.error().text;
-  else if (!removed)
-    error_text = removed.error().text;
-  return !written || !removed;
+  platform::Status tried = written;
+  if (written) tried = files.RemoveFile(probe);
+  // Another program that tries the folder may have taken the file for one that was left behind.
+  if (written && !tried && tried.error().kind == platform::ErrorKind::kNotFound) tried = platform::Done{};
+  error_text = tried ? std::string() : tried.error().text;
+  return !tried;
 }
 
 }  // namespace DiskProc

@@ -122,7 +122,7 @@ class frmMain : public ui::Form {
   bool IgnoreMouseUp = false;
   bool SetupJustSaved = false;
   bool SkipConfirmation = false;  ///< "Do not show this again while the program runs"
-  bool CompareContents = false;   ///< as ticked when an operation was confirmed
+  bool CompareContents = false;   ///< as ticked when the confirmation was last closed
   bool ReadBack = false;          ///< likewise
   /// The picture caches of file managers are not backed up; no control sets it.
   bool SkipPictureCaches = false;

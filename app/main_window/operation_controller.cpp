@@ -54,21 +54,24 @@ engine::RunOutcome OperationController::RunOperation(std::string* statusText) {
   engine::RunRequest request = RequestForRun();
   compares_contents_ = ComparesContents(request);
   reads_back_ = ReadsBack(request);
+  expected_ = {};
   if (!IsListOperation(request.operation)) main_.RefreshFreeSpaceLabel();
   const auto show_note = [this](const std::string& note) { main_.ShowNote(note); };
   if (const auto refusal = CheckRequest(tools, request, show_note)) return Refuse(*refusal, statusText);
+  request.checked_target = context_.files.IdentityOf(request.setup.TargetFolder);
   if (IsCopyOperation(request.operation) && statusText == nullptr && !Confirm(request))
     return {.status = engine::kNotConfirmed};
-  engine::OperationRun run(tools, request);
-  if (run.refusal()) return Refuse(*run.refusal(), statusText);
+  std::optional<engine::OperationRun> run(std::in_place, tools, request);
+  if (run->refusal()) return Refuse(*run->refusal(), statusText);
 
-  OpenReport(run.Heading());
+  OpenReport(run->Heading());
   main_.RefreshFreeSpaceLabel();
   main_.LockControls();
-  engine::RunOutcome outcome = run.Run(*run_report_);
+  engine::RunOutcome outcome = run->Run(*run_report_);
   outcome.totals.warnings += static_cast<std::int64_t>(warnings_.size());
   run_report_->WriteSummary(outcome.totals);
   CloseReport();
+  run.reset();  // the target is looked at without its lock
   main_.UnlockControls();
   main_.RefreshSourceFolderDisplay();
   main_.RefreshTargetFolderDisplay();
@@ -153,9 +156,10 @@ void OperationController::ReportUnattended(const engine::RunOutcome& outcome, co
   exit_code_ = static_cast<int>(StatusOf(outcome));
   if (outcome.status != 0) {
     const std::string not_started = context_.texts.GetProgramText(text::kNotStarted);
-    OpenReport({not_started, {not_started + " " + reason}});
+    const std::string operation = OperationName(main_.CurrentOperation);
+    OpenReport({operation, {not_started + " " + reason}});
     CloseReport();
-    ReportWindow().ShowEnd(not_started, not_started + " " + reason, report::EndKind::kBad);
+    ReportWindow().ShowEnd(operation, not_started + " " + reason, report::EndKind::kBad);
   }
   context_.print(ResultLine(outcome, seconds));
   // A program that was ended during the run did not know its exit code then.
@@ -195,7 +199,7 @@ bool OperationController::Confirm(engine::RunRequest& request) {
   request.read_back = main_.ReadBack;
   compares_contents_ = ComparesContents(request);
   reads_back_ = ReadsBack(request);
-  expected_ = ExpectedBy(window.findings(), compares_contents_);
+  if (confirmed) expected_ = ExpectedBy(window.findings(), compares_contents_);
   main_.SkipConfirmation = confirmed && window.NotAgain();
   return confirmed;
 }
@@ -222,9 +226,10 @@ void OperationController::OpenReport(const engine::ReportHeading& heading) {
   ReportWindow().SetLineSink(facts.unattended ? context_.print : report::LineSink());
   run_report_ = std::make_unique<report::RunReport>(ReportWindow(), *this, context_.clock, context_.marks,
                                                     std::move(facts));
-  std::vector<std::string> lines = warnings_;
+  std::vector<std::string> lines = heading.lines;
+  const auto warnings_at = IsListOperation(main_.CurrentOperation) ? lines.begin() + 1 : lines.begin();
+  lines.insert(warnings_at, warnings_.begin(), warnings_.end());
   if (Unattended()) lines.insert(lines.begin(), unattended_heading_);
-  lines.insert(lines.end(), heading.lines.begin(), heading.lines.end());
   run_report_->Begin(heading.caption, lines);
 }
 

@@ -44,6 +44,7 @@ struct Totals {
   std::int64_t warnings = 0;           ///< lines about things that are not in the backup and no failed files
   std::int64_t bytes_compared = 0;     ///< of one side
   std::int64_t bytes_read_back = 0;
+  std::int64_t left_out_folders = 0;  ///< left out with a warning: nothing in them was looked at
 };
 
 }  // namespace engine

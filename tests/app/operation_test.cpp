@@ -113,8 +113,9 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
 }
 
 TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCounts) {
-  tree::Add(files, {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
-                    "/src/out/2", "/src/in/disk/3"});
+  tree::Add(files,
+            {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
+             "/src/out/2", "/src/in/disk/3", "/src/in/4=like", "/src/in/5=and b", "/src/in/6=and c"});
   files.AddMountPoint("/src/in/disk");
   files.MountAgain("/dst", "/src/in");
   setup.IncludedFolders = {"in"};
@@ -131,11 +132,34 @@ TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCo
   });
   Click(window->cmdBackupModifiedFiles);
   EXPECT_FALSE(window->SkipConfirmation) << "nothing was started";
+  std::string details;
+  files.Before([&](auto, const std::string&) {
+    clock.Advance(std::chrono::seconds(1));
+    details += window->ReportWindow().lblDetails.text();
+  });
+  Click(window->cmdCheckBackupState);
+  EXPECT_EQ(details, "") << "the counts were those of a run that never began";
   start = true;
   Click(window->cmdBackupModifiedFiles);
   EXPECT_TRUE(window->SkipConfirmation);
   EXPECT_EQ(counted.substr(0, counted.find(',')) + " copied, 3 warnings.",
             window->ReportWindow().lblState.text().substr(sizeof "Finished:"));
+}
+
+TEST_F(Operations, TheTargetIsTheOneThatWasConfirmedAndIsLookedAtWithoutTheRunsOwnFiles) {
+  setup.FileExtension = "none";
+  StartWithSetup();
+  InOpenWindow<frmConfirmOperation>([](frmConfirmOperation& form) { Click(form.cmdStart); });
+  Click(window->cmdBackupModifiedFiles);
+  EXPECT_TRUE(window->ReportWindow().visible());
+  EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is empty.");
+  InOpenWindow<frmConfirmOperation>([this](frmConfirmOperation& form) {
+    files.Remove("/dst");
+    files.AddFolder("/dst");
+    Click(form.cmdStart);
+  });
+  Click(window->cmdBackupModifiedFiles);
+  EXPECT_EQ(Said(), Text(513));
 }
 
 TEST_F(Operations, ARefusalIsToldInABoxAndOpensNoReport) {

@@ -29,6 +29,7 @@ TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|") && scene.Wrote("Not plain: in/deep|"));
   scene.files.Fail(Call::kLook, "/src/gone", {platform::ErrorKind::kOther, 5, "I/O error"});
   EXPECT_EQ(scene.BackUp(), "up to date 1, unread 1, warnings 5");
+  EXPECT_EQ(scene.outcome.totals.left_out_folders, 5);
   EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }
 
@@ -46,6 +47,7 @@ TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
   scene.files.AddMountPoint("/src/in/disk");
   scene.files.AddFile("/src/in/disk/file", "1");
   EXPECT_EQ(scene.BackUp(), "new 2, copied 2, warnings 4");
+  EXPECT_EQ(scene.outcome.totals.left_out_folders, 1);
   EXPECT_EQ(scene.Copies(), "in/file=1 in/real=1");
   for (const char* line :
        {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|", "Mount: /src/in/disk|"}) {

@@ -66,6 +66,17 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
           [](Scene& s) { s.write_protected = true; });
 }
 
+TEST(RunOperation, BeginsWhereOnlyTheRunCanTellThatThereIsNothingToCopy) {
+  Scene scene({"/src/in/below/"}, {"in"});
+  scene.setup.ExcludeFilesInSourceFolder = true;
+  EXPECT_EQ((scene.BackUp(), scene.refusal->status), kNoFilesInSetup);
+  scene.files.Before([&](auto, const std::string&) { scene.clock.Advance(std::chrono::seconds(3)); });
+  EXPECT_EQ((scene.BackUp(), scene.refusal), std::nullopt) << "the search took too long";
+  scene.files.Before({});
+  scene.files.AddMountPoint("/src/in");
+  EXPECT_EQ(scene.BackUp(), "warnings 1");
+}
+
 TEST(RunOperation, TwoRunsAreKeptApartWhereOneTargetLiesInTheOther) {
   Scene scene({"/src/in/a", "/src/in/below/b", "/src/c", "/dst/in/"}, {"in"});
   auto other = std::move(*scene.files.Lock("/dst/in/.quorvane-lock", "another"));

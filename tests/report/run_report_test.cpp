@@ -194,6 +194,9 @@ TEST(Summary, NeverSaysThatAllIsBackedUpWhenNotAllWasSeen) {
       "Number of files not backed up: 0|Number of files modified or not backed up: 0|";
   EXPECT_EQ(Summary(kCheck, kUnread), nothing);
   EXPECT_EQ(Summary(kCheck, {}, true), nothing);
+  engine::Totals left_out;
+  left_out.left_out_folders = 1;
+  EXPECT_EQ(Summary(kCheck, left_out), nothing);
   EXPECT_EQ(Summary(kCheck, {}), "For files new or modified ever:|All files backed up.|");
 }
 

@@ -50,4 +50,14 @@ TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
   EXPECT_EQ(error, "no");
 }
 
+TEST(DiskProc, LetsAnotherProgramRemoveTheProbe) {
+  platform::memory::MemoryFileSystem files;
+  files.AddFolder("/t");
+  files.Before([&](platform::memory::Call call, const std::string& path) {
+    if (call == platform::memory::Call::kRemoveFile) files.Remove(path);
+  });
+  std::string error;
+  EXPECT_FALSE(IsWriteProtected(files, "/t", error)) << error;
+}
+
 }  // namespace DiskProc
