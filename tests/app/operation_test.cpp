@@ -113,9 +113,8 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
 }
 
 TEST_F(Operations, AreConfirmedUntilTheUserHasEnoughAndCopyWhatTheConfirmationCounts) {
-  tree::Add(files,
-            {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
-             "/src/out/2", "/src/in/disk/3", "/src/in/4=like", "/src/in/5=and b", "/src/in/6=and c"});
+  tree::Add(files, {"/src/in/1", "/src/in/link>/src/out", "/src/in/file>/src/a", "/src/in/dead>/nowhere",
+                    "/src/out/2", "/src/in/disk/3", "/src/in/4=like", "/src/in/5=and b", "/src/in/6=and c"});
   files.AddMountPoint("/src/in/disk");
   files.MountAgain("/dst", "/src/in");
   setup.IncludedFolders = {"in"};
