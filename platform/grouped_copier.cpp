@@ -35,6 +35,8 @@ constexpr std::chrono::milliseconds kQuick{500};
 constexpr std::chrono::milliseconds kSlow{1500};
 
 struct Item {
+  explicit Item(CopyOrder its_order) : order(std::move(its_order)) {}
+
   CopyOrder order;
   std::unique_ptr<Draft> draft = nullptr;
   Result<CopyOutcome> result = Error{};

@@ -34,6 +34,8 @@ constexpr std::chrono::microseconds kQuickPair{100};
 using Opened = Result<std::unique_ptr<ReadableFile>>;
 
 struct Pair {
+  explicit Pair(CompareOrder its_order) : order(std::move(its_order)) {}
+
   CompareOrder order;
   Opened file = Error{};
   Opened copy = Error{};

@@ -7,10 +7,10 @@ namespace app {
 
 frmMain::frmMain(Context& context)
     : Form(context.front_end, "frmMain", ui::FormStyle::kMain),
+      setup_commands(context, *this),
       context_(context),
       operation_(context, *this),
-      pop_up_(context.front_end),
-      last_run_(context.files) {
+      pop_up_(context.front_end) {
   SetText(base::kProgramName);
   SetCaptions();
   SetSpokenNamesAndKeys();
@@ -44,15 +44,6 @@ void frmMain::SetCaptions() {
   cmdSetup.SetText("Setup");
   cmdHelp.SetText("Help");
   cmdQuit.SetText("Quit");
-  cmdLoadSetup.SetText("Load setup");
-  cmdSaveSetup.SetText("Save setup");
-  cmdClearSetup.SetText("Clear setup");
-  cmdRestoreSetup.SetText("Restore setup");
-  cmdKeepSetup.SetText("Not now");
-  cmdSaveSetupForNextRun.SetText("Save setup for next run");
-  cmdSaveSetupAsOperationFile.SetText("Save setup in setup file");
-  cmdSaveSetupInBothWays.SetText("Save setup in both ways");
-  cmdDontSaveSetup.SetText("Not now");
   lblIntro.SetText("Specify the source folder ...");
   lblWarningReFilesInUse.SetText("Files being used by another program cannot be backed up.");
   for (ui::TextBox& box : txbDirectory) box.SetReadOnly(true);
@@ -94,16 +85,7 @@ void frmMain::SetSpokenNamesAndKeys() {
                                                 {&cmdReportScreen, 'r'},
                                                 {&cmdSetup, 'u'},
                                                 {&cmdHelp, 'H'},
-                                                {&cmdQuit, 'Q'},
-                                                {&cmdLoadSetup, 'L'},
-                                                {&cmdSaveSetup, 'S'},
-                                                {&cmdClearSetup, 'C'},
-                                                {&cmdRestoreSetup, 'R'},
-                                                {&cmdKeepSetup, 'N'},
-                                                {&cmdSaveSetupForNextRun, 'n'},
-                                                {&cmdSaveSetupAsOperationFile, 'f'},
-                                                {&cmdSaveSetupInBothWays, 'b'},
-                                                {&cmdDontSaveSetup, 'w'}};
+                                                {&cmdQuit, 'Q'}};
   for (const auto& [control, key] : keys) control->SetAccessKey(key);
 }
 
@@ -116,16 +98,7 @@ void frmMain::ConnectHandlers() {
   cmdCreateSubFolder.on_mouse_up = [this] { cmdCreateSubFolder_MouseUp(); };
   cmdSelectSubfolders.on_mouse_up = [this] { cmdSelectSubfolders_MouseUp(); };
   cmdHelp.on_mouse_up = [this] { cmdHelp_MouseUp(); };
-  cmdSetup.on_mouse_up = [this] { cmdSetup_MouseUp(); };
-  cmdLoadSetup.on_mouse_up = [this] { cmdLoadSetup_Click(); };
-  cmdSaveSetup.on_mouse_up = [this] { cmdSaveSetup_Click(); };
-  cmdClearSetup.on_mouse_up = [this] { cmdClearSetup_Click(); };
-  cmdRestoreSetup.on_mouse_up = [this] { cmdRestoreSetup_Click(); };
-  cmdKeepSetup.on_mouse_up = [this] { cmdKeepSetup_Click(); };
-  cmdSaveSetupForNextRun.on_mouse_up = [this] { cmdSaveSetupForNextRun_Click(); };
-  cmdSaveSetupAsOperationFile.on_mouse_up = [this] { cmdSaveSetupAsOperationFile_Click(); };
-  cmdSaveSetupInBothWays.on_mouse_up = [this] { cmdSaveSetupInBothWays_Click(); };
-  cmdDontSaveSetup.on_mouse_up = [this] { cmdDontSaveSetup_Click(); };
+  cmdSetup.on_mouse_up = [this] { setup_commands.cmdSetup_MouseUp(); };
   cmdQuit.on_mouse_up = [this] { cmdQuit_MouseUp(); };
   cmdListSubFolders.on_mouse_up = [this] { cmdListSubFolders_MouseUp(); };
   cmdCheckBackupState.on_mouse_up = [this] { cmdCheckBackupState_MouseUp(); };
@@ -165,19 +138,11 @@ void frmMain::ConnectHints() {
       {&cmdBackupModifiedFiles, text::kHintBackupModified},
       {&cmdReportScreen, text::kHintReport},
       {&cmdSetup, text::kHintSetup},
-      {&cmdLoadSetup, text::kHintLoadSetup},
-      {&cmdSaveSetup, text::kHintSaveSetup},
-      {&cmdClearSetup, text::kHintClearSetup},
-      {&cmdRestoreSetup, text::kHintRestoreSetup},
-      {&cmdKeepSetup, text::kHintKeepSetup},
-      {&cmdSaveSetupForNextRun, text::kHintNextRun},
-      {&cmdSaveSetupAsOperationFile, text::kHintSetupFile},
-      {&cmdSaveSetupInBothWays, text::kHintBothWays},
-      {&cmdDontSaveSetup, text::kHintDontSave},
       {&cmdHelp, text::kHintHelp},
       {&cmdQuit, text::kHintQuit},
   };
   for (const auto& [button, number] : hints) hints_.Add(*button, Text(number));
+  setup_commands.AddHints(hints_);
 }
 
 }  // namespace app

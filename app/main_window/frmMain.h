@@ -10,11 +10,9 @@
 #include "app/data/setup.h"
 #include "app/main_window/button_hints.h"
 #include "app/main_window/operation_controller.h"
+#include "app/main_window/setup_commands.h"
 #include "app/viewer/frmView.h"
 #include "report/frmPopUp.h"
-#include "services/away_parts.h"
-#include "services/last_run_file.h"
-#include "services/setup_file.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/text_box.h"
@@ -23,7 +21,8 @@ namespace app {
 
 /// The main window. Holds the one Setup in its controls and starts everything the program does. Its member
 /// functions are written in files by topic: frmMain.cpp (the controls), layout, start_up, setup_fields,
-/// setup_commands, folders, folder_choice, subfolders, filter_fields, operations.
+/// folders, folder_choice, subfolders, filter_fields, operations. SetupCommands and OperationController do
+/// the rest.
 class frmMain : public ui::Form {
  public:
   explicit frmMain(Context& context);
@@ -44,16 +43,6 @@ class frmMain : public ui::Form {
   // --- The Setup
   /// What the controls say now.
   Setup CurrentSetup() const;
-  /// What is saved: the same with the folders that are away for now.
-  Setup SetupToSave() const { return services::WithAwayParts(CurrentSetup(), away_); }
-  /// Shows the folders again that were away when the setup was loaded and are there by now.
-  void TakeBackWhatIsThere();
-  /// What every report and the confirmation say of the loaded setup: a line for each folder that is away, and
-  /// for what else is missing.
-  std::vector<std::string> SetupWarnings() const;
-  /// Why the source, or with `target` the target, is not in the window although the setup names it; else
-  /// empty.
-  std::string WhyMissing(bool target) const { return services::WhyMissing(away_, target); }
   /// Puts every control to what the setup says, and refreshes what depends on it.
   void ShowSetup(const Setup& setup);
   void ClearSetupControls();
@@ -61,28 +50,11 @@ class frmMain : public ui::Form {
   void SetupEdited() { SetupJustSaved = false; }
   /// Sets SetupJustSaved and starts its time over.
   void MarkSetupSaved();
-  /// Loads the last-run setup where there is one; in any case refreshes the folder displays and takes the
-  /// snapshot. Returns whether a setup was loaded whole.
-  bool LoadLastRunSetup(bool show_message);
-  /// Keeps the Setup for "Restore setup".
-  void SnapshotSetup();
-
-  // --- Setup commands
-  void cmdSetup_MouseUp();
-  void cmdLoadSetup_Click();
-  void cmdSaveSetup_Click();
-  void cmdClearSetup_Click();
-  void cmdRestoreSetup_Click();
-  void cmdKeepSetup_Click();
-  void cmdSaveSetupForNextRun_Click();
-  void cmdSaveSetupAsOperationFile_Click();
-  void cmdSaveSetupInBothWays_Click();
-  void cmdDontSaveSetup_Click();
-  void CloseSetupFrame();
 
   // --- Folders
   void cmdSpecifyDirectory_MouseUp(std::size_t index);
   void cmdCreateSubFolder_MouseUp();
+  void RefreshFolderDisplays();
   void RefreshSourceFolderDisplay();
   void RefreshTargetFolderDisplay();
   void RefreshTargetEmptyLabel();
@@ -106,6 +78,10 @@ class frmMain : public ui::Form {
   /// Shows what is going on in place of the introduction; empty: the introduction again, or what the user
   /// has to know of the setup that was loaded.
   void ShowNote(const std::string& note);
+  /// Shows or disables what only makes sense with something else: Clear buttons, commands.
+  void RefreshEnabledStates();
+  /// Puts a text into the label beside a control, where it may take two lines.
+  void SetTextBeside(const ui::Control& control, ui::Label& label, std::string text);
   void LockControls();
   void UnlockControls();
   report::frmReport& ReportWindow() { return operation_.ReportWindow(); }
@@ -126,7 +102,6 @@ class frmMain : public ui::Form {
   bool ReadBack = false;          ///< likewise
   /// The picture caches of file managers are not backed up; no control sets it.
   bool SkipPictureCaches = false;
-  bool SetupLoadMode = false;  ///< fraSaveSetup's buttons load instead of save
   bool AnyIncludedFolderHasSubfolders = false;
   Operation CurrentOperation = Operation::kCheckBackupState;
 
@@ -173,24 +148,7 @@ class frmMain : public ui::Form {
   ui::CheckBox chkSaveSetupOnQuit{this, "chkSaveSetupOnQuit"};
   ui::Button cmdHelp{this, "cmdHelp"};
   ui::Button cmdQuit{this, "cmdQuit"};
-  ui::Frame fraSetup{this, "fraSetup"};
-  ui::Button cmdLoadSetup{&fraSetup, "cmdLoadSetup"};
-  ui::Button cmdSaveSetup{&fraSetup, "cmdSaveSetup"};
-  ui::Button cmdClearSetup{&fraSetup, "cmdClearSetup"};
-  ui::Button cmdRestoreSetup{&fraSetup, "cmdRestoreSetup"};
-  ui::Button cmdKeepSetup{&fraSetup, "cmdKeepSetup"};
-  std::array<ui::Label, 5> lblSetupHint{
-      ui::Label{&fraSetup, "lblSetupHint 0"}, ui::Label{&fraSetup, "lblSetupHint 1"},
-      ui::Label{&fraSetup, "lblSetupHint 2"}, ui::Label{&fraSetup, "lblSetupHint 3"},
-      ui::Label{&fraSetup, "lblSetupHint 4"}};
-  ui::Frame fraSaveSetup{this, "fraSaveSetup"};
-  ui::Button cmdSaveSetupForNextRun{&fraSaveSetup, "cmdSaveSetupForNextRun"};
-  ui::Button cmdSaveSetupAsOperationFile{&fraSaveSetup, "cmdSaveSetupAsOperationFile"};
-  ui::Button cmdSaveSetupInBothWays{&fraSaveSetup, "cmdSaveSetupInBothWays"};
-  ui::Button cmdDontSaveSetup{&fraSaveSetup, "cmdDontSaveSetup"};
-  std::array<ui::Label, 4> lblSaveSetupHint{
-      ui::Label{&fraSaveSetup, "lblSaveSetupHint 0"}, ui::Label{&fraSaveSetup, "lblSaveSetupHint 1"},
-      ui::Label{&fraSaveSetup, "lblSaveSetupHint 2"}, ui::Label{&fraSaveSetup, "lblSaveSetupHint 3"}};
+  SetupCommands setup_commands;
   ui::Timer Clock{this, "Clock"};
   ui::Timer Clock2{this, "Clock2"};
 
@@ -210,7 +168,6 @@ class frmMain : public ui::Form {
   void PlaceFilters();
   void PlaceMenu();
   void ArrangeSetupFrames();
-  void SetTextBeside(const ui::Control& control, ui::Label& label, std::string text);
   void FitWidth();
   void PlaceOnScreen();
   void ShowPreviousRun();
@@ -231,38 +188,14 @@ class frmMain : public ui::Form {
   bool ReportNameFault(const std::string& name);
   void ReportFolderNotCreated(const std::string& path, const platform::Error& error);
 
-  void OpenSaveSetupFrame(bool load);
-  services::LoadedSetup LoadOperationFile(const std::string& path);
-  bool LoadLastRunFile();
-  void LoadSetupFromFile();
-  void SaveSetupInFile();
-  /// Says what saving for the next run would destroy, and asks. True when there is nothing, or for Yes.
-  bool ConfirmReplacingLastRun();
-  void ShowSetupSaved();
-  bool SaveForNextRunOrReport(bool show_pop_up);
-  void ReportSetupFailure(const std::string& message);
-  void ShowSetupFile(const std::string& path);
-  ui::FileDialog SetupFileDialog(int title) const;
-
   std::string SummaryOfSubfolders(const struct FolderContent& content) const;
   void ShowIncludedFolders(bool source_has_subfolders);
-  /// Shows or disables what only makes sense with something else: Clear buttons, commands.
-  void RefreshEnabledStates();
 
   Context& context_;
   OperationController operation_;
   report::frmPopUp pop_up_;
   std::unique_ptr<frmView> help_;
   ButtonHints hints_{*this};
-  Setup restore_snapshot_;
-  services::AwayParts restore_away_;  ///< what was away at the snapshot
-  services::AwayParts away_;          ///< of the setup that was loaded last
-  services::LastRunFile last_run_;
-  /// Why the last-run setup is not, or not wholly, what the window shows: an unattended run is refused with
-  /// it. Empty: it is.
-  std::string last_run_problem_;
-  bool no_setup_yet_ = false;       ///< nothing has been saved for the next run
-  bool extension_missing_ = false;  ///< in the setup that was loaded last
   bool offering_other_folder_ = false;
   std::vector<ui::Control*> locked_;
   int clock_ticks_ = 0;

@@ -75,17 +75,18 @@ void frmMain::TakeFolder(std::size_t index, const std::string& path) {
   txbDirectory[index].SetText(path);
   txbDirectory[index].SetToolTip(path);
   if (changed) SetupEdited();
+  services::AwayParts& away = setup_commands.away();
   if (index == 1) {
-    away_.target.clear();
+    away.target.clear();
     ShowNote({});
     return RefreshTargetFolderDisplay();
   }
-  const bool is_back = changed && !path.empty() && path == away_.source;
+  const bool is_back = changed && !path.empty() && path == away.source;
   if (is_back) {
-    away_.source.clear();
-    TakeBackWhatIsThere();
+    away.source.clear();
+    setup_commands.TakeBackWhatIsThere();
   } else if (changed) {
-    away_.ForgetSource();
+    away.ForgetSource();
     cboIncludedFolders.Clear();
     chkIncludeSubfolders.SetValue(0);
     chkExcludeFilesInSourceFolder.SetValue(0);

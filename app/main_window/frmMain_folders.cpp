@@ -33,6 +33,11 @@ void frmMain::RefreshFreeSpaceLabel() {
   lblFreeSpace.SetToolTip(text);  // a long mount point may not fit
 }
 
+void frmMain::RefreshFolderDisplays() {
+  RefreshSourceFolderDisplay();
+  RefreshTargetFolderDisplay();
+}
+
 void frmMain::RefreshTargetEmptyLabel() {
   const std::string& target = txbDirectory[1].text();
   if (!platform::IsSpecified(target)) {

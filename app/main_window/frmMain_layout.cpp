@@ -164,9 +164,11 @@ void frmMain::PlaceMenu() {
 
 /// The frames of the setup commands take the place of the filters and options while they are open.
 void frmMain::ArrangeSetupFrames() {
-  ui::Button* const setup[] = {&cmdLoadSetup, &cmdSaveSetup, &cmdClearSetup, &cmdRestoreSetup, &cmdKeepSetup};
-  ui::Button* const save[] = {&cmdSaveSetupForNextRun, &cmdSaveSetupAsOperationFile, &cmdSaveSetupInBothWays,
-                              &cmdDontSaveSetup};
+  SetupCommands& its = setup_commands;
+  ui::Button* const setup[] = {&its.cmdLoadSetup, &its.cmdSaveSetup, &its.cmdClearSetup, &its.cmdRestoreSetup,
+                               &its.cmdKeepSetup};
+  ui::Button* const save[] = {&its.cmdSaveSetupForNextRun, &its.cmdSaveSetupAsOperationFile,
+                              &its.cmdSaveSetupInBothWays, &its.cmdDontSaveSetup};
   const auto arrange = [this](ui::Frame& frame, Twips width, std::span<ui::Button* const> buttons,
                               std::span<ui::Label> hints) {
     int row = 0;
@@ -180,11 +182,9 @@ void frmMain::ArrangeSetupFrames() {
     frame.SetVisible(false);
   };
   const Twips shift = cmdSetup.width() + 100;
-  arrange(fraSetup, kLeftColumn, setup, lblSetupHint);
-  arrange(fraSaveSetup, kLeftColumn - shift, save, lblSaveSetupHint);
-  fraSaveSetup.SetLeft(fraSetup.left() + shift);
-  fraSetup.SetText("Setup");
-  fraSaveSetup.SetText("Setup");
+  arrange(its.fraSetup, kLeftColumn, setup, its.lblSetupHint);
+  arrange(its.fraSaveSetup, kLeftColumn - shift, save, its.lblSaveSetupHint);
+  its.fraSaveSetup.SetLeft(its.fraSetup.left() + shift);
 }
 
 /// A text of one line is level with the control's, one of two lines goes on into the space below the row.

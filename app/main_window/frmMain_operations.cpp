@@ -9,7 +9,7 @@ namespace app {
 void frmMain::StartOperation(Operation operation) {
   if (operation_.OperationRunning()) return;
   CurrentOperation = operation;
-  TakeBackWhatIsThere();
+  setup_commands.TakeBackWhatIsThere();
   operation_.Run();
 }
 
@@ -23,8 +23,7 @@ void frmMain::cmdHelp_MouseUp() {
 
 void frmMain::ShowNote(const std::string& note) {
   std::string shown = note;
-  if (shown.empty()) shown = last_run_problem_;
-  if (shown.empty()) shown = services::AwaySummary(away_, context_.texts);
+  if (shown.empty()) shown = setup_commands.Note();
   lblIntro.SetText(shown.empty() ? Text(text::kIntroduction) : shown);
   lblIntro.SetToolTip(note.empty() ? shown : std::string());  // it may not fit
   lblIntro.Repaint();

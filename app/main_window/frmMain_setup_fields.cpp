@@ -1,11 +1,6 @@
 #include "app/main_window/frmMain.h"
-#include "base/utf8.h"
-#include "services/date_pr2.h"
-#include "services/setup_file.h"
-#include "services/setup_text.h"
-#include "text/text_numbers.h"
 
-/// The Setup in the main window's controls, and the last-run setup.
+/// The Setup in the main window's controls.
 namespace app {
 
 Setup frmMain::CurrentSetup() const {
@@ -46,7 +41,7 @@ void frmMain::ShowSetup(const Setup& setup) {
 
 void frmMain::ClearSetupControls() {
   ShowSetup(Setup{});
-  fraSaveSetup.SetVisible(false);
+  setup_commands.fraSaveSetup.SetVisible(false);
   fraMenu.SetEnabled(true);
   RefreshSourceFolderDisplay();
   chkPauseAfterFirstCopy.SetEnabled(true);
@@ -57,66 +52,6 @@ void frmMain::ClearSetupControls() {
 void frmMain::MarkSetupSaved() {
   SetupJustSaved = true;
   clock_ticks_ = 0;
-}
-
-services::LoadedSetup frmMain::LoadOperationFile(const std::string& path) {
-  ClearSetupControls();
-  services::LoadedSetup loaded = services::LoadOperationFile(
-      {context_.files, context_.front_end.dialogs(), *this, context_.texts, FormLoaded}, path);
-  ShowSetup(loaded.setup);
-  away_ = loaded.away;
-  extension_missing_ = loaded.extension_missing;
-  if (loaded.clear_setup_file) ShowSetupFile({});
-  return loaded;
-}
-
-bool frmMain::LoadLastRunSetup(bool show_message) {
-  last_run_problem_.clear();
-  std::string reason;
-  const services::LastRunState state = last_run_.Stat(LastRunSetupPath, reason);
-  bool loaded = false;
-  no_setup_yet_ = state == services::LastRunState::kNone;
-  if (state == services::LastRunState::kFile) {
-    if (show_message) {
-      context_.front_end.dialogs().Show(
-          *this, {"Now loading setup from last run.", "Setup", ui::Icon::kInformation});
-    }
-    loaded = LoadLastRunFile();
-  } else if (state == services::LastRunState::kNotReadable) {
-    if (reason.empty()) reason = Text(text::kNotASetupFile);
-    last_run_problem_ =
-        Text(text::kSetupNotRead) + " " + base::utf8::Printable(LastRunSetupPath) + ". " + reason;
-  }
-  RefreshSourceFolderDisplay();
-  RefreshTargetFolderDisplay();
-  SnapshotSetup();
-  ShowNote({});
-  return loaded;
-}
-
-bool frmMain::LoadLastRunFile() {
-  last_run_.NoteBeforeLoading(LastRunSetupPath);
-  const services::LoadedSetup loaded = LoadOperationFile(LastRunSetupPath);
-  if (loaded.problem.empty()) return true;
-  last_run_.NoteReadInPart();
-  last_run_problem_ =
-      Text(text::kSetupNotRead) + " " + base::utf8::Printable(LastRunSetupPath) + ". " + loaded.problem;
-  return false;
-}
-
-void frmMain::TakeBackWhatIsThere() {
-  Setup setup = CurrentSetup();
-  if (!services::TakeBackWhatIsThere(context_.files, setup, away_)) return;
-  ShowSetup(setup);
-  RefreshSourceFolderDisplay();
-  RefreshTargetFolderDisplay();
-  ShowNote({});
-}
-
-std::vector<std::string> frmMain::SetupWarnings() const {
-  std::vector<std::string> lines = services::AwayLines(away_, context_.texts);
-  if (extension_missing_) lines.push_back(Text(text::kExtensionMissing));
-  return lines;
 }
 
 }  // namespace app

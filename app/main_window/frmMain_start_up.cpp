@@ -30,7 +30,7 @@ void frmMain::Form_Load() {
   RecycleBinNames = {"", "RECYCLED", "RECYCLER", "$RECYCLE.BIN"};
   SetInitialFocus();
   Clock.Start(1000);
-  LoadLastRunSetup(false);
+  setup_commands.LoadLastRunSetup(false);
   RefreshTargetEmptyLabel();
   FormLoaded = true;
   if (!context_.command_line.empty()) RunUnattended();
@@ -94,9 +94,9 @@ void frmMain::RunUnattended() {
   RunningFromCommandLine = true;
   operation_.SetUnattendedHeading(DatePr2::TimeStamp(context_.clock, context_.locale));
   // A part of a setup may name another target: what was read of it is shown, not run, and not saved.
-  if (!last_run_problem_.empty()) {
-    operation_.RefuseUnattended(engine::kSetupNotRead, last_run_problem_);
-  } else if (no_setup_yet_) {
+  if (const std::string& problem = setup_commands.last_run_problem(); !problem.empty()) {
+    operation_.RefuseUnattended(engine::kSetupNotRead, problem);
+  } else if (setup_commands.has_none_yet()) {
     operation_.RefuseUnattended(engine::kNoSetup, NoSetupText());
   } else {
     chkSaveSetupOnQuit.SetValue(1);
@@ -148,7 +148,7 @@ void frmMain::cmdQuit_MouseUp() {
   if (IgnoreMouseUp) return;
   if (chkSaveSetupOnQuit.value() == 1 && !SetupJustSaved) {
     txbSetupFile.SetVisible(false);
-    SaveForNextRunOrReport(true);
+    setup_commands.SaveForNextRunOrReport(true);
   }
   EndProgram();
 }

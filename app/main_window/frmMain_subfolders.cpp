@@ -72,13 +72,14 @@ void frmMain::cmdSelectSubfolders_MouseUp() {
         *this, {"The source disk or folder must first be specified.", {}, ui::Icon::kInformation});
     return;
   }
-  TakeBackWhatIsThere();
+  setup_commands.TakeBackWhatIsThere();
   const std::string source = txbDirectory[0].text();
-  frmSelectSubfolders window(context_, source, cboIncludedFolders.items(), away_.FoldersOf(source));
+  frmSelectSubfolders window(context_, source, cboIncludedFolders.items(),
+                             setup_commands.away().FoldersOf(source));
   const auto chosen = window.Choose(*this);
   if (!chosen) return;
   SetupEdited();
-  if (!window.KeepsAway()) away_.ForgetSource();
+  if (!window.KeepsAway()) setup_commands.away().ForgetSource();
   ShowNote({});
   cboIncludedFolders.SetItems(*chosen);
   cboIncludedFolders.SetListIndex(chosen->empty() ? -1 : 0);

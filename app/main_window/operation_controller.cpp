@@ -33,7 +33,7 @@ void OperationController::ShowReport() { ReportWindow().Show(); }
 void OperationController::Run() {
   stop_requested_ = false;
   running_ = true;
-  warnings_ = main_.SetupWarnings();
+  warnings_ = main_.setup_commands.Warnings();
   const auto awake = context_.shell.KeepAwake();
   const auto begin = context_.clock.Monotonic();
   const bool unattended = Unattended();
@@ -73,8 +73,7 @@ engine::RunOutcome OperationController::RunOperation(std::string* statusText) {
   CloseReport();
   run.reset();  // the target is looked at without its lock
   main_.UnlockControls();
-  main_.RefreshSourceFolderDisplay();
-  main_.RefreshTargetFolderDisplay();
+  main_.RefreshFolderDisplays();
   return outcome;
 }
 
@@ -95,7 +94,7 @@ std::string OperationController::TrueReason(std::int16_t status, const std::stri
   const bool of_source = status == engine::kNothingToDo || status == engine::kNoFilesInSource ||
                          status == engine::kNoFilesInSetup;
   if (!of_target && !of_source) return reason;
-  const std::string why = main_.WhyMissing(of_target);
+  const std::string why = main_.setup_commands.WhyMissing(of_target);
   return why.empty() ? reason : why;
 }
 

@@ -71,7 +71,7 @@ class MemoryDraft : public Draft {
     std::erase(children, file_);
     files_.WillChange(folder_, old ? old->name : order_.file->name);
     // A volume that takes two spellings for one keeps the first.
-    file_->name = old ? old->name : files_.StoredName(*folder_, order_.file->name);
+    file_->name = old ? old->name : MemoryFileSystem::StoredName(*folder_, order_.file->name);
     if (old) {
       *std::find(children.begin(), children.end(), old) = file_;
       replaced_ = old;

@@ -112,10 +112,10 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
 
   Click(main.cmdSetup);
   Note("Setup", main);
-  Click(main.cmdSaveSetup);
+  Click(main.setup_commands.cmdSaveSetup);
   Note("Save setup", main);
   dialogs.texts = {"/mine.qvr"};
-  Click(main.cmdSaveSetupAsOperationFile);
+  Click(main.setup_commands.cmdSaveSetupAsOperationFile);
   Note("Saved", main);
   const auto setup_command = [&](ui::Button& command) {
     front_end.PassTime(1'000);
@@ -123,10 +123,10 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
     Click(command);
     Note(command.text(), main);
   };
-  setup_command(main.cmdLoadSetup);
-  Click(main.cmdSaveSetupInBothWays);
-  setup_command(main.cmdClearSetup);
-  setup_command(main.cmdRestoreSetup);
+  setup_command(main.setup_commands.cmdLoadSetup);
+  Click(main.setup_commands.cmdSaveSetupInBothWays);
+  setup_command(main.setup_commands.cmdClearSetup);
+  setup_command(main.setup_commands.cmdRestoreSetup);
   for (const auto& note : front_end.notes) told += "Notice: " + note + "\n";
   Click(main.cmdQuit);
   EXPECT_TRUE(front_end.quitting());

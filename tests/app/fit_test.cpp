@@ -51,9 +51,9 @@ TEST(Fit, EveryWindowLiesOnASmallScreenAndEveryControlInItsWindow) {
     ExpectInside(window, screen);
     ui::headless::Click(window.cmdSetup);
     ExpectInside(window, screen);
-    ui::headless::Click(window.cmdSaveSetup);
+    ui::headless::Click(window.setup_commands.cmdSaveSetup);
     ExpectInside(window, screen);
-    ui::headless::Click(window.cmdDontSaveSetup);
+    ui::headless::Click(window.setup_commands.cmdDontSaveSetup);
     window.SkipConfirmation = true;
     ui::headless::Click(window.cmdBackupAllFiles);
     window.ReportWindow().ResizeForm(850, 20'000);

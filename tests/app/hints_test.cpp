@@ -37,7 +37,8 @@ TEST_F(Hints, EveryButtonHasOneAndNoTwoControlsShareAnAccessKey) {
   window->ForEach([&](ui::Control& control) {
     const int key = std::tolower(control.access_key());
     // The frames of the setup commands are never used together with each other or with the other frames.
-    const bool alone = control.parent() == &window->fraSetup || control.parent() == &window->fraSaveSetup;
+    const bool alone = control.parent() == &window->setup_commands.fraSetup ||
+                       control.parent() == &window->setup_commands.fraSaveSetup;
     EXPECT_TRUE(key == 0 || keys.insert({alone ? control.parent() : nullptr, key}).second) << control.name();
     EXPECT_FALSE(alone && (key == 'q' || key == 'h' || key == 'o')) << control.name();
     EXPECT_EQ(dynamic_cast<ui::Button*>(&control) != nullptr, !control.description().empty())

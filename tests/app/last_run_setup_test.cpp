@@ -60,7 +60,7 @@ TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {
     files.Remove("/src/a");
     StartWithSetup();
     choice();
-    Press(window->cmdSaveSetup, window->cmdSaveSetupForNextRun);
+    Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupForNextRun);
     const auto names = services::ParseSetup(Saved(), 10).setup.IncludedFolders;
     tree::Add(files, {"/src/a/x"});
     return names;
@@ -82,7 +82,8 @@ TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {
   EXPECT_EQ(saved_after([] {}), (Names{"c", "a", "b"}));
   EXPECT_EQ(saved_after([&] { choose("/src"); }), (Names{"c", "a", "b"})) << "the same";
   EXPECT_EQ(saved_after([&] { choose("/dst"); }), Names());
-  EXPECT_EQ(saved_after([&] { Click(window->cmdSetup), Click(window->cmdClearSetup); }), Names());
+  EXPECT_EQ(saved_after([&] { Click(window->cmdSetup), Click(window->setup_commands.cmdClearSetup); }),
+            Names());
   EXPECT_EQ(saved_after([&] { select(true); }), (Names{"c", "a", "b"}));
   EXPECT_EQ(saved_after([&] { select(false); }), (Names{"b", "c"}));
 }
@@ -111,10 +112,10 @@ TEST_F(LastRunSetup, IsNotOverwrittenUnaskedByAPartOfItOrByAWindowThatDoesNotKno
 TEST_F(LastRunSetup, OnlyASaveOrLoadThatWorkedSparesQuitTheSave) {
   Type(window->txbFileExtension, "jpg");
   files.Fail(platform::memory::Call::kReplaceFile, "", {}, 1);
-  Press(window->cmdSaveSetup, window->cmdSaveSetupForNextRun);
+  Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupForNextRun);
   EXPECT_FALSE(window->SetupJustSaved);
   files.Remove(kLastRun);
-  Press(window->cmdLoadSetup, window->cmdSaveSetupForNextRun);
+  Press(window->setup_commands.cmdLoadSetup, window->setup_commands.cmdSaveSetupForNextRun);
   EXPECT_FALSE(window->SetupJustSaved);
   Click(window->cmdQuit);
   EXPECT_TRUE(Saved().ends_with("jpg\r\n"));

@@ -40,7 +40,8 @@ TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
     choose(expected);
     EXPECT_EQ(w->CurrentSetup(), expected) << name;
     EXPECT_EQ(Confirmation() != unchanged, !expected.SaveSetupOnQuit) << name;
-    Click(w->cmdSetup), Click(w->cmdSaveSetup), Click(w->cmdSaveSetupForNextRun);
+    Click(w->cmdSetup), Click(w->setup_commands.cmdSaveSetup),
+        Click(w->setup_commands.cmdSaveSetupForNextRun);
     EXPECT_EQ(Start().CurrentSetup(), expected) << name;
   };
   follow("target", [&](app::Setup& s) { ChooseFolder(1, s.TargetFolder = "/dst2"); });
