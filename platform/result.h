@@ -9,7 +9,7 @@ namespace platform {
 
 /// What went wrong, in terms that hold on every system. The rules of the program look at the kind only.
 enum class ErrorKind {
-  kNotFound,        ///< no such file or folder, or it vanished since it was listed
+  kNotFound,        ///< no such file or folder, or it vanished since it was listed; not: its server is away
   kAccessDenied,    ///< the user has no right to do this
   kReadOnlyMedium,  ///< the volume cannot be written
   kDiskFull,        ///< no space (or quota) left on the volume

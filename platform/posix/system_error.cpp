@@ -9,7 +9,6 @@ namespace {
 ErrorKind KindOf(int number) {
   switch (number) {
     case ENOENT:
-    case ESTALE:
       return ErrorKind::kNotFound;
     case EACCES:
     case EPERM:

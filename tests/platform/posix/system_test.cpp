@@ -7,6 +7,7 @@
 #include "platform/posix/settings_store.h"
 #include "platform/posix/shell/child_process.h"
 #include "platform/posix/shell/shell.h"
+#include "platform/posix/system_error.h"
 #include "platform/posix/volume/physical_disk.h"
 #include "tests/platform/posix/scratch.h"
 
@@ -51,6 +52,12 @@ TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
     EXPECT_EQ(locale.ShortDate({2026, 1, 9, 14, 5, 9, 9}), "2026-01-09") << name;
     EXPECT_EQ(locale.TimeOfDay({2026, 1, 9, 4, 5, 9, 9}), "04:05") << name;
   }
+}
+
+TEST(SystemError, AServerThatIsAwayHasNotLostItsFiles) {
+  EXPECT_EQ(ErrorOf(ENOENT).kind, ErrorKind::kNotFound);
+  for (const int number : {ESTALE, EIO, ENOTCONN, EHOSTDOWN, ETIMEDOUT, ENODEV, ENOMEDIUM})
+    EXPECT_EQ(ErrorOf(number).kind, ErrorKind::kOther) << number;
 }
 
 TEST(PosixClock, LocalTimeKnowsDaylightSaving) {

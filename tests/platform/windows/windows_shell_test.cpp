@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/shell/system_command.h"
+#include "platform/windows/system_error.h"
 #include "tests/platform/windows/temporary_folder.h"
 
 namespace platform::windows {
@@ -31,6 +32,14 @@ TEST(WindowsShell, RunsASystemCommandByItsBareNameOnly) {
   for (const char* name : {"", "..\\explorer", "c:hostname", "hostname.exe"}) {
     EXPECT_FALSE(RunSystemCommand(name, "")) << name;
   }
+}
+
+TEST(SystemError, AServerThatIsAwayHasNotLostItsFiles) {
+  using Codes = std::vector<DWORD>;
+  for (const DWORD code : Codes{ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_DRIVE})
+    EXPECT_EQ(SystemError(code).kind, ErrorKind::kNotFound) << code;
+  for (const DWORD code : Codes{ERROR_BAD_NETPATH, ERROR_BAD_NET_NAME, ERROR_NETNAME_DELETED})
+    EXPECT_EQ(SystemError(code).kind, ErrorKind::kOther) << code;
 }
 
 }  // namespace platform::windows
