@@ -13,7 +13,9 @@ using platform::Status;
 
 FolderPair::FolderPair(platform::FileSystem& files, std::unique_ptr<platform::Folder> source,
                        TargetFolder::Ptr target)
-    : files_(&files), source_(std::move(source)), place_(std::move(target)) {}
+    : files_(&files), source_(std::move(source)), place_(std::move(target)) {
+  if (place_) target_path_ = place_->path();
+}
 
 platform::Result<FolderPair> FolderPair::Open(platform::FileSystem& files, const std::string& source,
                                               TargetFolder::Ptr target) {

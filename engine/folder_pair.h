@@ -42,7 +42,7 @@ class FolderPair {
   const std::shared_ptr<const platform::Folder>& shared_source() const { return source_; }
   /// Only where there is a target.
   const TargetFolder& place() const { return *place_; }
-  const std::string& target_path() const { return place_->path(); }
+  const std::string& target_path() const { return target_path_; }
   bool has_target() const { return target_ != nullptr; }
   const platform::Folder& target() const { return *target_; }
   const std::shared_ptr<platform::Folder>& shared_target() const { return target_; }
@@ -71,6 +71,7 @@ class FolderPair {
   platform::FileSystem* files_;
   std::shared_ptr<const platform::Folder> source_;
   TargetFolder::Ptr place_;
+  std::string target_path_;
   std::shared_ptr<platform::Folder> target_;
   /// Two listings of one file system mostly come in the same order, so the next entry is tried before the
   /// index.

@@ -50,8 +50,7 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
       comparison_(tools, pulse_, plan_.source, plan_.target),
       file_pass_(tools, listener, pulse_, order_, copy_pass_, comparison_, target_root_,
                  {plan_.rules, plan_.compare_contents, [this] { return Ended(); }}) {
-  if (!plan_.target.empty())
-    target_ = std::make_shared<TargetFolder>(plan_.target, plan_.source, nullptr, true);
+  if (!plan_.target.empty()) target_ = std::make_shared<TargetFolder>(plan_.target, plan_.source);
 }
 
 const Totals& FolderWalk::Run() {
@@ -219,9 +218,7 @@ void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair,
 
 FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& name) const {
   Pending below{platform::JoinPath(folder.source, name), nullptr};
-  if (folder.target)
-    below.target = std::make_shared<TargetFolder>(platform::JoinPath(folder.target->path(), name),
-                                                  below.source, folder.target, false);
+  if (folder.target) below.target = TargetFolder::Below(folder.target, name);
   return below;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,12 +21,19 @@ class TargetFolder {
  public:
   using Ptr = std::shared_ptr<TargetFolder>;
 
-  /// `source`: the folder whose copies it receives. `above`: null for the target of the run itself.
-  TargetFolder(std::string path, std::string source, Ptr above, bool is_there)
-      : path_(std::move(path)), source_(std::move(source)), above_(std::move(above)), is_there_(is_there) {}
+  /// The target of the run itself, for the copies of `source`.
+  TargetFolder(std::string path, std::string source)
+      : name_(std::move(path)), source_(std::move(source)), root_(this), is_there_(true) {}
+  ~TargetFolder();
+  TargetFolder(const TargetFolder&) = delete;
+  TargetFolder& operator=(const TargetFolder&) = delete;
 
-  const std::string& path() const { return path_; }
-  const std::string& source() const { return source_; }
+  /// The folder `name` below `above`, for the copies of the folder `name` below that of `above`. Not there
+  /// until SetThere() says so.
+  static Ptr Below(Ptr above, const std::string& name);
+
+  /// Put together anew by each call: folders far down keep little more than their names.
+  std::string path() const;
   bool is_there() const { return is_there_; }
   bool is_root() const { return above_ == nullptr; }
 
@@ -39,9 +47,9 @@ class TargetFolder {
   void SetMissing() { is_there_ = false; }
 
   /// Nothing goes into it or below it.
-  void Refuse(platform::Error why) { refused_ = std::move(why); }
+  void Refuse(platform::Error why);
   /// Why, for this folder or the nearest one above it.
-  const std::optional<platform::Error>& refused() const;
+  const std::optional<platform::Error>& refused() const { return Refuser().refused_; }
 
   /// Makes it and those above it that are missing, each open to no more people than its source. The root is
   /// never made, nor is anything where it lay: kNotFound when it is gone. kNameTaken when the target takes
@@ -49,15 +57,26 @@ class TargetFolder {
   platform::Status Ensure(platform::FileSystem& files, const TargetRoot& root);
 
  private:
+  TargetFolder() = default;
   platform::Status Make(platform::FileSystem& files);
   /// Whether it was there and somebody took it away. False for the root.
   bool HasVanished(platform::FileSystem& files);
+  /// The folder whose copies it receives.
+  std::string Source() const;
+  /// The nearest refused folder from here upwards; the root when there is none.
+  const TargetFolder& Refuser() const;
 
-  std::string path_;
-  std::string source_;
+  std::string name_;        ///< the whole path where `levels_` is 0
+  std::size_t levels_ = 0;  ///< below the nearest folder that keeps its whole path
+  std::string source_;      ///< of the root
   Ptr above_;
+  TargetFolder* root_ = nullptr;
   bool is_there_ = false;
   std::optional<platform::Error> refused_;
+  std::size_t refusals_ = 0;  ///< of the root: in the whole target so far
+  /// What Refuser() found, and when: after so many refusals.
+  mutable const TargetFolder* refuser_ = nullptr;
+  mutable std::size_t refuser_found_after_ = 0;
 };
 
 }  // namespace engine

@@ -47,8 +47,7 @@ OperationPreview::OperationPreview(platform::FileSystem& files, platform::Clock&
     : files_(files),
       setup_(WithPlainFolders(files, request.setup)),
       overlap_(files, setup_.SourceFolder, setup_.TargetFolder),
-      target_(
-          std::make_shared<engine::TargetFolder>(setup_.TargetFolder, setup_.SourceFolder, nullptr, true)),
+      target_(std::make_shared<engine::TargetFolder>(setup_.TargetFolder, setup_.SourceFolder)),
       unfinished_(files, clock, setup_.TargetFolder),
       rules_(engine::RulesOf(request)),
       without_period_(rules_) {
@@ -59,9 +58,9 @@ OperationPreview::OperationPreview(platform::FileSystem& files, platform::Clock&
     findings_.hits.push_back({typed, engine::NormaliseForMatch(typed), {}});
   for (auto name = setup_.IncludedFolders.rbegin(); name != setup_.IncludedFolders.rend(); ++name) {
     pending_.push_back({platform::JoinPath(setup_.SourceFolder, *name),
-                        platform::JoinPath(setup_.TargetFolder, *name), Level::kIncluded});
+                        engine::TargetFolder::Below(target_, *name), Level::kIncluded});
   }
-  pending_.push_back({setup_.SourceFolder, setup_.TargetFolder, Level::kSource});
+  pending_.push_back({setup_.SourceFolder, target_, Level::kSource});
 }
 
 bool OperationPreview::Step() {
@@ -83,10 +82,7 @@ void OperationPreview::LookInto(const Pending& folder) {
   const bool is_source = folder.level == Level::kSource;
   if (folder.level == Level::kIncluded && !IsThere(folder.source)) return;
   if (!is_source && LandsInSource(folder)) return;
-  auto pair =
-      engine::FolderPair::Open(files_, folder.source,
-                               std::make_shared<engine::TargetFolder>(folder.target, folder.source,
-                                                                      is_source ? nullptr : target_, true));
+  auto pair = engine::FolderPair::Open(files_, folder.source, folder.target);
   if (is_source) findings_.first_level_known = true;
   if (!pair) {
     ++findings_.folders_not_read;
@@ -127,8 +123,9 @@ void OperationPreview::LookOutside() {
 
 /// As the run sees it: the copies would then take the place of what is in the source.
 bool OperationPreview::LandsInSource(const Pending& folder) {
-  const auto target = files_.Stat(folder.target);
-  return overlap_.LandsInSource(folder.target, target && target->kind == EntryKind::kFolderLink);
+  const std::string path = folder.target->path();
+  const auto target = files_.Stat(path);
+  return overlap_.LandsInSource(path, target && target->kind == EntryKind::kFolderLink);
 }
 
 void OperationPreview::LookAtFirstLevel(const engine::FolderPair& pair) {
@@ -237,7 +234,8 @@ void OperationPreview::PushSubfolders(const Pending& folder, const platform::Fol
     if (!setup_.IncludeSubfolders) {
       outside_.push_back(std::move(path));
     } else {
-      pending_.push_back({std::move(path), platform::JoinPath(folder.target, entry.name), Level::kBelow});
+      pending_.push_back(
+          {std::move(path), engine::TargetFolder::Below(folder.target, entry.name), Level::kBelow});
     }
   }
 }

@@ -68,7 +68,7 @@ class OperationPreview {
   enum class Level { kSource, kIncluded, kBelow };
   struct Pending {
     std::string source;
-    std::string target;
+    engine::TargetFolder::Ptr target;
     Level level = Level::kBelow;
   };
 

@@ -3,7 +3,9 @@
 #include <chrono>
 #include <list>
 #include <mutex>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/posix/system_error.h"
 
@@ -13,26 +15,31 @@ namespace {
 using SharedFolder = std::shared_ptr<const FileDescriptor>;
 using SteadyClock = std::chrono::steady_clock;
 
-/// The bytes from one folder that is kept open to the next.
-constexpr std::size_t kStride = 1024;
+/// Shorter paths are left to the system.
+constexpr std::size_t kLong = 2048;
+/// The bytes from one folder on the way to the next.
+constexpr std::size_t kStride = 256;
 constexpr std::size_t kMostKept = 64;
 /// Folders above may be renamed, and others take their place.
 constexpr std::chrono::seconds kKeptFor{1};
 
-/// Folders on the way of long paths, the latest first. For all threads.
+/// Folders on the way of long paths, the last used first. For all threads.
 class Ways {
  public:
-  SharedFolder Find(const std::string& path) {
+  SharedFolder Find(std::string_view path) {
     const std::lock_guard lock(mutex_);
-    while (!ways_.empty() && SteadyClock::now() - ways_.back().opened > kKeptFor) ways_.pop_back();
-    for (const Way& way : ways_) {
-      if (way.path == path) return way.folder;
+    const auto now = SteadyClock::now();
+    ways_.remove_if([now](const Way& way) { return now - way.opened > kKeptFor; });
+    for (auto way = ways_.begin(); way != ways_.end(); ++way) {
+      if (way->path != path) continue;
+      ways_.splice(ways_.begin(), ways_, way);
+      return way->folder;
     }
     return nullptr;
   }
-  void Keep(const std::string& path, SharedFolder folder) {
+  void Keep(std::string_view path, SharedFolder folder) {
     const std::lock_guard lock(mutex_);
-    ways_.push_front({path, std::move(folder), SteadyClock::now()});
+    ways_.push_front({std::string(path), std::move(folder), SteadyClock::now()});
     if (ways_.size() > kMostKept) ways_.pop_back();
   }
   void Forget() {
@@ -55,26 +62,50 @@ Ways& KnownWays() {
   return ways;
 }
 
-Result<SharedFolder> OpenWay(const std::string& path) {
-  if (SharedFolder known = KnownWays().Find(path)) return known;
-  auto opened = OpenPath(path, O_PATH | O_DIRECTORY);
-  if (!opened) return opened.error();
-  auto folder = std::make_shared<const FileDescriptor>(std::move(*opened));
-  KnownWays().Keep(path, folder);
-  return SharedFolder(std::move(folder));
+/// Where the last folder on the way to the first `length` bytes of a path ends; 0: there is none.
+std::size_t WayEnd(std::string_view path, std::size_t length) {
+  if (length < kLong) return 0;
+  const std::size_t slash = path.rfind('/', (length / kStride - 1) * kStride);
+  return slash == std::string_view::npos ? 0 : slash;
+}
+
+/// The first `end` bytes of a path. Those that are opened on the way are not kept: in a deep tree they would
+/// drive out the one that the next path needs.
+Result<SharedFolder> OpenWay(std::string_view path, std::size_t end) {
+  std::vector<std::size_t> ends;
+  SharedFolder folder;
+  std::size_t done = 0;
+  for (std::size_t at = end; at > 0 && !folder; at = WayEnd(path, at)) {
+    folder = KnownWays().Find(path.substr(0, at));
+    if (folder) {
+      done = at + 1;
+    } else {
+      ends.push_back(at);
+    }
+  }
+  if (ends.empty()) return folder;
+  for (; !ends.empty(); ends.pop_back()) {
+    const std::string part(path.substr(done, ends.back() - done));
+    FileDescriptor next(
+        openat(folder ? folder->get() : AT_FDCWD, part.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!next) return LastError();
+    folder = std::make_shared<const FileDescriptor>(std::move(next));
+    done = ends.back() + 1;
+  }
+  KnownWays().Keep(path.substr(0, end), folder);
+  return folder;
 }
 
 }  // namespace
 
 Result<ReachedPath> Reach(const std::string& path) {
   ReachedPath reached{{}, path.c_str()};
-  if (path.size() < 2 * kStride) return reached;
-  const std::size_t slash = path.rfind('/', (path.size() / kStride - 1) * kStride);
-  if (slash == std::string::npos || slash == 0) return reached;
-  auto way = OpenWay(path.substr(0, slash));
+  const std::size_t end = WayEnd(path, path.size());
+  if (end == 0) return reached;
+  auto way = OpenWay(path, end);
   if (!way) return way.error();
   reached.folder = std::move(*way);
-  reached.rest = path.c_str() + slash + 1;
+  reached.rest = path.c_str() + end + 1;
   return reached;
 }
 

@@ -21,9 +21,9 @@ struct ReachedPath {
   int at() const { return folder ? folder->get() : AT_FDCWD; }
 };
 
-/// Opens folders on the way of a path of 2,048 bytes or more, one each 1,024 bytes, and keeps the latest open
-/// for up to a second: the system walks each path from its beginning, and a long one under which there is
-/// much would be walked again and again. `path` must outlive the result.
+/// Opens a folder a little above the end of a path of 2,048 bytes or more, and keeps it open for up to a
+/// second: the system walks each path from its beginning, and a long one under which there is much would be
+/// walked again and again. `path` must outlive the result.
 Result<ReachedPath> Reach(const std::string& path);
 
 /// Closes what Reach() keeps open.

@@ -296,4 +296,24 @@ TEST(FolderWalk, TellsTheSameWhateverTheSizeOfTheGroups) {
   }
 }
 
+/// well.
+TEST(TargetFolder, FarDownKnowsItsPathAndWhatIsRefusedAboveIt) {
+  const auto root = std::make_shared<TargetFolder>("/dst/", "/src");
+  TargetFolder::Ptr folder = root;
+  TargetFolder::Ptr halfway;
+  std::string path = "/dst";
+  for (int level = 1; level <= 50'000; ++level) {
+    folder = TargetFolder::Below(folder, "d");
+    if (level <= 100) path += "/d";
+    if (level == 100) {
+      EXPECT_EQ(folder->path(), path);
+    }
+    if (level == 25'000) halfway = folder;
+    EXPECT_FALSE(folder->refused());
+  }
+  halfway->Refuse({platform::ErrorKind::kNameTaken, 0, {}});
+  EXPECT_TRUE(folder->refused() && TargetFolder::Below(folder, "d")->refused());
+  EXPECT_FALSE(root->refused());
+}
+
 }  // namespace engine::test
