@@ -44,12 +44,12 @@ std::string frmMain::SummaryOfSubfolders(const FolderContent& content) const {
   const std::string text = content.subfolders == 1
                                ? std::string("There is one subfolder")
                                : "There are " + std::to_string(content.subfolders) + " subfolders";
+  if (cboIncludedFolders.count() == 0) return text + ", none selected";
   std::set<std::string> keys;
   for (const std::string& name : cboIncludedFolders.items()) keys.insert(context_.files.NameKey(name));
   const auto included = std::ranges::count_if(
       keys, [&](const std::string& key) { return content.subfolder_keys.contains(key); });
-  return text +
-         (included == 0 ? std::string(", none selected") : ", " + std::to_string(included) + " selected");
+  return text + ", " + std::to_string(included) + " selected";
 }
 
 void frmMain::ShowIncludedFolders(bool source_has_subfolders) {

@@ -1,5 +1,7 @@
 #include "app/select_subfolders/folder_facts.h"
 
+#include <algorithm>
+
 #include "base/ascii_case.h"
 #include "platform/path.h"
 
@@ -52,7 +54,11 @@ std::string BehindDisk(platform::FileSystem& files, const std::string& path) {
 
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder) {
   const auto listing = files.OpenFolder(folder);
-  return !listing || (*listing)->entries().empty();
+  if (!listing) return true;
+  const auto counts = [](const platform::Entry& entry) {
+    return entry.kind == platform::EntryKind::kFile || platform::IsFolder(entry.kind);
+  };
+  return std::ranges::none_of((*listing)->entries(), counts);
 }
 
 }  // namespace app

@@ -79,7 +79,11 @@ TEST_F(Folders, TheSummaryOfSubfoldersCountsThemOrTellsWhyItCannot) {
   setup.IncludedFolders = {"a", "b", "link"};
   StartWithSetup();
   EXPECT_EQ(Summary(), "There are 3 subfolders, 2 selected") << "a link is none";
+  setup.IncludedFolders = {"link"};
+  StartWithSetup();
+  EXPECT_EQ(Summary(), "There are 3 subfolders, 0 selected");
   files.AddMountPoint("/dst");
+  tree::Add(files, {"/dst/dead>/nowhere"});
   EXPECT_EQ(Choose(1, "/dst/$RECYCLE.BIN"), "A recycle bin cannot be a backup source or target.");
   window->RefreshTargetEmptyLabel();
   EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target disk is empty.");
