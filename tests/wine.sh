@@ -3,7 +3,6 @@
 #
 #   tests/wine.sh PREFIX PROGRAM [ARGUMENT...]          the program's exit code is the script's
 #   tests/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
-#   tests/wine.sh PREFIX --all FOLDER                   every test_*.exe below the folder, with the sum of their tests
 #   tests/wine.sh PREFIX --stop                         ends what still runs in the prefix
 #
 # Tests that open windows need a screen: run the script by tests/on_screen.sh for them. A test program that has not
@@ -64,30 +63,9 @@ run_test() {
   return "$code"
 }
 
-run_all() {
-  local program log total=0 failed=0 count skipped
-  log=$(mktemp)
-  while read -r program; do
-    if run_test "$program" --gtest_brief=1 >"$log"; then
-      count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) .*/\1/p' "$log")
-      skipped=$(sed -n 's/^\[  SKIPPED \] \([0-9]*\) test.*/, \1 skipped/p' "$log")
-      echo "$(basename "$program" .exe): $count tests passed$skipped"
-      total=$((total + count))
-    else
-      cat "$log"
-      echo "$(basename "$program" .exe): FAILED"
-      failed=$((failed + 1))
-    fi
-  done < <(find "$1" -name 'test_*.exe' | sort)
-  rm -f "$log"
-  echo "$total tests passed, $failed programs failed"
-  [ "$failed" -eq 0 ] && [ "$total" -gt 0 ]
-}
-
 [ "$1" = --stop ] || start_services
 case $1 in
   --stop) stop_services ;;
   --test) shift; run_test "$@" ;;
-  --all) run_all "$2" ;;
   *) run "$@" ;;
 esac

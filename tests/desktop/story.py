@@ -113,10 +113,3 @@ class Unattended:
         self.check_result(status="ok", copied="3")
         self.check_copies(INCLUDED)
         self.close(0)
-
-    def test_a_missing_target_is_refused_with_exit_code_4(self):
-        self.save_setup(FOLDERS, target=self.place.seen(os.path.join(self.place.root, "gone")))
-        self.start("nightly")
-        self.check_result(status="refused", copied="0")
-        self.close(4)
-        self.assertFalse(os.path.exists(os.path.join(self.place.root, "gone")))
