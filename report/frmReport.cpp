@@ -34,8 +34,6 @@ void frmReport::Form_Load() {
                                 front_end().screen()));
   SetSmallest(kSmallest);
   size_set_ = {width(), height()};
-  SetReportButtons2(false, false, "", false, "");
-  cmdNextProblem.SetVisible(false);
   CloseFind();
 }
 
@@ -57,7 +55,6 @@ void frmReport::SetTextsAndKeys() {
       "The next line about something that went wrong. F8, and back with Shift and F8.");
   cmdOpenTarget.SetText("Open target folder");
   cmdOpenTarget.SetAccessKey('O');
-  cmdOpenTarget.SetVisible(false);
   lblFind.SetText("Find:");
   lblFind.SetAccessKey('F');
   txbFind.SetSpokenName("Find in the report");
@@ -65,7 +62,6 @@ void frmReport::SetTextsAndKeys() {
   cmdFindNext.SetAccessKey('X');
   lblSourceCaption.SetText("Source: ");
   lblTargetCaption.SetText("Target: ");
-  Label1.SetText(kCopying);
   barProgress.SetSpokenName("Progress of the operation");
   txbText.SetReadOnly(true);
   txbText.SetSpokenName("Report");
@@ -73,7 +69,6 @@ void frmReport::SetTextsAndKeys() {
   chkSuppressDisplayOfReport.SetText("Suppress display of report");
   chkSuppressDisplayOfReport.SetAccessKey('S');
   cmdCopyToClipboard.SetAccessKey('Y');
-  SetCopyCaption("Copy selected text to clipboard");
 }
 
 void frmReport::SetHandlers() {

@@ -99,6 +99,10 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Click(report.cmdOpenTarget);
   EXPECT_EQ(front_end.opened_folders, std::vector<std::string>{"/dst"});
   report.UserClosed();
+  front_end.PassTime(1'000);
+  Click(main.cmdReportScreen);
+  EXPECT_TRUE(report.visible());
+  report.UserClosed();
   Tick(main.chkPauseAfterFirstCopy, false);
   Click(main.cmdBackupAllFiles);
   Note("All backed up", report);
@@ -117,6 +121,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   dialogs.texts = {"/mine.qvr"};
   Click(main.setup_commands.cmdSaveSetupAsOperationFile);
   Note("Saved", main);
+  Note("Told", main.PopUpWindow());
   const auto setup_command = [&](ui::Button& command) {
     front_end.PassTime(1'000);
     Click(main.cmdSetup);
@@ -128,6 +133,10 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   setup_command(main.setup_commands.cmdClearSetup);
   setup_command(main.setup_commands.cmdRestoreSetup);
   for (const auto& note : front_end.notes) told += "Notice: " + note + "\n";
+  frmView help(context);
+  EXPECT_TRUE(help.ShowFile("Help", "/opt/program/qvr_help.txt", "", main));
+  Note("Help", help);
+  told += Spoken(help);
   Click(main.cmdQuit);
   EXPECT_TRUE(front_end.quitting());
 

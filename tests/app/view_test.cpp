@@ -7,10 +7,10 @@
 namespace app::test {
 
 struct View : testing::Test, Program {
-  /// What is selected, and where, once a text is typed or, without one, Enter is pressed; and what is said.
+  /// What is selected, and where, once a text is typed or, without one, F3 is pressed; and what is said.
   std::string Find(const std::string& text = {}) {
     if (text.empty())
-      view.UserPressedEnter();
+      EXPECT_TRUE(ui::headless::PressKey(view, {ui::Key::kF3}));
     else
       ui::headless::Type(view.txbFind, text);
     return view.txbText.selected_text() + "@" + std::to_string(view.txbText.selection().start) +

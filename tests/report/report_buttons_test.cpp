@@ -15,7 +15,7 @@ struct ReportButtons : testing::Test, ReportScene {
   }
 
   std::string Copied() {
-    window.cmdCopyToClipboard_Click();
+    ui::headless::Click(window.cmdCopyToClipboard);
     return front_end.clipboard().Text();
   }
 };
@@ -127,6 +127,8 @@ TEST_F(ReportButtons, AnEndIsToldEverywhereAndTheNextReportBeginsWithNothingOfIt
   EXPECT_TRUE(window.barProgress.visible() && window.barProgress.fraction() == 0 &&
               window.txbText.has_focus());
   EXPECT_TRUE(window.task_state() == ui::TaskState::kRunning && window.cmdCancelClose.description().empty());
+  window.SetReportButtons("Close");
+  EXPECT_FALSE(window.cmdNextProblem.visible()) << "the problem was the last report's";
 }
 
 TEST_F(ReportButtons, TheKeyThatStartedTheRunDoesNotPauseIt) {
@@ -145,19 +147,19 @@ TEST_F(ReportButtons, F8GoesFromProblemToProblemAndRoundAndFindFromPlaceToPlace)
   EXPECT_TRUE(window.cmdNextProblem.visible());
   std::string visited;
   const auto press = [&](ui::Key key, bool shift) {
-    ui::headless::PressKey(window, {key, {}, shift});
+    EXPECT_TRUE(ui::headless::PressKey(window, {key, {}, shift}));
     visited += std::to_string(window.txbText.selection().start) + " ";
   };
   press(ui::Key::kF8, false);
   press(ui::Key::kF8, false);
   press(ui::Key::kF8, false);
   press(ui::Key::kF8, true);
-  ui::headless::PressKey(window, {ui::Key::kFind});
+  EXPECT_TRUE(ui::headless::PressKey(window, {ui::Key::kFind}));
   ui::headless::Type(window.txbFind, "NOT COPIED: ");
-  press(ui::Key::kF3, false);
+  ui::headless::Click(window.cmdFindNext);
   press(ui::Key::kF3, false);
   press(ui::Key::kF3, true);
-  EXPECT_EQ(visited, "0 21 0 21 0 21 0 ");
+  EXPECT_EQ(visited, "0 21 0 21 21 0 ");
 }
 
 }  // namespace report

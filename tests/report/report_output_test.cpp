@@ -19,7 +19,9 @@ TEST(Output, OnlyACallWithTextRestoresTheWindows) {
     EXPECT_EQ(scene.front_end.pending_runs, runs + 1);
     scene.main.Hide();
     scene.main.UserSetState(ui::WindowState::kMinimised);
+    scene.window.UserSetState(ui::WindowState::kMinimised);
     scene.window.Output("last words", true);
+    EXPECT_EQ(scene.window.state(), ui::WindowState::kNormal);
     EXPECT_NE(scene.main.state(), ui::WindowState::kNormal) << "a hidden window stays away";
   }
 }

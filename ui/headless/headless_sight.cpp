@@ -6,6 +6,7 @@
 #include "ui/form.h"
 #include "ui/headless/headless_front_end.h"
 #include "ui/text_box.h"
+#include "ui/window_look.h"
 
 namespace ui::headless {
 namespace {
@@ -26,7 +27,7 @@ std::string Face(Control& control) {
   } else if (const auto* box = dynamic_cast<CheckBox*>(&control)) {
     text = (box->value() == 1 ? "[x] " : "[ ] ") + text;
   } else if (const auto* edit = dynamic_cast<TextBox*>(&control)) {
-    text = (edit->read_only() ? "{=" : "{") + text + "}";
+    text = (edit->read_only() ? "{=" : "{") + std::string(edit->wraps() ? "~" : "") + text + "}";
   } else if (const auto* list = dynamic_cast<DropDownList*>(&control)) {
     const int at = list->list_index();
     text = "<" + (at < 0 ? "" : list->items()[static_cast<std::size_t>(at)]) + ", " + std::to_string(at + 1) +
@@ -42,6 +43,7 @@ std::string Face(Control& control) {
   if (&control == control.form().cancel_button()) text += " Esc";
   if (control.font().bold || control.font().points != 9)
     text += " " + std::to_string(control.font().points) + (control.font().bold ? "b" : "");
+  if (control.font().name != kWindowFont) text += " in " + control.font().name;
   if (control.colours() && control.colours() != control.form().colours()) text += Shade(control);
   return control.tool_tip().empty() ? text : text + " \"" + control.tool_tip() + "\"";
 }
