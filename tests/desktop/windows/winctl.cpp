@@ -9,6 +9,7 @@
 #include <io.h>
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -16,39 +17,19 @@
 #include <map>
 #include <sstream>
 #include <string>
-#include <vector>
+
+#include "base/wide_text.h"
 
 namespace {
 
 constexpr wchar_t kNameProperty[] = L"Quorvane.Name";
 constexpr UINT kAnswerTime = 3000;  // milliseconds
 
-std::string Utf8(const std::wstring& text) {
-  std::string result(text.size() * 3, '\0');
-  result.resize(static_cast<std::size_t>(
-      WideCharToMultiByte(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()), result.data(),
-                          static_cast<int>(result.size()), nullptr, nullptr)));
-  return result;
-}
-
-std::wstring Wide(const std::string& text) {
-  std::wstring result(text.size(), L'\0');
-  result.resize(
-      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()),
-                                                   result.data(), static_cast<int>(result.size()))));
-  return result;
-}
-
 /// In one line: "\v" stands for an end of line.
 std::string OneLine(const std::wstring& text) {
-  std::string result;
-  for (const char c : Utf8(text)) {
-    if (c == '\n') {
-      result += '\v';
-    } else if (c != '\r') {
-      result += c;
-    }
-  }
+  std::string result = base::Narrow(text);
+  std::erase(result, '\r');
+  std::ranges::replace(result, '\n', '\v');
   return result;
 }
 
@@ -97,12 +78,12 @@ void PrintControl(const std::string& title, HWND window) {
   const std::string name = kind == L"Edit" ? NameOf(window) : OneLine(CaptionOf(window));
   const bool usable = IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
   std::printf("%s\t%llu\t%s\t%ld\t%d\t%d\t%s\n", title.c_str(), reinterpret_cast<ULONGLONG>(window),
-              Utf8(kind).c_str(), GetWindowLongW(window, GWL_STYLE), usable, GetDlgCtrlID(window),
+              base::Narrow(kind).c_str(), GetWindowLongW(window, GWL_STYLE), usable, GetDlgCtrlID(window),
               name.c_str());
 }
 
 /// Everything that shows.
-void Look() {
+void Look(HWND, const std::wstring&) {
   Visitor windows = [](HWND window) {
     const std::string title = OneLine(CaptionOf(window));
     PrintControl(title, window);
@@ -112,15 +93,21 @@ void Look() {
   EnumWindows(&Visit, reinterpret_cast<LPARAM>(&windows));
 }
 
-void Text(HWND control) {
+void Text(HWND control, const std::wstring&) {
   std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
   text.resize(
       static_cast<std::size_t>(Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   std::printf("%s\n", OneLine(text).c_str());
 }
 
+void Ticked(HWND box, const std::wstring&) {
+  std::printf("%d\n", static_cast<int>(Ask(box, BM_GETCHECK, 0, 0)));
+}
+
+void Close(HWND window, const std::wstring&) { PostMessageW(window, WM_CLOSE, 0, 0); }
+
 /// As the user does it, so that the program takes it for that.
-void Click(HWND control) {
+void Click(HWND control, const std::wstring&) {
   RECT inside{};
   GetClientRect(control, &inside);
   const LPARAM middle = MAKELPARAM(inside.right / 2, inside.bottom / 2);
@@ -195,7 +182,8 @@ void Browse(HWND dialog, const std::wstring& path) {
 
 /// Runs a command line where nobody can see its windows, as a task without a logged-on user is run, and
 /// prints its exit code; "open" when it has not ended after a minute.
-void RunUnseen(std::wstring command_line) {
+void RunUnseen(HWND, const std::wstring& words) {
+  std::wstring command_line = words;
   const HWINSTA seen = GetProcessWindowStation();
   const HWINSTA unseen = CreateWindowStationW(L"QvUnseen", 0, MAXIMUM_ALLOWED, nullptr);
   SetProcessWindowStation(unseen);
@@ -221,18 +209,8 @@ void RunUnseen(std::wstring command_line) {
 using Command = void (*)(HWND window, const std::wstring& argument);
 
 const std::map<std::string, Command> kCommands = {
-    {"look", [](HWND, const std::wstring&) { Look(); }},
-    {"text", [](HWND window, const std::wstring&) { Text(window); }},
-    {"ticked",
-     [](HWND window, const std::wstring&) {
-       std::printf("%d\n", static_cast<int>(Ask(window, BM_GETCHECK, 0, 0)));
-     }},
-    {"click", [](HWND window, const std::wstring&) { Click(window); }},
-    {"type", &Type},
-    {"browse", &Browse},
-    {"run unseen", [](HWND, const std::wstring& command_line) { RunUnseen(command_line); }},
-    {"close", [](HWND window, const std::wstring&) { PostMessageW(window, WM_CLOSE, 0, 0); }},
-};
+    {"look", &Look}, {"text", &Text},     {"ticked", &Ticked}, {"click", &Click},
+    {"type", &Type}, {"browse", &Browse}, {"close", &Close},   {"run unseen", &RunUnseen}};
 
 }  // namespace
 
@@ -248,7 +226,7 @@ int main() {
     std::getline(words, number, '\t');
     std::getline(words, argument, '\t');
     const auto window = reinterpret_cast<HWND>(std::strtoull(number.c_str(), nullptr, 10));
-    kCommands.at(command)(window, Wide(argument));
+    kCommands.at(command)(window, base::Widen(argument));
     std::printf("\f\n");
     std::fflush(stdout);
   }
