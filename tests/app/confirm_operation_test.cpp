@@ -188,18 +188,6 @@ TEST_F(ConfirmOperation, OffersToReadCopiesBackAndTellsHowMuchThatIs) {
   }
 }
 
-TEST_F(ConfirmOperation, StartsOnlyWhenTheUserSaysSo) {
-  EXPECT_TRUE(Confirm([&] { confirm->UserPressedEnter(); }));
-  EXPECT_FALSE(confirm->NotAgain());
-  EXPECT_FALSE(Confirm([&] { confirm->UserPressedEscape(); }));
-  EXPECT_FALSE(Confirm([&] { confirm->UserClosed(); }));
-  EXPECT_TRUE(Confirm([&] {
-    ui::headless::Tick(confirm->chkDontShowAgain, true);
-    ui::headless::Click(confirm->cmdStart);
-  }));
-  EXPECT_TRUE(confirm->NotAgain());
-}
-
 TEST(LineBreak, KeepsEveryLineWithinTheWidth) {
   const auto measure = [](const std::string& line) { return static_cast<ui::Twips>(line.size()); };
   EXPECT_EQ(

@@ -37,13 +37,4 @@ TEST_F(Filters, PastedLinesBecomePatternsAndBlanksElsewhere) {
   EXPECT_EQ(Enter(window->txbFileExtension, "j\npg\n"), "jpg");
 }
 
-TEST_F(Filters, OnlyAFinishedChoiceOfAPeriodMovesTheFocus) {
-  window->cboModifiedSince.SetFocus();
-  window->cboModifiedSince.UserSelected(1, ui::DropDownList::Choice::kPassing);
-  EXPECT_EQ(window->focused(), &window->cboModifiedSince);
-  EXPECT_EQ(window->CurrentSetup().ModifiedSince, 1);
-  window->cboModifiedSince.UserSelected(2);
-  EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[0]);
-}
-
 }  // namespace app::test

@@ -52,13 +52,6 @@ TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
   EXPECT_EQ(Choose(0, "/src/a"), "") << "there was none before";
 }
 
-TEST_F(Folders, OnlyAnotherSourceStartsWithoutIncludedSubfolders) {
-  Choose(0, "/src");
-  EXPECT_EQ(window->CurrentSetup(), setup);
-  Choose(0, "/dst");
-  EXPECT_TRUE(window->CurrentSetup().IncludedFolders.empty() && !window->CurrentSetup().IncludeSubfolders);
-}
-
 TEST_F(Folders, ClearingTakesEverythingAboutTheFolderAway) {
   EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is empty.");
   Click(window->cmdClearFolder[1]);

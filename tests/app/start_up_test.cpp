@@ -59,12 +59,4 @@ TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwiceAndNotByTheTitleBar) {
   EXPECT_FALSE(saves(true, false, true));
 }
 
-TEST_F(Quit, TellsOfAFailedSaveAndStillEnds) {
-  Start();
-  Tick(window->chkSaveSetupOnQuit, true);
-  files.Fail(platform::memory::Call::kReplaceFile, "", {});
-  Click(window->cmdQuit);
-  EXPECT_TRUE(front_end.quitting() && Said() == Text(text::kSetupNotSaved));
-}
-
 }  // namespace app::test

@@ -32,12 +32,6 @@ TEST_F(ReportButtons, PauseHoldsTheOperationUntilContinue) {
   EXPECT_FALSE(stop);
 }
 
-TEST_F(ReportButtons, APauseEndsWhenTheProgramEnds) {
-  front_end.Post([&] { front_end.Quit(0); });
-  window.cmdPauseContinue_Click();
-  EXPECT_TRUE(front_end.quitting());
-}
-
 TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndAsksWhetherToCancelAPausedOne) {
   front_end.dialogs().yes_no = {false, true};
   for (const bool yes : {false, true}) {
@@ -52,17 +46,6 @@ TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndAsksWhetherToCancelAP
     EXPECT_EQ(stop, yes);
   }
   EXPECT_EQ(front_end.dialogs().asked.size(), 2U);
-}
-
-TEST_F(ReportButtons, ClosingEnablesTheMainWindowOnlyWhenNoOperationIsRunning) {
-  window.SetReportButtons("Close");
-  window.cmdCancelClose_Click();
-  EXPECT_FALSE(window.visible());
-  EXPECT_EQ(enabled, 0);
-  running = false;
-  window.Show();
-  window.UserClosed();
-  EXPECT_EQ(enabled, 1);
 }
 
 TEST_F(ReportButtons, CopyTakesTheSelectionOrElseTheWholeReport) {

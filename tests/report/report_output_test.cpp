@@ -77,22 +77,6 @@ TEST(Output, AFullBoxIsShownFor15Then10Then5SecondsWithoutThePauseButtonAndEmpti
   }
 }
 
-TEST(Output, AWindowThatIsClosedJustBeforeTheRestPausesTheRunAndIsNotForgotten) {
-  ReportScene scene;
-  scene.FillTo(61'441);
-  bool paused = false;
-  scene.front_end.Post([&] {
-    scene.front_end.Post([&] {
-      paused = scene.window.Paused && scene.window.cmdPauseContinue.visible();
-      if (paused) ui::headless::Click(scene.window.cmdPauseContinue);
-    });
-    scene.window.UserClosed();
-  });
-  scene.window.Output("x", true);
-  EXPECT_TRUE(paused);
-  EXPECT_FALSE(scene.window.Paused);
-}
-
 TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
   const std::function<void(ReportScene&)> cases[] = {
       [](ReportScene& scene) {
@@ -111,17 +95,6 @@ TEST(Output, AFullBoxIsEmptiedAtOnceWhereNobodyReadsIt) {
     EXPECT_NE(scene.window.visible(), scene.front_end.quitting());
     EXPECT_TRUE(scene.clock.sleeps().empty());
   }
-}
-
-TEST(Output, WhatMustNotBeLostStandsInTheEmptiedBoxAndOnceInTheLines) {
-  ReportScene scene;
-  scene.window.ReportCapacity = 10;
-  scene.window.Output("line of the box", true);
-  scene.window.OutputKept("Number of files copied: 5", true);
-  EXPECT_EQ(scene.window.txbText.text(), "Number of files copied: 5\r\n");
-  scene.window.OutputProblem("Not copied: x");
-  EXPECT_EQ(scene.window.txbText.text(), "Not copied: x\r\n");
-  EXPECT_EQ(scene.lines, "line of the box|Number of files copied: 5|Not copied: x|");
 }
 
 TEST(Output, ProblemsThatAFullBoxLostAreListedAgainAtTheEndAndOnlyThere) {
