@@ -35,8 +35,7 @@ void JoinTwoFolders(benchmark::State& state) {
   platform::posix::PosixFileSystem files;
   for ([[maybe_unused]] auto _ : state) {
     auto pair = engine::FolderPair::Open(
-        files, folders.source(),
-        std::make_shared<engine::TargetFolder>(folders.target(), folders.source()));
+        files, folders.source(), std::make_shared<engine::TargetFolder>(folders.target(), folders.source()));
     if (!pair || !pair->OpenTarget().ok()) return state.SkipWithError("the folders cannot be listed");
     for (const platform::Entry& entry : pair->source().entries())
       benchmark::DoNotOptimize(pair->TargetOf(entry));

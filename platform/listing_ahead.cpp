@@ -142,7 +142,8 @@ ListingAhead::Listing ListingAhead::Take(const std::string& path, FollowLinks li
 void ListingAhead::Learn(SteadyClock::duration took, bool was_done) {
   if (usually_takes_.count() == 0) usually_takes_ = took;
   usually_takes_ += (took - usually_takes_) / kAveraged;
-  usually_waited_for_ += ((was_done ? SteadyClock::duration::zero() : took) - usually_waited_for_) / kAveraged;
+  usually_waited_for_ +=
+      ((was_done ? SteadyClock::duration::zero() : took) - usually_waited_for_) / kAveraged;
   is_slow_ = usually_takes_ >= kQuickListing && (is_slow_ || usually_waited_for_ >= kQuickListing);
 }
 

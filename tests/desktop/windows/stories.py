@@ -9,9 +9,9 @@ import desktop
 import wine_desktop
 from damaged_copies import DamagedCopies
 from desktop import TEXT
-from first_day import FirstDay
-from held_runs import HeldRuns
-from story import FOLDERS, INCLUDED, Story, Unattended
+from first_day import PAUSE, FirstDay
+from held_runs import ALL, HeldRuns
+from story import BACK_UP, FOLDERS, INCLUDED, MAIN, Story, Unattended
 
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
 
@@ -75,6 +75,28 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
 
 
 class Runs(OnWindows, DamagedCopies, HeldRuns, Story):
+    def test_a_run_is_held_by_pause_goes_on_by_continue_and_ends_by_cancel(self):
+        files = {f"Folder {number % 3}/file {number}": b"content" for number in range(60)}
+        self.write(files)
+        self.save_setup([f"Folder {number}" for number in range(3)])
+        self.start()
+        self.program.tick(MAIN, PAUSE)
+        self.begin(ALL)
+        self.program.find(ALL, "Continue")
+        self.assertFalse(self.program.find(MAIN, BACK_UP).usable, "one operation at a time")
+        self.program.press(ALL, "Cancel operation")
+        desktop.wait_until(self.closed, "the report to close")
+        self.check_copies({path: data for path, data in files.items() if path.startswith("Folder 0")})
+        self.begin(BACK_UP)
+        self.program.press(BACK_UP, "Continue")
+        self.program.find(BACK_UP, "Close")
+        self.check_copies(files)
+
+    def closed(self):
+        """Presses "Close", which for a second after "Cancel operation" takes no presses."""
+        self.program.press_if_usable(ALL, "Close")
+        return not self.program.is_open(ALL)
+
     def test_the_program_is_one_small_file_with_all_that_windows_asks_for(self):
         tables = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", desktop.PROGRAM], capture_output=True, text=True,
                                 check=True).stdout
