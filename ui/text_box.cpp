@@ -113,7 +113,7 @@ void TextBox::Select(Selection selection) {
   Mirror(Property::kSelection);
 }
 
-void TextBox::UserEdited(std::string text) {
+void TextBox::UserEdited(const std::string& text) {
   to_be_shown_.clear();
   if (read_only_ || !reachable()) {
     Mirror(Property::kText);

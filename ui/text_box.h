@@ -58,7 +58,7 @@ class TextBox : public Control {
   Handler on_mouse_up;
 
   // --- From a peer.
-  void UserEdited(std::string text);
+  void UserEdited(const std::string& text);
   void UserReleasedMouse() { Raise(on_mouse_up); }
 
   void AttachPeer(FrontEnd& front_end) override;

@@ -5,7 +5,7 @@
 
 namespace ui::headless {
 
-void HeadlessDialogs::Open(Form& owner, Asked asked_now) {
+void HeadlessDialogs::Open(Form& owner, const Asked& asked_now) {
   asked.push_back(asked_now);
   const ModalScope nothing_reacts(owner.front_end(), nullptr);
   if (while_open) while_open(asked_now);

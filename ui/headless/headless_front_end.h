@@ -37,7 +37,7 @@ class HeadlessDialogs : public Dialogs {
   std::function<void(const Asked&)> while_open;  ///< runs while a dialog is open
 
  private:
-  void Open(Form& owner, Asked asked_now);
+  void Open(Form& owner, const Asked& asked_now);
   std::optional<std::string> NextText();
 };
 

@@ -71,7 +71,7 @@ std::string Rows(const Container& around, const std::string& indent) {
     std::ranges::stable_sort(begin, end, {}, &Control::left);
     std::string row;
     for (; begin != end; ++begin) row += (row.empty() ? "" : "  ") + Face(**begin);
-    text += indent + OnLines(row, "\n" + indent + "  ") + "\n";
+    text.append(indent).append(OnLines(row, "\n" + indent + "  ")).append("\n");
     if (frame != nullptr) text += Rows(*frame, indent + "    ");
   }
   return text;

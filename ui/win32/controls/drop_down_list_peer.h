@@ -5,6 +5,8 @@
 
 namespace ui::win32 {
 
+/// A drop-down list of the system, drawn by the program. Keys on the closed list choose at once, in an open
+/// one they only move the mark; the wheel over a closed list without the focus is the window's.
 class DropDownListPeer : public LateFocusPeer {
  public:
   DropDownListPeer(DropDownList& list, Toolkit& toolkit);

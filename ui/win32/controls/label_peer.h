@@ -5,6 +5,8 @@
 
 namespace ui::win32 {
 
+/// A text that takes clicks. One without room for a second line ends in an ellipsis, a path in its last name;
+/// in a pop-up it keeps off the window's sides.
 class LabelPeer : public WindowPeer {
  public:
   LabelPeer(Label& label, Toolkit& toolkit);

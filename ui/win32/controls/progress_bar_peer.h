@@ -5,6 +5,7 @@
 
 namespace ui::win32 {
 
+/// The system's progress bar, in thousandths.
 class ProgressBarPeer : public WindowPeer {
  public:
   ProgressBarPeer(ProgressBar& bar, Toolkit& toolkit);
