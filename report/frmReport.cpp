@@ -205,7 +205,7 @@ void frmReport::Form_Unload() {
 void frmReport::AskWhetherToCancel() {
   const ui::MessageBox question{
       texts_.GetProgramText(subject_.copies_files ? text::kAskCancelBackup : text::kAskCancelOperation), "",
-      ui::Icon::kQuestion};
+      ui::Icon::kQuestion, true};
   if (front_end().dialogs().AskYesNo(*this, question) && Paused) cmdCancelClose_Click();
 }
 

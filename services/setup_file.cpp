@@ -80,7 +80,7 @@ bool AskToClearMissingTarget(ui::Dialogs& dialogs, ui::Form& owner, const text::
   return dialogs.AskYesNo(
       owner, {texts.GetProgramText(text::kMissingTarget) + "\r\n" + base::utf8::Printable(path) + "\r\n\r\n" +
                   texts.GetProgramText(text::kClearMissingTarget),
-              texts.GetProgramText(text::kTitleMissingTarget), ui::Icon::kQuestion});
+              texts.GetProgramText(text::kTitleMissingTarget), ui::Icon::kQuestion, true});
 }
 
 }  // namespace services

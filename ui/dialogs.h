@@ -15,6 +15,7 @@ struct MessageBox {
   std::string text;   ///< lines end in CR LF
   std::string title;  ///< empty: the program's name
   Icon icon = Icon::kNone;
+  bool no_by_default = false;  ///< of a question: Enter answers No, since Yes takes something away
 };
 
 struct FileDialog {
@@ -38,7 +39,7 @@ class Dialogs {
 
   virtual void Show(Form& owner, const MessageBox& box) = 0;
 
-  /// Yes and No. Everything but Yes is No.
+  /// Yes and No. Everything but Yes is No; Enter is Yes unless the box says otherwise.
   virtual bool AskYesNo(Form& owner, const MessageBox& box) = 0;
 
   /// One existing folder of the file system. `start` is shown first where it exists; `new_style` asks for the

@@ -87,7 +87,7 @@ bool SetupCommands::ConfirmReplacingLastRun() {
   return context_.front_end.dialogs().AskYesNo(
       main_, {Text(what) + "\r\n" + base::utf8::Printable(main_.LastRunSetupPath) + "\r\n\r\n" +
                   Text(text::kReplaceLastRun),
-              Text(text::kTitleReplaceLastRun), ui::Icon::kQuestion});
+              Text(text::kTitleReplaceLastRun), ui::Icon::kQuestion, true});
 }
 
 bool SetupCommands::SaveForNextRunOrReport(bool show_pop_up) {
@@ -143,7 +143,7 @@ void SetupCommands::SaveSetupInFile() {
   }
   if (context_.files.Stat(*path) &&
       !dialogs.AskYesNo(main_, {Text(text::kReplaceSetupFile) + " " + base::utf8::Printable(*path) + "?",
-                                Text(text::kTitleSetupFileThere), ui::Icon::kQuestion})) {
+                                Text(text::kTitleSetupFileThere), ui::Icon::kQuestion, true})) {
     return;
   }
   if (services::SaveSetupToFile(context_.files, *path, SetupToSave())) {

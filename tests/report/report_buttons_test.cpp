@@ -33,7 +33,7 @@ TEST_F(ReportButtons, PauseHoldsTheOperationUntilContinue) {
 }
 
 TEST_F(ReportButtons, TheTitleBarPausesARunningOperationAndAsksWhetherToCancelAPausedOne) {
-  front_end.dialogs().yes_no = {false, true};
+  front_end.dialogs().yes_no = {std::nullopt, true};
   for (const bool yes : {false, true}) {
     front_end.Post([&] { window.UserClosed(); });
     front_end.Post([&] {

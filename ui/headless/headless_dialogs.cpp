@@ -18,7 +18,7 @@ void HeadlessDialogs::Show(Form& owner, const MessageBox& box) {
 bool HeadlessDialogs::AskYesNo(Form& owner, const MessageBox& box) {
   Open(owner, {"yes-no", box.text, box.title, box.icon});
   if (yes_no.empty()) return false;
-  const bool answer = yes_no.front();
+  const bool answer = yes_no.front().value_or(!box.no_by_default);
   yes_no.pop_front();
   return answer;
 }

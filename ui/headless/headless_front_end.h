@@ -31,7 +31,7 @@ class HeadlessDialogs : public Dialogs {
   std::optional<std::string> SaveFile(Form& owner, const FileDialog& dialog) override;
   std::optional<std::string> AskText(Form& owner, const InputBox& box) override;
 
-  std::deque<bool> yes_no;                       ///< the next answers to yes-no questions
+  std::deque<std::optional<bool>> yes_no;        ///< the next answers to yes-no questions; empty: Enter
   std::deque<std::optional<std::string>> texts;  ///< the next paths and texts
   std::vector<Asked> asked;
   std::function<void(const Asked&)> while_open;  ///< runs while a dialog is open

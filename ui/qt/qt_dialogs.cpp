@@ -87,6 +87,7 @@ void QtDialogs::Show(Form& owner, const MessageBox& box) {
 bool QtDialogs::AskYesNo(Form& owner, const MessageBox& box) {
   QMessageBox widget(ParentFor(owner));
   Fill(widget, box, QMessageBox::Yes | QMessageBox::No);
+  if (box.no_by_default) widget.setDefaultButton(QMessageBox::No);
   return Run(widget) == QMessageBox::Yes;
 }
 

@@ -50,6 +50,7 @@ class Driver {
   /// Whether one of the front end's own dialogs is open, and the user's answers to it.
   virtual bool DialogIsOpen() = 0;
   virtual void AnswerYes() = 0;
+  virtual void AnswerByEnter() = 0;
   virtual void AnswerText(const std::string& text) = 0;
   virtual void AnswerPath(const std::string& path) = 0;
   virtual void LeaveDialog() = 0;

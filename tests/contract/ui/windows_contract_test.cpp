@@ -133,6 +133,10 @@ TEST_F(FrontEndContract, OnlyAnAnswerIsAnAnswer) {
   EXPECT_TRUE(dialogs.AskYesNo(window_, question));
   WhenADialogIsOpen([this] { driver_->LeaveDialog(); });
   EXPECT_FALSE(dialogs.AskYesNo(window_, question));
+  for (const bool no_by_default : {false, true}) {
+    WhenADialogIsOpen([this] { driver_->AnswerByEnter(); });
+    EXPECT_EQ(dialogs.AskYesNo(window_, {"Delete?", "", ui::Icon::kQuestion, no_by_default}), !no_by_default);
+  }
   WhenADialogIsOpen([this] { driver_->AnswerText("Bilder \xC3\xA4"); });
   EXPECT_EQ(dialogs.AskText(window_, prompt), "Bilder \xC3\xA4");
   WhenADialogIsOpen([this] { driver_->LeaveDialog(); });

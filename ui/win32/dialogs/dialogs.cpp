@@ -51,7 +51,7 @@ int Win32Dialogs::ShowBox(Form& owner, const MessageBox& box, UINT buttons) {
 void Win32Dialogs::Show(Form& owner, const MessageBox& box) { ShowBox(owner, box, MB_OK); }
 
 bool Win32Dialogs::AskYesNo(Form& owner, const MessageBox& box) {
-  return ShowBox(owner, box, MB_YESNO) == IDYES;
+  return ShowBox(owner, box, box.no_by_default ? MB_YESNO | MB_DEFBUTTON2 : MB_YESNO) == IDYES;
 }
 
 std::optional<std::string> Win32Dialogs::BrowseForFolder(Form& owner, const std::string& title,

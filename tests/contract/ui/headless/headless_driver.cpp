@@ -54,6 +54,7 @@ class HeadlessDriver : public Driver {
 
   bool DialogIsOpen() override { return true; }
   void AnswerYes() override { dialogs_.yes_no.push_back(true); }
+  void AnswerByEnter() override { dialogs_.yes_no.push_back(std::nullopt); }
   void AnswerText(const std::string& text) override { dialogs_.texts.emplace_back(text); }
   void AnswerPath(const std::string& path) override { dialogs_.texts.emplace_back(path); }
   void LeaveDialog() override {}

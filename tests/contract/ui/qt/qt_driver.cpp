@@ -84,6 +84,7 @@ class QtDriver : public Driver {
 
   bool DialogIsOpen() override { return OpenDialog() != nullptr; }
   void AnswerYes() override { qobject_cast<QMessageBox*>(OpenDialog())->button(QMessageBox::Yes)->click(); }
+  void AnswerByEnter() override { QTest::keyClick(OpenDialog(), Qt::Key_Return); }
   void AnswerText(const std::string& text) override { AnswerInEdit(text); }
   void AnswerPath(const std::string& path) override { AnswerInEdit(path, "fileNameEdit"); }
   void LeaveDialog() override { QTest::keyClick(OpenDialog(), Qt::Key_Escape); }

@@ -78,9 +78,10 @@ class Win32Driver : public Driver {
 
   bool DialogIsOpen() override { return GetWindow(GetActiveWindow(), GW_OWNER) != nullptr; }
   void AnswerYes() override { PostMessageW(GetActiveWindow(), WM_COMMAND, IDYES, 0); }
+  void AnswerByEnter() override { PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0); }
   void AnswerText(const std::string& text) override {
     for (const wchar_t unit : ToWide(text)) PostMessageW(GetFocus(), WM_CHAR, unit, 0);
-    PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
+    AnswerByEnter();
   }
   void AnswerPath(const std::string& path) override {
     SetDlgItemTextW(GetActiveWindow(), kFileName, ToWide(path).c_str());
