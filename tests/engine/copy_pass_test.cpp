@@ -36,18 +36,6 @@ TEST(CopyPass, SaysAtOnceWhatIsTooLargeForTheFormatOfTheTarget) {
   EXPECT_EQ(scene.files.CountOf(Call::kCopyFile), 1U);
 }
 
-TEST(CopyPass, AsksForTheSpaceOnceInAWhileAndForEveryFileWhenItRunsShort) {
-  for (const auto& [free, times] : {std::pair(1'000'000'000U, 2U), {1'000'000U, 10U}}) {
-    Scene scene(
-        {"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f", "/src/g", "/src/h", "/src/i", "/src/j"});
-    scene.files.SetSpace(free, 2'000'000'000);
-    scene.on_copy = [&scene] { scene.clock.Advance(std::chrono::milliseconds{21}); };
-    scene.BackUp();
-    EXPECT_EQ(scene.files.CountOf(Call::kSpace), times);
-    EXPECT_EQ(scene.files.CountOf(Call::kReplaceFile), 1U) << "the mark of an unfinished run";
-  }
-}
-
 TEST(CopyPass, TakesWhatIsOnItsWayForGoneFromTheSpaceWhetherItHasJustAskedOrNot) {
   for (const auto& [milliseconds, groups] : {std::pair(0, 2U), {101, 3U}}) {
     Scene scene;

@@ -9,19 +9,6 @@ namespace engine::test {
 
 using platform::memory::Call;
 
-TEST(FolderWalk, VisitsWhatTheSetupIncludes) {
-  const auto visited = [](bool source_files, bool below) {
-    Scene scene({"/src/own", "/src/in/a", "/src/in/deep/er/b", "/src/out/c"}, {"in"});
-    scene.setup.ExcludeFilesInSourceFolder = !source_files;
-    scene.setup.IncludeSubfolders = below;
-    scene.BackUp();
-    return scene.visited + " " + scene.Copies();
-  };
-  EXPECT_EQ(visited(true, false), "/src|/src/in| in/a=1 own=1");
-  EXPECT_EQ(visited(true, true), "/src|/src/in|/src/in/deep|/src/in/deep/er| in/a=1 in/deep/er/b=1 own=1");
-  EXPECT_EQ(visited(false, true), "/src/in|/src/in/deep|/src/in/deep/er| in/a=1 in/deep/er/b=1");
-}
-
 TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   Scene scene({"/outside", "/src/in/deep/a"}, {"..", "in", "", "in/deep", ".", "in", "../src", "gone"});
   EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 6");

@@ -30,9 +30,4 @@ TEST_F(ReadBack, OfEveryCopyKeepsTheOldOneWhereTheNewOneIsBadAlsoFileByFile) {
   EXPECT_FALSE(Wrote("Reading back."));
 }
 
-TEST_F(ReadBack, IsNotMadeUnlessItIsWishedFor) {
-  EXPECT_EQ(BackUp(), "new 4, modified 1, copied 5");
-  EXPECT_EQ(files.CountOf(Call::kReadBack), 0u);
-}
-
 }  // namespace engine::test

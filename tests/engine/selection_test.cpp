@@ -36,11 +36,6 @@ TEST(WildcardMatch, KnowsAnyRunAndOneCharacterAndStaysQuickWhenItBacktracks) {
   EXPECT_FALSE(WildcardMatch(std::string(20'000, 'a'), "*a*a*a*a*a*a*a*a*b", true));
 }
 
-TEST(Filters, SkipPatternsAreTrimmedLoweredAndWithoutEmptyOnes) {
-  EXPECT_EQ(SkipPatterns(" \\Temp ,, ,x y,"), (std::vector<std::string>{"/temp", "x y"}));
-  EXPECT_TRUE(PathMatchesSkipFilepaths("/src/TEMP/a.txt", SkipPatterns("b.doc,\\temp\\")));
-}
-
 TEST(Filters, ExtensionIsWhatFollowsTheLastDotOfTheLastPart) {
   const TextsAndPatterns fits = {
       {"/a/x.tar.gz", "gz"}, {"/a/x.JPG", "j?g"}, {"/a/x.jpeg", ""}, {"/a/x.", "*"}};

@@ -1,14 +1,17 @@
 """The packages for Windows as cpack makes them: installed, used and removed, each in a Wine prefix of its own."""
 
+import filecmp
 import glob
 import os
+import pathlib
 import shutil
 import subprocess
 import tempfile
-import time
 import unittest
 import xml.etree.ElementTree
 import zipfile
+
+import desktop
 
 WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
 BUILD, CPACK = os.environ.get("QV_BUILD", ""), os.environ.get("QV_CPACK", "cpack")
@@ -19,11 +22,6 @@ def make_packages(folder):
     subprocess.run([CPACK, "-B", folder], cwd=BUILD, check=True, stdout=subprocess.DEVNULL,
                    env={**os.environ, "SOURCE_DATE_EPOCH": "1700000000"})
     return sorted(path for path in glob.glob(folder + "/quorvane-*") if os.path.isfile(path))
-
-
-def content(path):
-    with open(path, "rb") as file:
-        return file.read()
 
 
 @unittest.skipUnless(shutil.which("makensis"), "the installer is made by NSIS, which is not installed")
@@ -41,10 +39,8 @@ class Packages(unittest.TestCase):
         os.makedirs(cls.data)
         for folder in ("source", "target"):
             os.mkdir(os.path.join(cls.prefix, "drive_c", folder))
-        with open(os.path.join(cls.prefix, "drive_c/source/letter.txt"), "w", encoding="ascii") as file:
-            file.write("Dear reader")
-        with open(os.path.join(cls.data, "qvr.usr"), "w", encoding="ascii", newline="\r\n") as file:
-            file.write("C:\\source\nC:\\target\n" + " 0 \n" * 6 + "\n 0 \n\n")
+        pathlib.Path(cls.prefix, "drive_c/source/letter.txt").write_bytes(b"Dear reader")
+        pathlib.Path(cls.data, "qvr.usr").write_bytes(b"C:\\source\r\nC:\\target\r\n" + b" 0 \r\n" * 6 + b"\r\n 0 \r\n\r\n")
 
     @classmethod
     def wine(cls, *words):
@@ -54,12 +50,10 @@ class Packages(unittest.TestCase):
         target = os.path.join(self.prefix, "drive_c/target/letter.txt")
         screen = os.path.join(os.path.dirname(WINE), "on_screen.sh")
         backup = subprocess.Popen([screen, WINE, self.prefix, program, "nightly"], stdout=subprocess.DEVNULL)
-        end = time.monotonic() + 60
-        while not os.path.exists(target) and time.monotonic() < end:
-            time.sleep(0.1)
+        desktop.within(60, lambda: os.path.exists(target))
         self.wine("--stop")
         backup.wait()
-        self.assertEqual(content(target), b"Dear reader")
+        self.assertEqual(pathlib.Path(target).read_bytes(), b"Dear reader")
         os.remove(target)
 
     def test_the_installer_installs_and_takes_away_only_what_it_brought(self):
@@ -97,4 +91,4 @@ class Packages(unittest.TestCase):
 
     def test_the_same_program_makes_the_same_archive_later(self):
         again = make_packages(os.path.join(self.root, "second"))
-        self.assertEqual(content(again[0]), content(self.archive))
+        self.assertTrue(filecmp.cmp(again[0], self.archive, shallow=False))
