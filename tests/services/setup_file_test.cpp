@@ -34,16 +34,6 @@ struct SetupFile : testing::Test {
   app::Setup setup;
 };
 
-TEST_F(SetupFile, GivesTheIncludedFoldersThatLieInTheSource) {
-  const auto loaded = Load();
-  EXPECT_EQ(loaded.setup.IncludedFolders, (std::vector<std::string>{"one", "two"}));
-  EXPECT_EQ(loaded.away.folders, (std::vector<std::string>{"gone", "file", "..", "two/below", "", "s"}));
-  EXPECT_EQ(AwayLines(loaded.away, texts)[0], "Included folder gone does not exist. Stays.");
-  EXPECT_EQ(AwayLines(loaded.away, texts)[2], "Not plain: ..");
-  EXPECT_EQ(AwaySummary(loaded.away, texts), "Away: included folders gone, file, .., two/below, , s.");
-  EXPECT_EQ(WithAwayParts(loaded.setup, loaded.away), setup) << "what is saved";
-}
-
 TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSo) {
   setup.SourceFolder = "/s/file";
   const app::Setup loaded = Load().setup;

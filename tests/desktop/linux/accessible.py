@@ -94,8 +94,7 @@ class Program(desktop.Program):
     def __init__(self, home, words, screen=None, command=()):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8",
-                           PATH=os.path.join(home, "bin") + ":" + os.environ["PATH"])
+        environment.update(XDG_CONFIG_HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
         environment.update(screen.environment if screen else {})
         super().__init__([*without_roots_rights(), *(command or [desktop.PROGRAM]), *words], environment, screen)
 
@@ -140,11 +139,6 @@ class Program(desktop.Program):
             self.screen.run("xdotool", "key", "ctrl+a", "type", "--delay", "5", text)
             return desktop.within(4, lambda: self.text(title, name) == text)
         desktop.wait_until(typed, f"{text!r} to be typed", 60)
-
-    def click(self, control):
-        place = Atspi.Component.get_extents(control.item, Atspi.CoordType.SCREEN)
-        middle = [str(place.x + place.width // 2), str(place.y + place.height // 2)]
-        self.screen.run("xdotool", "mousemove", *middle, "click", "1")
 
     def close(self, title):
         """What a click on the cross in the window's corner does."""

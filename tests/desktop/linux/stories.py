@@ -1,8 +1,6 @@
 """What a user of the Linux program lives through, seen from outside: windows, report, exit codes and copies."""
 
-import glob
 import os
-import subprocess
 import unittest
 
 import accessible
@@ -11,21 +9,6 @@ from damaged_copies import DamagedCopies
 from first_day import FirstDay
 from held_runs import HeldRuns
 from story import FOLDERS, INCLUDED, Story, Unattended
-
-# These take the place of the system's own, for the program alone. The wait before a shutdown keeps the command line of
-# the shell that waits, and never says that it is over.
-STAND_INS = {"sleep": """#!/bin/sh
-cp /proc/$PPID/cmdline "$XDG_CONFIG_HOME/waiting.$PPID"
-exec timeout 100 tail -f /dev/null
-""", "shutdown": """#!/bin/sh
-echo "$@" >>"$XDG_CONFIG_HOME/shutdown.txt"
-"""}
-WITH_STAND_INS = """for name in sleep shutdown; do
-  mount --bind "$XDG_CONFIG_HOME/bin/$name" "$(PATH=/usr/sbin:/usr/bin:/sbin:/bin command -v $name)" || exit 90
-done
-exec setpriv --ambient-caps=-all --inh-caps=-all "$0" "$@"
-"""
-OF_ITS_OWN = ["unshare", "--user", "--map-current-user", "--keep-caps", "--mount", "sh", "-c", WITH_STAND_INS]
 
 
 def setUpModule():
@@ -38,21 +21,7 @@ class OnLinux:
         return desktop.Place()
 
     def make_program(self, words):
-        command = self.with_stand_ins() if "shutdown" in words else [desktop.PROGRAM]
-        return accessible.Program(self.place.home, words, self.screen, command)
-
-    def with_stand_ins(self):
-        """How to start the program so that it cannot switch this computer off."""
-        folder = os.path.join(self.place.home, "bin")
-        os.makedirs(folder, exist_ok=True)
-        for name, script in STAND_INS.items():
-            with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
-                file.write(script)
-            os.chmod(file.name, 0o700)
-        if subprocess.run([*accessible.without_roots_rights(), *OF_ITS_OWN, "true"], env={**os.environ, "XDG_CONFIG_HOME": self.place.home}, check=False,
-                          capture_output=True).returncode:
-            self.skipTest("this system has no shutdown, or lets nobody put another program in its place for a test")
-        return [*OF_ITS_OWN, desktop.PROGRAM]
+        return accessible.Program(self.place.home, words, self.screen)
 
 
 class LinuxRuns(OnLinux, DamagedCopies, HeldRuns, Story):
@@ -95,16 +64,6 @@ class WithoutAScreen(OnLinux, Story):
         self.assertEqual(program.wait_for_result()["status"], "ok")
 
 
-    def test_a_shutdown_is_in_the_hands_of_the_system_when_the_program_has_ended(self):
-        self.write(INCLUDED)
-        self.save_setup(FOLDERS)
-        program = accessible.Program(self.place.home, ["shutdown"], command=self.with_stand_ins())
-        self.addCleanup(program.end)
-        self.assertEqual(program.exit_code(), 0)
-        with open(os.path.join(self.place.home, "shutdown.txt"), encoding="utf-8") as file:
-            self.assertEqual(file.read(), "-P +1\n")
-
-
 class LinuxFirstDay(OnLinux, FirstDay, Story):
     def answer_folder_dialog(self, title, path):
         self.answer_file_dialog(title, path, "Choose", "Directory:")
@@ -112,18 +71,3 @@ class LinuxFirstDay(OnLinux, FirstDay, Story):
     def answer_file_dialog(self, title, path, button, label="File name:"):
         self.program.type(title, label, path)
         self.program.answer(title, button)
-
-    def check_shutdown_is_pending(self):
-        desktop.wait_until(lambda: self.waiting_shell()[:2] == ["sh", "-c"], "the shutdown")
-        self.assertEqual(self.waiting_shell()[4], "Cancellation possible.\r\nSee comment below")
-
-    def waiting_shell(self):
-        """Its command line."""
-        for path in glob.glob(os.path.join(self.place.home, "waiting.*")):
-            self.shell = path.rsplit(".", 1)[1]
-            with open(path, encoding="utf-8", newline="") as file:
-                return file.read().split("\0")
-        return []
-
-    def check_shutdown_is_called_off(self):
-        desktop.wait_until(lambda: not os.path.exists("/proc/" + self.shell), "the end of the wait")

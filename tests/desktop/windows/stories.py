@@ -67,10 +67,12 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
         except FileNotFoundError:
             return []
 
-    def check_shutdown_is_pending(self):
-        desktop.wait_until(lambda: self.calls() == [LAST_CALL], "the shutdown")
+    last_words = ("shutdown",)
 
-    def check_shutdown_is_called_off(self):
+    def hear_last_words(self):
+        desktop.wait_until(lambda: self.calls() == [LAST_CALL], "the shutdown")
+        self.program.click(self.program.find_label("Click here to cancel the shutdown."))
+        self.answer_box_of("Shutdown cancelled", "OK")
         desktop.wait_until(lambda: self.calls() == [LAST_CALL, "/a"], "the end of the shutdown")
 
 
