@@ -53,6 +53,7 @@ TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopy) {
   request.setup.IncludeSubfolders = true;
   request.setup.SkipFilepaths = ".tmp";
   EXPECT_EQ(FactAtTheEnd("To be copied"), "3 files, 9 bytes");
+  EXPECT_EQ(Fact("Files"), "All files, whatever their extension.");
   request.operation = Operation::kBackupAllFiles;
   EXPECT_EQ(FactAtTheEnd("To be copied"), "4 files, 11 bytes");
   request.setup.TargetFolder = "/src/a/target";

@@ -23,12 +23,14 @@ TEST_F(UnattendedRun, BacksUpSaysSoOnStandardOutputAndKeepsTheSetup) {
 }
 
 TEST_F(UnattendedRun, EndsWithTheExitCodeOfWhatHappenedAndAsksNobody) {
-  const auto ends = [](const std::string& status, int exit_code, void (*arrange)(Program&)) {
+  const auto ends = [](const std::string& status, int exit_code, void (*arrange)(Program&),
+                       const std::string& told = "") {
     Program program({"/src/a", "/src/b"});
     arrange(program);
     program.StartWithSetup("x");
     EXPECT_TRUE(program.printed.back().starts_with("RESULT status=" + status)) << program.printed.back();
     EXPECT_EQ(program.Said(), "");
+    EXPECT_TRUE(program.window->ReportWindow().lblState.text().ends_with(told)) << told;
     program.window->UserClosed();
     EXPECT_EQ(program.front_end.Run(), exit_code) << status;
   };
@@ -37,6 +39,9 @@ TEST_F(UnattendedRun, EndsWithTheExitCodeOfWhatHappenedAndAsksNobody) {
   ends("warnings", 1, [](Program& p) { p.setup.IncludedFolders = {"gone"}; });
   ends("failed", 2, [](Program& p) { p.files.Fail(Call::kReadSource, "", {}); });
   ends("failed", 2, [](Program& p) { p.files.Fail(Call::kFlush, "", {}); });
+  ends(
+      "failed", 2, [](Program& p) { p.files.Fail(Call::kOpenFolder, "/dst", {}); },
+      "1 folder could not be read.");
   ends("cancelled", 3, [](Program& p) { p.WhenACopyBegins([&p] { p.window->StopOperation(); }); });
   ends("refused", 4, [](Program& p) { p.files.Remove("/dst"); });
 }

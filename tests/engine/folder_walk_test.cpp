@@ -248,6 +248,7 @@ TEST(FolderWalk, ProgressOnlyMovesForwardAndEndsAtOneAlsoAmongFoldersWithoutFile
   EXPECT_TRUE(std::ranges::is_sorted(scene.progress));
   EXPECT_GE(scene.breaths, 15);
   EXPECT_EQ(scene.progress.back(), 1.0);
+  EXPECT_EQ(scene.outcome.totals.non_empty_folders, 6);
 }
 
 TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {

@@ -15,7 +15,8 @@ TEST(RunOperation, FindsNewAndModifiedFilesAlikeAndCopiesOnlyWhenItCopies) {
                {Operation::kBackupAllFiles, "copied 3, filtered 1", 2'147'483'651},
                {Operation::kListIncludedSubfolders, "filtered 1, due 3", 0}};
   for (const auto& c : cases) {
-    Scene scene({"/src/same.txt", "/dst/same.txt", "/src/changed.txt=333", "/dst/changed.txt", "/src/a.doc"});
+    Scene scene(
+        {"/src/same.txt", "/dst/same.txt", "/src/changed.txt=333", "/dst/changed.txt", "/src/doctxt"});
     scene.files.AddHugeFile("/src/new.txt", 6'000'000'001);
     scene.setup.FileExtension = "txt";
     EXPECT_EQ(scene.Run(c.operation), c.found);

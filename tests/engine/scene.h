@@ -42,9 +42,11 @@ class Scene : public Listener {
   std::string Run(app::Operation operation) {
     const RunRequest request{setup, operation, {}, false, compare_contents, reads_back};
     outcome = {};
+    told_copied = 0;
     refusal = CheckRequest(tools, request, [](const std::string&) {});
     if (!refusal) outcome = RunChecked(tools, request);
     const FileCounts& sums = outcome.totals.counts;
+    EXPECT_EQ(sums.copied, told_copied);
     EXPECT_EQ(sums.met, sums.copied + sums.up_to_date + sums.filtered_out + sums.failed + sums.due);
     const char* const names[] = {"new", "modified", "copied",   "up to date", "filtered",  "failed",
                                  "due", "unread",   "warnings", "cancelled",  "terminated"};
@@ -87,7 +89,7 @@ class Scene : public Listener {
     copied += path + "|";
     if (on_copy) on_copy();
   }
-  void CopyEnded(std::int64_t, std::int64_t) override {}
+  void CopyEnded(std::int64_t, std::int64_t files_copied) override { told_copied = files_copied; }
   void ReadingBack(const std::string& path) override { read_back += path + "|"; }
   void Comparing(const std::string&) override {}
   void Compared(std::int64_t, std::int64_t) override {}
@@ -143,6 +145,7 @@ class Scene : public Listener {
   std::string lines, visited, copied, told, paused_after, saving, read_back;
   std::vector<double> progress;
   int breaths = 0, questions = 0;
+  std::int64_t told_copied = 0;
   bool compare_contents = false, reads_back = false;
   bool go_on = true, stop = false, pause_wished = false;
   std::function<void()> on_copy, on_breath;

@@ -106,6 +106,8 @@ TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
 
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
+  const std::string version_4("\0\0\4\0\4\0\0\0\x11\0\0\0\x26\0\0\0", 16);
+  const std::string version_6("\0\0\6\0\6\0\0\0\x11\0\0\0\x26\0\0\0", 16);
   const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);
   const std::string changed_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x24\0\0\0with more", 25);
   const std::string not_valid("\0\0\5\0\5\0\0\0\x10\0\0\0\x02\0\0\0", 16);
@@ -113,7 +115,9 @@ TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
                                                       {"0x26", kHidden | kSystem},
                                                       {"0x21", 0},
                                                       {version_3, kHidden | kSystem},
+                                                      {version_4, kHidden | kSystem},
                                                       {version_5, kHidden | kSystem},
+                                                      {version_6, 0},
                                                       {not_valid, 0},
                                                       {"", 0},
                                                       {"rubbish", 0}};
