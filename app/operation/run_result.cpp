@@ -75,10 +75,13 @@ std::string ResultLine(const engine::RunOutcome& outcome, double seconds) {
   const auto field = [](const char* name, std::int64_t value) {
     return " " + std::string(name) + "=" + std::to_string(value);
   };
+  std::string compared;
+  if (outcome.compared_contents)
+    compared = field("compared", counts.compared) + field("differed", counts.differed);
   return std::string("RESULT status=") + kWords[static_cast<std::size_t>(StatusOf(outcome))] +
          field("new", counts.new_files) + field("modified", counts.modified_files) +
          field("copied", counts.copied) + field("failed", counts.failed) +
-         field("bytes", outcome.totals.bytes_copied) + field("seconds", std::llround(seconds));
+         field("bytes", outcome.totals.bytes_copied) + field("seconds", std::llround(seconds)) + compared;
 }
 
 }  // namespace app

@@ -22,7 +22,8 @@ std::string EndText(Operation operation, const engine::RunOutcome& outcome, cons
 
 /// The last line of an unattended run's output, for programs to read:
 /// "RESULT status=ok new=1 modified=2 copied=3 failed=0 bytes=4567 seconds=8". The status is one of ok,
-/// warnings, failed, cancelled, refused; seconds are whole, rounded.
+/// warnings, failed, cancelled, refused; seconds are whole, rounded. A run that compared contents has
+/// " compared=9 differed=1" after that.
 std::string ResultLine(const engine::RunOutcome& outcome, double seconds);
 
 }  // namespace app

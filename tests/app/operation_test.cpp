@@ -1,4 +1,5 @@
 #include "app/confirmation/frmConfirmOperation.h"
+#include "app/operation/run_result.h"
 #include "tests/app/program.h"
 
 namespace app::test {
@@ -221,6 +222,16 @@ TEST_F(Operations, ReadCopiesBackFromWhenThatIsTickedUntilTheProgramEnds) {
                                                    "Number of these that were not as written: 1\r\n"),
         std::string::npos);
   }
+}
+
+TEST(ResultLine, TellsOfAComparisonOnlyWhereOneWasMade) {
+  engine::RunOutcome outcome;
+  outcome.totals.counts.compared = 9;
+  outcome.totals.counts.differed = 1;
+  const std::string always = "RESULT status=ok new=0 modified=0 copied=0 failed=0 bytes=0 seconds=2";
+  EXPECT_EQ(ResultLine(outcome, 1.5), always);
+  outcome.compared_contents = true;
+  EXPECT_EQ(ResultLine(outcome, 1.5), always + " compared=9 differed=1");
 }
 
 }  // namespace app::test

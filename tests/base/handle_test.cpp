@@ -20,7 +20,7 @@ TEST(Handle, ClosesWhatItOwnsOnceAndNothingElse) {
     Handle<Numbers> two(2);
     one = std::move(two);
     EXPECT_EQ(closed, "1");
-    two.Reset(3);
+    two.Reset(3);  // NOLINT(bugprone-use-after-move): to be used like a new one
     EXPECT_EQ(one.get() + two.Release(), 5);
     EXPECT_TRUE(one && !two);
     auto& same = one;

@@ -10,7 +10,7 @@ using platform::memory::Call;
 /// A target with copies of all but some files of the source, all of them outdated.
 void Prepare(Scene& scene) {
   for (const std::string name : {"a", "b", "in/c", "in/d", "in/deep/e", "in/f", "tail/g"})
-    tree::Add(scene.files, {"/src/" + name + "=new content of " + name});
+    scene.files.AddFile("/src/" + name, "new content of " + name);
   tree::Add(scene.files,
             {"/dst/a=older content of a", "/dst/in/c=older content of in/c", "/dst/in/deep/e=old"});
   scene.setup.IncludedFolders = {"in", "tail"};

@@ -34,7 +34,7 @@ class PosixScene : public Scene {
     return symlink(destination.c_str(), path.c_str()) == 0;
   }
   bool GiveTo(const std::string& path, bool another) override {
-    return scratch_.GiveTo(path, another ? 65'533 : geteuid());
+    return posix::test::Scratch::GiveTo(path, another ? 65'533 : geteuid());
   }
   bool MakeHardLink(const std::string& path, const std::string& file) override {
     return link(file.c_str(), path.c_str()) == 0;
