@@ -33,7 +33,7 @@ void FillAroundLine(HWND edit) {
   ReleaseDC(edit, context);
 }
 
-void PlaceLineInTheMiddle(NativeWindow& edit, std::function<int()> line_height) {
+void PlaceLineInTheMiddle(NativeWindow& edit, const std::function<int()>& line_height) {
   edit.On(WM_NCCALCSIZE, [&edit, line_height](const Message& message) -> Answer {
     const LRESULT result = edit.Default(message);
     RECT& inside = *reinterpret_cast<RECT*>(message.lparam);  // also where more follows it

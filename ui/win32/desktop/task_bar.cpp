@@ -19,8 +19,8 @@ void TaskBar::ShowProgress(HWND window, std::optional<double> fraction, TaskStat
   }
   static constexpr std::array kFlags{TBPF_NORMAL, TBPF_PAUSED, TBPF_ERROR};
   list_->SetProgressState(window, kFlags[static_cast<std::size_t>(state)]);
-  constexpr ULONGLONG kWhole = 1000;
-  list_->SetProgressValue(window, static_cast<ULONGLONG>(*fraction * kWhole), kWhole);
+  constexpr ULONGLONG kSteps = 1000;
+  list_->SetProgressValue(window, static_cast<ULONGLONG>(*fraction * kSteps), kSteps);
 }
 
 UINT TaskBar::ButtonMadeMessage() {

@@ -38,7 +38,7 @@ class Win32Driver : public Driver {
   }
 
   void Press(ui::Form& form, char key, Held held) override {
-    const auto code = static_cast<WPARAM>(key);
+    const auto code = static_cast<unsigned char>(key);
     if (held == Held::kAlt) return Post(FocusIn(form), WM_SYSCHAR, code, kAltIsDown);
     if (key > kSpace) return Post(FocusIn(form), WM_CHAR, code);
     BYTE down[256] = {};
