@@ -133,12 +133,12 @@ demo() {
 # has seen the demo's screen.
 demo_windows() {
   echo "Preparing Wine ..."
-  demo_cleanup=(tests/wine.sh "$2" --stop)
-  tests/wine.sh "$2" cmd /c exit
+  demo_cleanup=(tools/wine.sh "$2" --stop)
+  tools/wine.sh "$2" cmd /c exit
   "${demo_cleanup[@]}"
   ln -sfn "$1" "$2/dosdevices/q:"
   demo_root=Q:
   demo_sign=\\
   demo_config=$(find "$2/drive_c/users" -maxdepth 3 -path '*/AppData/Roaming' -not -path '*/Public/*' | head -n 1)
-  demo "$1" tests/wine.sh "$2" "$3"
+  demo "$1" tools/wine.sh "$2" "$3"
 }

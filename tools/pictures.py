@@ -5,8 +5,7 @@ import os
 import sys
 import time
 
-tests = os.path.join(os.path.dirname(__file__), "..", "tests", "desktop")
-sys.path[:0] = [tests, os.path.join(tests, sys.argv[1])]
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "desktop"))
 import desktop  # noqa: E402
 
 MAIN, BACK_UP = "Quorvane", "Back up new and modified"

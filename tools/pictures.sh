@@ -33,7 +33,7 @@ save_sample_setup() {
 windows_pictures() {
   local prefix=$PWD/build/pictures-wine config
   # Without a previous run, as on Linux. A new prefix knows of none.
-  tests/wine.sh "$prefix" reg delete 'HKCU\Software\Quorvane' /f >/dev/null 2>&1 || true
+  tools/wine.sh "$prefix" reg delete 'HKCU\Software\Quorvane' /f >/dev/null 2>&1 || true
   config=$(find "$prefix/drive_c/users" -maxdepth 3 -path '*/AppData/Roaming' -not -path '*/Public/*' | head -n 1)
   save_sample_setup "$config" 'Q:\Documents' 'Q:\Backup'
   QV_PROGRAM=$1 QV_TOOLS=$(dirname "$1")/../tests QV_PREFIX=$prefix \

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# A screen in memory with a window manager on it. Read by the demo and by tests/on_screen.sh.
+# A screen in memory with a window manager on it. Read by the demo and by tools/on_screen.sh.
 
 # wait_for SECONDS COMMAND...: until the command succeeds; fails when the time is over.
 wait_for() {

@@ -12,8 +12,8 @@ import xml.etree.ElementTree
 import zipfile
 
 import desktop
+from wine_desktop import WINE
 
-WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
 BUILD, CPACK = os.environ.get("QV_BUILD", ""), os.environ.get("QV_CPACK", "cpack")
 UNINSTALL = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvane"
 

@@ -10,7 +10,7 @@ import desktop
 from desktop import BUTTON, CHECK, LABEL, TEXT
 
 TOOLS, PREFIX = os.environ.get("QV_TOOLS", ""), os.environ.get("QV_PREFIX", "")
-WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "wine.sh")
+WINE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "wine.sh")
 
 CHECK_BOX, KINDS = 0x2, 0xF  # BS_CHECKBOX, BS_TYPEMASK of <winuser.h>
 NEW_MOUNTS, NEW_USER = 0x00020000, 0x10000000  # CLONE_NEWNS, CLONE_NEWUSER of <sched.h>

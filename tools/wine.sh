@@ -1,11 +1,11 @@
 #!/bin/bash
 # Runs Windows programs under Wine, with a prefix (Wine's C: drive and registry) of their own.
 #
-#   tests/wine.sh PREFIX PROGRAM [ARGUMENT...]          the program's exit code is the script's
-#   tests/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
-#   tests/wine.sh PREFIX --stop                         ends what still runs in the prefix
+#   tools/wine.sh PREFIX PROGRAM [ARGUMENT...]          the program's exit code is the script's
+#   tools/wine.sh PREFIX --test PROGRAM [ARGUMENT...]   a GoogleTest program: passes only when it also says so
+#   tools/wine.sh PREFIX --stop                         ends what still runs in the prefix
 #
-# Tests that open windows need a screen: run the script by tests/on_screen.sh for them. A test program that has not
+# Tests that open windows need a screen: run the script by tools/on_screen.sh for them. A test program that has not
 # ended after two minutes fails.
 # PREFIX is a folder; it is made when missing (about 700 MB, 3 seconds).
 set -u

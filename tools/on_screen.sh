@@ -1,9 +1,9 @@
 #!/bin/bash
 # Runs a command on a screen in memory with a window manager on it, with the command's exit code.
 #
-#   tests/on_screen.sh COMMAND [ARGUMENT...]
+#   tools/on_screen.sh COMMAND [ARGUMENT...]
 set -u
-. "$(dirname "$0")/../tools/screen.sh"
+. "$(dirname "$0")/screen.sh"
 logs=$(mktemp -d)
 trap 'stop_screen; rm -rf "$logs"' EXIT
 start_screen "$logs" || exit 1
