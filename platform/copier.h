@@ -75,8 +75,8 @@ enum class CopyStage {
 ///  7. A source that changes while it is read gives a copy of what it had at the end of reading, dated
 ///     kEarlierWhenChanged before it, so that it does not count as up to date. So does one that was written
 ///     to so shortly before that its time could not show another change.
-///  8. A source that is shorter at the end than its bytes that were read, or that ends too early, gives
-///     kShort and no copy.
+///  8. A source that is shorter at the end than its bytes that were read, that ends too early, or that the
+///     disk fails to read, gives kShort and no copy.
 ///  9. A copy whose bytes differ when they are read back, or that cannot be read back, gives kNotAsWritten
 ///     and gets no name. What a file has besides its bytes on Windows is not read back.
 /// 10. When the data of a group cannot be brought to the disk, none of its files gets its final name: each

@@ -21,7 +21,7 @@ enum class ErrorKind {
   kForeignLink,   ///< a link that is not the user's own, which is not followed
   kBadName,       ///< the name is too long or not allowed on the volume
   kTooLarge,      ///< the file is larger than the volume's format can hold
-  kShort,         ///< fewer bytes arrived than the file has
+  kShort,         ///< fewer bytes arrived than the file has, or the disk failed to read them
   kNotAsWritten,  ///< what was read back from the disk is not what was written, or could not be read
   kDamaged,       ///< what the volume's file system says of its files contradicts itself
   kCancelled,     ///< a watcher asked to stop

@@ -79,7 +79,7 @@ PosixCopyVolume::PosixCopyVolume(const std::string& source, const std::string& t
   const auto to = OpenPath(target, O_RDONLY | O_DIRECTORY);
   const VolumeKind source_kind = from ? KindOfVolume(from->get()) : VolumeKind::kUnordered;
   limits_ = LimitsOf(source_kind, to ? KindOfVolume(to->get()) : VolumeKind::kUnordered);
-  if (from) setting_.source = {HasCoarseTimes(from->get()), PlaceOfDosBits(from->get())};
+  if (from) setting_.source_dos_bits = PlaceOfDosBits(from->get());
   setting_.mask = FileModeMask();
 }
 

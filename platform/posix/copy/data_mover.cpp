@@ -12,10 +12,11 @@ namespace {
 // Small enough for a watcher to be asked many times a second, large enough for the calls not to count.
 constexpr std::size_t kSystemBlock = std::size_t{4} * 1024 * 1024;
 
-/// Errors by which copy_file_range() says that it cannot between these two files (copy_file_range(2)).
-bool IsRefusal(int number) {
-  return number == EXDEV || number == EINVAL || number == ENOSYS || number == EOPNOTSUPP || number == EPERM ||
-         number == EBADF;
+/// Why a read failed. What is wrong with the file's blocks, and nothing else, leaves its bytes missing.
+Error ReadError() {
+  Error error = LastError();
+  if (error.kind == ErrorKind::kOther) error.kind = ErrorKind::kShort;
+  return error;
 }
 
 }  // namespace
@@ -27,12 +28,12 @@ Status DataMover::MoveToEnd(std::int64_t expected) {
   return MoveByBlocks(expected);
 }
 
+/// Ends early where the system cannot or fails: what is wrong then, and of which side, the blocks tell.
 Status DataMover::MoveBySystem(std::int64_t expected) {
   while (moved_ < expected) {
     if (!MayGoOn()) return ErrorOf(ECANCELED);
     const ssize_t length = copy_file_range(source_, nullptr, target_, nullptr, kSystemBlock, 0);
     if (length < 0 && errno == EINTR) continue;
-    if (length < 0 && !IsRefusal(errno)) return LastError();
     if (length <= 0) break;
     moved_ += length;
   }
@@ -44,7 +45,7 @@ Status DataMover::MoveByBlocks(std::int64_t expected) {
     if ((moved_ == 0 || moved_ != expected) && !MayGoOn()) return ErrorOf(ECANCELED);
     const ssize_t length = read(source_, block_.data(), block_.size());
     if (length < 0 && errno == EINTR) continue;
-    if (length < 0) return LastError();
+    if (length < 0) return ReadError();
     if (length == 0) return Done{};
     const auto count = static_cast<std::size_t>(length);
     if (Status written = Write(block_.first(count)); !written) return written;

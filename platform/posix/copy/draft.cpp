@@ -65,7 +65,7 @@ void PosixDraft::Prefetch() {
 }
 
 Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
-  auto source = ExamineSource(prefetched_ ? std::move(prefetched_) : OpenFile(), setting_.source);
+  auto source = ExamineSource(prefetched_ ? std::move(prefetched_) : OpenFile(), setting_.source_dos_bits);
   if (!source) return source.error();
 
   const mode_t mode = (source->facts.st_mode & kPermissions) | S_IWUSR;

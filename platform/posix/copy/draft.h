@@ -15,7 +15,7 @@ namespace platform::posix {
 struct DraftSetting {
   VolumeKind target = VolumeKind::kUnordered;
   DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;  ///< of the target
-  SourceVolume source;
+  DosBitsPlace source_dos_bits = DosBitsPlace::kUserAttribute;
   mode_t mask = 0;  ///< the process's file mode mask
 };
 

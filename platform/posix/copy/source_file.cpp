@@ -1,6 +1,7 @@
 #include "platform/posix/copy/source_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 #include <utility>
 
@@ -10,8 +11,7 @@
 namespace platform::posix {
 namespace {
 
-// Of a volume with coarse times.
-constexpr std::int64_t kCoarseStep = 2;
+using std::chrono::nanoseconds;
 
 Error NotAFileError(const struct stat& facts) {
   if (S_ISDIR(facts.st_mode)) return ErrorOf(EISDIR);
@@ -33,6 +33,18 @@ bool IsNow(const struct timespec& time, const struct timespec& now) {
          time.tv_sec <= now.tv_sec + 1;  // what has a time in the future was given it on purpose
 }
 
+nanoseconds NanosecondsOf(const struct timespec& time) {
+  return std::chrono::seconds{time.tv_sec} + nanoseconds{time.tv_nsec};
+}
+
+/// The step of the volume's times, judged by one of them: that one is a multiple of more by chance is rare,
+/// and then the file is only copied once more.
+nanoseconds StepOf(const struct timespec& time) {
+  constexpr nanoseconds kOfExFat = std::chrono::milliseconds{10};
+  if (time.tv_nsec == 0) return std::chrono::seconds{2};
+  return time.tv_nsec % kOfExFat.count() == 0 ? kOfExFat : nanoseconds{0};
+}
+
 /// What the file is once the tick is over in which it was written.
 bool Examine(SourceFile& file) {
   struct timespec tick = {};
@@ -47,14 +59,14 @@ bool Examine(SourceFile& file) {
 
 }  // namespace
 
-Result<SourceFile> ExamineSource(FileDescriptor handle, const SourceVolume& volume) {
+Result<SourceFile> ExamineSource(FileDescriptor handle, DosBitsPlace dos_bits) {
   SourceFile file;
   file.handle = std::move(handle);
   if (!file.handle || !Examine(file)) return LastError();
   if (!S_ISREG(file.facts.st_mode)) return NotAFileError(file.facts);
-  const std::int64_t age = Now().tv_sec - file.facts.st_mtim.tv_sec;
-  file.is_fresh = volume.has_coarse_times && age >= 0 && age <= kCoarseStep;
-  file.attributes = AttributesOf(file.facts) | ReadDosBits(file.handle.get(), volume.dos_bits);
+  const nanoseconds age = NanosecondsOf(Now()) - NanosecondsOf(file.facts.st_mtim);
+  file.is_fresh = age.count() >= 0 && age < StepOf(file.facts.st_mtim);
+  file.attributes = AttributesOf(file.facts) | ReadDosBits(file.handle.get(), dos_bits);
   return file;
 }
 

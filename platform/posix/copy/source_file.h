@@ -17,15 +17,10 @@ struct SourceFile {
   bool is_fresh = false;
 };
 
-/// What is to be known of a volume whose files are read.
-struct SourceVolume {
-  bool has_coarse_times = false;
-  DosBitsPlace dos_bits = DosBitsPlace::kUserAttribute;
-};
-
 /// Takes a file that OpenListed() opened; where that failed, its error is still errno. Fails on everything
 /// but a regular file. For a file that was written to within the present tick of the system's clock it waits
-/// until that is over (4 ms mostly); where the volume's times are coarser than that, it is told by is_fresh.
-Result<SourceFile> ExamineSource(FileDescriptor handle, const SourceVolume& volume);
+/// until that is over (4 ms mostly). Where the volume seems to keep times in coarser steps, of 10 ms as exFAT
+/// does or of one or two seconds as ext with small inodes and FAT do, is_fresh says so instead.
+Result<SourceFile> ExamineSource(FileDescriptor handle, DosBitsPlace dos_bits);
 
 }  // namespace platform::posix

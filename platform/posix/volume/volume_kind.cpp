@@ -67,6 +67,4 @@ VolumeKind KindOfVolume(int file) {
   }
 }
 
-bool HasCoarseTimes(int file) { return MagicOf(file) == MSDOS_SUPER_MAGIC; }
-
 }  // namespace platform::posix

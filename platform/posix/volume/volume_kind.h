@@ -26,7 +26,4 @@ unsigned long MagicOf(int file);
 /// The kind of the volume of an open file or folder.
 VolumeKind KindOfVolume(int file);
 
-/// Whether it keeps times of modification in steps of two seconds, as FAT does.
-bool HasCoarseTimes(int file);
-
 }  // namespace platform::posix

@@ -29,6 +29,13 @@ bool IsYoungerThan(std::int64_t time, std::int64_t age) {
   return real < age && real > -kTicksPerSecond;
 }
 
+/// Why a read failed. What is wrong with the file's blocks, and nothing else, leaves its bytes missing.
+Error ReadError() {
+  Error error = LastError();
+  if (error.kind == ErrorKind::kOther) error.kind = ErrorKind::kShort;
+  return error;
+}
+
 }  // namespace
 
 Result<SourceFile> SourceFile::Open(const std::wstring& long_path, bool has_coarse_times) {
@@ -72,7 +79,7 @@ bool SourceFile::IsMoreThanBytes() const {
 
 Result<std::size_t> SourceFile::Read(char* buffer, std::size_t size) {
   DWORD got = 0;
-  if (!::ReadFile(file_.get(), buffer, static_cast<DWORD>(size), &got, nullptr)) return LastError();
+  if (!::ReadFile(file_.get(), buffer, static_cast<DWORD>(size), &got, nullptr)) return ReadError();
   return std::size_t{got};
 }
 

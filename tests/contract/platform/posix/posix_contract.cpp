@@ -185,8 +185,7 @@ TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
   AddFile("from/file", Noise(700'000));
   AddFile("to/file", "old");
   const auto replace = [&] { return files().ReplaceFile(At("to/file"), "new"); };
-  const std::tuple<const char*, unsigned long, bool> faults[] = {{"copy_file_range", 0, false},
-                                                                 {"write", 0, true},
+  const std::tuple<const char*, unsigned long, bool> faults[] = {{"write", 0, true},
                                                                  {"read", 0, false},
                                                                  {"futimens", 0, false},
                                                                  {"syncfs", 0, false},
@@ -196,15 +195,27 @@ TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
   for (const auto& [call, volume, also_replace] : faults) {
     posix::test::Calls() = {};
     posix::test::Calls().volume = volume;
-    posix::test::Calls().fails = {{call, EIO}, {"copy_file_range", EXDEV}};
-    if (call == std::get<0>(faults[0])) posix::test::Calls().fails["copy_file_range"] = EIO;
+    posix::test::Calls().fails = {{call, EIO}, {"copy_file_range", EIO}};
     const auto copied = Copy("file");
-    EXPECT_TRUE(!copied && copied.error().code == EIO) << call;
+    ASSERT_TRUE(!copied && copied.error().code == EIO) << call;
+    EXPECT_EQ(copied.error().kind == ErrorKind::kShort, std::string_view(call) == "read");
     EXPECT_EQ(!also_replace, replace().ok()) << call;
     posix::test::Calls() = {};
     EXPECT_TRUE(ContentOf("to/file") == (also_replace ? "old" : "new")) << call;
     AddFile("to/file", "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
+  }
+}
+
+TEST_F(PosixFiles, ASourceWhoseTimeCouldHideOneMoreChangeGivesACopyThatIsDue) {
+  AddFile("from/file", "new");
+  struct timespec now = {};
+  clock_gettime(CLOCK_REALTIME, &now);
+  for (const auto& [age, nanoseconds, is_due] :
+       {std::tuple{0, 0, true}, {5, 0, false}, {-9, 0, false}, {0, 1, false}}) {
+    scene_->SetModified(At("from/file"), {now.tv_sec - age, nanoseconds});
+    const auto copied = Copy("file");
+    EXPECT_TRUE(copied && copied->changed == is_due) << age << " " << nanoseconds;
   }
 }
 
