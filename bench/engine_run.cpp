@@ -21,7 +21,7 @@ class SilentListener : public engine::Listener {
   void Comparing(const std::string&) override {}
   void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool) override {}
-  void Progress(double) override {}
+  void Progress(const engine::Reached&) override {}
   void Breathe() override {}
   bool StopRequested() override { return false; }
   bool AskWhetherToGoOn(const engine::Question&) override { return false; }

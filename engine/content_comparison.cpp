@@ -26,6 +26,7 @@ void ContentComparison::Start(CopyJob job) {
 std::optional<ContentComparison::Compared> ContentComparison::Collect() {
   auto outcome = comparer_ ? comparer_->Collect() : std::nullopt;
   if (!outcome) return std::nullopt;
+  collected_bytes_ += std::max<std::int64_t>(pending_.front().job.file->size, 0);
   Compared compared{std::move(pending_.front().job), std::move(*outcome)};
   pending_.pop_front();
   return compared;
@@ -40,6 +41,12 @@ double ContentComparison::Reached(double walked) const {
   const CopyJob& job = pending_.front().job;
   const auto size = static_cast<double>(std::max<std::int64_t>(job.file->size, 1));
   return job.share_begin + job.share * static_cast<double>(*pending_.front().read) / size;
+}
+
+std::int64_t ContentComparison::BytesRead() const {
+  std::int64_t bytes = collected_bytes_;
+  for (const Pending& pending : pending_) bytes += *pending.read;
+  return bytes;
 }
 
 void ContentComparison::GiveUp() {

@@ -41,6 +41,8 @@ class ContentComparison {
   std::string FileAtHand() const { return pending_.front().job.SourcePath(); }
   /// How much of the run is done when so much of it is walked: what is on its way is not.
   double Reached(double walked) const;
+  /// Of one side: all that was collected, and what was read of files on their way.
+  std::int64_t BytesRead() const;
 
   /// Forgets what is on its way.
   void GiveUp();
@@ -58,6 +60,7 @@ class ContentComparison {
   const std::string target_root_;
   std::unique_ptr<platform::Comparer> comparer_;  ///< made for the first file
   std::deque<Pending> pending_;                   ///< the oldest first
+  std::int64_t collected_bytes_ = 0;
 };
 
 }  // namespace engine

@@ -37,12 +37,17 @@ void CopyDisplay::Show(platform::CopyStage stage) {
 
 double CopyDisplay::Reached(double walked) const {
   if (pending_.empty()) return walked;
-  const std::int64_t times = reads_back_ ? 2 : 1;
-  const PendingCopy* const first = FirstWithLessThan(times);
+  const PendingCopy* const first = FirstWithLessThan(times());
   if (first == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
   const CopyJob& job = first->job;
-  const auto all = static_cast<double>(std::max<std::int64_t>(times * job.file->size, 1));
+  const auto all = static_cast<double>(std::max<std::int64_t>(times() * job.file->size, 1));
   return job.share_begin + job.share * static_cast<double>(*first->done) / all;
+}
+
+std::int64_t CopyDisplay::BytesDone() const {
+  std::int64_t bytes = settled_bytes_;
+  for (const PendingCopy& pending : pending_) bytes += *pending.done / times();
+  return bytes;
 }
 
 }  // namespace engine

@@ -16,14 +16,23 @@ class CopyDisplay {
 
   /// How much of the run is done when so much of it is walked.
   double Reached(double walked) const;
+  /// The bytes of all copies, of those on their way as far as they are done: half of a copy that is to be
+  /// read back is to write it.
+  std::int64_t BytesDone() const;
+
+  /// A copy of so many bytes is no longer on its way.
+  void Settled(std::int64_t bytes) { settled_bytes_ += bytes; }
 
  private:
   const PendingCopy* FirstWithLessThan(std::int64_t times_its_size) const;
   void ShowFile(platform::CopyStage stage);
+  /// How often the bytes of a file are gone through.
+  std::int64_t times() const { return reads_back_ ? 2 : 1; }
 
   Listener& listener_;
   const PendingCopies& pending_;
   const bool reads_back_;
+  std::int64_t settled_bytes_ = 0;
   int saving_waits_ = 0;
   bool is_saving_ = false;
 };

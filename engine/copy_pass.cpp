@@ -68,7 +68,7 @@ CopyPass::CopyPass(const Tools& tools, Listener& listener, Pulse& pulse, Totals&
 void CopyPass::Copy(CopyJob job) {
   if (unfinished_.IsDueToMove()) {
     Finish();
-    unfinished_.MoveOn();
+    if (pending_.empty()) unfinished_.MoveOn();
   }
   if (!CheckSize(job) || !CheckSpace(job) || !EnsureTargetFolder(job) || !MakeReplaceable(job)) return;
   listener_.CopyBegun(job.SourcePath());
@@ -92,11 +92,11 @@ bool CopyPass::CheckSize(const CopyJob& job) {
 /// Where the space may not suffice for all that is on its way, the files before this one come first.
 bool CopyPass::CheckSpace(const CopyJob& job) {
   const std::int32_t source_size = FileSizeOf(*job.file);
-  std::optional<double> free_bytes = space_.FreeFor(source_size);
+  std::optional<double> free_bytes = space_.FreeFor(SizeOf(job));
   if (space_.is_scarce() && !pending_.empty()) {
     Finish();
     if (!pending_.empty()) return false;  // the user stops
-    free_bytes = space_.FreeFor(source_size);
+    free_bytes = space_.FreeFor(SizeOf(job));
   }
   if (!free_bytes) return true;
   if (*free_bytes <= 0) {
@@ -184,6 +184,7 @@ void CopyPass::Finish() {
   copier_->Save();
   while (!pending_.empty() && Wait()) {
   }
+  pulse_.Copied(display_.BytesDone());
   display_.Show(platform::CopyStage::kIdle);
 }
 
@@ -192,14 +193,19 @@ bool CopyPass::Wait() {
   const platform::CopyStage stage = copier_->Wait(kOneWait);
   Settle();
   display_.Show(stage);
-  pulse_.Beat(display_.Reached(0));
+  ShowReached(0);
   return !listener_.StopRequested();
 }
 
 void CopyPass::Beat(double fraction) {
   if (!pulse_.IsDue()) return;
   Settle();
-  pulse_.Beat(display_.Reached(fraction));
+  ShowReached(fraction);
+}
+
+void CopyPass::ShowReached(double walked) {
+  pulse_.Copied(display_.BytesDone());
+  pulse_.Beat(display_.Reached(walked));
 }
 
 void CopyPass::GiveUp() {
@@ -298,6 +304,7 @@ void CopyPass::ReportCopied(const CopyJob& job, const platform::CopyOutcome& out
   }
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome.bytes);
+  display_.Settled(outcome.bytes);
   listener_.CopyEnded(totals_.bytes_copied, totals_.counts.copied);
 }
 

@@ -21,8 +21,8 @@ void Count(const Selection& selection, const platform::Entry& file, FolderCounts
 /// handed over. Whatever is not copied has left its line in the report.
 ///
 /// Near the end of the space, and before it asks the user something, it works file by file: what was handed
-/// over before is settled first. A file that does not fit although it should have, or whose source shrank
-/// while it was read, is tried once more.
+/// over before is settled first. A file that does not fit although it should have, or whose source could not
+/// be read to its end, is tried once more.
 class CopyPass {
  public:
   struct Setting {
@@ -57,6 +57,7 @@ class CopyPass {
 
   void Begin(CopyJob job);
   void Start(PendingCopy& pending);
+  void ShowReached(double walked);
   bool IsBusy();
   bool Wait();
   void Settle();

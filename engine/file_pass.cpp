@@ -51,7 +51,7 @@ bool FilePass::Wait() {
   if (pulse_.IsDue()) listener_.Comparing(comparison_.FileAtHand());
   comparison_.Wait(kOneWaitToCompare);
   Settle();
-  copy_pass_.Beat(comparison_.Reached(0));
+  ShowReached(0);
   return !setting_.has_ended();
 }
 
@@ -66,12 +66,18 @@ void FilePass::Settle() {
 void FilePass::Finish() {
   while (!comparison_.is_idle() && Wait()) {
   }
+  pulse_.Compared(comparison_.BytesRead());
 }
 
 void FilePass::Beat(double fraction) {
   if (!pulse_.IsDue()) return;
   Settle();
-  copy_pass_.Beat(comparison_.Reached(fraction));
+  ShowReached(fraction);
+}
+
+void FilePass::ShowReached(double walked) {
+  pulse_.Compared(comparison_.BytesRead());
+  copy_pass_.Beat(comparison_.Reached(walked));
 }
 
 void FilePass::GiveUp() {

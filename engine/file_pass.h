@@ -48,6 +48,7 @@ class FilePass {
  private:
   bool IsToBeCompared(const CopyJob& job) const;
   void Compare(CopyJob job);
+  void ShowReached(double walked);
   bool Wait();
   void Settle();
   void Conclude(CopyJob job, const platform::CompareOutcome& outcome);

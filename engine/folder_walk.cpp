@@ -67,7 +67,7 @@ const Totals& FolderWalk::Run() {
   }
   file_pass_.Finish();
   copy_pass_.Finish();
-  if (!Ended()) listener_.Progress(1.0);
+  if (!Ended()) pulse_.Complete();
   return totals_;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <memory>
 
 #include "engine/hold.h"
@@ -23,12 +24,19 @@ class Pulse {
     Beat();
   }
 
+  /// So many bytes are done, those of files on their way included. Told with the next beat.
+  void Copied(std::int64_t bytes) { copied_ = bytes; }
+  void Compared(std::int64_t bytes) { compared_ = bytes; }
+
+  /// The run has come to its end.
+  void Complete() { listener_.Progress({1.0, copied_ + compared_}); }
+
   bool IsDue() const { return clock_.Monotonic() - last_ >= std::chrono::milliseconds{100}; }
 
   void Beat() {
     if (!IsDue()) return;
     last_ = clock_.Monotonic();
-    listener_.Progress(fraction_);
+    listener_.Progress({fraction_, copied_ + compared_});
     hold_->Begin();
     listener_.Breathe();
     hold_->End();
@@ -42,6 +50,8 @@ class Pulse {
   Listener& listener_;
   std::chrono::milliseconds last_;
   double fraction_ = 0;
+  std::int64_t copied_ = 0;
+  std::int64_t compared_ = 0;
   std::shared_ptr<Hold> hold_ = std::make_shared<Hold>();
 };
 

@@ -21,6 +21,11 @@ double CostOf(const Expected& work) {
 
 }  // namespace
 
+void RunProgress::Reached(double fraction, std::int64_t bytes) {
+  shares_ = fraction;
+  bytes_ = bytes;
+}
+
 void RunProgress::Held(Time now) {
   Passed(now);
   seen_.reset();

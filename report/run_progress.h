@@ -26,10 +26,11 @@ class RunProgress {
   RunProgress(Expected expected, const text::NumberMarks& marks, bool by_shares = false)
       : expected_(expected), marks_(marks), by_shares_(by_shares) {}
 
-  /// The share of the run that is done, 0 to 1.
-  void Shares(double fraction) { shares_ = fraction; }
-  void Copied(std::int64_t files, std::int64_t bytes) { copied_ = {files, bytes}; }
-  void Compared(std::int64_t files, std::int64_t bytes) { compared_ = {files, bytes}; }
+  /// How far the walk is, 0 to 1, and how many bytes are done, those of half-done files included.
+  void Reached(double fraction, std::int64_t bytes);
+  /// How many files are done.
+  void Copied(std::int64_t files) { copied_ = files; }
+  void Compared(std::int64_t files) { compared_ = files; }
   /// The run is held from now on; it goes on with the next Passed().
   void Held(Time now);
   void Passed(Time now);
@@ -46,11 +47,12 @@ class RunProgress {
  private:
   bool counted() const { return expected_.files > 0; }
   double ByCount() const;
-  Expected Done() const { return {copied_.files + compared_.files, copied_.bytes + compared_.bytes}; }
+  Expected Done() const { return {copied_ + compared_, bytes_}; }
 
   Expected expected_;
-  Expected copied_;
-  Expected compared_;
+  std::int64_t copied_ = 0;
+  std::int64_t compared_ = 0;
+  std::int64_t bytes_ = 0;
   text::NumberMarks marks_;
   bool by_shares_ = false;
   double shares_ = 0;

@@ -111,7 +111,7 @@ void RunReport::CopyBegun(const std::string& source_path) {
 void RunReport::CopyEnded(std::int64_t bytes_copied, std::int64_t files_copied) {
   copied_ = Sum{bytes_copied, files_copied};
   copying_ = false;
-  progress_.Copied(files_copied, bytes_copied);
+  progress_.Copied(files_copied);
   ShowWhenDue();
 }
 
@@ -129,7 +129,7 @@ void RunReport::Comparing(const std::string& source_path) {
 
 void RunReport::Compared(std::int64_t bytes, std::int64_t files) {
   compared_ = Sum{bytes, files};
-  progress_.Compared(files, bytes);
+  progress_.Compared(files);
   ShowWhenDue();
 }
 
@@ -138,8 +138,8 @@ void RunReport::Saving(bool is_saving) {
   is_saving ? window_.ShowSaving() : window_.ShowFileAtHand("");
 }
 
-void RunReport::Progress(double fraction) {
-  progress_.Shares(fraction);
+void RunReport::Progress(const engine::Reached& reached) {
+  progress_.Reached(reached.fraction, reached.bytes);
   ShowWhenDue();
 }
 

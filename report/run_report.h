@@ -64,7 +64,7 @@ class RunReport : public engine::Listener {
   void Comparing(const std::string& source_path) override;
   void Compared(std::int64_t bytes, std::int64_t files) override;
   void Saving(bool is_saving) override;
-  void Progress(double fraction) override;
+  void Progress(const engine::Reached& reached) override;
   void Breathe() override;
   bool StopRequested() override;
   bool AskWhetherToGoOn(const engine::Question& question) override;

@@ -208,7 +208,6 @@ void OperationPreview::CountFiles(engine::FolderPair& pair) {
     if (selection.finding == engine::Finding::kUpToDate) {
       ++findings_.files_same;
       findings_.bytes_same += size;
-      findings_.largest_same_bytes = std::max(findings_.largest_same_bytes, size);
     }
     if (!selection.selected) continue;
     ++findings_.files_due;

@@ -36,7 +36,6 @@ struct PreviewFindings {
   std::int64_t largest_due_bytes = 0;
   std::int64_t files_same = 0;  ///< that seem up to date by size and time
   std::int64_t bytes_same = 0;  ///< their sizes
-  std::int64_t largest_same_bytes = 0;
   std::int64_t folders_not_read = 0;
   std::int64_t kept_out_by_period = 0;   ///< files without a copy that pass every filter but the period
   std::int64_t first_level_folders = 0;  ///< subfolders of the source, included or not

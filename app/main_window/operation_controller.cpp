@@ -176,16 +176,10 @@ void OperationController::RefuseUnattended(std::int16_t status, const std::strin
   ReportUnattended(outcome, reason, 0);
 }
 
-/// A file that is a large part of the whole would let the bar rest for as long: then the shares, which
-/// follow each block, say more.
 report::Expected OperationController::ExpectedBy(const PreviewFindings& findings, bool compares) {
-  constexpr std::int64_t kLargeParts = 5;
   const std::int64_t files = findings.files_due + (compares ? findings.files_same : 0);
   const std::int64_t bytes = findings.bytes_due + (compares ? findings.bytes_same : 0);
-  const std::int64_t largest =
-      std::max(findings.largest_due_bytes, compares ? findings.largest_same_bytes : 0);
-  if (!findings.complete || largest > bytes / kLargeParts) return {};
-  return {files, bytes};
+  return findings.complete ? report::Expected{files, bytes} : report::Expected{};
 }
 
 bool OperationController::Confirm(engine::RunRequest& request) {

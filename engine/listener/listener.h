@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "engine/listener/counts.h"
@@ -10,6 +11,12 @@ namespace engine {
 struct Question {
   std::string statement;  ///< what is wrong; may have several lines
   std::string question;
+};
+
+/// How far a run is.
+struct Reached {
+  double fraction = 0;     ///< of the walk; 0 to 1, never less than before
+  std::int64_t bytes = 0;  ///< copied and compared, with what is done of files on their way
 };
 
 /// Hears from the engine what happens during a run, and is asked by it. All calls come on the one thread.
@@ -45,8 +52,8 @@ class Listener {
   /// Whether the run now waits until what was copied is safely on the disk.
   virtual void Saving(bool is_saving) = 0;
 
-  /// How much of the run is done: 0 to 1, never less than before.
-  virtual void Progress(double fraction) = 0;
+  /// How far the run is. Reported at most every 100 ms, also inside a big file.
+  virtual void Progress(const Reached& reached) = 0;
 
   /// Lets pending events run. Called often enough to keep a window alive, at most every 100 ms.
   virtual void Breathe() = 0;

@@ -94,7 +94,10 @@ class Scene : public Listener {
   void Comparing(const std::string&) override {}
   void Compared(std::int64_t, std::int64_t) override {}
   void Saving(bool is_saving) override { saving += is_saving ? "saving|" : "done|"; }
-  void Progress(double fraction) override { progress.push_back(fraction); }
+  void Progress(const Reached& reached) override {
+    progress.push_back(reached.fraction);
+    bytes_done.push_back(reached.bytes);
+  }
   void Breathe() override {
     ++breaths;
     if (on_breath) on_breath();
@@ -144,6 +147,7 @@ class Scene : public Listener {
 
   std::string lines, visited, copied, told, paused_after, saving, read_back;
   std::vector<double> progress;
+  std::vector<std::int64_t> bytes_done;
   int breaths = 0, questions = 0;
   std::int64_t told_copied = 0;
   bool compare_contents = false, reads_back = false;

@@ -67,6 +67,9 @@ TEST(WaitingForCopies, MovesTheBarInsideABigFileAndSaysWhenTheDiskIsWaitedFor) {
   ASSERT_GE(scene.progress.size(), 5U);
   EXPECT_GT(scene.progress[0], 0);
   for (std::size_t i = 1; i < 5; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
+  constexpr std::int64_t kSize = std::int64_t{4} << 30;
+  EXPECT_EQ(scene.bytes_done[1], kSize * 2 / 5);
+  EXPECT_EQ(scene.bytes_done.back(), kSize);
   EXPECT_EQ(scene.saving, "saving|done|saving|done|") << "the file, and the whole at the end";
 }
 
@@ -77,6 +80,7 @@ TEST(WaitingForCopies, MovesTheBarOverTheSecondHalfOfABigFileWhileItsCopyIsReadB
   ASSERT_GE(scene.progress.size(), 11U);
   const double written = scene.progress[6];
   EXPECT_NEAR(written, scene.progress.back() / 2, 0.01);
+  EXPECT_EQ(scene.bytes_done[6], std::int64_t{2} << 30);
   for (std::size_t i = 8; i < 11; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
   EXPECT_EQ(scene.read_back, "/src/big|/src/big|/src/big|/src/big|");
 }

@@ -102,7 +102,7 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
   EXPECT_EQ(window.lblFileName.text(), "/data/b");
   EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 2,097,152 bytes (2.00 Mb) in 1 file");
   scene.run.CopyEnded(12, 1'002);
-  scene.run.Progress(0.5);
+  scene.run.Progress({0.5, 0});
   scene.run.WriteSummary({});
   EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 12 bytes in 1,002 files");
   for (const bool compares : {true, false}) {
