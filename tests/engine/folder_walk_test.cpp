@@ -275,7 +275,7 @@ TEST(FolderWalk, TellsTheSameWhateverTheSizeOfTheGroups) {
       if (roll(15) == 0) scene.files.AddLink("/src" + path + "l", "/nowhere");
     }
     scene.files.SetGroupSize(group);
-    return scene.BackUp() + scene.lines + scene.visited + scene.Copies();
+    return scene.BackUp() + scene.in_order + scene.Copies();
   };
   for (unsigned seed = 1; seed <= Trees(100); ++seed) {
     const std::string one_by_one = told(1, seed);

@@ -18,14 +18,14 @@ void Prepare(Scene& scene) {
 }
 
 /// Runs a backup and cuts the power before its call number `step`. False: there is no such call.
-bool RunUntil(Scene& scene, std::size_t step, unsigned random) {
+bool RunUntil(Scene& scene, std::size_t step, unsigned random, app::Operation operation) {
   bool is_cut = false;
   scene.files.Before([&](Call call, const std::string&) {
     if (call == Call::kReadBlock || is_cut || scene.files.touched().size() < step) return;
     is_cut = true;
     scene.files.CutPower(random);
   });
-  scene.BackUp();
+  scene.Run(operation);
   scene.files.Before({});
   scene.files.PowerOn();
   return is_cut;
@@ -49,13 +49,14 @@ void ExpectWholeFiles(Scene& scene, const std::string& folder, const std::string
     EXPECT_TRUE(scene.files.Exists(std::string("/dst/") + had_copy)) << had_copy << told;
 }
 
-TEST(PowerCut, AtAnyMomentLeavesWholeFilesAndTheNextRunCompletesThem) {
+void CutAtEveryStep(app::Operation operation, bool reads_back) {
   std::size_t step = 0;
   for (bool was_cut = true; was_cut; ++step) {
     for (unsigned random = 1; random <= Trees(8); ++random) {
       Scene scene;
       Prepare(scene);
-      was_cut = RunUntil(scene, step, random);
+      scene.reads_back = reads_back;
+      was_cut = RunUntil(scene, step, random, operation);
       const std::string told =
           " (power cut before call " + std::to_string(step) + ", seed " + std::to_string(random) + ")";
       ExpectWholeFiles(scene, "", told);
@@ -67,6 +68,12 @@ TEST(PowerCut, AtAnyMomentLeavesWholeFilesAndTheNextRunCompletesThem) {
     }
   }
   EXPECT_GT(step, 40U);
+}
+
+TEST(PowerCut, AtAnyMomentLeavesWholeFilesAndTheNextRunCompletesThem) {
+  CutAtEveryStep(app::Operation::kBackupModifiedFiles, false);
+  CutAtEveryStep(app::Operation::kBackupModifiedFiles, true);
+  CutAtEveryStep(app::Operation::kBackupAllFiles, false);
 }
 
 /// As a disk would have it that says it wrote what it did not: the name is there with its size and time.

@@ -82,9 +82,21 @@ class Scene : public Listener {
                          [&](const auto& touch) { return touch.path.starts_with(folder + "/"); });
   }
 
-  void FolderBegun(const FolderCounts& folder) override { visited += folder.path + "|"; }
-  void FolderEnded(const FolderCounts&) override {}
-  void WriteLine(const std::string& text) override { lines += text + "|"; }
+  void FolderBegun(const FolderCounts& folder) override {
+    visited += folder.path + "|";
+    in_order += folder.path + " " + std::to_string(folder.files_in_folder) + "|";
+  }
+  void FolderEnded(const FolderCounts& folder) override {
+    const FileCounts& sums = folder.counts;
+    for (const std::int64_t count : {sums.met, sums.new_files, sums.modified_files, sums.copied,
+                                     sums.up_to_date, sums.failed, sums.compared, sums.differed})
+      in_order += std::to_string(count) + " ";
+    in_order += "of " + folder.path + "|";
+  }
+  void WriteLine(const std::string& text) override {
+    lines += text + "|";
+    in_order += text + "|";
+  }
   void CopyBegun(const std::string& path) override {
     copied += path + "|";
     if (on_copy) on_copy();
@@ -148,6 +160,7 @@ class Scene : public Listener {
   std::string lines, visited, copied, told, paused_after, saving, read_back;
   std::vector<double> progress;
   std::vector<std::int64_t> bytes_done;
+  std::string in_order;  ///< all that the report is made from
   int breaths = 0, questions = 0;
   std::int64_t told_copied = 0;
   bool compare_contents = false, reads_back = false;

@@ -84,7 +84,7 @@ std::string Told(const fs::path& root, unsigned seed, std::size_t threads) {
   const auto outcome =
       scene.RunChecked(tools, {setup, app::Operation::kBackupModifiedFiles, {}, false, seed % 2 == 0});
   const FileCounts& sums = outcome.totals.counts;
-  return scene.lines + scene.visited + std::to_string(sums.copied) + " of " + std::to_string(sums.met);
+  return scene.in_order + std::to_string(sums.copied) + " of " + std::to_string(sums.met);
 }
 
 }  // namespace
