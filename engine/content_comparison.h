@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-#include "engine/copy_pass.h"
+#include "engine/pending_copy.h"
 #include "engine/pulse.h"
 #include "engine/tools.h"
 

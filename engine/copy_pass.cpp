@@ -43,8 +43,6 @@ double SizeOf(const CopyJob& job) { return std::max(0.0, static_cast<double>(job
 
 }  // namespace
 
-std::string CopyJob::SourcePath() const { return platform::JoinPath(folders->source().path(), file->name); }
-
 void Count(const Selection& selection, const platform::Entry& file, FolderCounts& counts) {
   ++counts.counts.met;
   if (selection.finding == Finding::kNew) ++counts.counts.new_files;

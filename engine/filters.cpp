@@ -8,7 +8,7 @@
 namespace engine {
 namespace {
 
-std::string_view TrimBlanks(std::string_view text) {
+std::string_view TrimSpaces(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
@@ -20,7 +20,7 @@ std::vector<std::string> SplitSkipFilepaths(std::string_view skip_filepaths) {
   std::vector<std::string> patterns;
   while (true) {
     const std::size_t comma = skip_filepaths.find(',');
-    const std::string_view pattern = TrimBlanks(skip_filepaths.substr(0, comma));
+    const std::string_view pattern = TrimSpaces(skip_filepaths.substr(0, comma));
     if (!pattern.empty()) patterns.emplace_back(pattern);
     if (comma == std::string_view::npos) return patterns;
     skip_filepaths.remove_prefix(comma + 1);

@@ -8,6 +8,7 @@
 #include "base/utf8.h"
 #include "engine/failure_text.h"
 #include "engine/folder_walk.h"
+#include "engine/own_names.h"
 #include "engine/run_lock.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"

@@ -20,10 +20,6 @@ bool IsFolderLink(platform::FileSystem& files, const std::string& path) {
   return entry && entry->kind == EntryKind::kFolderLink;
 }
 
-bool IsGone(const platform::Error& error) {
-  return error.kind == platform::ErrorKind::kNotFound || error.kind == platform::ErrorKind::kNotAFolder;
-}
-
 }  // namespace
 
 /// Those that are to be walked, in the order of the setup; a folder that is named twice comes once.

@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "base/utf8.h"
-#include "engine/unfinished_run.h"
+#include "engine/own_names.h"
 #include "platform/path.h"
 
 namespace engine {

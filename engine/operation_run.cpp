@@ -70,20 +70,6 @@ void EndCopying(const Tools& tools, const WalkPlan& plan, FolderWalk& walk, List
 
 }  // namespace
 
-SelectionRules RulesOf(const RunRequest& request) {
-  const app::Setup& setup = request.setup;
-  return {request.operation,
-          {setup.FileExtension, SkipPatterns(setup.SkipFilepaths), request.modified_since},
-          request.skip_picture_caches};
-}
-
-bool ComparesContents(const RunRequest& request) {
-  return request.compare_contents && (request.operation == app::Operation::kCheckBackupState ||
-                                      request.operation == app::Operation::kBackupModifiedFiles);
-}
-
-bool ReadsBack(const RunRequest& request) { return request.read_back && IsCopyOperation(request.operation); }
-
 std::optional<Refusal> CheckRequest(const Tools& tools, const RunRequest& request,
                                     const std::function<void(const std::string&)>& show_note) {
   if (auto refusal = CheckSource(tools, request.setup, show_note)) return refusal;

@@ -20,6 +20,11 @@ Overlap::Overlap(platform::FileSystem& files, const std::string& source, const s
   target_.key = files.NameKey(*real_target);
 }
 
+bool Overlap::IsOneFolder() const {
+  return (source_identity_ && source_identity_ == target_identity_) ||
+         (known() && source_.key == target_.key);
+}
+
 bool Overlap::TargetIsInSource() const { return LiesIn(target_, source_, source_identity_); }
 
 bool Overlap::SourceIsInTarget() const { return LiesIn(source_, target_, target_identity_); }
@@ -28,12 +33,8 @@ bool Overlap::LiesIn(const Root& inner, const Root& outer,
                      const std::optional<platform::Identity>& identity) const {
   if (!known()) return false;
   if (platform::IsInside(inner.key, outer.key)) return true;
-  std::string below = inner.real;
-  for (std::string at = platform::ParentOf(below); at.size() < below.size(); at = platform::ParentOf(at)) {
-    if (identity && files_.IdentityOf(at) == identity) return true;
-    below = at;
-  }
-  return false;
+  const auto is_outer = [&](const std::string& folder) { return files_.IdentityOf(folder) == identity; };
+  return identity && platform::FindAbove(inner.real, is_outer).has_value();
 }
 
 bool Overlap::IsTarget(const std::string& source_folder) const {

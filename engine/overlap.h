@@ -16,6 +16,7 @@ class Overlap {
  public:
   Overlap(platform::FileSystem& files, const std::string& source, const std::string& target);
 
+  bool IsOneFolder() const;
   bool TargetIsInSource() const;
   bool SourceIsInTarget() const;
 

@@ -11,6 +11,7 @@
 #include "engine/listener/listener.h"
 #include "engine/selection.h"
 #include "platform/copier.h"
+#include "platform/path.h"
 
 namespace engine {
 
@@ -23,7 +24,7 @@ struct CopyJob {
   double share_begin = 0;                ///< of the whole run, as of a folder in the walk
   double share = 0;
 
-  std::string SourcePath() const;
+  std::string SourcePath() const { return platform::JoinPath(folders->source().path(), file->name); }
 };
 
 /// A copy that was handed over and is not settled.

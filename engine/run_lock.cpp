@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/utf8.h"
+#include "engine/own_names.h"
 #include "platform/path.h"
 
 namespace engine {
@@ -31,16 +32,15 @@ bool Take(const Tools& tools, const std::string& path, RunLock& run) {
 
 void LookAbove(const Tools& tools, const std::string& target, RunLock& run) {
   const auto real = tools.files.RealPath(target);
-  std::string below = real ? *real : target;
-  for (std::string at = platform::ParentOf(below); at.size() < below.size(); at = platform::ParentOf(at)) {
-    const auto holder = HolderOf(tools, at);
-    below = at;
-    if (!holder) continue;
-    run.is_taken = true;
-    run.holder = *holder;
-    run.above = at;
-    return;
-  }
+  std::optional<std::string> holder;
+  const auto above = platform::FindAbove(real ? *real : target, [&](const std::string& folder) {
+    holder = HolderOf(tools, folder);
+    return holder.has_value();
+  });
+  if (!above) return;
+  run.is_taken = true;
+  run.holder = *holder;
+  run.above = *above;
 }
 
 }  // namespace

@@ -9,10 +9,6 @@
 
 namespace engine {
 
-/// The file in the target folder that says who copies into it at present. It goes with the run; one that is
-/// left by a dead program holds nobody up.
-inline constexpr const char* kRunLock = ".quorvane-lock";
-
 /// One run a target at a time: two would take each other's temporary files for those of an interrupted run,
 /// and each other's copies for strangers.
 struct RunLock {

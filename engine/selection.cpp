@@ -2,7 +2,7 @@
 
 #include "base/utf8.h"
 #include "engine/file_proc.h"
-#include "engine/unfinished_run.h"
+#include "engine/own_names.h"
 #include "engine/wildcard_match.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"

@@ -4,7 +4,7 @@
 #include <limits>
 #include <sstream>
 
-#include "engine/run_lock.h"
+#include "engine/own_names.h"
 #include "platform/path.h"
 
 namespace engine {
@@ -15,10 +15,6 @@ constexpr std::int64_t kLongestMark = 1 << 20;
 constexpr platform::FileTime kNever{std::numeric_limits<std::int64_t>::max(), 0};
 
 }  // namespace
-
-bool IsTheProgramsOwn(const std::string& name) {
-  return platform::IsTemporaryName(name) || name == kUnfinishedMark || name == kRunLock;
-}
 
 UnfinishedRun::UnfinishedRun(platform::FileSystem& files, platform::Clock& clock, const std::string& target)
     : files_(files), clock_(clock) {

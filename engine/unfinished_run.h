@@ -12,13 +12,6 @@
 
 namespace engine {
 
-/// The file in the target folder that says: a run into it has begun and not ended.
-inline constexpr const char* kUnfinishedMark = ".quorvane-unfinished";
-
-/// Whether a name in a target is not a copy's but the program's own: the mark, the lock, or a temporary
-/// name.
-bool IsTheProgramsOwn(const std::string& name);
-
 /// A second net below the copies, which are on the disk before they have their names: where a disk, a cable
 /// or a file system did not keep that promise in an accident, nobody could tell the copies by size and time.
 /// So a run leaves a mark in the target while it lasts. The next one that finds it takes no copy for up to
@@ -46,11 +39,12 @@ class UnfinishedRun {
 
   /// Sets the mark, unless it was done before. To be called before anything is copied.
   platform::Status Begin();
-  /// Whether the mark has stood for five minutes.
+  /// Whether the mark is five minutes old.
   bool IsDueToMove() const;
   /// Everything copied so far is on the disk, and nothing is on its way: moves the mark.
   void MoveOn();
-  /// The run has ended and its copies are on the disk: takes the mark away. With `all_seen` false, when there
+  /// The run has ended, and the data of its copies is on the disk; only of a cancelled run the last names may
+  /// still be on their way there: takes the mark away. With `all_seen` false, when there
   /// were files that it did not come to or could not copy, what was doubted before stays so.
   void End(bool all_seen);
 

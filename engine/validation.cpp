@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/utf8.h"
+#include "engine/overlap.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
 
@@ -63,14 +64,6 @@ Refusal Numbered(const Tools& tools, std::int16_t status, int text, int title) {
   return {status, tools.texts.GetProgramText(text), tools.texts.GetProgramText(title)};
 }
 
-bool IsSameFolder(const Tools& tools, const std::string& a, const std::string& b) {
-  const auto identity = tools.files.IdentityOf(a);
-  if (identity && identity == tools.files.IdentityOf(b)) return true;
-  const auto real_a = tools.files.RealPath(a);
-  const auto real_b = tools.files.RealPath(b);
-  return real_a && real_b && tools.files.NameKey(*real_a) == tools.files.NameKey(*real_b);
-}
-
 }  // namespace
 
 std::optional<Refusal> CheckSource(const Tools& tools, const app::Setup& setup,
@@ -107,8 +100,7 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
     return refusal;
   }
   const auto target = tools.files.Stat(setup.TargetFolder);
-  if (!target && target.error().kind != platform::ErrorKind::kNotFound &&
-      target.error().kind != platform::ErrorKind::kNotAFolder) {
+  if (!target && !IsGone(target.error())) {
     Refusal refusal = Numbered(tools, kTargetNotReadable, text::kTargetNotReadable, text::kTitleNothingToDo);
     refusal.text += " " + base::utf8::Printable(setup.TargetFolder) + " (" + target.error().text + ")";
     return refusal;
@@ -118,7 +110,7 @@ std::optional<Refusal> CheckTarget(const Tools& tools, const app::Setup& setup) 
                    "Target folder " + base::utf8::Printable(setup.TargetFolder) + " does not exist.",
                    kTargetMissingTitle, kTargetMissingTitle};
   }
-  if (IsSameFolder(tools, setup.SourceFolder, setup.TargetFolder)) {
+  if (Overlap(tools.files, setup.SourceFolder, setup.TargetFolder).IsOneFolder()) {
     return Numbered(tools, kTargetIsSource, text::kSameFolder, text::kTitleSameFolder);
   }
   std::string reason;

@@ -21,10 +21,10 @@ struct Parts {
   platform::Shell& shell;
 };
 
-/// What stands after the program's name, its words separated by one space.
+/// What comes after the program's name, its words separated by one space.
 std::string CommandLine(int argc, char** argv);
 
-/// Runs the program from start-up until it ends, and returns its exit code. `command_line` is what stands
+/// Runs the program from start-up until it ends, and returns its exit code. `command_line` is what comes
 /// after the program's name; not empty, it asks for an unattended run. With `ends_by_itself` (no display)
 /// the program ends after that run instead of waiting for its window to be closed.
 int Run(const Parts& parts, const std::string& command_line, bool ends_by_itself);

@@ -42,7 +42,7 @@ char Separator(PathStyle style) { return style == PathStyle::kWindows ? '\\' : '
 
 bool IsSeparator(char c, PathStyle style) { return c == '/' || (c == '\\' && style == PathStyle::kWindows); }
 
-std::string_view BehindRoot(std::string_view path, PathStyle style) {
+std::string_view AfterRoot(std::string_view path, PathStyle style) {
   return path.substr(RootLength(path, style));
 }
 
@@ -70,6 +70,16 @@ std::string ParentOf(std::string_view path, PathStyle style) {
   if (at == std::string_view::npos) return {};
   const std::size_t root = RootLength(path, style);
   return std::string(path.substr(0, at < root ? root : at));
+}
+
+std::optional<std::string> FindAbove(std::string_view path,
+                                     const std::function<bool(const std::string& folder)>& is_wanted) {
+  std::string below(path);
+  for (std::string at = ParentOf(below); at.size() < below.size(); at = ParentOf(at)) {
+    if (is_wanted(at)) return at;
+    below = at;
+  }
+  return std::nullopt;
 }
 
 std::string FolderForm(std::string_view path, PathStyle style) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,7 +22,7 @@ char Separator(PathStyle style = NativePathStyle());
 bool IsSeparator(char c, PathStyle style = NativePathStyle());
 
 /// What follows the root ("C:\", "/"); the whole path when it has none.
-std::string_view BehindRoot(std::string_view path, PathStyle style = NativePathStyle());
+std::string_view AfterRoot(std::string_view path, PathStyle style = NativePathStyle());
 
 /// Folder and name with exactly one separator between them. An empty folder or name gives the other one
 /// alone.
@@ -36,6 +38,10 @@ std::string_view NameOf(std::string_view path, PathStyle style = NativePathStyle
 /// The path without its name and the separator before it; a root stays a root ("C:\a" gives "C:\", "/a" gives
 /// "/").
 std::string ParentOf(std::string_view path, PathStyle style = NativePathStyle());
+
+/// The nearest of the folders above a path, up to the root, of which `is_wanted`.
+std::optional<std::string> FindAbove(std::string_view path,
+                                     const std::function<bool(const std::string& folder)>& is_wanted);
 
 /// The path with one separator at its end.
 std::string FolderForm(std::string_view path, PathStyle style = NativePathStyle());

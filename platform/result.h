@@ -35,6 +35,11 @@ struct Error {
   std::string text;
 };
 
+/// Whether an error says that there is no such file or folder (any more).
+inline bool IsGone(const Error& error) {
+  return error.kind == ErrorKind::kNotFound || error.kind == ErrorKind::kNotAFolder;
+}
+
 /// A value, or why there is none.
 template <typename T>
 class [[nodiscard]] Result {

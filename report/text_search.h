@@ -17,7 +17,7 @@ struct FoundText {
 };
 
 /// Looks for `wanted` in a text, both in lower case: forward from the place `from` on (in code points), back
-/// for one that begins before it, and in the end round. None: `wanted` is empty or stands nowhere.
+/// for one that begins before it, and in the end round. None: `wanted` is empty or is nowhere.
 std::optional<FoundText> FindText(std::string_view text, std::string_view wanted, std::size_t from,
                                   Direction direction);
 

@@ -17,8 +17,7 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
 bool IsAway(platform::FileSystem& files, const std::string& folder) {
   const auto entry = files.Stat(folder);
   if (entry) return !platform::IsFolder(entry->kind);
-  return entry.error().kind == platform::ErrorKind::kNotFound ||
-         entry.error().kind == platform::ErrorKind::kNotAFolder;
+  return IsGone(entry.error());
 }
 
 /// Both lists in the setup's own order, what is new to it behind.

@@ -19,14 +19,14 @@ std::string_view WithoutLast(std::string_view text, char last) {
 InputText::InputText(std::string_view content) : rest_(base::utf8::WithoutByteOrderMark(content)) {}
 
 std::optional<std::string> InputText::Item() {
-  SkipBlanks();
+  SkipSpaces();
   if (AtEnd()) return std::nullopt;
   if (!rest_.starts_with('"')) return std::string(TakeUntil(",\n"));
   rest_.remove_prefix(1);
   std::string item(rest_.substr(0, rest_.find('"')));
   next_line_ += static_cast<int>(std::ranges::count(item, '\n'));
   rest_.remove_prefix(std::min(item.size() + 1, rest_.size()));
-  SkipBlanks();
+  SkipSpaces();
   if (rest_.starts_with(',') || rest_.starts_with('\n') || rest_.starts_with("\r\n")) TakeUntil(",\n");
   return item;
 }
@@ -74,7 +74,7 @@ std::string_view InputText::TakeUntil(std::string_view ends) {
   return line_ends ? WithoutLast(taken, '\r') : taken;
 }
 
-void InputText::SkipBlanks() {
+void InputText::SkipSpaces() {
   while (rest_.starts_with(' ')) rest_.remove_prefix(1);
 }
 

@@ -13,8 +13,8 @@ class InputText {
   /// `content` must outlive the reader.
   explicit InputText(std::string_view content);
 
-  /// The text up to the next comma or line end, which is passed over. Leading spaces do not count. Behind a
-  /// double quote, the text up to the closing one, whatever stands in it.
+  /// The text up to the next comma or line end, which is passed over. Leading spaces do not count. After a
+  /// double quote, the text up to the closing one, whatever is in it.
   std::optional<std::string> Item();
 
   /// An item that is a whole number of 16 bits, spaces around it ignored.
@@ -37,7 +37,7 @@ class InputText {
  private:
   bool AtEnd();  ///< also after a failure; notes kInputPastEnd
   std::string_view TakeUntil(std::string_view ends);
-  void SkipBlanks();
+  void SkipSpaces();
   std::nullopt_t Fail(std::int16_t error);
 
   std::string_view rest_;

@@ -21,7 +21,7 @@ class LastRunFile {
  public:
   explicit LastRunFile(platform::FileSystem& files) : files_(files) {}
 
-  /// What stands there. `reason` receives the system's text for kNotReadable, or nothing.
+  /// What the file says. `reason` receives the system's text for kNotReadable, or nothing.
   LastRunState Stat(const std::string& path, std::string& reason) const;
 
   /// To be called just before the file is loaded: what it holds now is what the window knows.

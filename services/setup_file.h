@@ -10,7 +10,7 @@
 #include "text/program_texts.h"
 #include "ui/dialogs.h"
 
-/// Setups in files: the user's own (*.qvr) and the one kept for the next run (qvr.usr). The layout stands in
+/// Setups in files: the user's own (*.qvr) and the one kept for the next run (qvr.usr). The layout is in
 /// services/setup_text.h.
 namespace services {
 
@@ -25,7 +25,7 @@ bool SaveSetupToFile(platform::FileSystem& files, const std::string& path, const
 struct SetupLoader {
   platform::FileSystem& files;
   ui::Dialogs& dialogs;
-  ui::Form& owner;  ///< the dialogs stand above it
+  ui::Form& owner;  ///< the dialogs are above it
   const text::ProgramTexts& texts;
   bool WindowReady;  ///< false during start-up: folders that are gone are then cleared without a word
 };

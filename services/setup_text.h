@@ -12,7 +12,7 @@
 /// ExcludeFilesInSourceFolder, IncludeSubfolders, ModifiedSince (-1: none chosen) and PauseAfterFirstCopy,
 /// 9 SkipFilepaths, 10 the number N of included folders, then N lines with one name each, last FileExtension.
 ///
-/// UTF-8; lines end in CR LF. Texts stand as they are; a number has a space or "-" in front and a space
+/// UTF-8; lines end in CR LF. Texts are written as they are; a number has a space or "-" in front and a space
 /// behind. Lines 1 to 8 and 10 are read as items that end at a comma or at the line's end, so a folder whose
 /// path holds a comma is cut there and every later item moves up by one: the format has no way to quote it
 /// when written, though an item in double quotes is understood.
@@ -20,7 +20,7 @@ namespace services {
 
 /// What can stop the reading of a setup, with the numbers that users of such files know.
 inline constexpr std::int16_t kInputOverflow = 6;       ///< a number that 16 bits cannot hold
-inline constexpr std::int16_t kInputNotANumber = 13;    ///< text where a whole number must stand
+inline constexpr std::int16_t kInputNotANumber = 13;    ///< text where a whole number must be
 inline constexpr std::int16_t kInputFileNotFound = 53;  ///< no such file
 inline constexpr std::int16_t kInputPastEnd = 62;       ///< fewer lines than the layout needs
 inline constexpr std::int16_t kInputNoPermission = 70;  ///< the file may not be read, or is in use

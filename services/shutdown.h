@@ -19,7 +19,7 @@ struct ShutdownTools {
   PopUpInForm2 pop_up;
 };
 
-/// Has the system's own command switch the computer off. When `cancellable`, a message stands over the main
+/// Has the system's own command switch the computer off. When `cancellable`, a message is shown over the main
 /// window for `popUpTime` milliseconds meanwhile; as soon as it closes the shutdown is called off. The
 /// system's delay of about 30 seconds is meant to be the shorter one, so that only a click comes before it.
 /// Whether the commands work is not looked at.

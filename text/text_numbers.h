@@ -82,7 +82,7 @@ inline constexpr int kStaysReadOnly = 170;
 inline constexpr int kWithNextFile = 171;
 
 // --- Report window and its lines
-inline constexpr int kSourceFolder = 45;             ///< stands between "{" and "}"
+inline constexpr int kSourceFolder = 45;             ///< goes between "{" and "}"
 inline constexpr int kClose = 58;                    ///< a caption
 inline constexpr int kCopyAll = 112;                 ///< a caption, with nothing selected
 inline constexpr int kCopySelected = 113;            ///< a caption

@@ -47,7 +47,7 @@ class Control {
   /// The name in the code, such as "cmdQuit" or "txbDirectory 0". Unique in its window.
   const std::string& name() const { return name_; }
   Container* parent() const { return parent_; }
-  /// The window that the control stands in.
+  /// The window that the control is in.
   virtual Form& form();
 
   /// Text, caption or title, as it is read; access keys are not marked in it.

@@ -101,7 +101,7 @@ class ProgressBar : public Control {
   double fraction_ = 0;
 };
 
-/// A vertical bar that scrolls something: it stands between 0 and its maximum.
+/// A vertical bar that scrolls something: it is between 0 and its maximum.
 class ScrollBar : public Control {
  public:
   using Control::Control;

@@ -31,7 +31,7 @@ struct InputBox {
   Twips top = 0;
 };
 
-/// The dialogs that wait for the user. Each stands above `owner` and blocks it; timers go on meanwhile. The
+/// The dialogs that wait for the user. Each is above `owner` and blocks it; timers go on meanwhile. The
 /// program's current folder stays what it was. An empty optional: the user cancelled.
 class Dialogs {
  public:

@@ -8,7 +8,7 @@
 
 namespace ui {
 
-/// How wide a text stands on the screen.
+/// How wide a text is on the screen.
 using TextMeasure = std::function<Twips(const std::string&)>;
 
 /// The text with line ends (CR LF) put in so that no line is wider than `width`: at spaces, else behind the

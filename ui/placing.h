@@ -8,8 +8,8 @@ namespace ui {
 /// screen is. Of further screens nothing is known: a place there stays as it is.
 Rect KeptOnItsScreen(Rect place, Size screen);
 
-/// Where a window of a size stands in the middle of another one. It is moved and made smaller where it would
-/// leave the screen, unless the other window stands on a further screen, of which nothing is known.
+/// Where a window of a size is placed in the middle of another one. It is moved and made smaller where it
+/// would leave the screen, unless the other window is on a further screen, of which nothing is known.
 Rect CentredOver(const Form& other, Size size, Size screen);
 
 }  // namespace ui

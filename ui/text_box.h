@@ -22,15 +22,15 @@ class TextBox : public Control {
   bool wraps() const { return wraps_; }
   bool read_only() const { return read_only_; }
   void SetReadOnly(bool read_only);
-  /// What stands in a box of one line for the line ends of a text that the user pastes: a space unless set.
+  /// What a box of one line shows for the line ends of a text that the user pastes: a space unless set.
   /// Line ends at the beginning and the end of the text go.
   void SetLineEndMark(std::string mark) { line_end_mark_ = std::move(mark); }
   const std::string& spoken_name() const override { return spoken_name_; }
 
-  /// The caret then stands at the beginning. In a box of many lines every CR or LF that is alone becomes
+  /// The caret is then at the beginning. In a box of many lines every CR or LF that is alone becomes
   /// CR LF.
   void SetText(std::string text) override;
-  /// Adds at the end and scrolls there: the caret then stands at the end and nothing is selected. Costs as
+  /// Adds at the end and scrolls there: the caret is then at the end and nothing is selected. Costs as
   /// much as the text that is added, not as the whole.
   void Append(std::string_view text);
   /// The same, but the screen follows only with ShowAppended(), or with any other change of the text or the
@@ -39,7 +39,7 @@ class TextBox : public Control {
   void AppendLater(std::string_view text);
   /// Brings to the screen what AppendLater() has left to be shown; nothing when there is none.
   void ShowAppended();
-  /// Takes this many characters off the end, all of them when there are fewer. The caret then stands at the
+  /// Takes this many characters off the end, all of them when there are fewer. The caret is then at the
   /// end.
   void RemoveFromEnd(std::size_t characters);
   /// Characters in the text: code points, a line end counts two.

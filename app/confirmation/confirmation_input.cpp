@@ -32,25 +32,25 @@ std::string Quoted(const std::string& pattern) {
   return "\"" + shown + "\"";
 }
 
-std::string Size(std::int64_t bytes, const ConfirmationInput& tell) {
-  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, tell.marks);
+std::string Size(std::int64_t bytes, const ConfirmationInput& input) {
+  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, input.marks);
 }
 
-std::string Size(std::uint64_t bytes, const ConfirmationInput& tell) {
-  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, tell.marks);
+std::string Size(std::uint64_t bytes, const ConfirmationInput& input) {
+  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, input.marks);
 }
 
-std::string Count(std::int64_t count, const std::string& noun, const ConfirmationInput& tell) {
-  return text::GroupedNumber(count, tell.marks) + " " + noun + StrProc::PluralSuffix(count);
+std::string Count(std::int64_t count, const std::string& noun, const ConfirmationInput& input) {
+  return text::GroupedNumber(count, input.marks) + " " + noun + StrProc::PluralSuffix(count);
 }
 
-std::string TargetText(const ConfirmationInput& tell) {
-  std::string text = base::utf8::Printable(tell.request.setup.TargetFolder);
-  const TargetVolume& volume = tell.volume;
+std::string TargetText(const ConfirmationInput& input) {
+  std::string text = base::utf8::Printable(input.request.setup.TargetFolder);
+  const TargetVolume& volume = input.volume;
   if (!volume.drive.empty()) text += "\r\non " + base::utf8::Printable(volume.drive);
   if (!volume.space) return text;
-  return text + (volume.drive.empty() ? "\r\n" : ", ") + Size(volume.space->free, tell) + " free of " +
-         Size(volume.space->total, tell);
+  return text + (volume.drive.empty() ? "\r\n" : ", ") + Size(volume.space->free, input) + " free of " +
+         Size(volume.space->total, input);
 }
 
 std::string IncludedText(const Setup& setup) {
@@ -65,8 +65,8 @@ std::string IncludedText(const Setup& setup) {
   return text + (one ? " it: " : " them: ") + NameList(folders);
 }
 
-std::string FilesText(const ConfirmationInput& tell) {
-  const Setup& setup = tell.request.setup;
+std::string FilesText(const ConfirmationInput& input) {
+  const Setup& setup = input.request.setup;
   std::string text;
   if (setup.FileExtension.find_first_of("*?") != std::string::npos) {
     text = "Only files whose extension matches \"" + setup.FileExtension + "\".";
@@ -75,39 +75,40 @@ std::string FilesText(const ConfirmationInput& tell) {
   } else {
     text = "All files, whatever their extension.";
   }
-  if (!tell.request.modified_since) return text;
-  return text + "\r\nOnly files changed " + DatePr2::ModifiedSinceText(setup.ModifiedSince, tell.texts) + ".";
+  if (!input.request.modified_since) return text;
+  return text + "\r\nOnly files changed " + DatePr2::ModifiedSinceText(setup.ModifiedSince, input.texts) +
+         ".";
 }
 
 /// What the skip patterns hit among the names on the first level.
-std::string LeftOutText(const ConfirmationInput& tell) {
-  const PreviewFindings& findings = tell.findings;
+std::string LeftOutText(const ConfirmationInput& input) {
+  const PreviewFindings& findings = input.findings;
   std::string text = "Files whose path contains any of these:";
   for (const PreviewFindings::Hits& hits : findings.hits) {
     text += "\r\n" + Quoted(hits.typed);
     if (!findings.first_level_known) continue;
     text += ": ";
     if (hits.names.empty()) {
-      text += "none of the " + Count(findings.first_level_names, "name", tell) + " on the first level";
+      text += "none of the " + Count(findings.first_level_names, "name", input) + " on the first level";
     } else {
-      text += text::GroupedNumber(static_cast<std::int64_t>(hits.names.size()), tell.marks) + " of " +
-              Count(findings.first_level_names, "name", tell) +
+      text += text::GroupedNumber(static_cast<std::int64_t>(hits.names.size()), input.marks) + " of " +
+              Count(findings.first_level_names, "name", input) +
               " on the first level: " + NameList(hits.names);
     }
   }
   return text;
 }
 
-std::string DueText(const ConfirmationInput& tell) {
-  const PreviewFindings& findings = tell.findings;
+std::string DueText(const ConfirmationInput& input) {
+  const PreviewFindings& findings = input.findings;
   if (findings.complete && findings.files_due == 0 && findings.folders_not_read == 0) {
     return findings.files_met == 0 ? "Nothing to copy: no file takes part."
                                    : "Nothing to copy: everything that takes part is backed up.";
   }
-  std::string text = Count(findings.files_due, "file", tell) + ", " + Size(findings.bytes_due, tell);
+  std::string text = Count(findings.files_due, "file", input) + ", " + Size(findings.bytes_due, input);
   text += findings.complete ? "" : " so far . . .";
   if (findings.folders_not_read > 0) {
-    text += "\r\n" + Count(findings.folders_not_read, "folder", tell) + " cannot be read.";
+    text += "\r\n" + Count(findings.folders_not_read, "folder", input) + " cannot be read.";
   }
   return text;
 }
@@ -137,33 +138,33 @@ std::string TimeText(std::int64_t its_files, std::int64_t its_bytes, const Pace&
 }
 
 /// What stays out although somebody who uses the program for the first time would expect it to be in.
-void DoubtWhatStaysOut(const ConfirmationInput& tell, std::vector<std::string>& doubts) {
-  const PreviewFindings& findings = tell.findings;
-  const bool none_included = tell.request.setup.IncludedFolders.empty();
+void DoubtWhatStaysOut(const ConfirmationInput& input, std::vector<std::string>& doubts) {
+  const PreviewFindings& findings = input.findings;
+  const bool none_included = input.request.setup.IncludedFolders.empty();
   std::string text;
   if (none_included && findings.first_level_folders > 0) {
     text = findings.first_level_folders == 1
                ? std::string("The one subfolder of the source is not included.")
-               : "None of the " + Count(findings.first_level_folders, "subfolder", tell) +
+               : "None of the " + Count(findings.first_level_folders, "subfolder", input) +
                      " of the source is included.";
     text += " Only the files directly in it will be backed up.";
     if (findings.outside_counted && findings.files_outside > 0)
-      text += " " + Count(findings.files_outside, "file", tell) + " will not.";
+      text += " " + Count(findings.files_outside, "file", input) + " will not.";
   } else if (findings.outside_counted && findings.files_outside > 0) {
-    text = "\"Include all subfolders\" is not ticked: " + Count(findings.folders_outside, "folder", tell) +
-           " inside the included ones, with " + Count(findings.files_outside, "file", tell) +
+    text = "\"Include all subfolders\" is not ticked: " + Count(findings.folders_outside, "folder", input) +
+           " inside the included ones, with " + Count(findings.files_outside, "file", input) +
            ", will not be backed up.";
   }
   if (!text.empty()) doubts.push_back(text);
 }
 
-void DoubtTheTarget(const ConfirmationInput& tell, std::vector<std::string>& doubts) {
-  const std::vector<std::string>& strangers = tell.findings.strangers;
+void DoubtTheTarget(const ConfirmationInput& input, std::vector<std::string>& doubts) {
+  const std::vector<std::string>& strangers = input.findings.strangers;
   if (!strangers.empty()) {
     doubts.push_back("Nothing in the target comes from this source. It holds " + NameList(strangers) +
                      ". Is it meant for the backup of another folder?");
   }
-  if (tell.volume.holds_source) {
+  if (input.volume.holds_source) {
     doubts.push_back("The target is on the same disk as the source. When that disk fails, both are lost.");
   }
 }
@@ -203,10 +204,11 @@ void DoubtTheLinks(const PreviewFindings& findings, std::vector<std::string>& do
                    NameList(findings.links) + ". Back up the folders themselves that they lead to.");
 }
 
-void DoubtThePatterns(const ConfirmationInput& tell, std::vector<std::string>& doubts) {
-  const std::string source = engine::NormaliseForMatch(platform::FolderForm(tell.request.setup.SourceFolder));
+void DoubtThePatterns(const ConfirmationInput& input, std::vector<std::string>& doubts) {
+  const std::string source =
+      engine::NormaliseForMatch(platform::FolderForm(input.request.setup.SourceFolder));
   std::vector<std::string> short_ones;
-  for (const PreviewFindings::Hits& hits : tell.findings.hits) {
+  for (const PreviewFindings::Hits& hits : input.findings.hits) {
     DoubtTheWildcards(hits.typed, doubts);
     if (source.find(hits.pattern) != std::string::npos) {
       doubts.push_back("The path of the source folder itself contains " + Quoted(hits.typed) +
@@ -219,8 +221,8 @@ void DoubtThePatterns(const ConfirmationInput& tell, std::vector<std::string>& d
   doubts.push_back("Very short patterns may leave out more than you intend: " + NameList(short_ones));
 }
 
-void DoubtWhatWasFound(const ConfirmationInput& tell, std::vector<std::string>& doubts) {
-  const PreviewFindings& findings = tell.findings;
+void DoubtWhatWasFound(const ConfirmationInput& input, std::vector<std::string>& doubts) {
+  const PreviewFindings& findings = input.findings;
   const std::size_t gone = findings.folders_gone.size();
   if (gone == 1)
     doubts.push_back("This included subfolder is no longer there: " + NameList(findings.folders_gone));
@@ -232,19 +234,20 @@ void DoubtWhatWasFound(const ConfirmationInput& tell, std::vector<std::string>& 
     const bool one = findings.kept_out_by_period == 1;
     doubts.push_back("The chosen period keeps out " +
                      (one ? std::string("one file that has")
-                          : Count(findings.kept_out_by_period, "file", tell) + " that have") +
+                          : Count(findings.kept_out_by_period, "file", input) + " that have") +
                      " no copy in the target yet.");
   }
   if (findings.complete && findings.files_met == 0) doubts.push_back("No file passes the filters.");
-  const std::int64_t largest = tell.volume.largest_file;
+  const std::int64_t largest = input.volume.largest_file;
   if (largest > 0 && findings.largest_due_bytes > largest) {
-    doubts.push_back("The format of the target disk does not allow files larger than " + Size(largest, tell) +
+    doubts.push_back("The format of the target disk does not allow files larger than " +
+                     Size(largest, input) +
                      ", so this one cannot be copied: " + base::utf8::Printable(findings.largest_due));
   }
-  const auto& space = tell.volume.space;
+  const auto& space = input.volume.space;
   if (space && findings.room_needed > 0 && static_cast<std::uint64_t>(findings.room_needed) >= space->free) {
-    doubts.push_back("The copies need " + Size(findings.room_needed, tell) + ", but only " +
-                     Size(space->free, tell) + " are free on the target.");
+    doubts.push_back("The copies need " + Size(findings.room_needed, input) + ", but only " +
+                     Size(space->free, input) + " are free on the target.");
   }
 }
 
@@ -257,46 +260,46 @@ std::string OperationExplained(Operation operation) {
          " Nothing is deleted from the target.";
 }
 
-std::vector<Fact> FactsOf(const ConfirmationInput& tell) {
-  const Setup& setup = tell.request.setup;
+std::vector<Fact> FactsOf(const ConfirmationInput& input) {
+  const Setup& setup = input.request.setup;
   std::vector<Fact> facts{{"Source", base::utf8::Printable(setup.SourceFolder)},
-                          {"Target", TargetText(tell)},
+                          {"Target", TargetText(input)},
                           {"Included", IncludedText(setup)},
-                          {"Files", FilesText(tell)}};
-  if (!tell.findings.hits.empty()) facts.push_back({"Left out", LeftOutText(tell)});
+                          {"Files", FilesText(input)}};
+  if (!input.findings.hits.empty()) facts.push_back({"Left out", LeftOutText(input)});
   if (const std::string options = OptionsText(setup); !options.empty()) facts.push_back({"Options", options});
-  facts.push_back({"To be copied", DueText(tell)});
+  facts.push_back({"To be copied", DueText(input)});
   return facts;
 }
 
-std::string ComparisonText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen) {
-  const PreviewFindings& findings = tell.findings;
-  std::string text = "To be read: " + Count(findings.files_same, "file", tell) + ", " +
-                     Size(findings.bytes_same, tell) + " on each side" +
+std::string ComparisonText(const ConfirmationInput& input, const Pace& pace, bool is_chosen) {
+  const PreviewFindings& findings = input.findings;
+  std::string text = "To be read: " + Count(findings.files_same, "file", input) + ", " +
+                     Size(findings.bytes_same, input) + " on each side" +
                      TimeText(findings.files_same, findings.bytes_same, pace) +
                      (findings.complete ? "." : " so far . . .");
   if (is_chosen) text += " Holds for \"Check backup state\", too, until the program ends.";
   return text;
 }
 
-std::string ReadBackText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen) {
-  const PreviewFindings& findings = tell.findings;
+std::string ReadBackText(const ConfirmationInput& input, const Pace& pace, bool is_chosen) {
+  const PreviewFindings& findings = input.findings;
   const std::string time = TimeText(findings.files_due, findings.bytes_due, pace);
-  std::string text = "To be read once more: " + Count(findings.files_due, "file", tell) + ", " +
-                     Size(findings.bytes_due, tell) + (time.empty() ? "" : time + " with the copying") +
+  std::string text = "To be read once more: " + Count(findings.files_due, "file", input) + ", " +
+                     Size(findings.bytes_due, input) + (time.empty() ? "" : time + " with the copying") +
                      (findings.complete ? "." : " so far . . .");
   if (is_chosen) text += " Holds until the program ends.";
   return text;
 }
 
-std::vector<std::string> FindConcerns(const ConfirmationInput& tell) {
+std::vector<std::string> FindConcerns(const ConfirmationInput& input) {
   std::vector<std::string> doubts;
-  DoubtWhatStaysOut(tell, doubts);
-  DoubtTheFolders(tell.findings, doubts);
-  DoubtTheLinks(tell.findings, doubts);
-  DoubtTheTarget(tell, doubts);
-  DoubtThePatterns(tell, doubts);
-  DoubtWhatWasFound(tell, doubts);
+  DoubtWhatStaysOut(input, doubts);
+  DoubtTheFolders(input.findings, doubts);
+  DoubtTheLinks(input.findings, doubts);
+  DoubtTheTarget(input, doubts);
+  DoubtThePatterns(input, doubts);
+  DoubtWhatWasFound(input, doubts);
   return doubts;
 }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/confirmation/operation_preview.h"
-#include "engine/operation_run.h"
+#include "engine/run_request.h"
 #include "platform/file_system.h"
 #include "text/grouped_number.h"
 #include "text/program_texts.h"
@@ -51,16 +51,16 @@ struct ConfirmationInput {
 std::string OperationExplained(Operation operation);
 
 /// From where, to where, what, how much: as far as it is known, in the order in which it is shown.
-std::vector<Fact> FactsOf(const ConfirmationInput& tell);
+std::vector<Fact> FactsOf(const ConfirmationInput& input);
 
 /// How much is to be read when contents are compared, how long that takes at a known pace, and for how long
 /// the choice holds.
-std::string ComparisonText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen);
+std::string ComparisonText(const ConfirmationInput& input, const Pace& pace, bool is_chosen);
 
 /// The same of reading copies back.
-std::string ReadBackText(const ConfirmationInput& tell, const Pace& pace, bool is_chosen);
+std::string ReadBackText(const ConfirmationInput& input, const Pace& pace, bool is_chosen);
 
 /// What in the setup is worth a second look; empty when nothing is.
-std::vector<std::string> FindConcerns(const ConfirmationInput& tell);
+std::vector<std::string> FindConcerns(const ConfirmationInput& input);
 
 }  // namespace app

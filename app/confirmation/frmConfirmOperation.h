@@ -7,7 +7,7 @@
 #include "app/confirmation/confirmation_input.h"
 #include "app/confirmation/operation_preview.h"
 #include "app/context.h"
-#include "engine/operation_run.h"
+#include "engine/run_request.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 
@@ -33,7 +33,7 @@ class frmConfirmOperation : public ui::Form {
   /// Whether he wants copies to be read back, likewise.
   bool ReadsBack() const { return chkReadBack.value() == 1; }
 
-  /// What was found out while the window stood open.
+  /// What was found out while the window was open.
   const PreviewFindings& findings() const { return preview_.findings(); }
 
   void Form_Load();

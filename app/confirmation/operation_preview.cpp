@@ -5,6 +5,7 @@
 #include <set>
 
 #include "base/ascii_case.h"
+#include "engine/own_names.h"
 #include "engine/wildcard_match.h"
 #include "platform/path.h"
 
@@ -168,8 +169,7 @@ void OperationPreview::FindStrangers(engine::FolderPair& pair) {
 /// Links to folders are not followed by a run either, but they are there.
 bool OperationPreview::IsThere(const std::string& path) {
   const auto entry = files_.Stat(path);
-  if (!entry && entry.error().kind != platform::ErrorKind::kNotFound &&
-      entry.error().kind != platform::ErrorKind::kNotAFolder) {
+  if (!entry && !IsGone(entry.error())) {
     ++findings_.folders_not_read;
     return false;
   }

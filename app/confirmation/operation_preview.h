@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "engine/folder_pair.h"
-#include "engine/operation_run.h"
 #include "engine/overlap.h"
+#include "engine/run_request.h"
 #include "engine/selection.h"
 #include "engine/unfinished_run.h"
 #include "platform/file_system.h"

@@ -18,9 +18,9 @@ void ReplaceSample(std::string& text, const std::string& sample, const std::stri
 }  // namespace
 
 bool frmMain::IsInRecycleBin(const std::string& path) const {
-  const std::string behind_root = base::utf8::ToUpper(BehindDisk(context_.files, path));
+  const std::string after_disk = base::utf8::ToUpper(AfterDisk(context_.files, path));
   for (std::size_t i = 1; i < RecycleBinNames.size(); ++i) {
-    if (behind_root.starts_with(RecycleBinNames[i])) return true;
+    if (after_disk.starts_with(RecycleBinNames[i])) return true;
   }
   return false;
 }

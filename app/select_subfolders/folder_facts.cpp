@@ -46,10 +46,10 @@ bool IsDisk(platform::FileSystem& files, const std::string& folder) {
   return platform::IsDiskRoot(folder) || (platform::IsDiskRoot("/") && files.DriveOf(plain) == plain);
 }
 
-std::string BehindDisk(platform::FileSystem& files, const std::string& path) {
+std::string AfterDisk(platform::FileSystem& files, const std::string& path) {
   const std::string drive = files.DriveOf(path);
   const bool by_mount_point = !drive.empty() && platform::IsInside(path, drive);
-  return std::string(platform::BehindRoot(by_mount_point ? path.substr(drive.size()) : path));
+  return std::string(platform::AfterRoot(by_mount_point ? path.substr(drive.size()) : path));
 }
 
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder) {

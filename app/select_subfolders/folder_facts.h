@@ -27,7 +27,7 @@ FolderContent ContentOf(platform::FileSystem& files, const std::string& folder);
 bool IsDisk(platform::FileSystem& files, const std::string& folder);
 
 /// A path without that of its disk.
-std::string BehindDisk(platform::FileSystem& files, const std::string& path);
+std::string AfterDisk(platform::FileSystem& files, const std::string& path);
 
 /// Whether a folder holds no file and no subfolder. One that cannot be read counts as empty.
 bool IsFolderEmpty(platform::FileSystem& files, const std::string& folder);

@@ -45,9 +45,6 @@ class frmSelectSubfolders : public ui::Form {
   void tmrRead_Timer();
   void ShowSelectionSummary();
 
-  /// The number of subfolders listed.
-  std::size_t TotalSubfolders() const { return list_.size(); }
-
   /// One line of the list.
   struct Row {
     Row(ui::Container& area, std::size_t index);

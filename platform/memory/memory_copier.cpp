@@ -170,7 +170,7 @@ std::optional<Error> MemoryFileSystem::MoveBlocks(const std::string& path, const
   if (watcher && !watcher(0)) return MakeError(ErrorKind::kCancelled);
   while (done < source.size) {
     done += std::min(block_size_, source.size - done);
-    if (!HasSpaceFor(done)) return MakeError(ErrorKind::kDiskFull);
+    if (!FitsOnDisk(done)) return MakeError(ErrorKind::kDiskFull);
     if (before_) before_(Call::kReadBlock, path);
     if (watcher && !watcher(done)) return MakeError(ErrorKind::kCancelled);
   }

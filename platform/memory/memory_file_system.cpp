@@ -71,7 +71,7 @@ bool MemoryFileSystem::IsReadOnlyPlace(const std::string& path) const {
                      [&path](const std::string& place) { return IsInside(path, place, PathStyle::kPosix); });
 }
 
-bool MemoryFileSystem::HasSpaceFor(std::int64_t bytes) const {
+bool MemoryFileSystem::FitsOnDisk(std::int64_t bytes) const {
   return !space_ || static_cast<std::uint64_t>(bytes) <= space_->free;
 }
 
@@ -266,7 +266,7 @@ Status MemoryFileSystem::Put(const std::string& path, const std::string& content
   const auto old = Find(path);
   if (old.ok() && (*old)->kind == NodeKind::kFolder) return MakeError(ErrorKind::kIsAFolder);
   const auto size = static_cast<std::int64_t>(content.size());
-  if (!HasSpaceFor(size)) return MakeError(ErrorKind::kDiskFull);
+  if (!FitsOnDisk(size)) return MakeError(ErrorKind::kDiskFull);
   TakeSpace(size - (old.ok() ? (*old)->size : 0));
   AddFile(old.ok() ? RealPath(path).value() : path, content, kTimeOfWrites,
           old.ok() ? (*old)->attributes : Attributes{0});

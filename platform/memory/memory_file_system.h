@@ -80,7 +80,6 @@ class MemoryFileSystem : public FileSystem {
   std::vector<std::string> NamesIn(const std::string& path) const;  ///< sorted
   const std::vector<Touch>& touched() const { return touched_; }
   std::size_t CountOf(Call call) const;
-  void ForgetTouches() { touched_.clear(); }
 
   // --- Faults.
   /// From now on `call` on `path` (empty: on every path) fails with `error`; the next `times` times only when
@@ -88,7 +87,6 @@ class MemoryFileSystem : public FileSystem {
   void Fail(Call call, const std::string& path, Error error, int times = 0);
   /// From now on copies to `path`, of files that are not empty, hold another byte than was written.
   void Garble(const std::string& path) { garbled_.insert(path); }
-  void Heal();
   /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
   /// Unlimited until set.
   void SetSpace(std::uint64_t free, std::uint64_t total);
@@ -173,7 +171,7 @@ class MemoryFileSystem : public FileSystem {
   static std::string StoredName(const Node& folder, std::string_view name);
   Entry EntryOf(const NodePtr& node, const std::string& path) const;
   bool IsReadOnlyPlace(const std::string& path) const;
-  bool HasSpaceFor(std::int64_t bytes) const;
+  bool FitsOnDisk(std::int64_t bytes) const;
   void TakeSpace(std::int64_t bytes);
   std::optional<Error> MoveBlocks(const std::string& path, const Node& source,
                                   const CopyProgress& watcher) const;

@@ -30,7 +30,7 @@ struct Node {
   std::string destination;  ///< of a link: an absolute path
   bool is_mount_point = false;
   bool is_foreign = false;        ///< belongs to another user
-  bool has_other_places = false;  ///< stands in another folder, too
+  bool has_other_places = false;  ///< is in another folder, too
   FileTime changed = {};          ///< when it came to be or was changed last; counts on with each change
   bool is_on_disk = true;         ///< whether a power cut leaves the content of the file
   Folding folding = nullptr;      ///< of a folder: how it compares names; new folders in it take it over

@@ -119,13 +119,6 @@ void MemoryFileSystem::Fail(Call call, const std::string& path, Error error, int
   faults_.push_back({call, path, std::move(error), times});
 }
 
-void MemoryFileSystem::Heal() {
-  faults_.clear();
-  read_only_places_.clear();
-  kept_read_only_.clear();
-  garbled_.clear();
-}
-
 void MemoryFileSystem::SetSpace(std::uint64_t free, std::uint64_t total) { space_ = DiskSpace{free, total}; }
 
 void MemoryFileSystem::SetReadOnly(const std::string& path) { read_only_places_.insert(path); }

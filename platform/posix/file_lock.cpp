@@ -18,7 +18,7 @@ namespace {
 /// Each try but the last found that another program made or removed the file in that moment.
 constexpr int kTries = 10;
 
-bool StandsAt(const std::string& path, const FileDescriptor& file) {
+bool IsAt(const std::string& path, const FileDescriptor& file) {
   const auto place = Reach(path);
   struct stat there = {};
   struct stat held = {};
@@ -35,7 +35,7 @@ class PosixLock : public FileLock {
  public:
   PosixLock(std::string path, FileDescriptor file) : path_(std::move(path)), file_(std::move(file)) {}
   ~PosixLock() override {
-    if (StandsAt(path_, file_)) Unlink(path_);
+    if (IsAt(path_, file_)) Unlink(path_);
   }
   PosixLock(const PosixLock&) = delete;
   PosixLock& operator=(const PosixLock&) = delete;
@@ -74,7 +74,7 @@ Status RemoveDead(const std::string& path) {
     if (errno == EWOULDBLOCK) return Error{ErrorKind::kInUse, EWOULDBLOCK, BeginOf(*old)};
     return LastError();
   }
-  if (StandsAt(path, *old)) Unlink(path);
+  if (IsAt(path, *old)) Unlink(path);
   return Done{};
 }
 
@@ -95,7 +95,7 @@ Result<std::unique_ptr<FileLock>> LockAt(const std::string& path, const std::str
       Unlink(path);
       return ErrorOf(reason);
     }
-    if (!locked || !StandsAt(path, *file)) continue;
+    if (!locked || !IsAt(path, *file)) continue;
     static_cast<void>(pwrite(file->get(), content.data(), content.size(), 0) == 0);
     return std::unique_ptr<FileLock>(std::make_unique<PosixLock>(path, std::move(*file)));
   }

@@ -266,7 +266,7 @@ Status WindowsFileSystem::WriteFile(const std::string& path, const std::string& 
   return WriteContent(LongPath(path), content);
 }
 
-std::wstring WindowsFileSystem::BehindLink(const std::string& path) {
+std::wstring WindowsFileSystem::LinkTarget(const std::string& path) {
   const std::wstring long_path = LongPath(path);
   const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
@@ -276,7 +276,7 @@ std::wstring WindowsFileSystem::BehindLink(const std::string& path) {
 }
 
 Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
-  const std::wstring long_path = BehindLink(path);
+  const std::wstring long_path = LinkTarget(path);
   auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;

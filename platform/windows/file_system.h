@@ -53,7 +53,7 @@ class WindowsFileSystem : public FileSystem {
 
  private:
   /// The long form of a path or, where there is a link, of what it leads to.
-  std::wstring BehindLink(const std::string& path);
+  std::wstring LinkTarget(const std::string& path);
 
   CopyThreads copy_threads_;
   ListingAhead listing_ahead_;

@@ -16,7 +16,7 @@ inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHA
 /// Opens what is at a path, links followed, for its data about itself only; folders too. None on failure.
 FileHandle OpenForAttributes(const std::wstring& long_path, DWORD access = FILE_READ_ATTRIBUTES);
 
-/// The same without following a link that stands at the path itself.
+/// The same without following a link at the path itself.
 FileHandle OpenLinkForAttributes(const std::wstring& long_path, DWORD access = FILE_READ_ATTRIBUTES);
 
 /// The path of an open file without links and short names, in the form that the flags of

@@ -3,6 +3,7 @@
 
 #include "engine/overlap.h"
 
+#include "engine/target_folder.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {

@@ -1,6 +1,6 @@
 #include <map>
 
-#include "engine/unfinished_run.h"
+#include "engine/own_names.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {

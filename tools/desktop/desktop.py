@@ -146,7 +146,7 @@ class Program:
         wait_until(lambda: self.press_if_usable(title, name), f"{name!r} in {title!r} to be usable", 60)
 
     def full(self, title):
-        """The report says before its title how the run stands."""
+        """The report says before its title how far the run is."""
         return next((name for name in self.titles() if name.endswith(title)), title)
 
     def activate(self, title):

@@ -125,8 +125,8 @@ void PressSpace(Form& form);
 bool PressKey(Form& form, const KeyPress& press);
 
 /// What somebody sees of a window: its title, and from top to bottom what is visible in it. Controls that
-/// stand side by side are in one line, from left to right, what is in a frame below its heading. A control is
-/// written as [button] (disabled button) [x] ticked {box} {=read only} <list, 2 of 3>; behind it stands what
+/// are side by side are in one line, from left to right, what is in a frame below its heading. A control is
+/// written as [button] (disabled button) [x] ticked {box} {=read only} <list, 2 of 3>; after it comes what
 /// is special about it: * the focus, its key, a font, a colour, "a tool tip".
 std::string Seen(const Form& form);
 /// What a screen reader says beyond that, and the access key, of each control in the order of tabbing.

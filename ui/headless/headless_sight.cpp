@@ -55,7 +55,7 @@ std::string OnLines(std::string text, const std::string& between) {
 }
 
 std::string Rows(const Container& around, const std::string& indent) {
-  // A frame stands where its heading is.
+  // A frame is where its heading is.
   const auto middle = [](const Control* c) { return c->top() + std::min(c->height(), 400) / 2; };
   std::vector<Control*> controls;
   for (Control* control : around.controls())

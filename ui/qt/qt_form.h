@@ -9,7 +9,7 @@ class QScrollArea;
 
 namespace ui::qt {
 
-/// A window. The desktop draws its border and title, whose size is known only once a window stands on the
+/// A window. The desktop draws its border and title, whose size is known only once a window is on the
 /// screen: the first one is made by an estimate, and the window is told its true bounds then.
 class FormPeer : public WidgetPeer {
  public:

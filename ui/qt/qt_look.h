@@ -21,7 +21,7 @@ QColor Mix(const QColor& from, const QColor& to, double share);
 /// so it is taken from the text on a window: black and white and nothing between.
 bool IsHighContrast();
 
-/// The colours of a window, a frame or a label and of what stands in it: text boxes, lists and buttons are
+/// The colours of a window, a frame or a label and of what is in it: text boxes, lists and buttons are
 /// lighter than the window, with the same text colour, whatever the desktop's theme is.
 /// The focus and ticks have a colour that goes with the background; on grey and white that of the
 /// surroundings.

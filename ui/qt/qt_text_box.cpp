@@ -128,7 +128,7 @@ void ManyLinesPeer::MirrorHelp() {
 }
 
 /// The last line that holds something is to be at the bottom. The bar's maximum would show an empty line
-/// below it, and so would the caret where it stands in one.
+/// below it, and so would the caret where it is in one.
 void ManyLinesPeer::ScrollToEnd() {
   widget_.ensureCursorVisible();
   widget_.horizontalScrollBar()->setValue(0);

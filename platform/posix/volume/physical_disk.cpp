@@ -30,7 +30,8 @@ std::optional<dev_t> NumberOf(const std::string& path, bool of_device_file) {
   return of_device_file ? facts.st_rdev : facts.st_dev;
 }
 
-/// A word of /proc/self/mountinfo, in which spaces and backslashes stand as "\040" and "\134" (proc(5)).
+/// A word of /proc/self/mountinfo, in which spaces and backslashes are written as "\040" and "\134"
+/// (proc(5)).
 std::string Unescaped(const std::string& word) {
   constexpr std::size_t kDigits = 3;
   std::string plain;

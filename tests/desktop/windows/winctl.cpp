@@ -83,7 +83,7 @@ void PrintControl(const std::string& title, HWND window) {
 }
 
 /// Everything that shows.
-void Look(HWND, const std::wstring&) {
+void ShowWindows(HWND, const std::wstring&) {
   Visitor windows = [](HWND window) {
     const std::string title = OneLine(CaptionOf(window));
     PrintControl(title, window);
@@ -209,8 +209,8 @@ void RunUnseen(HWND, const std::wstring& words) {
 using Command = void (*)(HWND window, const std::wstring& argument);
 
 const std::map<std::string, Command> kCommands = {
-    {"look", &Look}, {"text", &Text},     {"ticked", &Ticked}, {"click", &Click},
-    {"type", &Type}, {"browse", &Browse}, {"close", &Close},   {"run unseen", &RunUnseen}};
+    {"look", &ShowWindows}, {"text", &Text},     {"ticked", &Ticked}, {"click", &Click},
+    {"type", &Type},        {"browse", &Browse}, {"close", &Close},   {"run unseen", &RunUnseen}};
 
 }  // namespace
 

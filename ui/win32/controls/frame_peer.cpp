@@ -84,7 +84,7 @@ void FramePeer::MirrorVisible() {
   WindowPeer::MirrorVisible();
 }
 
-/// The system keeps what stands in a window that it sizes, and so the border of the old size.
+/// The system keeps what is in a window that it sizes, and so the border of the old size.
 void FramePeer::MirrorBounds() {
   WindowPeer::MirrorBounds();
   InvalidateRect(handle(), nullptr, TRUE);

@@ -8,7 +8,7 @@ namespace ui::win32 {
 namespace {
 
 /// The brush for what is behind the text, of the window around as the edit itself asks for it.
-HBRUSH BrushBehind(HWND edit, HDC context) {
+HBRUSH BackgroundBrush(HWND edit, HDC context) {
   const bool read_only = (GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) != 0;
   const UINT question = read_only || !IsWindowEnabled(edit) ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT;
   return reinterpret_cast<HBRUSH>(SendMessageW(GetParent(edit), question, reinterpret_cast<WPARAM>(context),
@@ -29,7 +29,7 @@ void FillAroundLine(HWND edit) {
   InflateRect(&outer, -GetSystemMetricsForDpi(SM_CXEDGE, dpi), -GetSystemMetricsForDpi(SM_CYEDGE, dpi));
   const HDC context = GetWindowDC(edit);
   ExcludeClipRect(context, line.left, line.top, line.right, line.bottom);
-  FillRect(context, &outer, BrushBehind(edit, context));
+  FillRect(context, &outer, BackgroundBrush(edit, context));
   ReleaseDC(edit, context);
 }
 
