@@ -7,7 +7,7 @@
 namespace app {
 
 /// A window that reads a disk while it is used does so in slices: milliseconds of its timer between them.
-inline constexpr int kBetweenSlices = 1;
+inline constexpr std::chrono::milliseconds kBetweenSlices{1};
 
 /// One slice: calls `step` until it says false, that nothing is left, or the slice is over: short enough that
 /// the window answers at once, long enough that reading makes up most of the time. Returns what the last call

@@ -31,7 +31,7 @@ struct CopyOrder {
 
 /// How much earlier than its source a copy is dated whose source changed meanwhile: so much that the two lie
 /// in different months whatever the source's time will be in the years to come. Seconds; 400 days.
-inline constexpr std::int64_t kEarlierWhenChanged = std::int64_t{400} * 24 * 60 * 60;
+inline constexpr std::chrono::seconds kEarlierWhenChanged = std::chrono::days{400};
 
 struct CopyOutcome {
   std::int64_t bytes = 0;            ///< the length of the copy

@@ -24,7 +24,7 @@ frmPopUp::frmPopUp(ui::FrontEnd& front_end) : Form(front_end, "frmPopUp", ui::Fo
   Timer1.on_timer = [this] { Timer1_Timer(); };
 }
 
-void frmPopUp::ShowAt(const std::string& message, ui::Rect bounds, int interval) {
+void frmPopUp::ShowAt(const std::string& message, ui::Rect bounds, std::chrono::milliseconds interval) {
   lblMessage.SetText(message);
   SetBounds(bounds);
   lblMessage.SetBounds({0, 0, inner().width, inner().height});
@@ -34,7 +34,7 @@ void frmPopUp::ShowAt(const std::string& message, ui::Rect bounds, int interval)
 
 void frmPopUp::PopUp(const std::string& strMessage, std::int16_t intWidth, std::int16_t intHeight,
                      std::uint16_t intInterval, std::int16_t intTop, std::int16_t intLeft) {
-  ShowAt(strMessage, {intLeft, intTop, intWidth, intHeight}, intInterval);
+  ShowAt(strMessage, {intLeft, intTop, intWidth, intHeight}, std::chrono::milliseconds{intInterval});
 }
 
 void frmPopUp::PopUpCenterScreen(const std::string& strMessage, std::int16_t intWidth, std::int16_t intHeight,
@@ -48,12 +48,13 @@ void frmPopUp::PopUpInForm(const ui::Form& form, const std::string& strMessage, 
                            std::int16_t intHeight, std::uint16_t intInterval, std::int16_t intTop,
                            std::int16_t intLeft) {
   // On a second screen the sum may lie beyond 16 bits.
-  ShowAt(strMessage, {form.left() + intLeft, form.top() + intTop, intWidth, intHeight}, intInterval);
+  ShowAt(strMessage, {form.left() + intLeft, form.top() + intTop, intWidth, intHeight},
+         std::chrono::milliseconds{intInterval});
   lblMessage.SetWidth(intWidth);
 }
 
 void frmPopUp::WaitUntilHidden() {
-  constexpr int kLookEvery = 200;
+  constexpr std::chrono::milliseconds kLookEvery{200};
   while (visible() && !front_end().quitting()) front_end().WaitForEvents(kLookEvery);
 }
 

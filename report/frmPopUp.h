@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -39,7 +40,7 @@ class frmPopUp : public ui::Form {
   ui::Timer Timer1{this, "Timer1"};
 
  private:
-  void ShowAt(const std::string& message, ui::Rect bounds, int interval);
+  void ShowAt(const std::string& message, ui::Rect bounds, std::chrono::milliseconds interval);
 };
 
 }  // namespace report

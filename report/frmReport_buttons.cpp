@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds kSecondClick{1'000};
 constexpr const char* kCountingNote = "Counting files ... ";
 
 /// How long a held operation waits for the next event before it looks whether the program ends.
-constexpr int kHoldMilliseconds = 200;
+constexpr std::chrono::milliseconds kOneWait{200};
 
 }  // namespace
 
@@ -87,7 +87,7 @@ void frmReport::PauseOperation() {
   ShowText();
   front_end().Notify(*this, title_, "Paused");
   Paused = true;
-  while (Paused && !front_end().quitting()) front_end().WaitForEvents(kHoldMilliseconds);
+  while (Paused && !front_end().quitting()) front_end().WaitForEvents(kOneWait);
 }
 
 void frmReport::TakeBackCountingNote() {

@@ -8,7 +8,7 @@ constexpr int kPopUpHeight = 1000;
 
 }  // namespace
 
-void ShutDownComputer(const ShutdownTools& tools, bool cancellable, int popUpTime) {
+void ShutDownComputer(const ShutdownTools& tools, bool cancellable, std::chrono::milliseconds popUpTime) {
   if (!cancellable) return static_cast<void>(tools.shell.ScheduleShutDown({}));
   static_cast<void>(tools.shell.ScheduleShutDown("Cancellation possible.\r\nSee comment below"));
   tools.pop_up(

@@ -90,8 +90,8 @@ void ScrollBar::UserScrolled(int value) {
   if (moved) Raise(on_change);
 }
 
-void Timer::Start(int interval) {
-  interval_ = std::max(interval, 1);
+void Timer::Start(std::chrono::milliseconds interval) {
+  interval_ = std::max(interval, std::chrono::milliseconds{1});
   running_ = true;
   AttachPeer(form().front_end());
   Mirror(Property::kValue);

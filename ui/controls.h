@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -130,12 +131,11 @@ class ScrollBar : public Control {
 class Timer : public Control {
  public:
   using Control::Control;
-  /// Milliseconds.
-  int interval() const { return interval_; }
+  std::chrono::milliseconds interval() const { return interval_; }
   bool running() const { return running_; }
   bool takes_focus() const override { return false; }
   /// Starts, or starts over with a new interval, which is positive.
-  void Start(int interval);
+  void Start(std::chrono::milliseconds interval);
   void Stop();
   Handler on_timer;
 
@@ -146,7 +146,7 @@ class Timer : public Control {
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
 
  private:
-  int interval_ = 0;
+  std::chrono::milliseconds interval_{0};
   bool running_ = false;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,7 +52,7 @@ class FrontEnd {
   /// Lets everything that has happened so far be handled, and returns.
   virtual void RunPendingEvents() = 0;
   /// The same, but first waits until something happens or the time has passed.
-  virtual void WaitForEvents(int milliseconds) = 0;
+  virtual void WaitForEvents(std::chrono::milliseconds longest) = 0;
 
   /// Runs events until Quit(), and returns its code. Quit() may come before Run().
   virtual int Run() = 0;

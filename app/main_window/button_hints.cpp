@@ -8,8 +8,8 @@
 namespace app {
 namespace {
 
-constexpr int kRest = 500;     ///< milliseconds that the pointer rests before the hint comes
-constexpr int kShown = 6'000;  ///< milliseconds
+constexpr std::chrono::milliseconds kRest{500};  ///< that the pointer rests before the hint comes
+constexpr int kShown = 6'000;                    ///< milliseconds
 constexpr ui::Twips kHeight = 640;
 constexpr ui::Twips kDistance = 60;
 

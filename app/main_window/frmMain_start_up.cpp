@@ -29,7 +29,7 @@ void frmMain::Form_Load() {
   lblWarningReFilesInUse.SetVisible(true);
   RecycleBinNames = {"", "RECYCLED", "RECYCLER", "$RECYCLE.BIN"};
   SetInitialFocus();
-  Clock.Start(1000);
+  Clock.Start(std::chrono::seconds{1});
   setup_commands.LoadLastRunSetup(false);
   RefreshTargetEmptyLabel();
   FormLoaded = true;
@@ -118,17 +118,17 @@ void frmMain::SetFramesEnabled(bool enabled) {
 /// Without a display nobody could click the pop-up, so there the shutdown cannot be called off.
 void frmMain::ShutDownAfterOperation() {
   const auto pop_up = [this](const std::string& message, int pop_up_width, int pop_up_height,
-                             int milliseconds) {
+                             std::chrono::milliseconds time) {
     const auto of = [](int twips) { return static_cast<std::int16_t>(twips); };
     pop_up_.PopUpInForm(*this, message, of(pop_up_width), of(pop_up_height),
-                        static_cast<std::uint16_t>(milliseconds), of(height() - pop_up_height - 300),
+                        static_cast<std::uint16_t>(time.count()), of(height() - pop_up_height - 300),
                         of((width() - pop_up_width) / 2));
     SetFramesEnabled(false);
     pop_up_.WaitUntilHidden();
     SetFramesEnabled(true);
     SetInitialFocus();
   };
-  constexpr int kPopUpTime = 60'000;
+  constexpr std::chrono::seconds kPopUpTime{60};
   services::ShutDownComputer({context_.shell, context_.front_end.dialogs(), *this, pop_up},
                              context_.has_display, kPopUpTime);
 }

@@ -116,7 +116,7 @@ void SetupCommands::LoadSetupFromFile() {
   const auto path = context_.front_end.dialogs().OpenFile(main_, SetupFileDialog(text::kOpenSetupTitle));
   // The button that ends a double click in the dialog is released over this window.
   main_.IgnoreMouseUp = true;
-  main_.Clock2.Start(1000);
+  main_.Clock2.Start(std::chrono::seconds{1});
   if (!path || path->empty()) return;
 
   const services::LoadedSetup loaded = LoadOperationFile(*path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -98,9 +99,9 @@ class frmSelectSubfolders : public ui::Form {
   std::vector<std::string> included_;
   std::vector<std::string> away_;
   bool names_read_ = false;
-  std::size_t next_ = 0;    ///< every subfolder before it has been looked into
-  std::string typed_;       ///< the beginning of a name, lower-cased, as typed so far
-  long long typed_at_ = 0;  ///< when its last character was typed, in milliseconds
+  std::size_t next_ = 0;                   ///< every subfolder before it has been looked into
+  std::string typed_;                      ///< the beginning of a name, lower-cased, as typed so far
+  std::chrono::milliseconds typed_at_{0};  ///< when its last character was typed
   bool accepted_ = false;
 };
 

@@ -10,12 +10,12 @@ namespace {
 
 using ui::Twips;
 
-constexpr Twips kRowHeight = 330;          ///< at least; the rows share what is left over
-constexpr Twips kInset = 120;              ///< from the sides of the list to its rows
-constexpr Twips kNameShare = 55;           ///< per cent of a row's width; the rest is for the content
-constexpr Twips kTickWidth = 330;          ///< of a check box without its text
-constexpr Twips kTextDrop = 60;            ///< by which a label is lower than a check box beside it
-constexpr long long kTypingPause = 1'000;  ///< milliseconds after which typed characters begin another name
+constexpr Twips kRowHeight = 330;                ///< at least; the rows share what is left over
+constexpr Twips kInset = 120;                    ///< from the sides of the list to its rows
+constexpr Twips kNameShare = 55;                 ///< per cent of a row's width; the rest is for the content
+constexpr Twips kTickWidth = 330;                ///< of a check box without its text
+constexpr Twips kTextDrop = 60;                  ///< by which a label is lower than a check box beside it
+constexpr std::chrono::seconds kTypingPause{1};  ///< after which typed characters begin another name
 
 }  // namespace
 
@@ -166,7 +166,7 @@ bool frmSelectSubfolders::KeyPressed(const ui::KeyPress& press) {
 
 /// While the beginning of a name is young, what is typed belongs to it, spaces too.
 bool frmSelectSubfolders::IsTypingName() const {
-  return !typed_.empty() && context_.clock.Monotonic().count() - typed_at_ <= kTypingPause;
+  return !typed_.empty() && context_.clock.Monotonic() - typed_at_ <= kTypingPause;
 }
 
 /// The next subfolder, from the current one on and round, whose name begins with what has been typed. The
@@ -174,7 +174,7 @@ bool frmSelectSubfolders::IsTypingName() const {
 std::optional<std::size_t> frmSelectSubfolders::FindTyped(const std::string& character) {
   const std::string letter = base::utf8::ToLower(character);
   if (!IsTypingName()) typed_.clear();
-  typed_at_ = context_.clock.Monotonic().count();
+  typed_at_ = context_.clock.Monotonic();
   if (typed_ != letter) typed_ += letter;
   const bool one_letter = typed_ == letter;
   const auto current = Current();

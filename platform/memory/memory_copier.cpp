@@ -90,7 +90,7 @@ class MemoryDraft : public Draft {
     FileTime modified = source.modified;
     if (source.size == order_.file->size && order_.file->modified && !changed)
       modified = *order_.file->modified;
-    if (changed) modified.seconds -= kEarlierWhenChanged;
+    if (changed) modified.seconds -= kEarlierWhenChanged.count();
     file_ = std::make_shared<Node>(Node{MakeTemporaryName(),
                                         NodeKind::kFile,
                                         {},

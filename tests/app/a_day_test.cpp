@@ -61,7 +61,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Type(main.txbFileExtension, "t?t");
   Type(main.txbExcludedFilepaths, "/.thumbs/, aunt");
   Select(main.cboModifiedSince, 1);
-  front_end.PassTime(1'000);
+  front_end.PassTime(1'000ms);
   Note("Everything chosen", main);
 
   Click(main.cmdListSubFolders);
@@ -99,7 +99,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Click(report.cmdOpenTarget);
   EXPECT_EQ(front_end.opened_folders, std::vector<std::string>{"/dst"});
   report.UserClosed();
-  front_end.PassTime(1'000);
+  front_end.PassTime(1'000ms);
   Click(main.cmdReportScreen);
   EXPECT_TRUE(report.visible());
   report.UserClosed();
@@ -123,7 +123,7 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Note("Saved", main);
   Note("Told", main.PopUpWindow());
   const auto setup_command = [&](ui::Button& command) {
-    front_end.PassTime(1'000);
+    front_end.PassTime(1'000ms);
     Click(main.cmdSetup);
     Click(command);
     Note(command.text(), main);

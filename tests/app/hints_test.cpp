@@ -8,8 +8,8 @@ namespace app::test {
 struct Hints : testing::Test, Program {
   Hints() { Start(); }
 
-  std::string After(int milliseconds) {
-    front_end.PassTime(milliseconds);
+  std::string After(std::chrono::milliseconds time) {
+    front_end.PassTime(time);
     return window->HintWindow().visible() ? window->HintWindow().lblMessage.text() : "";
   }
 };
@@ -17,19 +17,19 @@ struct Hints : testing::Test, Program {
 TEST_F(Hints, ComeOnceBesideTheRestingPointerAndGoWithItOrAPress) {
   ui::Button& button = window->cmdHelp;
   button.UserMovedPointer();
-  EXPECT_EQ(After(499), "");
-  EXPECT_EQ(After(1), button.description());
+  EXPECT_EQ(After(499ms), "");
+  EXPECT_EQ(After(1ms), button.description());
   const ui::Twips top =
       window->bounds().bottom() - 120 - window->inner().height + button.top();  // 120: a border
   EXPECT_LE(window->HintWindow().bounds().bottom(), top) << "never over the button";
-  EXPECT_EQ(After(6'000), "");
+  EXPECT_EQ(After(6'000ms), "");
   button.UserMovedPointer();
-  EXPECT_EQ(After(500), "") << "the pointer has not left the button";
+  EXPECT_EQ(After(500ms), "") << "the pointer has not left the button";
   button.UserMovedPointerAway();
   button.UserMovedPointer();
-  EXPECT_EQ(After(500), button.description());
+  EXPECT_EQ(After(500ms), button.description());
   button.UserPressed();
-  EXPECT_EQ(After(0), "");
+  EXPECT_EQ(After(0ms), "");
 }
 
 TEST_F(Hints, EveryButtonHasOneAndNoTwoControlsShareAnAccessKey) {

@@ -105,7 +105,7 @@ TEST_F(UnattendedRun, ShutsDownWhenTheWordIsInTheCommandLineUnlessTheUserCallsIt
       EXPECT_EQ(
           main.PopUpWindow().lblMessage.text(),
           "\r\nThis computer will shut down in about 30 seconds.\r\nClick here to cancel the shutdown.");
-      EXPECT_EQ(main.PopUpWindow().Timer1.interval(), 60'000);
+      EXPECT_EQ(main.PopUpWindow().Timer1.interval(), 60s);
       EXPECT_EQ(program.shell.shut_downs, ShutDowns{called_off[0]});
       EXPECT_FALSE(main.cmdBackupAllFiles.reachable() || main.cmdSpecifyDirectory[0].reachable());
       by_click ? Click(main.PopUpWindow().lblMessage) : main.UserPressedEscape();

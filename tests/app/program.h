@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <chrono>
 
 #include <memory>
 #include <string>
@@ -13,6 +14,8 @@
 #include "ui/headless/headless_front_end.h"
 
 namespace app::test {
+
+using namespace std::chrono_literals;
 
 /// The whole program on a file system in memory with /src and /dst, and a user whose hands a test moves.
 class Program {
@@ -43,7 +46,7 @@ class Program {
   void InOpenWindow(const std::function<void(Window&)>& act) {
     front_end.when_idle = [this, act] {
       auto* const open = dynamic_cast<Window*>(front_end.modal);
-      if (open == nullptr || open->tmrRead.running()) return front_end.PassTime(1);
+      if (open == nullptr || open->tmrRead.running()) return front_end.PassTime(1ms);
       act(*open);
     };
   }

@@ -3,7 +3,6 @@
 
 namespace app::test {
 
-using namespace std::chrono_literals;
 using platform::memory::Call;
 using ui::Key;
 using Names = std::vector<std::string>;
@@ -97,7 +96,7 @@ TEST_F(SelectSubfolders, ReadsInSlicesAndFirstWhatTheUserLooksAt) {
       EXPECT_EQ(ContentAt(0), "no files and no subfolders");
       ui::headless::Click(select->cmdCancel);
     }
-    front_end.PassTime(1);
+    front_end.PassTime(1ms);
   };
   EXPECT_FALSE(select->Choose(owner));
   EXPECT_FALSE(select->tmrRead.running());

@@ -117,7 +117,7 @@ TEST_F(SetupCommands, LoadsAFileAndTellsWhatIsWrongWithIt) {
   Click(window->cmdQuit);
   EXPECT_FALSE(window->setup_commands.fraSetup.visible() || front_end.quitting())
       << "as the release of a double click would";
-  front_end.PassTime(1'000);
+  front_end.PassTime(1'000ms);
   Click(window->cmdQuit);
   EXPECT_TRUE(front_end.quitting());
 }

@@ -33,13 +33,13 @@ TEST_F(StartUp, TheFocusGoesWhereTheNextStepIsAndFoldersThatHaveGoneAreClearedWi
 TEST_F(StartUp, TheClockShowsClearOnlyWhileThereAreSkipPatternsAndForgetsASaveAfterTenTicks) {
   Start();
   Type(window->txbExcludedFilepaths, "temp");
-  front_end.PassTime(1'000);
+  front_end.PassTime(1'000ms);
   EXPECT_TRUE(Click(window->cmdClearFolder[2]));
   EXPECT_EQ(window->focused(), &window->txbExcludedFilepaths);
   window->MarkSetupSaved();
-  front_end.PassTime(10'000);
+  front_end.PassTime(10'000ms);
   EXPECT_TRUE(window->SetupJustSaved);
-  front_end.PassTime(1'000);
+  front_end.PassTime(1'000ms);
   EXPECT_FALSE(window->SetupJustSaved || window->cmdClearFolder[2].visible());
 }
 

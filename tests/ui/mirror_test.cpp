@@ -8,6 +8,8 @@
 
 namespace ui {
 
+using namespace std::chrono_literals;
+
 /// Writes down what it is told to show.
 struct NotingPeer : Peer {
   explicit NotingPeer(std::string& notes) : told(notes) {}
@@ -54,7 +56,7 @@ TEST(Mirror, EveryChangeIsShownAndNothingTwiceUnlessTheUserMadeIt) {
   Timer timer(&form, "timer");
   const std::string all = "font colours text name items value help enabled bounds state selection visible ";
   const auto told = [&] { return std::exchange(front_end.told, {}); };
-  timer.Start(5), timer.Stop(), report.AppendLater("early");
+  timer.Start(5ms), timer.Stop(), report.AppendLater("early");
   EXPECT_EQ(told(), all + "value value ");
   form.Show();
   EXPECT_EQ(told(), all + all + all + all + all + all + all + all + "visible focus ");

@@ -8,6 +8,8 @@
 #include "ui/form.h"
 
 namespace ui::headless {
+
+using std::chrono::milliseconds;
 namespace {
 
 /// What border and title take from a window.
@@ -45,12 +47,12 @@ class TimerPeer : public Peer {
   ~TimerPeer() override { std::erase(front_end_.timers_, this); }
 
   bool running() const { return timer_.running(); }
-  /// Milliseconds until the next tick.
-  int left() const { return left_; }
+  /// Until the next tick.
+  milliseconds left() const { return left_; }
 
-  void Pass(int milliseconds) {
-    left_ -= milliseconds;
-    if (left_ > 0) return;
+  void Pass(milliseconds time) {
+    left_ -= time;
+    if (left_.count() > 0) return;
     left_ = timer_.interval();
     if (waiting_.use_count() > 1) return;  // the last tick has not been handled yet
     front_end_.Post([this, waiting = waiting_, alive = std::weak_ptr(alive_)] {
@@ -64,7 +66,7 @@ class TimerPeer : public Peer {
  private:
   HeadlessFrontEnd& front_end_;
   Timer& timer_;
-  int left_ = 0;
+  milliseconds left_{0};
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   std::shared_ptr<bool> waiting_ = std::make_shared<bool>(true);  ///< shared by the tick that is posted
 };
@@ -98,8 +100,8 @@ void HeadlessFrontEnd::RunPendingEvents() {
   }
 }
 
-void HeadlessFrontEnd::WaitForEvents(int milliseconds) {
-  if (events_.empty()) PassTime(milliseconds);
+void HeadlessFrontEnd::WaitForEvents(milliseconds longest) {
+  if (events_.empty()) PassTime(longest);
   RunPendingEvents();
 }
 
@@ -121,16 +123,16 @@ Twips HeadlessFrontEnd::TextWidth(const std::string& text, const Font& font) con
   return static_cast<Twips>(base::utf8::Length(text)) * per_character;
 }
 
-void HeadlessFrontEnd::PassTime(int milliseconds) {
-  while (milliseconds > 0) {
-    int step = milliseconds;
+void HeadlessFrontEnd::PassTime(milliseconds time) {
+  while (time.count() > 0) {
+    milliseconds step = time;
     for (const TimerPeer* timer : timers_) {
       if (timer->running()) step = std::min(step, timer->left());
     }
     for (TimerPeer* timer : timers_) {
       if (timer->running()) timer->Pass(step);
     }
-    milliseconds -= step;
+    time -= step;
     RunPosted();
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -67,7 +68,7 @@ class HeadlessFrontEnd : public FrontEnd {
   /// Runs what was posted before the call, in order. With nothing posted, runs `when_idle`.
   void RunPendingEvents() override;
   /// With nothing posted, lets the time pass.
-  void WaitForEvents(int milliseconds) override;
+  void WaitForEvents(std::chrono::milliseconds longest) override;
   /// Runs posted events; ends at Quit() or, so that no test hangs, when nothing is posted and `when_idle` is
   /// empty.
   int Run() override;
@@ -92,9 +93,9 @@ class HeadlessFrontEnd : public FrontEnd {
   Size screen_size{28'800, 16'200};  ///< 1920 by 1080 pixels
   std::vector<std::string> notes;    ///< of Notify(), each with its title
   std::vector<std::string> opened_folders;
-  /// Lets so many milliseconds pass: each running timer ticks as often as its interval fits in, in the order
+  /// Lets so much time pass: each running timer ticks as often as its interval fits in, in the order
   /// of time. Other posted events run as well. A timer whose handler still runs does not tick.
-  void PassTime(int milliseconds);
+  void PassTime(std::chrono::milliseconds time);
   int pending_runs = 0;  ///< how often RunPendingEvents() was called
 
  private:

@@ -99,10 +99,10 @@ std::unique_ptr<Peer> QtFrontEnd::CreatePeer(Timer& timer) { return std::make_un
 
 void QtFrontEnd::RunPendingEvents() { QCoreApplication::processEvents(); }
 
-void QtFrontEnd::WaitForEvents(int milliseconds) {
-  if (milliseconds > 0) {
+void QtFrontEnd::WaitForEvents(std::chrono::milliseconds longest) {
+  if (longest.count() > 0) {
     QTimer wake_up;
-    wake_up.start(milliseconds);
+    wake_up.start(longest);
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   QCoreApplication::processEvents();

@@ -39,7 +39,7 @@ class QtFrontEnd : public FrontEnd {
   std::unique_ptr<Peer> CreatePeer(Timer& timer) override;
 
   void RunPendingEvents() override;
-  void WaitForEvents(int milliseconds) override;
+  void WaitForEvents(std::chrono::milliseconds longest) override;
   int Run() override;
   void Quit(int exit_code) override;
   bool quitting() const override { return exit_code_.has_value(); }

@@ -119,9 +119,9 @@ void Win32FrontEnd::RunPendingEvents() {
   }
 }
 
-void Win32FrontEnd::WaitForEvents(int milliseconds) {
-  if (milliseconds > 0) {
-    MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(milliseconds), QS_ALLINPUT,
+void Win32FrontEnd::WaitForEvents(std::chrono::milliseconds longest) {
+  if (longest.count() > 0) {
+    MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(longest.count()), QS_ALLINPUT,
                                 MWMO_INPUTAVAILABLE);
   }
   RunPendingEvents();

@@ -38,7 +38,7 @@ class Win32FrontEnd : public FrontEnd {
   std::unique_ptr<Peer> CreatePeer(Timer& timer) override;
 
   void RunPendingEvents() override;
-  void WaitForEvents(int milliseconds) override;
+  void WaitForEvents(std::chrono::milliseconds longest) override;
   int Run() override;
   /// Open dialogs end as if the user had left them.
   void Quit(int exit_code) override;

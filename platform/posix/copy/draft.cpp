@@ -48,7 +48,7 @@ bool Differ(const struct stat& a, const struct stat& b) {
 
 Status CarryTime(int target, const struct stat& facts, bool changed) {
   struct timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  if (changed) times[1].tv_sec -= kEarlierWhenChanged;
+  if (changed) times[1].tv_sec -= kEarlierWhenChanged.count();
   if (futimens(target, times) != 0) return LastError();
   return Done{};
 }

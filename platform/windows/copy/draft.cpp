@@ -56,7 +56,7 @@ Result<Attributes> CarryOver(const SourceFile& source, const FileHandle& copy, b
       (info->FileAttributes & ~DWORD{kKnownAttributes}) | (source.attributes() & kSystem);
   FILE_BASIC_INFO wanted{};  // what is 0 stays as it is
   wanted.LastWriteTime.QuadPart = source.state().written;
-  if (changed) wanted.LastWriteTime.QuadPart -= kEarlierWhenChanged * kTicksPerSecond;
+  if (changed) wanted.LastWriteTime.QuadPart -= kEarlierWhenChanged.count() * kTicksPerSecond;
   if (attributes != info->FileAttributes) {
     wanted.FileAttributes = attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
   }

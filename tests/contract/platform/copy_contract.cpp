@@ -150,7 +150,7 @@ TEST_P(FileSystemContract, ASourceThatChangesGivesACopyOfWhatItHasAtTheEndThatCo
     EXPECT_EQ(outcome->bytes, static_cast<std::int64_t>(after));
     EXPECT_TRUE(ContentOf("to/file") == changed) << before;
     EXPECT_EQ(EntryAt("to/file").modified->seconds,
-              EntryAt("from/file").modified->seconds - kEarlierWhenChanged);
+              EntryAt("from/file").modified->seconds - kEarlierWhenChanged.count());
   }
 }
 

@@ -91,7 +91,7 @@ TEST_F(FrontEndContract, OnlyAHandlerThatStillRunsIsNotRunAgain) {
         driver_->Click(*button);
         driver_->Click(window_.check);
       });
-      driver_->PassTime(50);
+      driver_->PassTime(50ms);
     };
     driver_->Click(*button);
     EXPECT_EQ(count_, button == &window_.first ? 1 : 2);

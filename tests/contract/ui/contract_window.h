@@ -80,7 +80,7 @@ class FrontEndContract : public testing::Test {
       timer.Stop();
       act();
     };
-    timer.Start(1);
+    timer.Start(1ms);
   }
   void WhenADialogIsOpen(std::function<void()> act) {
     Later([this, act] { driver_->DialogIsOpen() ? act() : WhenADialogIsOpen(act); });

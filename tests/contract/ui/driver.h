@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -9,6 +10,8 @@
 #include "ui/text_box.h"
 
 namespace contract {
+
+using namespace std::chrono_literals;
 
 // A key is the character that it types, or one of these.
 constexpr char kTab = '\t';
@@ -45,7 +48,7 @@ class Driver {
   virtual void Minimise(ui::Form& form) = 0;
   virtual void Resize(ui::Form& form, ui::Size outer) = 0;
   /// So many milliseconds pass, with their timers.
-  virtual void PassTime(int milliseconds) = 0;
+  virtual void PassTime(std::chrono::milliseconds time) = 0;
 
   /// Whether one of the front end's own dialogs is open, and the user's answers to it.
   virtual bool DialogIsOpen() = 0;

@@ -6,13 +6,13 @@ namespace contract {
 
 TEST_F(FrontEndContract, ATimerTicksEveryIntervalUntilItIsStopped) {
   window_.timer.on_timer = Count();
-  window_.timer.Start(20);
-  driver_->PassTime(10);
+  window_.timer.Start(20ms);
+  driver_->PassTime(10ms);
   EXPECT_EQ(count_, 0);
-  window_.timer.Start(40);
-  while (count_ < 3) driver_->PassTime(10);
+  window_.timer.Start(40ms);
+  while (count_ < 3) driver_->PassTime(10ms);
   window_.timer.Stop();
-  driver_->PassTime(100);
+  driver_->PassTime(100ms);
   EXPECT_EQ(count_, 3);
 }
 
@@ -20,22 +20,22 @@ TEST_F(FrontEndContract, ATimerTicksWithoutAWindowButNotInsideItsOwnHandler) {
   Window unseen(front_end_, ui::FormStyle::kPopUp);
   unseen.timer.on_timer = [&] {
     if (++count_ > 1) return;
-    driver_->PassTime(50);
+    driver_->PassTime(50ms);
     EXPECT_EQ(count_, 1);
     unseen.timer.Stop();
   };
-  unseen.timer.Start(5);
-  while (count_ == 0) driver_->PassTime(5);
+  unseen.timer.Start(5ms);
+  while (count_ == 0) driver_->PassTime(5ms);
 }
 
 TEST_F(FrontEndContract, AModalWindowReturnsWhenItIsHiddenWhileTimersGoOn) {
   Window dialog(front_end_, ui::FormStyle::kDialog);
   window_.timer.on_timer = Count();
-  window_.timer.Start(5);
+  window_.timer.Start(5ms);
   Later([&] {
     EXPECT_TRUE(dialog.modal());
     EXPECT_EQ(dialog.owner(), &window_);
-    while (count_ == 0) driver_->PassTime(5);
+    while (count_ == 0) driver_->PassTime(5ms);
     driver_->Close(dialog);
   });
   dialog.ShowModal(window_);

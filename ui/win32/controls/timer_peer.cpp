@@ -16,7 +16,7 @@ TimerPeer::TimerPeer(Timer& timer) : timer_(timer), window_({PlainWindowClass()}
 
 void TimerPeer::MirrorValue() {
   if (timer_.running()) {
-    SetTimer(window_.handle(), kTick, static_cast<UINT>(timer_.interval()), nullptr);
+    SetTimer(window_.handle(), kTick, static_cast<UINT>(timer_.interval().count()), nullptr);
   } else {
     KillTimer(window_.handle(), kTick);
   }

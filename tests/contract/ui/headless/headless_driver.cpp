@@ -11,8 +11,8 @@ using namespace ui::headless;
 class HeadlessDriver : public Driver {
  public:
   HeadlessDriver() {
-    front_end_.when_idle = [this] { front_end_.PassTime(1); };
-    dialogs_.while_open = [this](const HeadlessDialogs::Asked&) { front_end_.PassTime(100); };
+    front_end_.when_idle = [this] { front_end_.PassTime(1ms); };
+    dialogs_.while_open = [this](const HeadlessDialogs::Asked&) { front_end_.PassTime(100ms); };
   }
   ui::FrontEnd& front_end() override { return front_end_; }
 
@@ -50,7 +50,7 @@ class HeadlessDriver : public Driver {
     form.UserMoved({form.left(), form.top(), inner.width + frame.width, inner.height + frame.height});
     form.InnerSizeIs(inner);
   }
-  void PassTime(int milliseconds) override { front_end_.PassTime(milliseconds); }
+  void PassTime(std::chrono::milliseconds time) override { front_end_.PassTime(time); }
 
   bool DialogIsOpen() override { return true; }
   void AnswerYes() override { dialogs_.yes_no.push_back(true); }

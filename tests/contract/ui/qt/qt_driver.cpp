@@ -80,7 +80,7 @@ class QtDriver : public Driver {
     window.resize(QSize(ToPixels(outer.width), ToPixels(outer.height)) - frame);
     front_end_.RunPendingEvents();
   }
-  void PassTime(int milliseconds) override { QTest::qWait(milliseconds); }
+  void PassTime(std::chrono::milliseconds time) override { QTest::qWait(static_cast<int>(time.count())); }
 
   bool DialogIsOpen() override { return OpenDialog() != nullptr; }
   void AnswerYes() override { qobject_cast<QMessageBox*>(OpenDialog())->button(QMessageBox::Yes)->click(); }

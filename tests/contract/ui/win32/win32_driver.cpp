@@ -18,7 +18,7 @@ constexpr int kFileName = 1148;  // cmb13 of <dlgs.h>
 
 /// Under Wine a window manager may minimise a window again, or give it back an earlier size, when it hears
 /// of the first change after a second one.
-constexpr int kWindowManager = 200;  // milliseconds
+constexpr std::chrono::milliseconds kWindowManager{200};
 
 class Win32Driver : public Driver {
  public:
@@ -71,9 +71,9 @@ class Win32Driver : public Driver {
                  SWP_NOMOVE | SWP_NOZORDER);
     front_end_.RunPendingEvents();
   }
-  void PassTime(int milliseconds) override {
-    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
-    while (GetTickCount64() < end) front_end_.WaitForEvents(1);
+  void PassTime(std::chrono::milliseconds time) override {
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(time.count());
+    while (GetTickCount64() < end) front_end_.WaitForEvents(1ms);
   }
 
   bool DialogIsOpen() override { return GetWindow(GetActiveWindow(), GW_OWNER) != nullptr; }
