@@ -47,6 +47,9 @@ TEST_P(FileSystemContract, WhatAppearedMeanwhileIsReplacedOnlyWhereTheNameIsKnow
     EXPECT_EQ(ContentOf("to/file"), "source");
     EXPECT_EQ(NamesIn("to"), first_copy ? Names{"file"} : (Names{"file", "other"}));
     ASSERT_TRUE(files().RemoveFile(At("to/file")));
+    EXPECT_TRUE(copy(TargetName::kFree));
+    EXPECT_EQ(ContentOf("to/file"), "source");
+    ASSERT_TRUE(files().RemoveFile(At("to/file")));
   }
 }
 
