@@ -4,7 +4,6 @@
 #include <time.h>
 
 #include <array>
-#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <string_view>
@@ -53,13 +52,6 @@ std::string UserLanguage() {
   return LanguageOf(wished.empty() ? name : wished);
 }
 
-int Weekday(const CalendarTime& time) {
-  const std::chrono::year_month_day date{std::chrono::year{time.year},
-                                         std::chrono::month{static_cast<unsigned>(time.month)},
-                                         std::chrono::day{static_cast<unsigned>(time.day)}};
-  return static_cast<int>(std::chrono::weekday{std::chrono::sys_days{date}}.c_encoding());
-}
-
 std::string Formatted(const char* format, const CalendarTime& time, locale_t locale) {
   struct tm parts = {};
   parts.tm_year = time.year - 1900;
@@ -68,8 +60,7 @@ std::string Formatted(const char* format, const CalendarTime& time, locale_t loc
   parts.tm_hour = time.hour;
   parts.tm_min = time.minute;
   parts.tm_sec = time.second;
-  parts.tm_yday = time.day_of_year - 1;
-  parts.tm_wday = Weekday(time);
+  timegm(&parts);  // also the day of the week
   std::array<char, 200> text = {};
   return {text.data(), strftime_l(text.data(), text.size(), format, &parts, locale)};
 }

@@ -1,5 +1,6 @@
 #include "platform/posix/settings_store.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -50,7 +51,7 @@ std::string TakeUntil(char end, std::string_view& line) {
     }
     result += c;
   }
-  line.remove_prefix(at < line.size() ? at + 1 : at);
+  line.remove_prefix(std::min(at + 1, line.size()));
   return result;
 }
 
@@ -69,7 +70,7 @@ FileSettingsStore::Keys FileSettingsStore::Parse(const std::string& text) {
   std::string_view rest = text;
   while (!rest.empty()) {
     std::string_view line = rest.substr(0, rest.find('\n'));
-    rest.remove_prefix(line.size() < rest.size() ? line.size() + 1 : line.size());
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     if (line.ends_with('\r')) line.remove_suffix(1);
     if (line.starts_with('[') && line.ends_with(']')) {
       line.remove_prefix(1);

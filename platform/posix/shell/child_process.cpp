@@ -61,7 +61,6 @@ std::string FindSystemCommand(const std::string& name) {
 Result<pid_t> StartProgram(const std::string& path, std::vector<std::string> arguments,
                            const FileDescriptor& input) {
   std::vector<char*> pointers;
-  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   const Streams streams(input);

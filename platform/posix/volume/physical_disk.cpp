@@ -46,39 +46,52 @@ std::string Unescaped(const std::string& word) {
   return plain;
 }
 
-void AddDisksOf(const std::string& path, int depth, std::vector<std::string>& disks);
+class DiskSearch {
+ public:
+  explicit DiskSearch(const DeviceTree& tree) : tree_(tree) {}
 
-void AddDisksBelow(const fs::path& device, int depth, std::vector<std::string>& disks) {
-  std::error_code failure;
-  std::string image;
-  if (std::getline(std::ifstream(device / "loop" / "backing_file"), image) && depth < kDeepest)
-    return AddDisksOf(image, depth + 1, disks);
-  bool is_made_of_others = false;
-  for (const auto& part : fs::directory_iterator(device / "slaves", failure)) {
-    is_made_of_others = true;
-    if (depth < kDeepest) AddDisksBelow(fs::canonical(part.path(), failure), depth + 1, disks);
+  void AddDisksOf(const std::string& path, int depth) {
+    std::optional<dev_t> number = NumberOf(path, false);
+    // Btrfs and others number their volumes themselves.
+    if (number && major(*number) == 0) {
+      std::error_code failure;
+      std::ifstream mounts(tree_.mounts);
+      const std::string source = SourceOfMount(mounts, fs::canonical(path, failure));
+      number = source.starts_with("/dev/") ? NumberOf(source, true) : std::nullopt;
+    }
+    if (number) AddDisksBelow(tree_.devices + "/" + NameOf(*number), depth);
   }
-  if (is_made_of_others) return;
-  const bool is_partition = fs::exists(device / "partition", failure);
-  const std::string name = (is_partition ? device.parent_path() : device).filename();
-  if (!name.empty() && std::ranges::find(disks, name) == disks.end()) disks.push_back(name);
-}
 
-void AddDisksOf(const std::string& path, int depth, std::vector<std::string>& disks) {
-  std::optional<dev_t> number = NumberOf(path, false);
-  // Btrfs and others number their volumes themselves.
-  if (number && major(*number) == 0) {
+  const std::vector<std::string>& disks() const { return disks_; }
+
+ private:
+  static std::string NameOf(dev_t number) {
+    return std::to_string(major(number)) + ":" + std::to_string(minor(number));
+  }
+
+  /// `link`: leads to the device, if there is one.
+  void AddDisksBelow(const fs::path& link, int depth) {
     std::error_code failure;
-    std::ifstream mounts("/proc/self/mountinfo");
-    const std::string source = SourceOfMount(mounts, fs::canonical(path, failure));
-    number = source.starts_with("/dev/") ? NumberOf(source, true) : std::nullopt;
+    const fs::path device = fs::canonical(link, failure);
+    if (failure || depth > kDeepest) return;
+    std::string image;
+    if (std::getline(std::ifstream(device / "loop" / "backing_file"), image))
+      return AddDisksOf(image, depth + 1);
+    const fs::directory_iterator parts(device / "slaves", failure);
+    if (parts == fs::directory_iterator()) return Add(device);
+    for (const auto& part : parts) AddDisksBelow(part.path(), depth + 1);
   }
-  if (!number) return;
-  std::error_code failure;
-  const fs::path device = fs::canonical(
-      "/sys/dev/block/" + std::to_string(major(*number)) + ":" + std::to_string(minor(*number)), failure);
-  if (!failure) AddDisksBelow(device, depth, disks);
-}
+
+  void Add(const fs::path& device) {
+    std::error_code failure;
+    const bool is_partition = fs::exists(device / "partition", failure);
+    const std::string name = (is_partition ? device.parent_path() : device).filename();
+    if (std::ranges::find(disks_, name) == disks_.end()) disks_.push_back(name);
+  }
+
+  const DeviceTree& tree_;
+  std::vector<std::string> disks_;
+};
 
 }  // namespace
 
@@ -100,10 +113,10 @@ std::string SourceOfMount(std::istream& mounts, const std::string& path) {
   return Unescaped(source);
 }
 
-std::vector<std::string> DisksOfVolume(const std::string& path) {
-  std::vector<std::string> disks;
-  AddDisksOf(path, 0, disks);
-  return disks;
+std::vector<std::string> DisksOfVolume(const std::string& path, const DeviceTree& tree) {
+  DiskSearch search(tree);
+  search.AddDisksOf(path, 0);
+  return search.disks();
 }
 
 }  // namespace platform::posix

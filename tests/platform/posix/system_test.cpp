@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <thread>
+
 #include "platform/posix/attributes/dos_attributes.h"
 #include "platform/posix/clock.h"
 #include "platform/posix/file_system.h"
@@ -83,25 +87,67 @@ TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
   FileSettingsStore store(folder.path());
   EXPECT_NE(store.Write("Key", "name", "value").create_code, kStoreSuccess);
   EXPECT_NE(store.Read("Key", "name").code, kStoreSuccess);
-  EXPECT_FALSE(store.Message(store.Read("Key", "name").code).empty());
+  EXPECT_EQ(store.Read("Key", "name").code, EISDIR);
+  EXPECT_FALSE(store.Message(EISDIR).empty());
+  const std::string closed = folder.path() + "/closed";
+  EXPECT_EQ(FileSettingsStore(closed).Write("Key", "name", "value").set_code, kStoreSuccess);
+  std::filesystem::permissions(folder.path(), std::filesystem::perms{0500});
+  EXPECT_EQ(FileSettingsStore(closed).Write("Key", "name", "value").set_code, kStoreAccessDenied);
+  EXPECT_EQ(FileSettingsStore("/proc/none/store").Write("Key", "name", "value").set_code, kStoreNotFound);
 }
 
 TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
   const std::string mounts =
-      "21 1 254:0 / / rw,relatime shared:1 - ext4 /dev/vda1 rw\n"
       "30 21 0:33 / /media/My\\040Disk rw - btrfs /dev/sdb2 rw\n"
-      "31 21 0:40 / /media/My\\040Disk/share rw - cifs //nas/my\\040files rw\n"
+      "31 21 0:40 / /media/My\\040Disk/share rw - cifs //nas/my\\0401 rw\n"
       "32 21 8:1 / /mnt rw - ext4 /dev/sda1 rw\n"
-      "33 32 8:2 / /mnt rw - ext4 /dev/sda2 rw\n";
+      "33 32 8:2 / /mnt rw - ext4 /dev/sda2 rw\n"
+      "21 1 254:0 / / rw,relatime shared:1 - ext4 /dev/vda1 rw\n";
   const std::pair<std::string, std::string> cases[] = {{"/home", "/dev/vda1"},
                                                        {"/media/My Disk/subvolume/folder", "/dev/sdb2"},
                                                        {"/media/My", "/dev/vda1"},
-                                                       {"/media/My Disk/share", "//nas/my files"},
+                                                       {"/media/My Disk/share", "//nas/my 1"},
                                                        {"/mnt/folder", "/dev/sda2"}};
   for (const auto& [path, source] : cases) {
     std::istringstream lines(mounts);
     EXPECT_EQ(SourceOfMount(lines, path), source) << path;
   }
+}
+
+TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACircle) {
+  namespace fs = std::filesystem;
+  test::Scratch scratch;
+  const fs::path root = scratch.path();
+  for (const char* folder : {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "loop0/loop",
+                             "loop1/loop", "circle/slaves"})
+    fs::create_directories(root / folder);
+  for (const char* link : {"md/slaves/1>sda/sda1", "md/slaves/2>sdb", "crypt/slaves/1>md",
+                           "circle/slaves/1>circle", "dev/1:5>sdb"}) {
+    const std::string_view text = link;
+    fs::create_symlink(root / text.substr(text.find('>') + 1), root / text.substr(0, text.find('>')));
+  }
+  // Both volumes count as their own; the devices that they are said to be mounted from are on every system.
+  PosixFileSystem files;
+  const DeviceTree tree{(root / "dev").string(), (root / "mounts").string()};
+  ASSERT_TRUE(
+      files.WriteFile(tree.mounts,
+                      "1 1 0:1 / /proc rw - proc /dev/null rw\n2 1 0:2 / /sys rw - sysfs /dev/zero rw\n"
+                      "3 2 0:3 / /sys/kernel rw - cifs //nas/dev rw\n"));
+  ASSERT_TRUE(files.WriteFile((root / "loop0/loop/backing_file").string(), "/sys/module\n"));
+  ASSERT_TRUE(files.WriteFile((root / "loop1/loop/backing_file").string(), "/proc/version\n"));
+  using Disks = std::vector<std::string>;
+  const std::pair<std::string, Disks> cases[] = {
+      {"sda/sda1", {"sda"}}, {"sdb", {"sdb"}}, {"crypt", {"sda", "sdb"}}, {"loop0", {"sdb"}}, {"loop1", {}},
+      {"circle", {}},        {"none", {}}};
+  for (const auto& [device, expected] : cases) {
+    fs::remove(root / "dev/1:3");
+    fs::create_symlink(root / device, root / "dev/1:3");
+    Disks disks = DisksOfVolume("/proc/self", tree);
+    std::ranges::sort(disks);
+    EXPECT_EQ(disks, expected) << device;
+  }
+  for (const char* unknown : {"/sys/kernel", "/proc/none"})
+    EXPECT_EQ(DisksOfVolume(unknown, tree), Disks()) << unknown;
 }
 
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
@@ -132,6 +178,17 @@ TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
   EXPECT_EQ(FindSystemCommand("sh").substr(0, 1), "/");
   EXPECT_EQ(FindSystemCommand("../bin/sh"), "");
   EXPECT_EQ(FindSystemCommand(""), "");
+}
+
+TEST(ChildProcess, HearsAndSaysNothing) {
+  test::Scratch scratch;
+  const std::string told = scratch.path() + "/told";
+  const std::string script =
+      "PATH=/usr/bin:/bin; own=$(readlink /proc/$$/fd/[012]); echo \"$own\" > \"$0.new\"; mv \"$0.new\" "
+      "\"$0\"";
+  ASSERT_TRUE(StartProgram("/bin/sh", {"sh", "-c", script, told}, {}));
+  while (!std::filesystem::exists(told)) std::this_thread::yield();
+  EXPECT_EQ(*PosixFileSystem().ReadFile(told, 100), "/dev/null\n/dev/null\n/dev/null\n");
 }
 
 TEST(PosixShell, SettingsLieWhereTheDesktopSays) {
