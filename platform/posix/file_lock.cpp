@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <utility>
@@ -48,7 +49,7 @@ class PosixLock : public FileLock {
 std::string BeginOf(const FileDescriptor& file) {
   std::array<char, 1024> bytes = {};
   const ssize_t got = pread(file.get(), bytes.data(), bytes.size(), 0);
-  return got > 0 ? std::string(bytes.data(), static_cast<std::size_t>(got)) : std::string();
+  return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))};
 }
 
 /// A network volume locks only what is open for writing; a file of another user may be open for reading only.

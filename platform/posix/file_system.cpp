@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <climits>
 #include <cstdlib>
 
 #include "platform/pair_comparer.h"
@@ -58,16 +57,13 @@ Result<Entry> PosixFileSystem::Stat(const std::string& path) {
 }
 
 Result<std::string> PosixFileSystem::RealPath(const std::string& path) {
-  if (path.size() < PATH_MAX) {
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
-    if (real) return std::string(real.get());
-    if (errno != ENAMETOOLONG) return LastError();
-  }
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr), &std::free);
+  if (resolved) return std::string(resolved.get());
+  if (errno != ENAMETOOLONG) return LastError();
   // The system resolves no path of this length at one go: parent and name apart.
   const auto entry = Stat(path);
   if (!entry) return entry.error();
-  if (entry->kind == EntryKind::kFolderLink || entry->kind == EntryKind::kDeadLink)
-    return ErrorOf(ENAMETOOLONG);
+  if (entry->is_link) return ErrorOf(ENAMETOOLONG);
   const auto parent = RealPath(Parent(path));
   if (!parent) return parent.error();
   return JoinPath(*parent, entry->name, PathStyle::kPosix);

@@ -32,7 +32,7 @@ void GiveMode(const std::string& path, mode_t mode) {
   const auto folder = OpenPath(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
   struct stat facts = {};
   if (!folder || fstat(folder->get(), &facts) != 0 || (mode & ~facts.st_mode) == 0) return;
-  static_cast<void>(fchmod(folder->get(), mode | (facts.st_mode & kKept)) == 0);
+  static_cast<void>(fchmod(folder->get(), mode | (facts.st_mode & kKept)));
 }
 
 /// Only where nothing has the new name, as far as the volume can tell that.
@@ -52,7 +52,7 @@ bool Move(const FileDescriptor& folder, const std::string& from, const FileDescr
 void ForgetName(const FileDescriptor& folder, const std::string& name) {
   struct statx facts = {};
   static_cast<void>(statx(folder.get(), name.c_str(), AT_SYMLINK_NOFOLLOW | AT_STATX_FORCE_SYNC,
-                          STATX_BASIC_STATS, &facts) == 0);
+                          STATX_BASIC_STATS, &facts));
 }
 
 Result<FileDescriptor> OpenBelow(const FileDescriptor& folder, const std::string& name) {
@@ -62,7 +62,7 @@ Result<FileDescriptor> OpenBelow(const FileDescriptor& folder, const std::string
 }
 
 void RemoveEmpty(const FileDescriptor& folder, const std::string& name) {
-  static_cast<void>(unlinkat(folder.get(), name.c_str(), AT_REMOVEDIR) == 0);
+  static_cast<void>(unlinkat(folder.get(), name.c_str(), AT_REMOVEDIR));
 }
 
 }  // namespace

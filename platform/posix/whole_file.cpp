@@ -18,23 +18,25 @@ namespace {
 
 constexpr mode_t kNewFile = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
 
-Status WriteAll(int file, const std::string& content) {
-  for (std::size_t at = 0; at < content.size();) {
-    const ssize_t written = write(file, content.data() + at, content.size() - at);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return LastError();
-    if (written == 0) return ErrorOf(ENOSPC);
-    at += static_cast<std::size_t>(written);
-  }
-  return Done{};
-}
-
 Status FlushHandle(int file) {
   if (fsync(file) != 0) return LastError();
   return Done{};
 }
 
 }  // namespace
+
+Status WriteAll(int file, std::span<const char> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    if (written == 0) return ErrorOf(ENOSPC);
+    if (written > 0) {
+      bytes = bytes.subspan(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return LastError();
+    }
+  }
+  return Done{};
+}
 
 Result<std::string> ReadWhole(const std::string& path, std::int64_t limit) {
   const auto file = OpenPath(path, O_RDONLY | O_NONBLOCK);
@@ -85,7 +87,7 @@ Status ReplaceWhole(const std::string& path, const std::string& content) {
   TemporaryFile file;
   if (Status created = file.Create(folder->get(), kNewFile); !created) return created;
   // Who may read the old file may read the new one; a volume without permissions may refuse.
-  if (replaces) static_cast<void>(fchmod(file.handle(), old.st_mode & kNewFile) == 0);
+  if (replaces) static_cast<void>(fchmod(file.handle(), old.st_mode & kNewFile));
   if (Status written = WriteAll(file.handle(), content); !written) return written;
   if (Status flushed = FlushHandle(file.handle()); !flushed) return flushed;
   if (Status closed = file.Close(); !closed) return closed;

@@ -7,6 +7,7 @@
 #include <sys/statfs.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <optional>
@@ -31,7 +32,7 @@ constexpr std::uint32_t kNoBits = 0x80;
 std::string ReadUserValue(int file) {
   std::array<char, kLongestValue> buffer = {};
   const ssize_t length = fgetxattr(file, kUserName, buffer.data(), buffer.size());
-  return length < 0 ? std::string() : std::string(buffer.data(), static_cast<std::size_t>(length));
+  return {buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
 }
 
 Status WriteUserValue(int file, const std::string& value) {

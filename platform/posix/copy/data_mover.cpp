@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "platform/posix/system_error.h"
+#include "platform/posix/whole_file.h"
 
 namespace platform::posix {
 namespace {
@@ -48,22 +49,11 @@ Status DataMover::MoveByBlocks(std::int64_t expected) {
     if (length < 0) return ReadError();
     if (length == 0) return Done{};
     const auto count = static_cast<std::size_t>(length);
-    if (Status written = Write(block_.first(count)); !written) return written;
+    if (Status written = WriteAll(target_, block_.first(count)); !written) return written;
     if (fingerprint_ != nullptr) fingerprint_->Add(block_.first(count));
     moved_ += length;
-    if (count < block_.size() && moved_ == expected) return Done{};
+    if (moved_ == expected) return Done{};
   }
-}
-
-Status DataMover::Write(std::span<const char> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(target_, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return LastError();
-    if (written == 0) return ErrorOf(ENOSPC);
-    bytes = bytes.subspan(static_cast<std::size_t>(written));
-  }
-  return Done{};
 }
 
 }  // namespace platform::posix

@@ -27,7 +27,6 @@ class DataMover {
  private:
   Status MoveBySystem(std::int64_t expected);
   Status MoveByBlocks(std::int64_t expected);
-  Status Write(std::span<const char> bytes);
   bool MayGoOn() const { return !watcher_ || watcher_(moved_); }
 
   int source_;

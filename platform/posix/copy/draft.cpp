@@ -86,7 +86,7 @@ Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
   if (is_system && WriteDosBits(file_.handle(), setting_.dos_bits, kSystem))
     outcome.target_attributes = kSystem;
   // A volume without permissions refuses this, and the copy is whole all the same.
-  if ((mode & setting_.mask) != 0) static_cast<void>(fchmod(file_.handle(), mode) == 0);
+  if ((mode & setting_.mask) != 0) static_cast<void>(fchmod(file_.handle(), mode));
   if (const Status carried = CarryTime(file_.handle(), source->facts, outcome.changed); !carried)
     return carried.error();
   if (setting_.target == VolumeKind::kServed) {

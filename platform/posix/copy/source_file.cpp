@@ -46,15 +46,15 @@ nanoseconds StepOf(const struct timespec& time) {
 }
 
 /// What the file is once the tick is over in which it was written.
-bool Examine(SourceFile& file) {
+Status Examine(SourceFile& file) {
   struct timespec tick = {};
   clock_getres(CLOCK_REALTIME_COARSE, &tick);
   for (int tries = 0; tries < 4; ++tries) {
-    if (fstat(file.handle.get(), &file.facts) != 0) return false;
+    if (fstat(file.handle.get(), &file.facts) != 0) return LastError();
     if (!IsNow(file.facts.st_mtim, Now())) break;
     nanosleep(&tick, nullptr);
   }
-  return true;
+  return Done{};
 }
 
 }  // namespace
@@ -62,7 +62,8 @@ bool Examine(SourceFile& file) {
 Result<SourceFile> ExamineSource(FileDescriptor handle, DosBitsPlace dos_bits) {
   SourceFile file;
   file.handle = std::move(handle);
-  if (!file.handle || !Examine(file)) return LastError();
+  if (!file.handle) return LastError();
+  if (const Status examined = Examine(file); !examined) return examined.error();
   if (!S_ISREG(file.facts.st_mode)) return NotAFileError(file.facts);
   const nanoseconds age = NanosecondsOf(Now()) - NanosecondsOf(file.facts.st_mtim);
   file.is_fresh = age.count() >= 0 && age < StepOf(file.facts.st_mtim);

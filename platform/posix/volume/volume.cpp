@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <memory>
 #include <utility>
 
@@ -38,7 +37,7 @@ Result<dev_t> DeviceOf(const std::string& path) {
 
 Result<DiskSpace> SpaceAt(const std::string& path) {
   struct statvfs facts = {};
-  if (path.size() >= PATH_MAX || statvfs(path.c_str(), &facts) != 0) {
+  if (statvfs(path.c_str(), &facts) != 0) {
     const auto place = OpenOnVolume(path, O_PATH);
     if (!place) return place.error();
     if (fstatvfs(place->get(), &facts) != 0) return LastError();
