@@ -9,10 +9,12 @@
 #include <tuple>
 
 #include "platform/posix/clock.h"
+#include "platform/posix/copy/copy_volume.h"
 #include "platform/posix/file_system.h"
 #include "platform/posix/locale.h"
 #include "platform/posix/settings_store.h"
 #include "platform/posix/shell/shell.h"
+#include "platform/posix/volume/volume_kind.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/posix/system_calls.h"
 #include "tests/contract/platform/system_contract.h"
@@ -97,6 +99,13 @@ TEST_F(PosixFiles, NothingIsGuessedWhereTheSystemDoesNotTell) {
   EXPECT_FALSE(files().GetDiskSpace("/proc"));
   ASSERT_TRUE(scene_->MakeLink(At("link"), std::string(300, 'n')));
   EXPECT_EQ(files().Stat(At("link")).error().kind, ErrorKind::kBadName);
+  ASSERT_TRUE(scene_->MakeLink(At("circle"), At("circle")));
+  EXPECT_TRUE(EntryAt("circle").is_link);
+  EXPECT_EQ(files().RealPath(At("circle")).error().code, ELOOP);
+  AddFile("to/file", "x");
+  EXPECT_TRUE(!EntryAt("to/file").has_other_names && EntryAt("to/file").number != 0);
+  ASSERT_TRUE(scene_->MakeHardLink(At("to/again"), At("to/file")));
+  EXPECT_TRUE(EntryAt("to/file").has_other_names);
 }
 
 TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
@@ -108,7 +117,7 @@ TEST_F(PosixFiles, CopyHasThePermissionsOfTheSourceWhateverTheMask) {
     EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{mode | 0200});
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
   }
-  umask(old_mask);
+  EXPECT_EQ(umask(old_mask), 077U);
 }
 
 TEST_F(PosixFiles, ANewFolderHasThePermissionsOfItsSourceAndItsOwnerCanWrite) {
@@ -128,6 +137,10 @@ TEST_F(PosixFiles, APipeThatTakesTheFilesPlaceDoesNotHoldTheCopyUp) {
   ASSERT_TRUE(files().RemoveFile(At("from/file")));
   ASSERT_TRUE(scene_->MakePipe(At("from/file")));
   EXPECT_FALSE(CopyAll(from, {"file"}, Open("to"), TargetName::kTaken).front());
+  ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  AddFolder("from/file");
+  EXPECT_EQ(CopyAll(from, {"file"}, Open("to"), TargetName::kTaken).front().error().kind,
+            ErrorKind::kIsAFolder);
   EXPECT_EQ(NamesIn("to"), Names{});
 }
 
@@ -170,14 +183,75 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
 }
 
 // Copier, 1.
-TEST_F(PosixFiles, FatKeepsHiddenAndSystemInItsOwnEntryAndACopyIsSystemAlone) {
-  AddFile("from/file", "x");
+TEST_F(PosixFiles, AVolumeKeepsHiddenAndSystemInAPlaceOfItsOwnAndACopyIsSystemAlone) {
+  constexpr unsigned kNone = 0, kNoneOfAServer = 0x80;
+  const std::pair<unsigned long, unsigned> volumes[] = {{MSDOS_SUPER_MAGIC, kNone},
+                                                        {posix::kExfat, kNone},
+                                                        {posix::kNtfs3, kNone},
+                                                        {FUSE_SUPER_MAGIC, kNone},
+                                                        {SMB_SUPER_MAGIC, kNoneOfAServer},
+                                                        {posix::kCifs, kNoneOfAServer},
+                                                        {posix::kSmb2, kNoneOfAServer}};
+  for (const auto& [volume, none] : volumes) {
+    AddFile("from/file", "xy");
+    posix::test::Calls() = {};
+    posix::test::Calls().volume = volume;
+    ASSERT_TRUE(files().SetAttributes(At("from/file"), kHidden | kSystem));
+    EXPECT_EQ(posix::test::Calls().dos_bits, 0x26u);
+    EXPECT_EQ(Must(Copy("file")).target_attributes, kSystem);
+    EXPECT_EQ(posix::test::Calls().dos_bits, 0x24u);
+    posix::test::Calls().dos_bits = 0x06;
+    EXPECT_TRUE(files().SetAttributes(At("from/file"), 0));
+    EXPECT_EQ(posix::test::Calls().dos_bits, none);
+    AddFile("from/file", "x");
+    const bool is_ntfs = volume == posix::kNtfs3 || volume == FUSE_SUPER_MAGIC;
+    EXPECT_NE(files().SetAttributes(At("from/file"), kSystem).ok(), is_ntfs) << "it would become a socket";
+    EXPECT_TRUE(files().SetAttributes(At("from/file"), kHidden));
+    posix::test::Calls() = {};
+  }
+}
+
+// Copier, 7.
+TEST_F(PosixFiles, ASourceOfThisMomentIsWaitedForAndCountsAsChangedWhereTimesAreCoarse) {
+  constexpr std::int64_t kNow = 1'700'000'000;
+  const std::tuple<FileTime, int, bool> cases[] = {
+      {{kNow - 3, 0}, 0, false}, {{kNow - 2, 900}, 0, true}, {{kNow, 499}, 0, true},   {{kNow, 500}, 4, true},
+      {{kNow, 501}, 4, true},    {{kNow + 1, 0}, 4, false},  {{kNow + 2, 0}, 0, false}};
+  for (const auto& [modified, rests, is_fresh] : cases) {
+    for (const unsigned volume : {TMPFS_MAGIC + 0U, MSDOS_SUPER_MAGIC + 0U}) {
+      AddFile("from/file", "x", modified);
+      posix::test::Calls() = {};
+      posix::test::Calls().volume = volume;
+      posix::test::Calls().now = {kNow, 500};
+      EXPECT_EQ(Must(Copy("file")).changed, is_fresh && volume == MSDOS_SUPER_MAGIC) << modified.seconds;
+      EXPECT_EQ(posix::test::Calls().rests, rests) << modified.seconds;
+      posix::test::Calls().now.tv_sec *= 2;
+      EXPECT_EQ(files().ChangedAt(At("from/file"))->seconds, 2 * kNow) << "as FAT tells it";
+      posix::test::Calls() = {};
+    }
+  }
+}
+
+TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftToReadOnlyAndNoneWhereTheVolumeKnowsNone) {
+  AddFile("to/lock", "dead");
+  ASSERT_EQ(chmod(At("to/lock").c_str(), 0444), 0);
+  EXPECT_TRUE(files().Lock(At("to/lock"), "me"));
+  for (const int reason : {ENOLCK, EWOULDBLOCK}) {
+    posix::test::Calls().fails = {{"flock", reason}};
+    EXPECT_EQ(files().Lock(At("to/lock"), "me").error().code, reason);
+    EXPECT_EQ(NamesIn("to"), reason == ENOLCK ? Names() : Names{"lock"}) << "then it may be another's";
+  }
   posix::test::Calls() = {};
-  posix::test::Calls().volume = MSDOS_SUPER_MAGIC;
-  ASSERT_TRUE(files().SetAttributes(At("from/file"), kHidden | kSystem));
-  EXPECT_EQ(posix::test::Calls().fat_bits, 0x26u);
-  EXPECT_EQ(Must(Copy("file")).target_attributes, kSystem);
-  EXPECT_EQ(posix::test::Calls().fat_bits, 0x24u);
+}
+
+TEST_F(PosixFiles, AServerIsAskedByMoreThreadsAndAFlushDoesNotHoldTheProgramUp) {
+  for (const auto& [magic, fewest, most] : {std::tuple(NFS_SUPER_MAGIC, 8U, 8U), {TMPFS_MAGIC, 2U, 4U}}) {
+    posix::test::Calls().volume = static_cast<unsigned long>(magic);
+    const std::size_t workers = posix::WorkersBetween(At("from"), At("to"));
+    EXPECT_TRUE(fewest <= workers && workers <= most) << workers;
+  }
+  EXPECT_TRUE(files().Flush(At("to"), {}));
+  EXPECT_TRUE(posix::test::Calls().flushed_aside);
   posix::test::Calls() = {};
 }
 
@@ -190,6 +264,7 @@ TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
                                                                  {"futimens", 0, false},
                                                                  {"syncfs", 0, false},
                                                                  {"fdatasync", FUSE_SUPER_MAGIC, false},
+                                                                 {"close", 0, true},
                                                                  {"rename", 0, true},
                                                                  {"fsync", MSDOS_SUPER_MAGIC, true}};
   for (const auto& [call, volume, also_replace] : faults) {
@@ -200,11 +275,18 @@ TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
     ASSERT_TRUE(!copied && copied.error().code == EIO) << call;
     EXPECT_EQ(copied.error().kind == ErrorKind::kShort, std::string_view(call) == "read");
     EXPECT_EQ(!also_replace, replace().ok()) << call;
+    EXPECT_EQ(std::string(call) != "write" && std::string(call) != "close",
+              files().WriteFile(At("new"), "x").ok());
     posix::test::Calls() = {};
     EXPECT_TRUE(ContentOf("to/file") == (also_replace ? "old" : "new")) << call;
     AddFile("to/file", "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
+  posix::test::Calls().fails = {{"write", 0}, {"copy_file_range", EXDEV}};
+  EXPECT_EQ(Copy("file").error().kind, ErrorKind::kDiskFull);
+  posix::test::Calls().fails = {{"close", EINTR}};
+  EXPECT_TRUE(Copy("file") && files().WriteFile(At("new"), "x"));
+  posix::test::Calls() = {};
 }
 
 TEST_F(PosixFiles, ASourceWhoseTimeCouldHideOneMoreChangeGivesACopyThatIsDue) {
@@ -242,7 +324,8 @@ TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
   const auto outcomes = CopyAll(Open("from"), {"file", "name"}, Open("to"), TargetName::kFree);
   EXPECT_EQ(outcomes[0].error().kind, ErrorKind::kNameTaken);
   EXPECT_TRUE(outcomes[1]);
-  EXPECT_FALSE(files().Respell(At("to"), "name", "file"));
+  EXPECT_EQ(files().Respell(At("to"), "name", "file").error().code, EEXIST);
+  EXPECT_FALSE(files().Respell(At("to"), "none", "None"));
   EXPECT_TRUE(files().Respell(At("to"), "name", "NAME"));
   posix::test::Calls() = {};
   EXPECT_EQ(ContentOf("to/file") + ContentOf("to/NAME"), "oldnew");
@@ -254,12 +337,16 @@ TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanB
   const auto lives = [](int child) { return kill(child, 0) == 0; };
   Calls() = {};
   posix::PosixShell shell;
+  const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+  const auto before = count();
   auto guard = shell.KeepAwake();
   EXPECT_EQ(Calls().started,
             "/usr/sbin/systemd-inhibit|--what=sleep:idle|--who=Quorvane|--why=A backup is "
             "running.|/usr/sbin/cat|");
   const int inhibits = Calls().child;
-  EXPECT_TRUE(lives(inhibits));
+  const std::string waits_for = "/proc/" + std::to_string(inhibits) + "/fd/0";
+  EXPECT_TRUE(std::filesystem::read_symlink(waits_for).string().starts_with("pipe:"));
+  EXPECT_EQ(count(), before + 1) << "the other end";
   guard.reset();
   while (lives(inhibits)) std::this_thread::yield();
   Calls() = {};
@@ -295,6 +382,11 @@ TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
   const auto before = count();
   ASSERT_TRUE(Copy("file"));
   ASSERT_TRUE(Copy("file"));
+  EXPECT_EQ(count(), before);
+  std::string deep = "to";
+  while (At(deep).size() < 2'400) AddFolder(deep += '/' + std::string(200, 'd'));
+  EXPECT_GT(count(), before) << "the way to it is kept open for a while";
+  EXPECT_TRUE(files().GetDiskSpace(At("to")));
   EXPECT_EQ(count(), before);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <time.h>
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -16,8 +18,12 @@ struct SystemCalls {
   std::string started;       ///< programs, with their parameters; something harmless ran in their place
   int child = 0;             ///< the process that did so last
   unsigned long volume = 0;  ///< the magic number that fstatfs() is to tell; 0: the true one
-  std::uint32_t fat_bits = 0x20;  ///< of the one file on a volume of FAT's number; changed by its own call
-  int held_open = 0;              ///< files without a name that were still open at the last syncfs()
+  std::uint32_t dos_bits = 0x20;  ///< of the one file on a volume that keeps them in a place of its own
+  struct timespec now =
+      {};         ///< by the clock that times files, and when all were born, where its seconds are set
+  int rests = 0;  ///< for a tick of that clock
+  bool flushed_aside = false;  ///< the last syncfs() was another thread's
+  int held_open = 0;           ///< files without a name that were still open at the last syncfs()
 };
 
 /// Those since it was reset; kept by all threads.
