@@ -208,7 +208,6 @@ void CopyPass::ShowReached(double walked) {
 
 void CopyPass::GiveUp() {
   copier_.reset();
-  pending_.clear();
   order_.GiveUp();
 }
 

@@ -27,7 +27,7 @@ class CopyPass {
  public:
   struct Setting {
     std::string source_root;  ///< the setup's source folder
-    bool reads_back = false;  ///< every copy
+    bool reads_back;          ///< every copy
   };
 
   /// `target_root`: the setup's target folder; its disk's free space counts.

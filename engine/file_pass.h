@@ -22,7 +22,7 @@ class FilePass {
  public:
   struct Setting {
     const SelectionRules& rules;
-    bool compares_contents = false;
+    bool compares_contents;
     std::function<bool()> has_ended;  ///< whether the run is over before its end; asks the user's wish, too
   };
 

@@ -10,8 +10,9 @@ namespace {
 
 using platform::Attributes;
 
-int MinutesSinceNewYear(const platform::CalendarTime& time) {
-  return (time.day_of_year - 1) * 1440 + time.hour * 60 + time.minute;
+/// Counted from the day before New Year; only differences count.
+int MinutesInYear(const platform::CalendarTime& time) {
+  return time.day_of_year * 1440 + time.hour * 60 + time.minute;
 }
 
 bool IsShiftOfTimeZone(int minutes) { return minutes % 30 == 0 && minutes <= 480; }
@@ -44,7 +45,8 @@ bool ChangeAttributes(platform::FileSystem& files, const std::string& path, Attr
 }  // namespace
 
 std::int32_t FileSizeOf(std::int64_t bytes) {
-  return bytes < 0 || bytes > kLargestFileSize ? kLargestFileSize : static_cast<std::int32_t>(bytes);
+  return bytes < 0 ? kLargestFileSize
+                   : static_cast<std::int32_t>(std::min<std::int64_t>(bytes, kLargestFileSize));
 }
 
 std::int32_t FileSizeOf(const platform::Entry& file) { return FileSizeOf(file.size); }
@@ -58,7 +60,7 @@ bool FileTimesDiffer(const platform::Entry& source, const platform::Entry& targe
   const platform::CalendarTime a = platform::ToUtc(*source.modified);
   const platform::CalendarTime b = platform::ToUtc(*target.modified);
   if (a.year != b.year || a.month != b.month) return true;
-  const int delta = std::abs(MinutesSinceNewYear(a) - MinutesSinceNewYear(b));
+  const int delta = std::abs(MinutesInYear(a) - MinutesInYear(b));
   return delta >= 2 && !IsShiftOfTimeZone(delta);
 }
 

@@ -207,8 +207,7 @@ void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair,
   for (std::size_t i = entries.size(); i-- > 0;) {
     if (entries[i].kind != EntryKind::kFolder) continue;
     const Entry* const target = selections[i].target;
-    Pending below = Below(folder, entries[i].name);
-    below.with_subfolders = true;
+    Pending below = Below(folder, entries[i].name, true);
     below.share = folder.share.Part(--parts, PartsOf(pair));
     Place(below, pair, entries[i], target);
     if (!RefuseOverlap(below, target != nullptr && target->kind == EntryKind::kFolderLink))
@@ -216,8 +215,9 @@ void FolderWalk::PushSubfolders(const Pending& folder, const FolderPair& pair,
   }
 }
 
-FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& name) const {
-  Pending below{platform::JoinPath(folder.source, name), nullptr};
+FolderWalk::Pending FolderWalk::Below(const Pending& folder, const std::string& name,
+                                      bool with_subfolders) const {
+  Pending below{platform::JoinPath(folder.source, name), nullptr, with_subfolders};
   if (folder.target) below.target = TargetFolder::Below(folder.target, name);
   return below;
 }

@@ -26,10 +26,10 @@ struct WalkPlan {
   std::string source;
   std::string target;  ///< empty: there is none (the list operation)
   std::vector<std::string> included_folders;
-  bool include_subfolders = false;
-  bool exclude_files_in_source_folder = false;
-  bool compare_contents = false;  ///< of files that count as up to date
-  bool read_back = false;         ///< what is copied
+  bool include_subfolders;
+  bool exclude_files_in_source_folder;
+  bool compare_contents;  ///< of files that count as up to date
+  bool read_back;         ///< what is copied
   SelectionRules rules;
 };
 
@@ -60,7 +60,7 @@ class FolderWalk {
   struct Pending {
     std::string source;
     TargetFolder::Ptr target;  ///< null: there is none
-    bool with_subfolders = false;
+    bool with_subfolders;
     ProgressShare share = {};
     bool is_prefetched = false;  ///< may be listed already
   };
@@ -75,7 +75,7 @@ class FolderWalk {
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
   void PushSubfolders(const Pending& folder, const FolderPair& pair,
                       const std::vector<Selection>& selections);
-  Pending Below(const Pending& folder, const std::string& name) const;
+  Pending Below(const Pending& folder, const std::string& name, bool with_subfolders) const;
   /// Lets the folders be listed that come next.
   void PrefetchNext();
   void PauseIfWished(const FolderCounts& counts);

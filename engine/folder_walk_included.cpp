@@ -52,8 +52,8 @@ std::optional<FolderWalk::Pending> FolderWalk::IncludedFolder(const std::string&
   }
   // The setup may spell the name in another way than the disk.
   const auto real = tools_.files.RealPath(source);
-  Pending folder = Below({plan_.source, target_}, real ? std::string(platform::NameOf(*real)) : name);
-  folder.with_subfolders = plan_.include_subfolders;
+  const Pending folder = Below({plan_.source, target_, true},
+                               real ? std::string(platform::NameOf(*real)) : name, plan_.include_subfolders);
   const bool target_is_link = folder.target && IsFolderLink(tools_.files, folder.target->path());
   if (RefuseOverlap(folder, target_is_link)) return std::nullopt;
   return folder;
@@ -65,10 +65,10 @@ void FolderWalk::PlaceIncluded() {
   if (!target_ || pending_.empty()) return;
   auto root = FolderPair::Open(tools_.files, plan_.source, target_);
   if (!root || !ListTarget(*root)) return;
-  const std::vector<Entry>& entries = root->source().entries();
-  std::vector<Selection> selections(entries.size());
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (entries[i].kind == EntryKind::kFolder) selections[i].target = root->TargetOf(entries[i]);
+  std::vector<Selection> selections;
+  for (const Entry& entry : root->source().entries()) {
+    Selection& selection = selections.emplace_back();
+    if (entry.kind == EntryKind::kFolder) selection.target = root->TargetOf(entry);
   }
   PlaceIncluded(*root, selections);
 }

@@ -13,18 +13,16 @@ namespace engine {
 namespace {
 
 WalkPlan PlanOf(const RunRequest& request) {
+  using platform::WithoutTrailingSeparators;
   const app::Setup& setup = request.setup;
-  WalkPlan plan;
-  plan.source = platform::WithoutTrailingSeparators(setup.SourceFolder);
-  if (!IsListOperation(request.operation))
-    plan.target = platform::WithoutTrailingSeparators(setup.TargetFolder);
-  plan.included_folders = setup.IncludedFolders;
-  plan.include_subfolders = setup.IncludeSubfolders;
-  plan.exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder;
-  plan.compare_contents = ComparesContents(request);
-  plan.read_back = ReadsBack(request);
-  plan.rules = RulesOf(request);
-  return plan;
+  return {.source = WithoutTrailingSeparators(setup.SourceFolder),
+          .target = IsListOperation(request.operation) ? "" : WithoutTrailingSeparators(setup.TargetFolder),
+          .included_folders = setup.IncludedFolders,
+          .include_subfolders = setup.IncludeSubfolders,
+          .exclude_files_in_source_folder = setup.ExcludeFilesInSourceFolder,
+          .compare_contents = ComparesContents(request),
+          .read_back = ReadsBack(request),
+          .rules = RulesOf(request)};
 }
 
 Refusal TargetInUse(const Tools& tools, const RunLock& run) {
@@ -112,10 +110,8 @@ ReportHeading OperationRun::Heading() const {
 RunOutcome OperationRun::Run(Listener& listener) {
   const WalkPlan plan = PlanOf(request_);
   FolderWalk walk(tools_, listener, plan);
-  RunOutcome outcome;
-  outcome.compared_contents = plan.compare_contents;
-  outcome.read_back = plan.read_back;
-  outcome.totals = walk.Run();
+  RunOutcome outcome{
+      .totals = walk.Run(), .compared_contents = plan.compare_contents, .read_back = plan.read_back};
   outcome.cancelled = walk.cancelled();
   outcome.terminated = walk.OperationTerminated();
   if (IsCopyOperation(request_.operation)) EndCopying(tools_, plan, walk, listener, outcome);

@@ -79,19 +79,13 @@ Status TargetFolder::Ensure(platform::FileSystem& files, const TargetRoot& root)
     TargetFolder* const above = next.above_.get();
     if (made) {
       missing.pop_back();
-    } else if (made.error().kind == ErrorKind::kNotFound && above->HasVanished(files)) {
+    } else if (made.error().kind == ErrorKind::kNotFound && above->above_ && !files.Stat(above->path())) {
       missing.push_back(above);
     } else {
       return made;
     }
   }
   return is_there_ ? Status(platform::Done{}) : Error{ErrorKind::kNotFound, 0, {}};
-}
-
-bool TargetFolder::HasVanished(platform::FileSystem& files) {
-  if (!above_ || !is_there_ || files.Stat(path())) return false;
-  is_there_ = false;
-  return true;
 }
 
 Status TargetFolder::Make(platform::FileSystem& files) {

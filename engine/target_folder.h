@@ -59,8 +59,6 @@ class TargetFolder {
  private:
   TargetFolder() = default;
   platform::Status Make(platform::FileSystem& files);
-  /// Whether it was there and somebody took it away. False for the root.
-  bool HasVanished(platform::FileSystem& files);
   /// The folder whose copies it receives.
   std::string Source() const;
   /// The nearest refused folder from here upwards; the root when there is none.

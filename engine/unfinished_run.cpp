@@ -78,7 +78,6 @@ platform::Status UnfinishedRun::CloseLastSpan() {
   const auto set_at = files_.ChangedAt(path_);
   if (!set_at) return set_at.error();
   doubted_.back().end = {set_at->seconds + 1, 0};
-  last_is_open_ = false;
   return Write();
 }
 
@@ -102,7 +101,6 @@ void UnfinishedRun::End(bool all_seen) {
   } else if (has_begun_) {
     static_cast<void>(Write());
   }
-  has_begun_ = false;
 }
 
 }  // namespace engine
