@@ -39,6 +39,7 @@ TEST(CopyPass, SaysAtOnceWhatIsTooLargeForTheFormatOfTheTarget) {
 TEST(CopyPass, TakesWhatIsOnItsWayForGoneFromTheSpaceWhetherItHasJustAskedOrNot) {
   for (const auto& [milliseconds, groups] : {std::pair(0, 2U), {101, 3U}}) {
     Scene scene;
+    scene.clock.Advance(std::chrono::hours{1});
     for (const char* path : {"/src/a", "/src/b", "/src/c"}) scene.files.AddHugeFile(path, 300'000'000);
     scene.files.SetSpace(1'000'000'000, 2'000'000'000);
     scene.on_copy = [&, for_long = milliseconds] {
@@ -51,23 +52,27 @@ TEST(CopyPass, TakesWhatIsOnItsWayForGoneFromTheSpaceWhetherItHasJustAskedOrNot)
 
 TEST(CopyPass, AsksOnceAboutAFolderThatCannotBeCreatedAndLetsTheAnswerDecide) {
   for (const bool go_on : {true, false}) {
-    Scene scene({"/src/sub/a", "/src/sub/b", "/src/sub/below/c", "/src/tail/d"}, {"sub", "tail"});
+    Scene scene({"/src/0", "/src/sub/a", "/src/sub/b", "/src/sub/below/c", "/src/tail/d"}, {"sub", "tail"});
     scene.files.Fail(Call::kCreateFolder, "/dst/sub", kNoAccess);
     scene.go_on = go_on;
-    EXPECT_EQ(scene.BackUp(), go_on ? "new 4, copied 1, failed 3" : "new 1, failed 1, terminated 1");
+    EXPECT_EQ(scene.BackUp(),
+              go_on ? "new 5, copied 2, failed 3" : "new 2, copied 1, failed 1, terminated 1");
     EXPECT_EQ(scene.questions, 1);
+    EXPECT_TRUE(scene.asked.find("\r\n/dst/sub|") != std::string::npos) << scene.asked;
+    EXPECT_EQ(scene.Wrote("/src/sub/below/c. No permission. (13: Permission denied)"), go_on);
     EXPECT_NE(scene.Wrote("Ended early."), go_on);
   }
 }
 
 TEST(CopyPass, MakesAReadOnlyCopyWritableOrAsks) {
   for (const bool stays : {false, true}) {
-    Scene scene({"/src/a=new"});
+    Scene scene({"/src/0", "/src/a=new"});
     scene.files.AddFile("/dst/a", "old!", {}, platform::kReadOnly);
     if (stays) scene.files.KeepReadOnly("/dst/a");
-    EXPECT_EQ(scene.BackUp(), stays ? "modified 1, failed 1" : "modified 1, copied 1");
-    EXPECT_EQ(scene.questions, stays ? 1 : 0);
-    EXPECT_EQ(scene.Copies(), stays ? "a=old!" : "a=new");
+    EXPECT_EQ(scene.BackUp(),
+              stays ? "new 1, modified 1, copied 1, failed 1" : "new 1, modified 1, copied 2");
+    EXPECT_EQ(scene.asked.find("\r\n/dst/a\r\n") != std::string::npos, stays);
+    EXPECT_EQ(scene.Copies(), stays ? "0=1 a=old!" : "0=1 a=new");
   }
 }
 
@@ -126,12 +131,17 @@ TEST(CopyPass, CancelKeepsTheOldCopiesOfAllThatDoNotBearTheirNamesYetAndCountsTh
     scene.files.SetGroupSize(3);
     scene.on_copy = [&, path] { scene.stop = scene.copied.ends_with(path + "|"); };
     const std::string words = scene.BackUp();
-    return words + " | " + scene.Copies() + " | " + scene.visited;
+    return words + " | " + scene.Copies() + " | " + scene.visited + " " + scene.ended + scene.saving;
   };
-  EXPECT_EQ(cancel_at("/src/b"), "cancelled 1 | a=old b=old! | /src|");
-  EXPECT_EQ(cancel_at("/src/c/d"), "cancelled 1 | a=old b=old! | /src|");
-  EXPECT_EQ(cancel_at("/src/c/e"),
-            "new 1, modified 2, copied 3, cancelled 1 | a=0123456789 b=new c/d=1 | /src|/src/c|");
+  EXPECT_EQ(cancel_at("/src/b"), "cancelled 1 | a=old b=old! | /src| /src|");
+  EXPECT_EQ(cancel_at("/src/c/d"), "cancelled 1 | a=old b=old! | /src| /src|");
+  EXPECT_EQ(
+      cancel_at("/src/c/e"),
+      "new 1, modified 2, copied 3, cancelled 1 | a=0123456789 b=new c/d=1 | /src|/src/c| /src|/src/c|");
+  Scene at_the_end({"/src/a"});
+  at_the_end.on_breath = [&] { at_the_end.stop = at_the_end.saving == "saving|"; };
+  at_the_end.files.Before([&](auto, auto&) { at_the_end.clock.Advance(std::chrono::seconds{1}); });
+  EXPECT_EQ(at_the_end.BackUp(), "new 1, copied 1, cancelled 1");
 }
 
 TEST(CopyPass, AnErrorOfTheVolumeThatIsCalledCancelledIsAFailure) {

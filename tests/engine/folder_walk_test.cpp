@@ -11,13 +11,15 @@ namespace engine::test {
 using platform::memory::Call;
 
 TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
-  Scene scene({"/outside", "/src/in/deep/a"}, {"..", "in", "", "in/deep", ".", "in", "../src", "gone"});
-  EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 6");
+  Scene scene({"/outside", "/src/in/deep/a", "/src/link>/src/in"},
+              {"..", "in", "", "in/deep", ".", "in", "../src", "gone", "link"});
+  EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 7");
+  EXPECT_TRUE(scene.Wrote("|      Link: /src/link|"));
   EXPECT_EQ(scene.visited, "/src|/src/in|/src/in/deep|");
   EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|") && scene.Wrote("Not plain: in/deep|"));
   scene.files.Fail(Call::kLook, "/src/gone", {platform::ErrorKind::kOther, 5, "I/O error"});
-  EXPECT_EQ(scene.BackUp(), "up to date 1, unread 1, warnings 5");
-  EXPECT_EQ(scene.outcome.totals.left_out_folders, 5);
+  EXPECT_EQ(scene.BackUp(), "up to date 1, unread 1, warnings 6");
+  EXPECT_EQ(scene.outcome.totals.left_out_folders, 6);
   EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }
 
@@ -26,6 +28,29 @@ TEST(FolderWalk, AsksAboutNoFileAndForNothingBelowAMissingTarget) {
   EXPECT_EQ(scene.Check(), "new 1, up to date 2, due 1");
   EXPECT_EQ(scene.TouchesBelow("/src/in") + scene.TouchesBelow("/dst/in") + scene.TouchesBelow("/dst/new"),
             0);
+}
+
+TEST(FolderWalk, ListsEachFolderOnceAndAheadWhatIsNext) {
+  struct Files : platform::memory::MemoryFileSystem {
+    bool PrefetchFolder(const std::string& path, platform::FollowLinks) override {
+      ahead += path + " ";
+      return true;
+    }
+    std::string ahead;
+  };
+  for (const bool excludes : {false, true}) {
+    Scene scene({}, {"a", "b", "c"});
+    Files files;
+    tree::Add(files,
+              {"/src/x", "/src/a/1/x", "/src/a/2/x", "/src/b/x", "/src/c/x", "/dst/b/x", "/dst/a/1/x"});
+    scene.setup.ExcludeFilesInSourceFolder = excludes;
+    const Tools tools{
+        files, scene.clock, scene.texts, {}, scene.tools.GetDiskSpace, scene.tools.IsWriteProtected};
+    scene.RunChecked(tools, {scene.setup, app::Operation::kCheckBackupState, {}});
+    EXPECT_EQ(files.CountOf(Call::kOpenFolder), 10U);
+    EXPECT_EQ(files.ahead, std::string(excludes ? "" : "/src /dst /src/a /src/b /src/c ") +
+                               "/src/a /dst/a /src/b /dst/b /src/c /src/a/1 /dst/a/1 /src/a/2 ");
+  }
 }
 
 TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
@@ -41,7 +66,7 @@ TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
        {"Link: /src/in/loop|", "Dead: /src/in/dead|", "Special: /src/in/pipe|", "Mount: /src/in/disk|"}) {
     EXPECT_TRUE(scene.Wrote(line)) << line;
   }
-  scene.setup.SkipFilepaths = "/loop/, /dead, pipe, /disk/";
+  scene.setup.SkipFilepaths = "/loop/,/dead , pipe , /disk/";
   EXPECT_EQ(scene.BackUp(), "up to date 2");
 }
 
@@ -53,7 +78,8 @@ TEST(FolderWalk, TheTargetInsideTheSourceIsLeftOutAsTheDiskComparesNames) {
     scene.BackUpAll();
     EXPECT_EQ(scene.BackUpAll(), "copied 1");
     EXPECT_EQ(tree::Below(scene.files, "/src"), "in/Backup/in/a=1 in/a=1");
-    EXPECT_TRUE(scene.Wrote("Target inside: /src/in/Backup|"));
+    const std::string line = "Target inside: /src/in/Backup|";
+    EXPECT_TRUE(scene.Wrote(line) && scene.lines.find(line) == scene.lines.rfind(line));
     scene.setup.TargetFolder = "/src";
     EXPECT_EQ(scene.Run(app::Operation::kListIncludedSubfolders), "due 2") << "whatever the target is";
   }
@@ -81,6 +107,11 @@ TEST(FolderWalk, AFolderIsKnownByEveryPathThatMountsGiveIt) {
   EXPECT_TRUE(Overlap(in_source.files, "/src/in", "/mnt/in/backup").TargetIsInSource());
   EXPECT_TRUE(Overlap(in_source.files, "/mnt/in/backup", "/src/in").SourceIsInTarget());
   EXPECT_FALSE(Overlap(in_source.files, "/src/in/backup", "/mnt/in").TargetIsInSource());
+  for (const Overlap& unknown :
+       {Overlap(in_source.files, "/src", "/src/gone"), Overlap(in_source.files, "/src/gone", "/src")}) {
+    EXPECT_FALSE(unknown.TargetIsInSource() || unknown.SourceIsInTarget() || unknown.IsTarget("/src/gone"));
+    EXPECT_FALSE(unknown.LandsInSource("/src/gone/x", true));
+  }
   Scene in_target({"/src/in/a=original", "/src/in/b"}, {"in"});
   in_target.files.MountAgain("/src/in", "/dst");
   EXPECT_EQ(in_target.BackUpAll(), "warnings 1");
@@ -145,6 +176,15 @@ TEST(FolderWalk, ATargetThatKeepsTheNewCaseOfOneNameIsGivenThatOfTheNext) {
   for (const char* folder : {"/dst/1", "/dst/2"}) scene.files.FoldNames(folder, false);
   scene.BackUp();
   EXPECT_EQ(scene.Copies(), "1/A=1 2/B=1");
+  Scene own({"/src/1/A", "/src/2/B", "/dst/1/a", "/dst/2/b"}, {"1", "2"});
+  for (const char* folder : {"/dst/1", "/dst/2"}) own.files.FoldNames(folder, false);
+  own.files.Before([&](Call call, const std::string& path) {
+    if (call != Call::kOpenFolder || path != "/dst/1" || own.files.CountOf(Call::kRespell) == 0) return;
+    own.files.Remove("/dst/1/A");
+    own.files.AddFile("/dst/1/a", "1");
+  });
+  own.BackUp();
+  EXPECT_EQ(own.Copies(), "1/a=1 2/b=1") << "one that spells them in its own way is left alone";
 }
 
 TEST(FolderWalk, TwoLinksOfTheTargetToOneFolderDoNotMix) {
@@ -152,6 +192,9 @@ TEST(FolderWalk, TwoLinksOfTheTargetToOneFolderDoNotMix) {
   EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1, warnings 1");
   EXPECT_EQ(scene.files.ContentOf("/else/x"), "first");
   EXPECT_TRUE(scene.Wrote("Elsewhere: /dst/a|") && scene.Wrote("Same name: /src/b|"));
+  Scene later({"/src/p/q/x=first", "/src/z/l/x=second", "/dst/p/", "/dst/z/l>/dst/p/q"}, {"p", "z"});
+  EXPECT_EQ(later.BackUp(), "new 2, copied 1, failed 1, warnings 1");
+  EXPECT_EQ(later.files.ContentOf("/dst/p/q/x"), "first") << "a folder that this run made";
 }
 
 TEST(FolderWalk, ALinkThatAnotherUserLaidInTheTargetIsNotFollowed) {
@@ -188,14 +231,20 @@ TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnewNorTakenForAnotherFolder) {
 }
 
 TEST(FolderWalk, AFolderOfTheTargetThatGoesAwayWhileTheTargetStaysIsMadeAnew) {
-  Scene scene({"/src/in/deep/er/a", "/dst/in/deep/"}, {"in"});
-  bool is_there = true;
-  scene.files.Before([&](Call call, const std::string& path) {
-    if (call == Call::kCreateFolder && path == "/dst/in/deep/er" && std::exchange(is_there, false))
-      scene.files.Remove("/dst/in");
-  });
-  EXPECT_EQ(scene.BackUp(), "new 1, copied 1");
-  EXPECT_EQ(scene.Copies(), "in/deep/er/a=1");
+  const std::pair<Call, std::string> moments[] = {{Call::kCreateFolder, "/dst/in/deep/er"},
+                                                  {Call::kOpenFolder, "/dst/in/deep"}};
+  for (const auto& [moment, at] : moments) {
+    Scene scene({"/src/in/deep/b", "/src/in/deep/er/a", "/dst/in/deep/"}, {"in"});
+    bool is_there = true;
+    scene.files.Before([&, when = moment, where = at](Call call, const std::string& path) {
+      if (call == when && path == where && std::exchange(is_there, false)) scene.files.Remove("/dst/in");
+    });
+    EXPECT_EQ(scene.BackUp(), "new 2, copied 2");
+    EXPECT_EQ(scene.Copies(), "in/deep/b=1 in/deep/er/a=1");
+  }
+  Scene scene({"/src/in/deep/a", "/dst/in/"}, {"in"});
+  scene.files.Fail(Call::kCreateFolder, "/dst/in/deep", {platform::ErrorKind::kNotFound, 0, {}});
+  EXPECT_EQ(scene.BackUp(), "new 1, failed 1") << "a name that the target does not allow";
 }
 
 TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {

@@ -3,6 +3,7 @@
 namespace engine::test {
 
 using app::Operation;
+using platform::memory::Call;
 
 TEST(RunOperation, FindsNewAndModifiedFilesAlikeAndCopiesOnlyWhenItCopies) {
   const struct {
@@ -53,6 +54,11 @@ TEST(RunOperation, RefusesWhatCannotWorkBeforeTheReportOpens) {
     s.setup.ExcludeFilesInSourceFolder = true;
     s.setup.IncludedFolders = {"gone"};
   });
+  refuses(kNoFilesInSetup, "Nothing: No files.", [](Scene& s) {
+    s.files.Remove("/src/a"), s.files.AddFile("/src/x/y/file", "");
+    s.setup.IncludedFolders = {"x"};
+    s.setup.IncludeSubfolders = false;
+  });
   refuses(kTargetNotSpecified, "Target folder not specified: Which?",
           [](Scene& s) { s.setup.TargetFolder = ""; });
   refuses(kTargetMissing, "Target folder does not exist: Target folder /dst does not exist.",
@@ -71,6 +77,7 @@ TEST(RunOperation, BeginsWhereOnlyTheRunCanTellThatThereIsNothingToCopy) {
   Scene scene({"/src/in/below/"}, {"in"});
   scene.setup.ExcludeFilesInSourceFolder = true;
   EXPECT_EQ((scene.BackUp(), scene.refusal->status), kNoFilesInSetup);
+  EXPECT_EQ(scene.notes, "Now checking for file existence ...||");
   scene.files.Before([&](auto, const std::string&) { scene.clock.Advance(std::chrono::seconds(3)); });
   EXPECT_EQ((scene.BackUp(), scene.refusal), std::nullopt) << "the search took too long";
   scene.files.Before({});
@@ -89,7 +96,27 @@ TEST(RunOperation, TwoRunsAreKeptApartWhereOneTargetLiesInTheOther) {
   EXPECT_EQ(scene.BackUp(), "");
   EXPECT_EQ(scene.refusal->text, "Above: /dst, another. Wait.");
   other.reset();
-  EXPECT_EQ(scene.BackUp(), "new 3, copied 3");
+  tree::Add(scene.files, {"/dst/in/in/.quorvane-lock"});
+  scene.on_copy = [&] { EXPECT_FALSE(scene.files.Lock("/dst/in/.quorvane-lock", "another")); };
+  EXPECT_EQ(scene.BackUp(), "new 3, copied 3") << "a dead one is nobody's";
+}
+
+TEST(RunOperation, WhereTheTargetCannotBeLockedTheRunsOfOneUserAreKeptApart) {
+  Scene scene({"/src/a", "/src/b", "/dst/else/", "/locks/"});
+  scene.tools.lock_folder = "/locks";
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 2");
+  EXPECT_EQ(scene.files.CountOf(Call::kLock), 1U);
+  scene.files.Fail(Call::kLock, "/dst/.quorvane-lock", {platform::ErrorKind::kAccessDenied, 13, {}});
+  std::vector<std::string> locks;
+  scene.on_copy = [&] { locks = scene.files.NamesIn("/locks"); };
+  scene.BackUpAll();
+  ASSERT_EQ(locks.size(), 1U);
+  const auto other = std::move(*scene.files.Lock("/locks/" + locks[0], "another"));
+  EXPECT_EQ(scene.BackUp(), "");
+  EXPECT_EQ(scene.refusal->text, "Taken: another. Wait.");
+  scene.files.Fail(Call::kLock, "/dst/else/.quorvane-lock", {platform::ErrorKind::kAccessDenied, 13, {}});
+  scene.setup.TargetFolder = "/dst/else";
+  EXPECT_EQ(scene.BackUp(), "new 2, copied 2");
 }
 
 TEST(RunOperation, BeginsItsReportWithWhatIsRun) {

@@ -113,6 +113,32 @@ TEST(UnfinishedRun, AMarkThatCannotBeSetOrReadIsAWarning) {
   scene.files.Fail(Call::kReplaceFile, "", {platform::ErrorKind::kOther, 5, "I/O error"}, 1);
   EXPECT_EQ(scene.BackUp(), "new 1, copied 1, warnings 1");
   EXPECT_TRUE(scene.Wrote("Not marked: /dst/.quorvane-unfinished"));
+  tree::Add(scene.files, {std::string("/dst/") + kUnfinishedMark});
+  scene.files.Fail(Call::kReadFile, "", {platform::ErrorKind::kOther, 5, "I/O error"}, 1);
+  EXPECT_EQ(scene.Check(), "modified 1, due 1, warnings 1");
+  EXPECT_TRUE(scene.Wrote("Mark unread: /dst/.quorvane-unfinished"));
+}
+
+TEST(UnfinishedRun, DoubtsWhatAnyOfSeveralRunsLeftAndMovesOnlyOnceAllIsOnTheDisk) {
+  Scene scene({"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f"});
+  scene.files.SetGroupSize(2);
+  std::string moved;
+  const auto cut_at = [&](const std::string& last) {
+    scene.files.Before([&scene, &moved, last](Call call, const std::string& path) {
+      if (call == Call::kCopyFile && path == last) scene.files.CutPower(0);
+      if (call == Call::kReplaceFile) moved += std::to_string(scene.files.CountOf(Call::kPublish));
+    });
+    scene.BackUp();
+    scene.files.Before({});
+    scene.files.PowerOn();
+  };
+  int minutes = 16;
+  scene.on_copy = [&] { scene.clock.Advance(std::chrono::minutes{minutes /= 2}); };
+  cut_at("/dst/f");
+  EXPECT_EQ(moved, "03") << "the third was on its way";
+  for (const char* name : {"/dst/c", "/dst/d", "/dst/e"}) Spoil(scene, name);
+  cut_at("/dst/d");
+  EXPECT_EQ(scene.Check(), "new 1, modified 2, up to date 3, due 3");
 }
 
 TEST(UnfinishedRun, MovesOnSoThatALongBackupThatIsInterruptedAgainAndAgainComesToItsEnd) {

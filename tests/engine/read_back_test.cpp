@@ -18,6 +18,7 @@ TEST_F(ReadBack, OfEveryCopyKeepsTheOldOneWhereTheNewOneIsBadAlsoFileByFile) {
   for (const bool is_scarce : {false, true}) {
     if (is_scarce) files.SetSpace(100'000, 1'000'000);
     EXPECT_EQ(BackUpAll(), "copied 3, failed 2");
+    EXPECT_TRUE(outcome.read_back && !outcome.compared_contents);
     EXPECT_EQ(outcome.totals.counts.read_back, 5);
     EXPECT_EQ(outcome.totals.counts.not_as_written, 2);
     EXPECT_EQ(outcome.totals.bytes_read_back, 9);

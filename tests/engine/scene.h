@@ -40,10 +40,12 @@ class Scene : public Listener {
 
   /// Runs an operation, holds its sums against each other, and gives them in words: "new 2, copied 2".
   std::string Run(app::Operation operation) {
-    const RunRequest request{setup, operation, {}, false, compare_contents, reads_back};
+    RunRequest request{setup, operation, {}};
+    if (compare_contents) request.compare_contents = true;
+    if (reads_back) request.read_back = true;
     outcome = {};
     told_copied = 0;
-    refusal = CheckRequest(tools, request, [](const std::string&) {});
+    refusal = CheckRequest(tools, request, [this](const std::string& note) { notes += note + "|"; });
     if (!refusal) outcome = RunChecked(tools, request);
     const FileCounts& sums = outcome.totals.counts;
     EXPECT_EQ(sums.copied, told_copied);
@@ -92,6 +94,10 @@ class Scene : public Listener {
                                      sums.up_to_date, sums.failed, sums.compared, sums.differed})
       in_order += std::to_string(count) + " ";
     in_order += "of " + folder.path + "|";
+    ended += folder.path + "|";
+    if (sums.failed == 0 && !stop) {
+      EXPECT_EQ(folder.files_to_copy, sums.copied) << folder.path;
+    }
   }
   void WriteLine(const std::string& text) override {
     lines += text + "|";
@@ -115,8 +121,9 @@ class Scene : public Listener {
     if (on_breath) on_breath();
   }
   bool StopRequested() override { return stop; }
-  bool AskWhetherToGoOn(const Question&) override {
+  bool AskWhetherToGoOn(const Question& question) override {
     ++questions;
+    asked = question.statement + "|" + question.question;
     return go_on;
   }
   void Tell(const std::string& text) override { told += text; }
@@ -127,7 +134,8 @@ class Scene : public Listener {
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
       "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
-      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n509 Too "
+      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n542 "
+      "Mark unread:\n509 Too "
       "large.\n520 Not "
       "read:\n521 Link:\n522 Dead:\n523 Special:\n"
       "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
@@ -157,7 +165,7 @@ class Scene : public Listener {
   RunOutcome outcome;
   std::optional<Refusal> refusal;  ///< of the last run
 
-  std::string lines, visited, copied, told, paused_after, saving, read_back;
+  std::string lines, visited, ended, copied, told, asked, notes, paused_after, saving, read_back;
   std::vector<double> progress;
   std::vector<std::int64_t> bytes_done;
   std::string in_order;  ///< all that the report is made from

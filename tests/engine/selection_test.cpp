@@ -65,6 +65,8 @@ TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
   EXPECT_FALSE(FileTimesDiffer(File(5, -7), File(5, k1980 + 3'600))) << "FAT cannot hold it";
   EXPECT_FALSE(FileTimesDiffer(File(5, k2108 + kNoon), File(5, k2108 - 2)));
   EXPECT_TRUE(FileTimesDiffer(File(5, k1980 - 3'600), File(5, k2108 - 2)));
+  EXPECT_TRUE(FileTimesDiffer(File(5, k2108 - 1), File(5, k2108 - 181))) << "FAT can hold it";
+  EXPECT_TRUE(FileTimesDiffer(File(5, k1980), File(5, k1980 + 180)));
   EXPECT_TRUE(FileTimesDiffer(File(5, kNoon), File(6, kNoon)));
   EXPECT_TRUE(FileTimesDiffer(File(5'000'000'000), File(5'000'000'001)));
 }

@@ -20,7 +20,8 @@ class SlowCopier : public platform::Copier {
   void Save() override {}
   std::optional<platform::Result<platform::CopyOutcome>> Collect() override {
     if (waits_ < 12 || !std::exchange(is_begun_, false)) return std::nullopt;
-    return platform::Result<platform::CopyOutcome>(platform::CopyOutcome{order_.file->size, 0, 0, false});
+    return platform::Result<platform::CopyOutcome>(
+        platform::CopyOutcome{order_.file->size, platform::kSystem, platform::kReadOnly, false});
   }
   CopyStage Wait(std::chrono::milliseconds) override {
     clock_.Advance(std::chrono::milliseconds{100});
@@ -52,6 +53,11 @@ struct SlowScene : Scene {
     slow.AddHugeFile("/src/big", std::int64_t{4} << 30);
     slow.clock = &clock;
   }
+  void Saving(bool is_saving) override {
+    Scene::Saving(is_saving);
+    if (saving == "saving|") saving_since = clock.Monotonic();
+  }
+  std::chrono::milliseconds saving_since{0};
   SlowFiles slow;
   Tools slow_tools{slow, clock, texts, {}, tools.GetDiskSpace, tools.IsWriteProtected};
 
@@ -63,6 +69,7 @@ struct SlowScene : Scene {
 
 TEST(WaitingForCopies, MovesTheBarInsideABigFileAndSaysWhenTheDiskIsWaitedFor) {
   SlowScene scene;
+  scene.on_copy = [&] { scene.slow.AddFile("/dst/big", "", {}, platform::kReadOnly | platform::kHidden); };
   EXPECT_EQ(scene.BackUpSlowly().totals.counts.copied, 1);
   ASSERT_GE(scene.progress.size(), 5U);
   EXPECT_GT(scene.progress[0], 0);
@@ -71,6 +78,8 @@ TEST(WaitingForCopies, MovesTheBarInsideABigFileAndSaysWhenTheDiskIsWaitedFor) {
   EXPECT_EQ(scene.bytes_done[1], kSize * 2 / 5);
   EXPECT_EQ(scene.bytes_done.back(), kSize);
   EXPECT_EQ(scene.saving, "saving|done|saving|done|") << "the file, and the whole at the end";
+  EXPECT_EQ(scene.saving_since, std::chrono::milliseconds{1'100}) << "not for a wait or two";
+  EXPECT_EQ(scene.slow.AttributesOf("/dst/big"), platform::kSystem) << "whatever the copier left";
 }
 
 TEST(WaitingForCopies, MovesTheBarOverTheSecondHalfOfABigFileWhileItsCopyIsReadBack) {
