@@ -23,9 +23,12 @@
 namespace platform::contract {
 namespace {
 
+using posix::test::Calls;
+
 class PosixScene : public Scene {
  public:
-  PosixScene() { posix::test::Calls() = {}; }
+  PosixScene() { Calls() = {}; }
+  ~PosixScene() override { Calls() = {}; }
   FileSystem& files() override { return files_; }
   std::string root() const override { return scratch_.path(); }
   void SetModified(const std::string& path, FileTime modified) override {
@@ -47,11 +50,11 @@ class PosixScene : public Scene {
     return chmod(folder.c_str(), S_IRUSR | S_IXUSR) == 0;
   }
   bool FailFlushes() override {
-    for (const char* call : {"syncfs", "fdatasync", "fsync"}) posix::test::Calls().fails[call] = EIO;
+    for (const char* call : {"syncfs", "fdatasync", "fsync"}) Calls().fails[call] = EIO;
     return true;
   }
   bool MountFat(const std::string& folder) override {
-    posix::test::Calls().volume = MSDOS_SUPER_MAGIC;
+    Calls().volume = MSDOS_SUPER_MAGIC;
     return MakeSmallDisk(folder);
   }
   bool MakeSmallDisk(const std::string& folder) override {
@@ -77,6 +80,8 @@ INSTANTIATE_TEST_SUITE_P(Posix, SettingsStoreContract, testing::Values(std::make
 INSTANTIATE_TEST_SUITE_P(Posix, ClockContract, testing::Values(std::make_shared<posix::PosixClock>));
 INSTANTIATE_TEST_SUITE_P(Posix, LocaleContract, testing::Values(std::make_shared<posix::PosixLocale>));
 INSTANTIATE_TEST_SUITE_P(Posix, ShellContract, testing::Values(std::make_shared<posix::PosixShell>));
+
+auto CountOpen() { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); }
 
 /// What only this file system can get wrong.
 class PosixFiles : public SceneTest {
@@ -159,55 +164,49 @@ constexpr const char* kServed = "fdatasync fdatasync fdatasync rename rename ren
 
 // Copier, 2, 3 and 4.
 TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
-  const std::pair<unsigned long, const char*> volumes[] = {{BTRFS_SUPER_MAGIC, kJournaled},
-                                                           {TMPFS_MAGIC, kJournaled},
-                                                           {MSDOS_SUPER_MAGIC, kUnordered},
-                                                           {0x2011BAB0, kUnordered},
-                                                           {0, nullptr},
-                                                           {FUSE_SUPER_MAGIC, kServed},
-                                                           {NFS_SUPER_MAGIC, kServed}};
+  using Volume = std::pair<unsigned long, const char*>;
+  const Volume volumes[] = {{BTRFS_SUPER_MAGIC, kJournaled},
+                            {TMPFS_MAGIC, kJournaled},
+                            {MSDOS_SUPER_MAGIC, kUnordered},
+                            {posix::kExfat, kUnordered},
+                            {0, nullptr},
+                            {FUSE_SUPER_MAGIC, kServed},
+                            {NFS_SUPER_MAGIC, kServed}};
   for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
   for (const auto& [magic, expected] : volumes) {
     AddFile("to/b", "old");
-    posix::test::Calls() = {};
-    posix::test::Calls().volume = magic;
+    Calls() = {.volume = magic};
     for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
       EXPECT_TRUE(outcome);
-    const std::string made = posix::test::Calls().made;
+    const std::string made = Calls().made;
     EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
         << magic << ": " << made;
-    EXPECT_TRUE(expected != kUnordered || posix::test::Calls().held_open == 1) << "space of a replaced file";
-    posix::test::Calls() = {};
+    EXPECT_TRUE(expected != kUnordered || Calls().held_open == 1) << "space of a replaced file";
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }
 
 // Copier, 1.
 TEST_F(PosixFiles, AVolumeKeepsHiddenAndSystemInAPlaceOfItsOwnAndACopyIsSystemAlone) {
-  constexpr unsigned kNone = 0, kNoneOfAServer = 0x80;
-  const std::pair<unsigned long, unsigned> volumes[] = {{MSDOS_SUPER_MAGIC, kNone},
-                                                        {posix::kExfat, kNone},
-                                                        {posix::kNtfs3, kNone},
-                                                        {FUSE_SUPER_MAGIC, kNone},
-                                                        {SMB_SUPER_MAGIC, kNoneOfAServer},
-                                                        {posix::kCifs, kNoneOfAServer},
-                                                        {posix::kSmb2, kNoneOfAServer}};
+  constexpr unsigned kNone = 0, kServers = 0x80;
+  using Volume = std::pair<unsigned long, unsigned>;
+  const Volume volumes[] = {{MSDOS_SUPER_MAGIC, kNone}, {posix::kExfat, kNone},      {posix::kNtfs3, kNone},
+                            {FUSE_SUPER_MAGIC, kNone},  {SMB_SUPER_MAGIC, kServers}, {posix::kCifs, kServers},
+                            {posix::kSmb2, kServers}};
   for (const auto& [volume, none] : volumes) {
     AddFile("from/file", "xy");
-    posix::test::Calls() = {};
-    posix::test::Calls().volume = volume;
+    Calls() = {.volume = volume};
     ASSERT_TRUE(files().SetAttributes(At("from/file"), kHidden | kSystem));
-    EXPECT_EQ(posix::test::Calls().dos_bits, 0x26u);
+    EXPECT_EQ(Calls().dos_bits, 0x26u);
     EXPECT_EQ(Must(Copy("file")).target_attributes, kSystem);
-    EXPECT_EQ(posix::test::Calls().dos_bits, 0x24u);
-    posix::test::Calls().dos_bits = 0x06;
+    EXPECT_EQ(Calls().dos_bits, 0x24u);
+    Calls().dos_bits = 0x06;
     EXPECT_TRUE(files().SetAttributes(At("from/file"), 0));
-    EXPECT_EQ(posix::test::Calls().dos_bits, none);
+    EXPECT_EQ(Calls().dos_bits, none);
     AddFile("from/file", "x");
     const bool is_ntfs = volume == posix::kNtfs3 || volume == FUSE_SUPER_MAGIC;
     EXPECT_NE(files().SetAttributes(At("from/file"), kSystem).ok(), is_ntfs) << "it would become a socket";
     EXPECT_TRUE(files().SetAttributes(At("from/file"), kHidden));
-    posix::test::Calls() = {};
   }
 }
 
@@ -220,13 +219,11 @@ TEST_F(PosixFiles, ASourceOfThisMomentIsWaitedForAndOneWhoseTimeCouldHideAChange
       {{kNow, 505'000'001}, 4, false}, {{kNow + 1, 0}, 4, false},       {{kNow + 2, 0}, 0, false}};
   for (const auto& [modified, rests, is_due] : cases) {
     AddFile("from/file", "x", modified);
-    posix::test::Calls() = {};
-    posix::test::Calls().now = {kNow, 505'000'000};
+    Calls() = {.now = {kNow, 505'000'000}};
     EXPECT_EQ(Must(Copy("file")).changed, is_due) << modified.seconds << "." << modified.nanoseconds;
-    EXPECT_EQ(posix::test::Calls().rests, rests) << modified.seconds << "." << modified.nanoseconds;
-    posix::test::Calls().now.tv_sec *= 2;
+    EXPECT_EQ(Calls().rests, rests) << modified.seconds << "." << modified.nanoseconds;
+    Calls().now.tv_sec *= 2;
     EXPECT_EQ(files().ChangedAt(At("from/file"))->seconds, 2 * kNow) << "as FAT tells it";
-    posix::test::Calls() = {};
   }
 }
 
@@ -235,96 +232,83 @@ TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftToReadOnlyAndNoneWhereTheVolu
   ASSERT_EQ(chmod(At("to/lock").c_str(), 0444), 0);
   EXPECT_TRUE(files().Lock(At("to/lock"), "me"));
   for (const int reason : {ENOLCK, EWOULDBLOCK}) {
-    posix::test::Calls().fails = {{"flock", reason}};
+    Calls().fails = {{"flock", reason}};
     EXPECT_EQ(files().Lock(At("to/lock"), "me").error().code, reason);
     EXPECT_EQ(NamesIn("to"), reason == ENOLCK ? Names() : Names{"lock"}) << "then it may be another's";
   }
-  posix::test::Calls() = {};
 }
 
 TEST_F(PosixFiles, AServerIsAskedByMoreThreadsAndAFlushDoesNotHoldTheProgramUp) {
   for (const auto& [magic, fewest, most] : {std::tuple(NFS_SUPER_MAGIC, 8U, 8U), {TMPFS_MAGIC, 2U, 4U}}) {
-    posix::test::Calls().volume = static_cast<unsigned long>(magic);
+    Calls().volume = static_cast<unsigned long>(magic);
     const std::size_t workers = posix::WorkersBetween(At("from"), At("to"));
     EXPECT_TRUE(fewest <= workers && workers <= most) << workers;
   }
   EXPECT_TRUE(files().Flush(At("to"), {}));
-  EXPECT_TRUE(posix::test::Calls().flushed_aside);
-  posix::test::Calls() = {};
+  EXPECT_TRUE(Calls().flushed_aside);
 }
 
 TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
   AddFile("from/file", Noise(700'000));
   AddFile("to/file", "old");
   const auto replace = [&] { return files().ReplaceFile(At("to/file"), "new"); };
-  const std::tuple<const char*, unsigned long, bool> faults[] = {{"write", 0, true},
-                                                                 {"read", 0, false},
-                                                                 {"futimens", 0, false},
-                                                                 {"syncfs", 0, false},
-                                                                 {"fdatasync", FUSE_SUPER_MAGIC, false},
-                                                                 {"close", 0, true},
-                                                                 {"rename", 0, true},
-                                                                 {"fsync", MSDOS_SUPER_MAGIC, true}};
+  using Fault = std::tuple<std::string, unsigned long, bool>;
+  const Fault faults[] = {{"write", 0, true},
+                          {"read", 0, false},
+                          {"futimens", 0, false},
+                          {"syncfs", 0, false},
+                          {"fdatasync", FUSE_SUPER_MAGIC, false},
+                          {"close", 0, true},
+                          {"rename", 0, true},
+                          {"fsync", MSDOS_SUPER_MAGIC, true}};
   for (const auto& [call, volume, also_replace] : faults) {
-    posix::test::Calls() = {};
-    posix::test::Calls().volume = volume;
-    posix::test::Calls().fails = {{call, EIO}, {"copy_file_range", EIO}};
+    Calls() = {.fails = {{call, EIO}, {"copy_file_range", EIO}}, .volume = volume};
     const auto copied = Copy("file");
     ASSERT_TRUE(!copied && copied.error().code == EIO) << call;
-    EXPECT_EQ(copied.error().kind == ErrorKind::kShort, std::string_view(call) == "read");
+    EXPECT_EQ(copied.error().kind == ErrorKind::kShort, call == "read");
     EXPECT_EQ(!also_replace, replace().ok()) << call;
-    EXPECT_EQ(std::string(call) != "write" && std::string(call) != "close",
-              files().WriteFile(At("new"), "x").ok());
-    posix::test::Calls() = {};
+    EXPECT_EQ(files().WriteFile(At("new"), "x").ok(), call != "write" && call != "close");
+    Calls() = {};
     EXPECT_TRUE(ContentOf("to/file") == (also_replace ? "old" : "new")) << call;
     AddFile("to/file", "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
-  posix::test::Calls().fails = {{"write", 0}, {"copy_file_range", EXDEV}};
+  Calls().fails = {{"write", 0}, {"copy_file_range", EXDEV}};
   EXPECT_EQ(Copy("file").error().kind, ErrorKind::kDiskFull);
-  posix::test::Calls().fails = {{"close", EINTR}};
+  Calls().fails = {{"close", EINTR}};
   EXPECT_TRUE(Copy("file") && files().WriteFile(At("new"), "x"));
-  posix::test::Calls() = {};
 }
 
 TEST_F(PosixFiles, WhatMovesInPartsBetweenSignalsIsWholeAndAReplacedFileIsFlushedBeforeItsName) {
   const std::string content = Noise(700'000);
   AddFile("from/file", content);
-  posix::test::Calls() = {};
-  posix::test::Calls().is_slow = true;
-  posix::test::Calls().fails = {{"copy_file_range", EXDEV}};
+  Calls() = {.fails = {{"copy_file_range", EXDEV}}, .is_slow = true};
   EXPECT_TRUE(files().ReplaceFile(At("to/other"), content));
-  EXPECT_EQ(posix::test::Calls().made, "fsync rename fsync ");
+  EXPECT_EQ(Calls().made, "fsync rename fsync ");
   EXPECT_TRUE(Copy("file"));
   EXPECT_TRUE(ContentOf("to/file") == content && ContentOf("to/other") == content);
-  posix::test::Calls() = {};
 }
 
 TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
   AddFile("from/file", "new");
   AddFile("from/name", "new");
   AddFile("to/file", "old");
-  posix::test::Calls() = {};
-  posix::test::Calls().volume = MSDOS_SUPER_MAGIC;
-  posix::test::Calls().fails = {{"renameat2", EINVAL}};
+  Calls() = {.fails = {{"renameat2", EINVAL}}, .volume = MSDOS_SUPER_MAGIC};
   const auto outcomes = CopyAll(Open("from"), {"file", "name"}, Open("to"), TargetName::kFree);
   EXPECT_EQ(outcomes[0].error().kind, ErrorKind::kNameTaken);
   EXPECT_TRUE(outcomes[1]);
   EXPECT_EQ(files().Respell(At("to"), "name", "file").error().code, EEXIST);
   EXPECT_FALSE(files().Respell(At("to"), "none", "None"));
   EXPECT_TRUE(files().Respell(At("to"), "name", "NAME"));
-  posix::test::Calls() = {};
   EXPECT_EQ(ContentOf("to/file") + ContentOf("to/NAME"), "oldnew");
   EXPECT_EQ(NamesIn("to"), (Names{"NAME", "file"}));
 }
 
 TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanBeCalledOff) {
-  using posix::test::Calls;
   const auto lives = [](int child) { return kill(child, 0) == 0; };
   Calls() = {};
   posix::PosixShell shell;
-  const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
-  const auto before = count();
+  const auto before = CountOpen();
   auto guard = shell.KeepAwake();
   EXPECT_EQ(Calls().started,
             "/usr/sbin/systemd-inhibit|--what=sleep:idle|--who=Quorvane|--why=A backup is "
@@ -332,7 +316,7 @@ TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanB
   const int inhibits = Calls().child;
   const std::string waits_for = "/proc/" + std::to_string(inhibits) + "/fd/0";
   EXPECT_TRUE(std::filesystem::read_symlink(waits_for).string().starts_with("pipe:"));
-  EXPECT_EQ(count(), before + 1) << "the other end";
+  EXPECT_EQ(CountOpen(), before + 1) << "the other end";
   guard.reset();
   while (lives(inhibits)) std::this_thread::yield();
   Calls() = {};
@@ -353,27 +337,24 @@ TEST_F(PosixFiles, ACopyIsReadBackPastTheMemoryAlsoWhereItsOwnerMayNotReadIt) {
   AddFile("from/file", "content");
   ASSERT_EQ(chmod(At("from/file").c_str(), S_IRGRP | S_IROTH), 0);
   if (!scene_->GiveTo(At("from/file"), true)) GTEST_SKIP() << "giving files away takes root";
-  posix::test::Calls() = {};
-  posix::test::Calls().volume = TMPFS_MAGIC;
+  Calls() = {.volume = TMPFS_MAGIC};
   reads_back_ = true;
   EXPECT_TRUE(Copy("file"));
-  EXPECT_EQ(posix::test::Calls().made, "syncfs forget forget rename ");
-  posix::test::Calls() = {};
+  EXPECT_EQ(Calls().made, "syncfs forget forget rename ");
   EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{0244});
 }
 
 TEST_F(PosixFiles, FoldersAndCopiesLeaveNoDescriptorOpen) {
-  const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
   AddFile("from/file", "x");
-  const auto before = count();
+  const auto before = CountOpen();
   ASSERT_TRUE(Copy("file"));
   ASSERT_TRUE(Copy("file"));
-  EXPECT_EQ(count(), before);
+  EXPECT_EQ(CountOpen(), before);
   std::string deep = "to";
   while (At(deep).size() < 2'400) AddFolder(deep += '/' + std::string(200, 'd'));
-  EXPECT_GT(count(), before) << "the way to it is kept open for a while";
+  EXPECT_GT(CountOpen(), before) << "the way to it is kept open for a while";
   EXPECT_TRUE(files().GetDiskSpace(At("to")));
-  EXPECT_EQ(count(), before);
+  EXPECT_EQ(CountOpen(), before);
 }
 
 // Copier, 3.

@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <linux/msdos_fs.h>
 #include <spawn.h>
 #include <sys/statfs.h>
@@ -14,6 +15,8 @@
 #include <cstdarg>
 #include <filesystem>
 #include <mutex>
+
+#include "platform/posix/volume/volume_kind.h"
 
 namespace platform::posix::test {
 namespace {
@@ -45,6 +48,14 @@ ssize_t Move(const char* call, long number, int file, void* bytes, std::size_t s
     return -1;
   }
   return syscall(number, file, bytes, Calls().is_slow ? std::min<std::size_t>(size, 100'000) : size);
+}
+
+/// Whether the volume keeps them in an attribute of that name, or in none of its files, as FAT does.
+bool HasDosBits(const std::string& name) {
+  const unsigned long volume = Calls().volume;
+  if (volume == MSDOS_SUPER_MAGIC || volume == kExfat) return name.empty();
+  if (volume == kNtfs3 || volume == FUSE_SUPER_MAGIC) return name == "system.ntfs_attrib";
+  return volume != 0 && name == "user.cifs.dosattrib";
 }
 
 int OpenWithoutName() {
@@ -133,14 +144,13 @@ int Tell(int folder, const char* name, int flags, unsigned wanted, struct statx*
 }
 
 ssize_t fgetxattr(int file, const char* name, void* value, std::size_t size) noexcept {
-  if (std::string(name) == "user.DOSATTRIB" || Calls().volume == 0)
-    return syscall(SYS_fgetxattr, file, name, value, size);
+  if (!platform::posix::test::HasDosBits(name)) return syscall(SYS_fgetxattr, file, name, value, size);
   *static_cast<std::uint32_t*>(value) = Calls().dos_bits;
   return sizeof Calls().dos_bits;
 }
 
 int fsetxattr(int file, const char* name, const void* value, std::size_t size, int flags) noexcept {
-  if (std::string(name) == "user.DOSATTRIB" || Calls().volume == 0)
+  if (!platform::posix::test::HasDosBits(name))
     return static_cast<int>(syscall(SYS_fsetxattr, file, name, value, size, flags));
   Calls().dos_bits = *static_cast<const std::uint32_t*>(value);
   return 0;
@@ -187,7 +197,8 @@ int ioctl(int file, unsigned long request, ...) noexcept {
   std::uint32_t& bits = Calls().dos_bits;
   if (request == FAT_IOCTL_GET_ATTRIBUTES) *static_cast<std::uint32_t*>(value) = bits;
   if (request == FAT_IOCTL_SET_ATTRIBUTES) bits = *static_cast<std::uint32_t*>(value);
-  if (request == FAT_IOCTL_GET_ATTRIBUTES || request == FAT_IOCTL_SET_ATTRIBUTES) return 0;
+  if (request == FAT_IOCTL_GET_ATTRIBUTES || request == FAT_IOCTL_SET_ATTRIBUTES)
+    return platform::posix::test::HasDosBits({}) ? 0 : -1;
   return static_cast<int>(syscall(SYS_ioctl, file, request, value));
 }
 }

@@ -12,18 +12,17 @@
 namespace platform::posix::test {
 
 struct SystemCalls {
-  std::string made;                  ///< in their order: "syncfs fdatasync fsync rename " ...
-  std::map<std::string, int> fails;  ///< calls by name, and the number each is to fail with
+  std::string made = {};                  ///< in their order: "syncfs fdatasync fsync rename " ...
+  std::map<std::string, int> fails = {};  ///< calls by name, and the number each is to fail with
   bool is_slow = false;      ///< reading and writing: a signal comes before each call, which moves a part
-  std::string started;       ///< programs, with their parameters; something harmless ran in their place
+  std::string started = {};  ///< programs, with their parameters; something harmless ran in their place
   int child = 0;             ///< the process that did so last
   unsigned long volume = 0;  ///< the magic number that fstatfs() is to tell; 0: the true one
   std::uint32_t dos_bits = 0x20;  ///< of the one file on a volume that keeps them in a place of its own
-  struct timespec now =
-      {};         ///< by the clock that times files, and when all were born, where its seconds are set
-  int rests = 0;  ///< for a tick of that clock
-  bool flushed_aside = false;  ///< the last syncfs() was another thread's
-  int held_open = 0;           ///< files without a name that were still open at the last syncfs()
+  struct timespec now = {};       ///< where its seconds are set: when files are made, and were born
+  int rests = 0;                  ///< for a tick of that clock
+  bool flushed_aside = false;     ///< the last syncfs() was another thread's
+  int held_open = 0;              ///< files without a name that were still open at the last syncfs()
 };
 
 /// Those since it was reset; kept by all threads.
