@@ -141,23 +141,4 @@ TEST(UnfinishedRun, DoubtsWhatAnyOfSeveralRunsLeftAndMovesOnlyOnceAllIsOnTheDisk
   EXPECT_EQ(scene.Check(), "new 1, modified 2, up to date 3, due 3");
 }
 
-TEST(UnfinishedRun, MovesOnSoThatALongBackupThatIsInterruptedAgainAndAgainComesToItsEnd) {
-  Scene scene;
-  for (char name = 'a'; name <= 'h'; ++name) tree::Add(scene.files, {std::string("/src/") + name});
-  scene.files.SetGroupSize(1);
-  int copies_left = 3;
-  scene.on_copy = [&] {
-    scene.clock.Advance(std::chrono::minutes{3});
-    if (copies_left-- == 0) scene.files.CutPower(0);
-  };
-  int runs = 0;
-  for (; runs < 9 && scene.outcome.totals.counts.up_to_date + scene.outcome.totals.counts.copied < 8;
-       ++runs) {
-    copies_left = 3;
-    scene.BackUp();
-    scene.files.PowerOn();
-  }
-  EXPECT_LE(runs, 7) << "each run gets some files further";
-}
-
 }  // namespace engine::test

@@ -78,12 +78,6 @@ class Scene : public Listener {
 
   std::string Copies() { return tree::Below(files, "/dst"); }
   bool Wrote(const std::string& part) const { return lines.find(part) != std::string::npos; }
-  /// How many calls of the file system were about something below a folder.
-  std::int64_t TouchesBelow(const std::string& folder) const {
-    return std::count_if(files.touched().begin(), files.touched().end(),
-                         [&](const auto& touch) { return touch.path.starts_with(folder + "/"); });
-  }
-
   void FolderBegun(const FolderCounts& folder) override {
     visited += folder.path + "|";
     in_order += folder.path + " " + std::to_string(folder.files_in_folder) + "|";
