@@ -20,7 +20,8 @@ class WindowsLock : public FileLock {
   FileHandle file_;
 };
 
-Error HeldBy(const std::wstring& long_path, DWORD code) {
+Error WhyNotMine(const std::wstring& long_path, DWORD code) {
+  if (!IsOneOf(code, {ERROR_SHARING_VIOLATION, ERROR_FILE_EXISTS})) return SystemError(code);
   const auto content = ReadContent(long_path, kLongestContent);
   return {ErrorKind::kInUse, static_cast<int>(code), content ? *content : std::string()};
 }
@@ -34,9 +35,7 @@ Status RemoveDead(const std::wstring& long_path) {
     return SystemError(ERROR_ALREADY_EXISTS);
   if (::DeleteFileW(long_path.c_str())) return Done{};
   const DWORD code = ::GetLastError();
-  if (code == ERROR_FILE_NOT_FOUND) return Done{};
-  if (code == ERROR_SHARING_VIOLATION) return HeldBy(long_path, code);
-  return SystemError(code);
+  return code == ERROR_FILE_NOT_FOUND ? Status(Done{}) : WhyNotMine(long_path, code);
 }
 
 }  // namespace
@@ -45,11 +44,7 @@ Result<std::unique_ptr<FileLock>> LockAt(const std::wstring& long_path, const st
   if (const Status removed = RemoveDead(long_path); !removed) return removed.error();
   FileHandle file(::CreateFileW(long_path.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
                                 CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-  if (!file) {
-    const DWORD code = ::GetLastError();
-    if (code == ERROR_FILE_EXISTS || code == ERROR_SHARING_VIOLATION) return HeldBy(long_path, code);
-    return SystemError(code);
-  }
+  if (!file) return WhyNotMine(long_path, ::GetLastError());
   DWORD written = 0;
   ::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
   return std::unique_ptr<FileLock>(std::make_unique<WindowsLock>(std::move(file)));

@@ -1,6 +1,7 @@
 #include "platform/windows/file_system.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "base/wide_text.h"
@@ -34,6 +35,9 @@ Status StatusOf(BOOL success) {
   return Done{};
 }
 
+/// With the separator at its end.
+std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.rfind(L'\\') + 1); }
+
 /// Never over anything.
 Status Move(const std::wstring& from, const std::wstring& to) {
   return StatusOf(::MoveFileExW(from.c_str(), to.c_str(), 0));
@@ -41,35 +45,37 @@ Status Move(const std::wstring& from, const std::wstring& to) {
 
 /// What the system knows of a path without a search. A link stands for itself.
 Result<WIN32_FIND_DATAW> KnownOf(const std::wstring& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return LastError();
+  // It begins with what this call fills.
+  static_assert(offsetof(WIN32_FIND_DATAW, nFileSizeLow) ==
+                offsetof(WIN32_FILE_ATTRIBUTE_DATA, nFileSizeLow));
   WIN32_FIND_DATAW known{};
-  known.dwFileAttributes = data.dwFileAttributes;
-  known.ftLastWriteTime = data.ftLastWriteTime;
-  known.nFileSizeHigh = data.nFileSizeHigh;
-  known.nFileSizeLow = data.nFileSizeLow;
+  if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &known)) return LastError();
   return known;
+}
+
+/// What a search for a path finds, a link for itself.
+std::optional<WIN32_FIND_DATAW> FoundAt(const std::wstring& path) {
+  WIN32_FIND_DATAW found;
+  const SearchHandle search(
+      ::FindFirstFileExW(path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0));
+  return search ? std::optional(found) : std::nullopt;
 }
 
 /// A name that is a link to a folder, which the system removes like a folder.
 bool IsFolderLink(const std::wstring& path) {
-  WIN32_FIND_DATAW found;
-  const SearchHandle search(::FindFirstFileW(path.c_str(), &found));
-  return search && (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         IsReparseTagNameSurrogate(found.dwReserved0);
+  const auto found = FoundAt(path);
+  return found && IsLink(*found);
 }
 
 /// Whether a folder's listing spells a name in this way.
 bool IsSpelled(const std::wstring& folder, const std::wstring& name) {
-  WIN32_FIND_DATAW found;
-  const SearchHandle search(::FindFirstFileW((folder + name).c_str(), &found));
-  return search && name == found.cFileName;
+  const auto found = FoundAt(folder + name);
+  return found && name == found->cFileName;
 }
 
 /// What only the open file tells.
 void LookCloser(Entry& entry, const FileHandle& file) {
-  BY_HANDLE_FILE_INFORMATION info{};
-  if (!file || !::GetFileInformationByHandle(file.get(), &info)) return;
+  const BY_HANDLE_FILE_INFORMATION info = InfoOf(file);
   entry.number = NumberOf(info);
   entry.has_other_names = entry.kind == EntryKind::kFile && info.nNumberOfLinks > 1;
 }
@@ -107,11 +113,8 @@ Result<Entry> WindowsFileSystem::Stat(const std::string& path) {
   const auto known = KnownOf(long_path);
   if (!known) return known.error();
   if (HasWildcard(path)) return SystemError(ERROR_INVALID_NAME);
-  WIN32_FIND_DATAW found;
-  const SearchHandle search(
-      ::FindFirstFileExW(long_path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr, 0));
-  if (search) {
-    Entry entry = EntryOf(found, long_path.substr(0, long_path.rfind(L'\\') + 1));
+  if (const auto found = FoundAt(long_path)) {
+    Entry entry = EntryOf(*found, FolderOf(long_path));
     LookCloser(entry, OpenForAttributes(long_path));
     return entry;
   }
@@ -134,8 +137,7 @@ Result<std::string> WindowsFileSystem::RealPath(const std::string& path) {
 }
 
 std::optional<Identity> WindowsFileSystem::IdentityOf(const std::string& path) {
-  const FileHandle file = OpenForAttributes(LongPath(path));
-  return file ? windows::IdentityOf(file) : std::nullopt;
+  return windows::IdentityOf(InfoOf(OpenForAttributes(LongPath(path))));
 }
 
 bool WindowsFileSystem::BelongsToUser(const std::string& path) { return IsTrusted(LongPath(path)); }
@@ -216,11 +218,7 @@ Status WindowsFileSystem::RemoveFile(const std::string& path) {
 }
 
 Result<Attributes> WindowsFileSystem::GetAttributes(const std::string& path) {
-  const std::wstring long_path = LongPath(path);
-  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return LastError();
-  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return Attributes{attributes & kKnownAttributes};
-  const FileHandle file = OpenForAttributes(long_path);
+  const FileHandle file = OpenForAttributes(LongPath(path));
   if (!file) return LastError();
   const auto info = BasicInfo(file);
   if (!info) return info.error();
@@ -267,17 +265,13 @@ Status WindowsFileSystem::WriteFile(const std::string& path, const std::string& 
 }
 
 std::wstring WindowsFileSystem::LinkTarget(const std::string& path) {
-  const std::wstring long_path = LongPath(path);
-  const DWORD attributes = ::GetFileAttributesW(long_path.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
-    return long_path;
   const auto real = RealPath(path);
-  return real ? LongPath(*real) : long_path;
+  return LongPath(real ? *real : path);
 }
 
 Status WindowsFileSystem::ReplaceFile(const std::string& path, const std::string& content) {
   const std::wstring long_path = LinkTarget(path);
-  auto file = TemporaryFile::Create(long_path.substr(0, long_path.rfind(L'\\') + 1));
+  auto file = TemporaryFile::Create(FolderOf(long_path));
   if (!file) return file.error();
   if (const Status written = file->Write(content.data(), content.size()); !written) return written;
   if (const Status flushed = FlushFully(file->file()); !flushed) return flushed;
@@ -294,7 +288,7 @@ Result<std::unique_ptr<FileLock>> WindowsFileSystem::Lock(const std::string& pat
 Status WindowsFileSystem::Flush(const std::string& path, const IdleCallback& idle) {
   copy_threads_.saver.Allow(1);
   return WaitFor(
-      copy_threads_.saver, [long_path = LongPath(path)] { return FlushVolumeOf(long_path); }, idle);
+      copy_threads_.saver, [folder = LongFolder(path)] { return FlushVolumeOf(folder); }, idle);
 }
 
 std::string WindowsFileSystem::NameKey(const std::string& name) const { return NameKeyOf(name); }

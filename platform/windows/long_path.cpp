@@ -1,7 +1,10 @@
 #include "platform/windows/long_path.h"
 
+#include <algorithm>
 #include <vector>
 
+#include "base/ascii_case.h"
+#include "base/utf8.h"
 #include "base/wide_text.h"
 #include "platform/path.h"
 
@@ -13,7 +16,7 @@ constexpr std::wstring_view kLongServerPrefix = L"\\\\?\\UNC\\";
 
 bool IsSlash(char c) { return IsSeparator(c, PathStyle::kWindows); }
 
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool IsLetter(char c) { return base::LowerAscii(c) >= 'a' && base::LowerAscii(c) <= 'z'; }
 
 bool HasDrive(std::string_view path) {
   return path.size() >= 2 && IsLetter(path[0]) && path[1] == ':' && (path.size() == 2 || IsSlash(path[2]));
@@ -32,8 +35,7 @@ bool IsSystemForm(std::string_view path) {
 std::vector<std::string_view> NamesIn(std::string_view path, std::size_t fixed) {
   std::vector<std::string_view> names;
   for (std::size_t begin = 0; begin < path.size();) {
-    std::size_t end = begin;
-    while (end < path.size() && !IsSlash(path[end])) ++end;
+    const std::size_t end = std::min(path.find_first_of("\\/", begin), path.size());
     const std::string_view name = path.substr(begin, end - begin);
     if (name == "..") {
       if (names.size() > fixed) names.pop_back();
@@ -87,10 +89,7 @@ std::string DriveOfPath(std::string_view path) {
     const std::string plain = PlainPath(base::Widen(path));
     return IsSystemForm(plain) ? std::string() : DriveOfPath(plain);
   }
-  if (HasDrive(path)) {
-    const char letter = path[0] >= 'a' ? static_cast<char>(path[0] - 'a' + 'A') : path[0];
-    return {letter, ':'};
-  }
+  if (HasDrive(path)) return base::utf8::ToUpper(path.substr(0, 2));
   if (!HasServer(path)) return {};
   std::string result = "\\";
   const auto names = NamesIn(path, 2);

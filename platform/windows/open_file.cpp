@@ -15,24 +15,36 @@ FileHandle OpenLinkForAttributes(const std::wstring& long_path, DWORD access) {
                                   FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
+Result<std::size_t> ReadSome(const FileHandle& file, char* room, std::size_t size) {
+  DWORD got = 0;
+  if (!::ReadFile(file.get(), room, static_cast<DWORD>(size), &got, nullptr)) return LastError();
+  return std::size_t{got};
+}
+
+Status WriteAll(const FileHandle& file, const char* data, std::size_t size) {
+  DWORD written = 0;
+  if (!::WriteFile(file.get(), data, static_cast<DWORD>(size), &written, nullptr)) return LastError();
+  if (written != size) return SystemError(ERROR_DISK_FULL);
+  return Done{};
+}
+
 std::wstring FinalPath(const FileHandle& file, DWORD flags) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        ::GetFinalPathNameByHandleW(file.get(), path.data(), static_cast<DWORD>(path.size()), flags);
-    const bool fits = length < path.size();
-    path.resize(length);
-    if (fits) return path;
-  }
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(::GetFinalPathNameByHandleW(file.get(), path.data(), kLongestPath, flags));
+  return path;
+}
+
+BY_HANDLE_FILE_INFORMATION InfoOf(const FileHandle& file) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  return ::GetFileInformationByHandle(file.get(), &info) ? info : BY_HANDLE_FILE_INFORMATION{};
 }
 
 std::uint64_t NumberOf(const BY_HANDLE_FILE_INFORMATION& info) {
   return (std::uint64_t{info.nFileIndexHigh} << 32) | info.nFileIndexLow;
 }
 
-std::optional<Identity> IdentityOf(const FileHandle& file) {
-  BY_HANDLE_FILE_INFORMATION info{};
-  if (!::GetFileInformationByHandle(file.get(), &info) || NumberOf(info) == 0) return std::nullopt;
+std::optional<Identity> IdentityOf(const BY_HANDLE_FILE_INFORMATION& info) {
+  if (NumberOf(info) == 0) return std::nullopt;
   return Identity{info.dwVolumeSerialNumber, NumberOf(info)};
 }
 

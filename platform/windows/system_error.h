@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "platform/result.h"
@@ -11,6 +13,10 @@ namespace platform::windows {
 inline constexpr DWORD kDirectoryNotSupported = 336;
 inline constexpr DWORD kFileSystemLimitation = 665;
 inline constexpr DWORD kDiskQuotaExceeded = 1295;
+
+inline bool IsOneOf(DWORD code, std::initializer_list<DWORD> codes) {
+  return std::ranges::find(codes, code) != codes.end();
+}
 
 /// The system's text for one of its error numbers: UTF-8 in the user's language, without a line end; empty
 /// for a number that the system does not know.

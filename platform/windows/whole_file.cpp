@@ -14,11 +14,11 @@ Result<std::string> ReadContent(const std::wstring& long_path, std::int64_t limi
   for (;;) {
     const std::size_t before = content.size();
     content.resize(before + kStep);
-    DWORD got = 0;
-    if (!::ReadFile(file.get(), content.data() + before, kStep, &got, nullptr)) return LastError();
-    content.resize(before + got);
+    const auto got = ReadSome(file, content.data() + before, kStep);
+    if (!got) return got.error();
+    content.resize(before + *got);
     if (static_cast<std::int64_t>(content.size()) > limit) return SystemError(ERROR_FILE_TOO_LARGE);
-    if (got == 0) return content;
+    if (*got == 0) return content;
   }
 }
 
@@ -29,22 +29,13 @@ FileHandle OpenForWriting(const std::wstring& long_path, DWORD which, DWORD flag
                                   FILE_ATTRIBUTE_NORMAL | flags, nullptr));
 }
 
-Status WriteAll(const FileHandle& file, const std::string& content) {
-  DWORD written = 0;
-  if (!::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr)) {
-    return LastError();
-  }
-  if (written != content.size()) return SystemError(ERROR_DISK_FULL);
-  return Done{};
-}
-
 }  // namespace
 
 Status WriteNewContent(const std::wstring& long_path, const std::string& content) {
   // Without the flag a link that leads nowhere would be followed to where a file can be made.
   FileHandle file = OpenForWriting(long_path, CREATE_NEW, FILE_FLAG_OPEN_REPARSE_POINT);
   if (!file) return LastError();
-  Status written = WriteAll(file, content);
+  Status written = WriteAll(file, content.data(), content.size());
   file.Reset();
   if (!written) ::DeleteFileW(long_path.c_str());
   return written;
@@ -55,7 +46,7 @@ Status WriteContent(const std::wstring& long_path, const std::string& content) {
   const FileHandle file = OpenForWriting(long_path, OPEN_ALWAYS, 0);
   if (!file) return FileError(long_path, ::GetLastError());
   if (!::SetEndOfFile(file.get())) return LastError();
-  return WriteAll(file, content);
+  return WriteAll(file, content.data(), content.size());
 }
 
 }  // namespace platform::windows

@@ -21,6 +21,12 @@ inline FileTime FromTicks(std::int64_t ticks) {
           static_cast<std::int32_t>(ticks % kTicksPerSecond) * 100};
 }
 
+inline FILETIME SystemTime() {
+  FILETIME now;
+  ::GetSystemTimeAsFileTime(&now);
+  return now;
+}
+
 inline FILETIME ToSystem(FileTime time) {
   const std::int64_t ticks =
       (time.seconds + kSecondsFrom1601To1970) * kTicksPerSecond + time.nanoseconds / 100;

@@ -1,8 +1,5 @@
 #include "platform/windows/attributes/owner.h"
 
-#include <cstddef>
-#include <vector>
-
 #include "platform/windows/handle.h"
 #include "platform/windows/open_file.h"
 
@@ -16,11 +13,10 @@ bool IsUser(PSID owner) {
   HANDLE opened = nullptr;
   if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_QUERY, &opened)) return false;
   const base::Handle<base::ClosedBy<HANDLE, &::CloseHandle>> token(opened);
+  alignas(TOKEN_USER) char user[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
   DWORD size = 0;
-  ::GetTokenInformation(token.get(), TokenUser, nullptr, 0, &size);
-  std::vector<std::max_align_t> buffer(size / sizeof(std::max_align_t) + 1);
-  return ::GetTokenInformation(token.get(), TokenUser, buffer.data(), size, &size) &&
-         ::EqualSid(reinterpret_cast<TOKEN_USER*>(buffer.data())->User.Sid, owner);
+  return ::GetTokenInformation(token.get(), TokenUser, user, sizeof user, &size) &&
+         ::EqualSid(reinterpret_cast<TOKEN_USER*>(user)->User.Sid, owner);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/windows/copy/draft.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -27,12 +28,10 @@ constexpr std::int64_t kBigFile = 16 << 20;
 constexpr std::int64_t kEarliestOnFat = 315'576'000;  // 1980-01-01 12:00
 constexpr std::int64_t kLatestOnFat = 4'354'765'200;  // 2107-12-31 09:00
 
-/// The nearest time that a volume can hold that refuses this one; nothing when it is not the time's fault.
-std::optional<std::int64_t> NearestOnFat(std::int64_t time) {
+/// The nearest time that every volume can hold.
+std::int64_t NearestOnFat(std::int64_t time) {
   const std::int64_t seconds = FromTicks(time).seconds;
-  if (seconds >= kEarliestOnFat && seconds <= kLatestOnFat) return std::nullopt;
-  const std::int64_t nearest = seconds < kEarliestOnFat ? kEarliestOnFat : kLatestOnFat;
-  return time + (nearest - seconds) * kTicksPerSecond;
+  return time + (std::clamp(seconds, kEarliestOnFat, kLatestOnFat) - seconds) * kTicksPerSecond;
 }
 
 /// Where the system refuses the time, the nearest that a copy can have there takes its place.
@@ -41,9 +40,8 @@ bool SetBasicInfo(const FileHandle& copy, FILE_BASIC_INFO wanted) {
     return ::SetFileInformationByHandle(copy.get(), FileBasicInfo, &wanted, sizeof wanted) != 0;
   };
   if (set()) return true;
-  const auto nearest = NearestOnFat(wanted.LastWriteTime.QuadPart);
-  if (::GetLastError() != ERROR_INVALID_PARAMETER || !nearest) return false;
-  wanted.LastWriteTime.QuadPart = *nearest;
+  if (::GetLastError() != ERROR_INVALID_PARAMETER) return false;
+  wanted.LastWriteTime.QuadPart = NearestOnFat(wanted.LastWriteTime.QuadPart);
   return set();
 }
 
@@ -114,12 +112,12 @@ Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const Co
     bytes = *length;
     if (Status there = source.GoTo(bytes); !there) return there;
   }
-  std::optional<FingerprintTaker> fingerprint;
-  if (order_.read_back && !by_system) fingerprint.emplace();
-  const Status moved = MoveData(source, *file_, progress, bytes, fingerprint ? &*fingerprint : nullptr);
+  FingerprintTaker fingerprint;
+  const Status moved = MoveData(source, *file_, progress, bytes, order_.read_back ? &fingerprint : nullptr);
   if (!moved) return Explain(moved.error(), target(), size);
-  if (fingerprint) written_ = fingerprint->Taken();
-  if (order_.read_back && by_system) return TakeFingerprint(source, watcher, bytes);
+  if (!order_.read_back) return Done{};
+  if (by_system) return TakeFingerprint(source, watcher, bytes);
+  written_ = fingerprint.Taken();
   return Done{};
 }
 

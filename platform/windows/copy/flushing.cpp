@@ -25,16 +25,7 @@ FlushEx FindFlushEx() {
 }
 
 bool KnowsNoFlushing(DWORD code) {
-  return code == ERROR_INVALID_FUNCTION || code == ERROR_NOT_SUPPORTED || code == ERROR_CALL_NOT_IMPLEMENTED;
-}
-
-/// The folder at a path, or the one above what else is there; with a separator at its end.
-std::wstring FolderAt(const std::wstring& path) {
-  const DWORD attributes = ::GetFileAttributesW(path.c_str());
-  const bool is_folder =
-      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  if (is_folder && !path.ends_with(L'\\')) return path + L'\\';
-  return path.substr(0, path.rfind(L'\\') + 1);
+  return IsOneOf(code, {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED, ERROR_CALL_NOT_IMPLEMENTED});
 }
 
 /// A file that is made now comes to the disk after all that a journal has about others. On a full disk there
@@ -76,8 +67,7 @@ Status WriteOut(const FileHandle& file) {
   return FlushFully(file);
 }
 
-Status FlushVolumeOf(const std::wstring& path) {
-  const std::wstring folder = FolderAt(path);
+Status FlushVolumeOf(const std::wstring& folder) {
   return FlushVolume(VolumeOf(folder).device) ? Status(Done{}) : FlushNewFile(folder);
 }
 

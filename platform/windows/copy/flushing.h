@@ -24,7 +24,8 @@ Status FlushFully(const FileHandle& file);
 /// flushed fully. Where the system cannot part the two, the file is flushed fully.
 Status WriteOut(const FileHandle& file);
 
-/// See FileSystem::Flush(): as far as the user's rights go. The path is in the long form.
-Status FlushVolumeOf(const std::wstring& path);
+/// See FileSystem::Flush(): as far as the user's rights go. The path is in the long form, with a separator at
+/// its end.
+Status FlushVolumeOf(const std::wstring& folder);
 
 }  // namespace platform::windows

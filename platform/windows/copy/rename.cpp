@@ -27,8 +27,8 @@ enum class Way { kPosix, kPlain, kByPath };
 std::atomic<Way> g_way = Way::kPosix;
 
 bool CannotDoThis(DWORD code) {
-  return code == ERROR_INVALID_PARAMETER || code == ERROR_CALL_NOT_IMPLEMENTED ||
-         code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION;
+  return IsOneOf(code, {ERROR_INVALID_PARAMETER, ERROR_CALL_NOT_IMPLEMENTED, ERROR_NOT_SUPPORTED,
+                        ERROR_INVALID_FUNCTION});
 }
 
 /// 0 or the system's number of the failure.
@@ -57,9 +57,9 @@ DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstrin
   return ::MoveFileExW(from.c_str(), to.c_str(), flags) ? 0 : ::GetLastError();
 }
 
-bool IsTaken(DWORD code) { return code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS; }
+bool IsTaken(DWORD code) { return IsOneOf(code, {ERROR_ALREADY_EXISTS, ERROR_FILE_EXISTS}); }
 
-bool IsDecided(DWORD code) { return code == 0 || IsTaken(code); }
+bool IsDecided(DWORD code) { return code == ERROR_SUCCESS || IsTaken(code); }
 
 /// By the best way that works. 0 or the system's number of the failure.
 DWORD RenameByBestMethod(FileHandle& file, const std::wstring& from, const std::wstring& to,

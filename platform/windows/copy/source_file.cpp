@@ -17,11 +17,7 @@ constexpr DWORD kTickInMilliseconds = 16;
 constexpr std::int64_t kCoarseStep = 2 * kTicksPerSecond;
 
 /// How long ago that was. Negative for a time to come.
-std::int64_t AgeOf(std::int64_t time) {
-  FILETIME now;
-  ::GetSystemTimeAsFileTime(&now);
-  return TicksOf(now) - time;
-}
+std::int64_t AgeOf(std::int64_t time) { return TicksOf(SystemTime()) - time; }
 
 /// What has a time in the future, beyond what two clocks may differ, was given it on purpose.
 bool IsYoungerThan(std::int64_t time, std::int64_t age) {
@@ -30,8 +26,7 @@ bool IsYoungerThan(std::int64_t time, std::int64_t age) {
 }
 
 /// Why a read failed. What is wrong with the file's blocks, and nothing else, leaves its bytes missing.
-Error ReadError() {
-  Error error = LastError();
+Error Unread(Error error) {
   if (error.kind == ErrorKind::kOther) error.kind = ErrorKind::kShort;
   return error;
 }
@@ -78,9 +73,8 @@ bool SourceFile::IsMoreThanBytes() const {
 }
 
 Result<std::size_t> SourceFile::Read(char* buffer, std::size_t size) {
-  DWORD got = 0;
-  if (!::ReadFile(file_.get(), buffer, static_cast<DWORD>(size), &got, nullptr)) return ReadError();
-  return std::size_t{got};
+  auto got = ReadSome(file_, buffer, size);
+  return got ? got : Unread(got.error());
 }
 
 Status SourceFile::GoTo(std::int64_t position) {

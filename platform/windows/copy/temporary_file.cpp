@@ -7,7 +7,9 @@
 #include "base/wide_text.h"
 #include "platform/file_system.h"
 #include "platform/windows/copy/rename.h"
+#include "platform/windows/open_file.h"
 #include "platform/windows/system_error.h"
+#include "platform/windows/windows_time.h"
 
 namespace platform::windows {
 namespace {
@@ -55,18 +57,7 @@ Status TemporaryFile::Open() {
   return Done{};
 }
 
-Status TemporaryFile::Write(const char* data, std::size_t size) {
-  while (size > 0) {
-    constexpr std::size_t kMostAtOnce = 1 << 30;
-    DWORD written = 0;
-    const DWORD wanted = static_cast<DWORD>(size < kMostAtOnce ? size : kMostAtOnce);
-    if (!::WriteFile(file_.get(), data, wanted, &written, nullptr)) return LastError();
-    if (written == 0) return SystemError(ERROR_DISK_FULL);
-    data += written;
-    size -= written;
-  }
-  return Done{};
-}
+Status TemporaryFile::Write(const char* data, std::size_t size) { return WriteAll(file_, data, size); }
 
 Result<std::int64_t> TemporaryFile::GoToEnd() {
   LARGE_INTEGER end{};
@@ -87,8 +78,7 @@ Status TemporaryFile::Reopen(const std::wstring& final_path) {
 }
 
 void TemporaryFile::DateBirth() const {
-  FILETIME now;
-  ::GetSystemTimeAsFileTime(&now);
+  const FILETIME now = SystemTime();
   if (file_) ::SetFileTime(file_.get(), &now, nullptr, nullptr);
 }
 

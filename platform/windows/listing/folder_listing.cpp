@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <string_view>
 #include <utility>
 
 #include "platform/windows/attributes/owner.h"
@@ -60,8 +59,7 @@ void Take(const ListingBlock& block, const std::wstring& folder, std::vector<Ent
   for (const char* at = block.bytes;;) {
     const auto& info = *reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(at);
     const WIN32_FIND_DATAW found = FoundOf(info);
-    const std::wstring_view name(found.cFileName);
-    if (name != L"." && name != L"..") {
+    if (!IsSelfOrParent(found.cFileName)) {
       Entry entry = EntryOf(found, folder);
       if (!entry.is_link) entry.number = static_cast<std::uint64_t>(info.FileId.QuadPart);
       entries.push_back(std::move(entry));
@@ -71,7 +69,7 @@ void Take(const ListingBlock& block, const std::wstring& folder, std::vector<Ent
   }
 }
 
-bool IsEnd(DWORD code) { return code == ERROR_NO_MORE_FILES || code == ERROR_FILE_NOT_FOUND; }
+bool IsEnd(DWORD code) { return IsOneOf(code, {ERROR_NO_MORE_FILES, ERROR_FILE_NOT_FOUND}); }
 
 /// Whether the volume knows such a listing; else nothing is done.
 bool List(const FileHandle& handle, const std::wstring& folder, std::vector<Entry>& entries, DWORD& code) {
@@ -115,11 +113,10 @@ Result<FolderListing> ListFolder(const std::wstring& folder, FollowLinks links) 
   // A folder above may let nobody open what is in it, and yet be searched.
   if (!handle && handle.error().kind == ErrorKind::kForeignLink) return handle.error();
   if (!handle) return SearchedListing(folder, std::move(listing));
-  BY_HANDLE_FILE_INFORMATION info{};
-  const bool is_known = ::GetFileInformationByHandle(handle->get(), &info);
-  if (is_known && (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+  const BY_HANDLE_FILE_INFORMATION info = InfoOf(*handle);
+  if (info.dwFileAttributes != 0 && (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
     return SystemError(ERROR_DIRECTORY);
-  if (is_known && NumberOf(info) != 0) listing.identity = Identity{info.dwVolumeSerialNumber, NumberOf(info)};
+  listing.identity = IdentityOf(info);
   DWORD code = 0;
   if (!List(*handle, folder, listing.entries, code)) return SearchedListing(folder, std::move(listing));
   if (!IsEnd(code)) return SystemError(code);

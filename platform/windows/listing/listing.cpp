@@ -12,18 +12,11 @@
 namespace platform::windows {
 namespace {
 
-bool IsLink(const WIN32_FIND_DATAW& found) {
-  // For a reparse point the search puts its tag there. "Name surrogates" are the tags that stand for another
-  // file or folder: symbolic links, junctions and mount points, links made by Linux programs.
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         IsReparseTagNameSurrogate(found.dwReserved0);
-}
-
-/// Sockets, pipes and devices that Linux programs made (ntifs.h: IO_REPARSE_TAG_AF_UNIX, LX_FIFO, LX_CHR,
-/// LX_BLK).
+/// Sockets, pipes and devices that Linux programs made.
 bool IsDevice(const WIN32_FIND_DATAW& found) {
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && found.dwReserved0 >= 0x80000023 &&
-         found.dwReserved0 <= 0x80000026;
+  // ntifs.h: IO_REPARSE_TAG_AF_UNIX, LX_FIFO, LX_CHR, LX_BLK.
+  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         IsOneOf(found.dwReserved0, {0x80000023, 0x80000024, 0x80000025, 0x80000026});
 }
 
 std::int64_t Size(DWORD high, DWORD low) { return (std::int64_t{high} << 32) | low; }
@@ -35,33 +28,27 @@ void SetModified(Entry& entry, FILETIME written) {
 /// Whether a link that could not be opened leads nowhere, rather than to something the user may not see.
 bool IsDead(DWORD code) {
   const ErrorKind kind = SystemError(code).kind;
-  return kind == ErrorKind::kNotFound || kind == ErrorKind::kBadName || code == ERROR_CANT_RESOLVE_FILENAME ||
-         code == ERROR_CANT_ACCESS_FILE || code == ERROR_INVALID_REPARSE_DATA;
+  return kind == ErrorKind::kNotFound || kind == ErrorKind::kBadName ||
+         IsOneOf(code, {ERROR_CANT_RESOLVE_FILENAME, ERROR_CANT_ACCESS_FILE, ERROR_INVALID_REPARSE_DATA});
 }
 
 void FollowLink(Entry& entry, const WIN32_FIND_DATAW& found, const std::wstring& path) {
-  const bool looks_like_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  entry.kind = looks_like_folder ? EntryKind::kFolderLink : EntryKind::kFile;
+  const auto kind_of = [](DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::kFolderLink : EntryKind::kFile;
+  };
+  entry.kind = kind_of(found.dwFileAttributes);
   const FileHandle file = OpenForAttributes(path);
   if (!file) {
     if (IsDead(::GetLastError())) entry.kind = EntryKind::kDeadLink;
     return;
   }
-  BY_HANDLE_FILE_INFORMATION info{};
-  if (!::GetFileInformationByHandle(file.get(), &info)) return;
+  const BY_HANDLE_FILE_INFORMATION info = InfoOf(file);
+  if (info.dwFileAttributes == 0) return;
   entry.attributes = info.dwFileAttributes & kKnownAttributes;
-  if ((info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    entry.kind = EntryKind::kFolderLink;
-    return;
-  }
-  entry.kind = EntryKind::kFile;
+  entry.kind = kind_of(info.dwFileAttributes);
+  if (entry.kind == EntryKind::kFolderLink) return;
   entry.size = Size(info.nFileSizeHigh, info.nFileSizeLow);
   SetModified(entry, info.ftLastWriteTime);
-}
-
-bool IsSelfOrParent(const wchar_t* name) {
-  const std::wstring_view text(name);
-  return text == L"." || text == L"..";
 }
 
 /// Why a search could not begin. The search itself says "not found" for an empty drive and for a file.
@@ -77,6 +64,15 @@ bool IsEmptyRoot(const std::wstring& folder, DWORD code) {
 }
 
 }  // namespace
+
+bool IsLink(const WIN32_FIND_DATAW& found) {
+  // For a reparse point the search puts its tag there. "Name surrogates" are the tags that stand for another
+  // file or folder: symbolic links, junctions and mount points, links made by Linux programs.
+  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         IsReparseTagNameSurrogate(found.dwReserved0);
+}
+
+bool IsSelfOrParent(std::wstring_view name) { return name == L"." || name == L".."; }
 
 Entry EntryOf(const WIN32_FIND_DATAW& found, const std::wstring& folder) {
   Entry entry;

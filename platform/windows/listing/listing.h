@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -11,6 +12,12 @@ namespace platform::windows {
 
 /// The three attribute bits of the program among all those of the system.
 inline constexpr Attributes kKnownAttributes = kReadOnly | kHidden | kSystem;
+
+/// Whether it is a link of any kind. Other reparse points are files and folders to everybody.
+bool IsLink(const WIN32_FIND_DATAW& found);
+
+/// "." and "..".
+bool IsSelfOrParent(std::wstring_view name);
 
 /// The entry that a search found. Links, and only they, are looked at once more through `folder`, the long
 /// form of the folder with a separator at its end. Cloud placeholders and files that the system keeps

@@ -16,10 +16,7 @@ class WindowsReadableFile : public ReadableFile {
   explicit WindowsReadableFile(FileHandle file) : file_(std::move(file)) {}
 
   Result<std::size_t> Read(std::span<char> room) override {
-    DWORD got = 0;
-    if (!::ReadFile(file_.get(), room.data(), static_cast<DWORD>(room.size()), &got, nullptr))
-      return LastError();
-    return std::size_t{got};
+    return ReadSome(file_, room.data(), room.size());
   }
 
   bool IsAsListed(const Entry& entry) const override {
@@ -65,9 +62,9 @@ Result<std::unique_ptr<ReadableFile>> OpenToRead(const Folder& folder, const Ent
 
 Result<std::unique_ptr<ReadableFile>> OpenToReadBack(const std::wstring& path) {
   FileHandle handle = OpenPlain(path, FILE_FLAG_NO_BUFFERING);
-  const DWORD code = ::GetLastError();
-  const bool knows_no_such_reads = code == ERROR_INVALID_PARAMETER || code == ERROR_NOT_SUPPORTED;
-  if (!handle && knows_no_such_reads) handle = OpenPlain(path, 0);
+  const bool knows_no_such_reads =
+      !handle && IsOneOf(::GetLastError(), {ERROR_INVALID_PARAMETER, ERROR_NOT_SUPPORTED});
+  if (knows_no_such_reads) handle = OpenPlain(path, 0);
   if (!handle) return FileError(path, ::GetLastError());
   return std::unique_ptr<ReadableFile>(std::make_unique<FileReadBack>(std::move(handle)));
 }

@@ -24,6 +24,14 @@ class ExecutionState : public AwakeGuard {
   EXECUTION_STATE before_;
 };
 
+/// What a call says into room of this length, in letters with the zero.
+template <typename Call>
+std::string NameFrom(Call call) {
+  wchar_t text[257] = {};
+  DWORD length = ARRAYSIZE(text);
+  return call(text, &length) ? base::Narrow(text) : std::string();
+}
+
 }  // namespace
 
 std::string WindowsShell::ApplicationDataFolder() {
@@ -35,28 +43,16 @@ std::string WindowsShell::ApplicationDataFolder() {
   return named ? base::Narrow(path) : std::string();
 }
 
-std::string WindowsShell::UserName() {
-  constexpr DWORD kLongest = 257;  // with its zero
-  wchar_t name[kLongest] = {};
-  DWORD length = kLongest;
-  return ::GetUserNameW(name, &length) ? base::Narrow(name) : std::string();
-}
+std::string WindowsShell::UserName() { return NameFrom(::GetUserNameW); }
 
-std::string WindowsShell::ComputerName() {
-  wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-  DWORD length = ARRAYSIZE(name);
-  return ::GetComputerNameW(name, &length) ? base::Narrow(name) : std::string();
-}
+std::string WindowsShell::ComputerName() { return NameFrom(::GetComputerNameW); }
 
 std::uint64_t WindowsShell::ProcessNumber() { return ::GetCurrentProcessId(); }
 
 std::string WindowsShell::ProgramFolder() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) return ParentOf(base::Narrow({path.data(), length}), PathStyle::kWindows);
-    path.resize(path.size() * 2);
-  }
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), kLongestPath));
+  return ParentOf(base::Narrow(path), PathStyle::kWindows);
 }
 
 Status WindowsShell::ScheduleShutDown(const std::string& comment) {

@@ -41,10 +41,7 @@ Volume VolumeOf(const std::wstring& folder) {
   return volume;
 }
 
-DWORD VolumeNumberOf(const FileHandle& file) {
-  BY_HANDLE_FILE_INFORMATION info{};
-  return ::GetFileInformationByHandle(file.get(), &info) ? info.dwVolumeSerialNumber : 0;
-}
+DWORD VolumeNumberOf(const FileHandle& file) { return InfoOf(file).dwVolumeSerialNumber; }
 
 std::vector<std::string> DisksOfVolume(const std::wstring& folder) {
   constexpr std::size_t kMostExtents = 64;  // a volume in more parts is told by no part

@@ -102,7 +102,7 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   // Wine tells no real path of more than 260 letters, by this number.
   EXPECT_TRUE(real ? *real == *files().RealPath(At("from")) + rest : real.error().code == 234);
   EXPECT_TRUE(files().GetDiskSpace(At(file)));
-  EXPECT_TRUE(files().Flush(At(file), {}));
+  EXPECT_TRUE(files().Flush(At(deep), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
   EXPECT_EQ(files().DisksOf(At(file)), files().DisksOf(At("to")));
   const auto folder = Open(deep);
@@ -161,7 +161,8 @@ TEST_P(FileSystemContract, OnlyTrustedLinksToFoldersAreFollowedWhereThatIsAsked)
     EXPECT_EQ(files().BelongsToUser(At("link")), !another);
     const auto opened = files().OpenFolder(At("link"), FollowLinks::kTrusted);
     ASSERT_EQ(opened.ok(), !another);
-    EXPECT_TRUE(opened ? (*opened)->is_link() : opened.error().kind == ErrorKind::kForeignLink);
+    EXPECT_TRUE(opened ? (*opened)->is_link() && (*opened)->entries().size() == 1
+                       : opened.error().kind == ErrorKind::kForeignLink);
     EXPECT_TRUE(files().OpenFolder(At("link")));
   }
   EXPECT_FALSE(Must(files().OpenFolder(At("from"), FollowLinks::kTrusted))->is_link());
@@ -178,6 +179,8 @@ TEST_P(FileSystemContract, WhatBearsTwoNamesHasOneIdentity) {
   EXPECT_EQ(files().IdentityOf(At("from/file")), files().IdentityOf(At("to/file")));
   EXPECT_EQ(Named(*Open("from"), "file").number, Named(*Open("to"), "file").number);
   EXPECT_EQ(Named(*Open("from"), "file").number, EntryAt("to/file").number);
+  EXPECT_TRUE(EntryAt("to/file").has_other_names);
+  EXPECT_FALSE(EntryAt("from/other").has_other_names || EntryAt("from").has_other_names);
 }
 
 }  // namespace platform::contract
