@@ -19,8 +19,14 @@ TEST_P(FileSystemContract, CopyHasTheDataTheTimeAndOfTheAttributesSystem) {
     const std::string content = Noise(sizes[attributes]);
     AddFile("from/" + name, content);
     ASSERT_TRUE(files().SetAttributes(At("from/" + name), attributes));
-    const auto outcome = Copy(name);
+    std::vector<std::int64_t> told;
+    const auto outcome = Copy(name, [&](std::int64_t bytes) {
+      told.push_back(bytes);
+      return true;
+    });
     ASSERT_TRUE(outcome) << name << outcome.error().text;
+    EXPECT_EQ(told.back(), static_cast<std::int64_t>(content.size()));
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end(), std::less_equal<>())) << "no number twice";
     EXPECT_EQ(outcome->bytes, static_cast<std::int64_t>(content.size()));
     EXPECT_EQ(outcome->source_attributes, attributes);
     EXPECT_FALSE(outcome->changed);
