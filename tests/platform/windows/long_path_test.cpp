@@ -15,6 +15,15 @@ TEST(LongPath, IsTheSystemsOwnFormOfAnAbsolutePath) {
       {"\\\\server\\share\\a", L"\\\\?\\UNC\\server\\share\\a"},
       {"//server/share/../../a", L"\\\\?\\UNC\\server\\share\\a"},
       {"\\\\.\\C:", L"\\\\.\\C:"},
+      {"\\\\?\\", L"\\\\?\\"},
+      {"\\\\?a\\b", L"\\\\?\\UNC\\?a\\b"},
+      {"A:", L"\\\\?\\A:\\"},
+      {"z:\\a", L"\\\\?\\z:\\a"},
+      {"[:\\a", L"[:\\a"},
+      {"{:\\a", L"{:\\a"},
+      {"C:a", L"C:a"},
+      {"\\\\\\a", L"\\\\\\a"},
+      {"/a", L"/a"},
       {"relative\\a", L"relative\\a"},
       {"", L""},
   };
@@ -33,6 +42,8 @@ TEST(LongPath, ComesBackAsPeopleWriteItAndNamesTheDrive) {
   EXPECT_EQ(DriveOfPath("E:"), "E:");
   EXPECT_EQ(DriveOfPath("\\\\?\\e:\\a"), "E:");
   EXPECT_EQ(DriveOfPath("\\\\?\\UNC\\server\\share\\a"), "\\\\server\\share");
+  EXPECT_EQ(DriveOfPath("\\\\.\\C:"), "");
+  EXPECT_EQ(DriveOfPath("//server"), "\\\\server");
   EXPECT_EQ(DriveOfPath("relative"), "");
 }
 

@@ -1,12 +1,9 @@
-#include "platform/windows/windows_api.h"
-
-// After windows_api.h: it needs its types.
-#include <shellapi.h>
-
 #include <filesystem>
+#include <tuple>
 
 #include "base/wide_text.h"
 #include "platform/windows/clock.h"
+#include "platform/windows/copy/copy_volume.h"
 #include "platform/windows/file_system.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/locale.h"
@@ -17,39 +14,15 @@
 #include "platform/windows/windows_time.h"
 #include "tests/contract/platform/file_system_contract.h"
 #include "tests/contract/platform/system_contract.h"
+#include "tests/contract/platform/windows/system_calls.h"
 #include "tests/platform/windows/temporary_folder.h"
-
-namespace {
-
-bool disk_fails = false;
-
-BOOL WINAPI FlushUnlessTheDiskFails(HANDLE file) {
-  static const auto flush = reinterpret_cast<decltype(&::FlushFileBuffers)>(
-      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"kernel32"), "FlushFileBuffers")));
-  if (!disk_fails) return flush(file);
-  ::SetLastError(ERROR_IO_DEVICE);
-  return FALSE;
-}
-
-/// Nobody's computer is to be shut down.
-HINSTANCE WINAPI RunNothing(HWND, LPCWSTR, LPCWSTR, LPCWSTR, LPCWSTR, INT) {
-  return reinterpret_cast<HINSTANCE>(INT_PTR{33});
-}
-
-}  // namespace
-
-// What every call of these goes by: the linker takes it instead of the system's.
-extern "C" {
-extern decltype(&::FlushFileBuffers) __imp_FlushFileBuffers;  // NOLINT(bugprone-reserved-identifier)
-extern decltype(&::ShellExecuteW) __imp_ShellExecuteW;        // NOLINT(bugprone-reserved-identifier)
-decltype(&::FlushFileBuffers) __imp_FlushFileBuffers = &FlushUnlessTheDiskFails;
-decltype(&::ShellExecuteW) __imp_ShellExecuteW = &RunNothing;
-}
 
 namespace platform::contract {
 namespace {
 
-/// What it does not offer needs an administrator's tools, or is no obstacle to the user that Wine runs as.
+using windows::test::Calls;
+
+/// What it does not offer is no obstacle to the user that Wine runs as.
 class WindowsScene : public Scene {
  public:
   FileSystem& files() override { return files_; }
@@ -59,20 +32,30 @@ class WindowsScene : public Scene {
     const FILETIME time = windows::ToSystem(modified);
     ::SetFileTime(file.get(), nullptr, nullptr, &time);
   }
-  /// Needs the developer mode of Windows; Wine says yes and does nothing.
   bool MakeLink(const std::string& path, const std::string& destination) override {
-    const std::wstring link = windows::LongPath(path);
     const std::wstring aim = windows::LongPath(destination);
-    const DWORD kind = std::filesystem::is_directory(aim) ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0;
-    ::CreateSymbolicLinkW(link.c_str(), aim.c_str(), kind | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE);
-    return ::GetFileAttributesW(link.c_str()) != INVALID_FILE_ATTRIBUTES;
+    windows::test::MakeReparse(windows::LongPath(path), {IO_REPARSE_TAG_SYMLINK, aim},
+                               std::filesystem::is_directory(aim));
+    return true;
+  }
+  bool GiveTo(const std::string& /*path*/, bool another) override {
+    Calls().owner.reset();
+    if (another) Calls().owner = WinWorldSid;
+    return true;
+  }
+  bool MakePipe(const std::string& path) override {
+    windows::test::MakeReparse(windows::LongPath(path), {0x80000024, {}}, false);
+    return true;
   }
   bool MakeHardLink(const std::string& path, const std::string& file) override {
     return ::CreateHardLinkW(windows::LongPath(path).c_str(), windows::LongPath(file).c_str(), nullptr);
   }
-  bool FailFlushes() override { return disk_fails = true; }
+  bool FailFlushes() override {
+    for (const char* call : {"volume", "write-out", "flush"}) Calls().fails[call] = ERROR_IO_DEVICE;
+    return true;
+  }
 
-  WindowsScene() { disk_fails = false; }
+  WindowsScene() { Calls() = {}; }
 
  private:
   TemporaryFolder folder_;
@@ -133,15 +116,244 @@ TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
   }
 }
 
+// Copier, 2, 3 and 4.
+TEST_F(WindowsFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolumeAndTheRights) {
+  struct Case {
+    const wchar_t* format;
+    bool is_remote, opens_volumes;
+    const char* fails;
+    std::size_t files;
+    const char* made;
+  };
+  constexpr const char* kServed = "flush flush flush rename-ex rename-ex rename-ex ";
+  const Case cases[] = {
+      {L"NTFS", false, true, "", 4096, "volume rename-ex rename-ex rename-ex "},
+      {L"ReFS", false, false, "", 4096, "write-out write-out write-out flush rename-ex rename-ex rename-ex "},
+      {L"NTFS", false, true, "volume", 4096,
+       "volume write-out write-out flush rename-ex rename-ex rename-ex "},
+      {L"FAT32", false, true, "", 128, "volume rename-ex rename-ex rename-ex volume "},
+      {L"exFAT", false, false, "", 128,
+       "write-out write-out write-out flush rename-ex rename-ex rename-ex write-out write-out flush "},
+      {L"ReFS", false, false, "write-out", 4096,
+       "write-out flush write-out flush write-out flush flush rename-ex rename-ex rename-ex "},
+      {L"NTFS", true, true, "", 1024, kServed},
+      {L"FAT", true, false, "", 1024, kServed}};
+  for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
+  for (const Case& volume : cases) {
+    AddFile("to/b", "old");
+    Calls() = {.format = volume.format, .is_remote = volume.is_remote, .opens_volumes = volume.opens_volumes};
+    const CopyLimits limits = windows::WindowsCopyVolume(At("from"), At("to")).limits();
+    EXPECT_TRUE(limits.files == volume.files && limits.folders == limits.files && limits.bytes > 1 << 20);
+    EXPECT_TRUE(volume.is_remote ? limits.workers == 8 : limits.workers >= 2 && limits.workers <= 4);
+    Calls().fails = {{volume.fails, ERROR_IO_DEVICE}};
+    for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
+      EXPECT_TRUE(outcome && !outcome->changed);
+    EXPECT_EQ(Calls().made.size(), std::string(volume.made).size()) << Calls().made;  // many write at a time
+    EXPECT_TRUE(volume.fails[0] == 'w' || Calls().made == volume.made) << Calls().made;
+    for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
+  }
+}
+
+// Copier, 2.
+TEST_F(WindowsFiles, WhatLiesOnAnotherVolumeIsFlushedForItselfBeforeAndAfterItsName) {
+  for (const char* folder : {"to/here", "to/there"}) AddFolder(folder);
+  AddFile("from/file", "x");
+  Calls() = {.format = L"NTFS", .opens_volumes = true, .elsewhere = L"\\there"};
+  const auto from = Open("from");
+  const auto copier = files().MakeCopier(At("from"), At("to"));
+  for (const char* folder : {"to/here", "to/there"})
+    copier->Start({from, &Named(*from, "file"), Open(folder), TargetName::kFree});
+  copier->Save();
+  while (!copier->Collect() || !copier->Collect()) copier->Wait(std::chrono::seconds{1});
+  EXPECT_EQ(Calls().made, "flush volume rename-ex rename-ex flush ");
+}
+
+TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
+  constexpr std::size_t kBig = 17 << 20;
+  const std::pair<const char*, std::size_t> faults[] = {
+      {"ReadFile", 9}, {"WriteFile", 9},   {"GetFileSizeEx", 9},       {"set", 9},
+      {"info 0", 9},   {"copy-end", kBig}, {"SetFilePointerEx", kBig}, {"flush", 9}};
+  for (const auto& [call, size] : faults) {
+    AddFile("from/file", Noise(size));
+    AddFile("to/file", "old");
+    ASSERT_TRUE(files().SetAttributes(At("from/file"), kReadOnly));
+    Calls().fails = {{call, ERROR_IO_DEVICE}};
+    const auto copied = Copy("file");
+    EXPECT_TRUE(!copied && copied.error().code == ERROR_IO_DEVICE) << call;
+    EXPECT_EQ(Names{"file"}, NamesIn("to")) << call;
+    Calls() = {};
+    EXPECT_EQ(ContentOf("to/file"), "old") << call;
+    ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  }
+}
+
+TEST_F(WindowsFiles, FatSaysThatTheDiskIsFullToAFileThatIsTooLargeForIt) {
+  for (const std::int64_t size : {kLargestOnFat, kLargestOnFat + 1}) {
+    AddFile("from/file", "");
+    std::filesystem::resize_file(base::Widen(At("from/file")), static_cast<std::uintmax_t>(size));
+    for (const wchar_t* format : {L"FAT32", L"NTFS"}) {
+      Calls() = {.fails = {{"copy", ERROR_DISK_FULL}}, .format = format};
+      const bool is_too_large = size > kLargestOnFat && Calls().format == L"FAT32";
+      EXPECT_EQ(Copy("file").error().kind, is_too_large ? ErrorKind::kTooLarge : ErrorKind::kDiskFull);
+    }
+  }
+}
+
+// Copier, 2 and 9.
+TEST_F(WindowsFiles, WhatTheSystemCopiedIsComparedWithItsSourceReadOnceMore) {
+  reads_back_ = true;
+  for (const std::size_t size : {std::size_t{0}, std::size_t{5}, (std::size_t{2} << 20) + 1}) {
+    AddFile("from/file", Noise(size));
+    Calls().fails = {{"info 7", ERROR_MORE_DATA}, {"unbuffered", ERROR_INVALID_PARAMETER}};  // it has streams
+    ASSERT_TRUE(Copy("file"));
+    EXPECT_TRUE(ContentOf("to/file") == Noise(size));
+  }
+}
+
+// Copier, 7.
+TEST_F(WindowsFiles, ASourceThatWasJustWrittenToIsReadAfterTheTickOfItsTimeOrCountsAsChanged) {
+  constexpr std::int64_t kNow = 134'000'000'000'000'000, kSecond = 10'000'000;
+  struct Case {
+    std::int64_t age;
+    const wchar_t* format;
+    const char* sleeps;
+    bool is_changed;
+  };
+  const Case cases[] = {
+      {1, L"NTFS", "sleep ", false},      {kSecond / 64 - 1, L"NTFS", "sleep ", false},
+      {kSecond / 64, L"NTFS", "", false}, {-kSecond + 1, L"NTFS", "sleep sleep sleep sleep ", false},
+      {-kSecond, L"FAT32", "", false},    {2 * kSecond - 1, L"FAT32", "", true},
+      {2 * kSecond, L"FAT32", "", false}};
+  for (const Case& source : cases) {
+    AddFile("from/file", "x", windows::FromTicks(kNow - source.age));
+    Calls() = {.format = source.format, .opens_volumes = true, .now = kNow};
+    EXPECT_EQ(Must(Copy("file")).changed, source.is_changed) << source.age;
+    EXPECT_TRUE(Calls().made.starts_with(source.sleeps + std::string("volume "))) << Calls().made;
+  }
+}
+
+TEST_F(WindowsFiles, FatTakesTheNearestTimeThatItCanHold) {
+  const std::pair<std::int64_t, std::int64_t> times[] = {{0, 315'576'000},
+                                                         {315'576'000, 315'576'000},
+                                                         {4'354'765'200, 4'354'765'200},
+                                                         {4'400'000'000, 4'354'765'200}};
+  for (const auto& [source, copy] : times) {
+    AddFile("from/file", "x", {source, 500});
+    Calls().format = L"FAT32";
+    ASSERT_TRUE(Copy("file"));
+    EXPECT_EQ(EntryAt("to/file").modified, (FileTime{copy, 500}));
+  }
+  Calls().fails = {{"set", ERROR_INVALID_PARAMETER}};
+  EXPECT_FALSE(Copy("file"));
+}
+
+TEST_F(WindowsFiles, AFileIsFromTrustedHandsOnlyWhereTheUserOrTheSystemOwnsIt) {
+  AddFile("from/file", "x");
+  EXPECT_TRUE(files().BelongsToUser(At("from/file")));
+  EXPECT_FALSE(files().BelongsToUser(At("from/none")));
+  for (const auto& [owner, is_trusted] :
+       {std::pair(WinBuiltinAdministratorsSid, true), {WinLocalSystemSid, true}, {WinWorldSid, false}}) {
+    Calls().owner = owner;
+    EXPECT_EQ(files().BelongsToUser(At("from/file")), is_trusted) << owner;
+  }
+}
+
+TEST_F(WindowsFiles, AVolumeTellsItsDisksAndItsLimit) {
+  EXPECT_EQ(files().DisksOf(At("to")), std::vector<std::string>());
+  EXPECT_EQ(files().LargestFile(At("to/new")), 0);
+  Calls() = {.format = L"FAT", .opens_volumes = true};
+  EXPECT_EQ(files().DisksOf(At("to")), (std::vector<std::string>{"3", "5"}));
+  EXPECT_EQ(files().LargestFile(At("to/new")), kLargestOnFat);
+  Calls() = {.fails = {{"DeviceIoControl", ERROR_IO_DEVICE}}, .opens_volumes = true};
+  EXPECT_EQ(files().DisksOf(At("to")), std::vector<std::string>());
+}
+
+TEST_F(WindowsFiles, AVolumeThatKnowsNoListingByHandleIsSearched) {
+  AddFile("from/file", "12345");
+  Calls().fails = {{"FindFirstFileExW", ERROR_ACCESS_DENIED}};
+  EXPECT_EQ(EntryAt("from/file").name, "file");
+  EXPECT_EQ(EntryAt("from/file").size, 5);
+  EXPECT_EQ(EntryAt("from/file").modified, kOldTime);
+  ASSERT_TRUE(files().RemoveFile(At("from/file")));
+  for (const char* name : {"from/a", "from/b"}) AddFile(name, name);
+  const std::string info = "info " + std::to_string(FileIdBothDirectoryRestartInfo);
+  Calls().fails = {{info, ERROR_INVALID_PARAMETER}};
+  EXPECT_EQ(NamesIn("from"), (Names{"a", "b"}));
+  EXPECT_EQ(NamesIn("to"), Names());
+  EXPECT_EQ(Named(*Open("from"), "a").modified, kOldTime);
+  Calls().fails["FindNextFileW"] = ERROR_IO_DEVICE;
+  EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE);
+  Calls().fails["FindFirstFileExW"] = ERROR_IO_DEVICE;
+  EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE);
+  Calls().fails["FindFirstFileExW"] = ERROR_FILE_NOT_FOUND;
+  EXPECT_TRUE(Open("from")->entries().empty()) << "as the root of an empty drive";
+  Calls().fails = {{"info " + std::to_string(FileIdBothDirectoryInfo), ERROR_IO_DEVICE}};
+  EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE) << "no part of a listing";
+}
+
+TEST(WindowsClock, LocalTimeFollowsTheRulesOfItsYear) {
+  Calls() = {};
+  windows::WindowsClock clock;
+  EXPECT_EQ(clock.ToLocal({1'700'000'000, 5'000'000}), (CalendarTime{2023, 11, 14, 23, 13, 20, 318}));
+  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}).hour, 6) << "summer";
+  Calls().fails = {{"GetTimeZoneInformationForYear", ERROR_INVALID_PARAMETER}};
+  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'000'000, 0}));
+  Calls() = {};
+}
+
+TEST(WindowsLocale, DigitsAreGroupedAsTheUserHasChosen) {
+  const std::pair<const wchar_t*, std::vector<int>> choices[] = {
+      {L"3;0", {3}}, {L"3;2;0", {3, 2}}, {L"3", {3, 0}}, {L"0", {0}},
+      {L"0;0", {0}}, {L"", {0}},         {L"9;0", {9}}};
+  for (const auto& [choice, groups] : choices) {
+    Calls() = {.locale = {{LOCALE_SGROUPING, choice}}};
+    EXPECT_EQ(windows::WindowsLocale().DigitGroups(), groups) << base::Narrow(choice);
+  }
+  Calls() = {.locale = {{LOCALE_SDECIMAL, L""}}};
+  EXPECT_EQ(windows::WindowsLocale().DecimalSeparator(), ".");
+  Calls() = {};
+}
+
 TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
   EXPECT_TRUE(files().GetDiskSpace("c:"));
   for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().GetDiskSpace(path)) << path;
+}
+
+TEST(WindowsShellCalls, AShutdownIsToldItsReasonAndThatItFailed) {
+  Calls() = {};
+  windows::WindowsShell shell;
+  EXPECT_TRUE(shell.ScheduleShutDown("The end") && shell.ScheduleShutDown({}) && shell.CallOffShutDown());
+  const std::string program = "C:\\windows\\system32\\shutdown.exe|";
+  EXPECT_EQ(Calls().started, program + "/s /c \"The end\"|" + program + "/s|" + program + "/a|");
+  Calls().fails = {{"ShellExecuteW", 0}};
+  EXPECT_FALSE(shell.CallOffShutDown());
+  Calls() = {};
 }
 
 TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
   ScratchRegistry store;
   ASSERT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, L"Key", L"name", REG_SZ, L"ab", 6), 0);
   EXPECT_EQ(store.Read("Key", "name").value, "ab");
+}
+
+// Last, since ways that a system does not know are not tried again. Copier, 5.
+TEST_F(WindowsFiles, ASystemThatCannotRenameInTheBestWayDoesItInTheNext) {
+  AddFile("from/file", "new");
+  for (const auto& [missing, first, second] : {std::tuple("", "rename-ex ", "rename-ex "),
+                                               {"rename-ex", "rename-ex rename ", "rename "},
+                                               {"rename", "rename move ", "move "}}) {
+    AddFile("to/file", "old");
+    Calls() = {.format = L"NTFS", .opens_volumes = true};
+    Calls().fails = {{missing, ERROR_NOT_SUPPORTED}};
+    EXPECT_EQ(CopyAll(Open("from"), {"file"}, Open("to"), TargetName::kFree).front().error().kind,
+              ErrorKind::kNameTaken);
+    EXPECT_EQ(Calls().made, std::string("volume ") + first);
+    EXPECT_EQ(ContentOf("to/file"), "old");
+    Calls().made.clear();
+    EXPECT_TRUE(Copy("file"));
+    EXPECT_EQ(Calls().made, std::string("volume ") + second);
+    EXPECT_EQ(ContentOf("to/file"), "new");
+  }
 }
 
 }  // namespace

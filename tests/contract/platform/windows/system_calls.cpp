@@ -1,0 +1,353 @@
+#include "tests/contract/platform/windows/system_calls.h"
+
+// After windows_api.h: they need its types.
+#include <aclapi.h>
+#include <shellapi.h>
+#include <winioctl.h>
+#include <winternl.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <mutex>
+
+#include "base/wide_text.h"
+#include "platform/windows/open_file.h"
+#include "platform/windows/windows_time.h"
+
+extern "C" NTSTATUS NTAPI LdrGetProcedureAddress(HMODULE, const STRING*, ULONG, void**);
+
+namespace platform::windows::test {
+namespace {
+
+FARPROC WINAPI Found(HMODULE library, LPCSTR name) {
+  void* found = nullptr;
+  STRING text{};
+  ::RtlInitAnsiString(&text, name);
+  ::LdrGetProcedureAddress(library, &text, 0, &found);
+  return reinterpret_cast<FARPROC>(found);
+}
+
+/// The system's own call.
+template <typename Call>
+Call Real(const char* name, const wchar_t* library = L"kernelbase") {
+  return reinterpret_cast<Call>(reinterpret_cast<void*>(Found(::GetModuleHandleW(library), name)));
+}
+
+void Note(const char* call) {
+  static std::mutex mutex;
+  const std::lock_guard lock(mutex);
+  Calls().made += std::string(call) + " ";
+}
+
+/// Whether a test wants the call to fail; the last error then says how.
+bool Fails(const std::string& call) {
+  const auto found = Calls().fails.find(call);
+  if (found != Calls().fails.end()) ::SetLastError(found->second);
+  return found != Calls().fails.end();
+}
+
+bool Refused(DWORD code) {
+  ::SetLastError(code);
+  return false;
+}
+
+/// The name of a call, as part of a type.
+template <std::size_t size>
+struct Name {
+  constexpr Name(const char (&from)[size]) { std::copy_n(from, size, text); }  // NOLINT(*-explicit-*)
+  char text[size];
+};
+
+template <Name name, typename Call>
+struct OrFail;
+template <Name name, typename Answer, typename... Arguments>
+struct OrFail<name, Answer(WINAPI*)(Arguments...)> {
+  static Answer WINAPI Call(Arguments... arguments) {
+    static const auto real = Real<Answer(WINAPI*)(Arguments...)>(name.text);
+    return Fails(name.text) ? Answer{} : real(arguments...);
+  }
+};
+
+// 2200-01-01 and the seconds after it stand for the links of a test.
+constexpr std::int64_t kFirstLink = (7'258'118'400 + kSecondsFrom1601To1970) * kTicksPerSecond;
+
+const Reparse* ReparseOf(std::int64_t written) {
+  const std::int64_t number = (written - kFirstLink) / kTicksPerSecond;
+  const bool is_one = written >= kFirstLink && number < static_cast<std::int64_t>(Calls().links.size());
+  return is_one ? &Calls().links[static_cast<std::size_t>(number)] : nullptr;
+}
+
+/// As a listing or a search shows it.
+void Show(std::int64_t written, DWORD& attributes, DWORD& tag) {
+  const Reparse* reparse = ReparseOf(written);
+  if (reparse == nullptr) return;
+  attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  tag = reparse->tag;
+}
+
+BOOL WINAPI AttributesExOf(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
+  static const auto real = Real<decltype(&::GetFileAttributesExW)>("GetFileAttributesExW");
+  if (!real(path, level, data)) return FALSE;
+  auto& found = *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data);
+  DWORD tag = 0;
+  Show(TicksOf(found.ftLastWriteTime), found.dwFileAttributes, tag);
+  return TRUE;
+}
+
+/// All zeros, but for the attributes, when nothing is there.
+WIN32_FILE_ATTRIBUTE_DATA DataAt(LPCWSTR path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{INVALID_FILE_ATTRIBUTES, {}, {}, {}, 0, 0};
+  AttributesExOf(path, GetFileExInfoStandard, &data);
+  return data;
+}
+
+DWORD WINAPI AttributesOf(LPCWSTR path) { return DataAt(path).dwFileAttributes; }
+
+/// Nothing for a link that leads nowhere.
+std::wstring Followed(std::wstring path) {
+  for (int links = 0; links < 9; ++links) {
+    const Reparse* link = ReparseOf(TicksOf(DataAt(path.c_str()).ftLastWriteTime));
+    if (link == nullptr) return path;
+    path = link->target;
+  }
+  return {};
+}
+
+bool IsReadOnly(LPCWSTR path) {
+  const DWORD attributes = AttributesOf(path);
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+/// A volume that may be opened is the null device.
+HANDLE WINAPI Create(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security, DWORD which,
+                     DWORD flags, HANDLE like) {
+  static const auto real = Real<decltype(&::CreateFileW)>("CreateFileW");
+  std::wstring at = (flags & FILE_FLAG_OPEN_REPARSE_POINT) != 0 ? path : Followed(path);
+  const bool is_volume = at.starts_with(L"\\\\?\\Volume{") && at.ends_with(L'}');
+  if (is_volume && !Calls().opens_volumes) return INVALID_HANDLE_VALUE;
+  if (at.empty() && !Refused(ERROR_CANT_ACCESS_FILE)) return INVALID_HANDLE_VALUE;
+  if ((flags & FILE_FLAG_NO_BUFFERING) != 0 && Fails("unbuffered")) return INVALID_HANDLE_VALUE;
+  if ((access & GENERIC_WRITE) != 0 && IsReadOnly(at.c_str()) && !Refused(ERROR_ACCESS_DENIED))
+    return INVALID_HANDLE_VALUE;
+  return real(is_volume ? L"NUL" : at.c_str(), access, share, security, which, flags, like);
+}
+
+BOOL WINAPI Delete(LPCWSTR path) {
+  static const auto real = Real<decltype(&::DeleteFileW)>("DeleteFileW");
+  return IsReadOnly(path) ? Refused(ERROR_ACCESS_DENIED) : real(path);
+}
+
+HANDLE WINAPI FindFirst(LPCWSTR path, FINDEX_INFO_LEVELS level, LPVOID data, FINDEX_SEARCH_OPS operation,
+                        LPVOID filter, DWORD flags) {
+  static const auto real = Real<decltype(&::FindFirstFileExW)>("FindFirstFileExW");
+  auto& found = *static_cast<WIN32_FIND_DATAW*>(data);
+  const HANDLE search =
+      Fails("FindFirstFileExW") ? INVALID_HANDLE_VALUE : real(path, level, data, operation, filter, flags);
+  if (search != INVALID_HANDLE_VALUE)
+    Show(TicksOf(found.ftLastWriteTime), found.dwFileAttributes, found.dwReserved0);
+  return search;
+}
+
+/// Wine tells no tag.
+BOOL WINAPI InfoOf(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
+  static const auto real = Real<decltype(&::GetFileInformationByHandleEx)>("GetFileInformationByHandleEx");
+  if (Fails("info " + std::to_string(kind))) return FALSE;
+  if (kind == FileAttributeTagInfo) {
+    FILE_BASIC_INFO basic{};
+    if (!real(file, FileBasicInfo, &basic, sizeof basic)) return FALSE;
+    auto& told = *static_cast<FILE_ATTRIBUTE_TAG_INFO*>(info);
+    told = {basic.FileAttributes, IO_REPARSE_TAG_SYMLINK};  // Wine leaves what is no link with any tag
+    Show(basic.LastWriteTime.QuadPart, told.FileAttributes, told.ReparseTag);
+    return TRUE;
+  }
+  if (!real(file, kind, info, size)) return FALSE;
+  if (kind != FileIdBothDirectoryInfo && kind != FileIdBothDirectoryRestartInfo) return TRUE;
+  for (auto* at = static_cast<char*>(info);;) {
+    auto& entry = *reinterpret_cast<FILE_ID_BOTH_DIR_INFO*>(at);
+    Show(entry.LastWriteTime.QuadPart, entry.FileAttributes, entry.EaSize);
+    if (entry.NextEntryOffset == 0) return TRUE;
+    at += entry.NextEntryOffset;
+  }
+}
+
+std::wstring PathOf(HANDLE file) {
+  wchar_t path[1024] = {};
+  return {path, ::GetFinalPathNameByHandleW(file, path, ARRAYSIZE(path), 0)};
+}
+
+BOOL Rename(LPCWSTR from, LPCWSTR to, DWORD flags) {
+  static const auto real = Real<decltype(&::MoveFileExW)>("MoveFileExW");
+  return real(from, to, flags);
+}
+
+BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
+  Note("move");
+  return !Fails("move") && Rename(from, to, flags);
+}
+
+/// FAT refuses times that it cannot hold.
+BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
+  static const auto real = Real<decltype(&::SetFileInformationByHandle)>("SetFileInformationByHandle");
+  if (kind == FileBasicInfo) {
+    const FileTime written = FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart);
+    const int year = ToUtc(written).year;
+    const bool is_held = Calls().format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
+    return is_held ? !Fails("set") && real(file, kind, info, size) : Refused(ERROR_INVALID_PARAMETER);
+  }
+  const bool is_plain = kind == FileRenameInfo;  // the other way has flags
+  Note(is_plain ? "rename" : "rename-ex");
+  const auto& rename = *static_cast<FILE_RENAME_INFO*>(info);
+  const bool replaces = is_plain ? rename.ReplaceIfExists : (rename.Flags & 1) != 0;
+  return !Fails(is_plain ? "rename" : "rename-ex") &&
+         Rename(PathOf(file).c_str(), rename.FileName, replaces ? MOVEFILE_REPLACE_EXISTING : 0);
+}
+
+BOOL WINAPI Flush(HANDLE file) {
+  const DWORD type = ::GetFileType(file);
+  const char* call = type == FILE_TYPE_CHAR ? "volume" : type == FILE_TYPE_DISK ? "flush" : "flush-nothing";
+  Note(call);
+  return !Fails(call);
+}
+
+LONG WINAPI WriteOut(HANDLE, ULONG, void*, ULONG, IO_STATUS_BLOCK*) {
+  Note("write-out");
+  return Fails("write-out") ? -1 : 0;
+}
+
+FARPROC WINAPI Find(HMODULE library, LPCSTR name) {
+  const bool is_write_out = std::string(name) == "NtFlushBuffersFileEx";
+  return is_write_out ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&WriteOut)) : Found(library, name);
+}
+
+/// As Windows does it: asks on the way, at half of the file.
+BOOL WINAPI Copy(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID data, LPBOOL stop,
+                 DWORD flags) {
+  static const auto real = Real<decltype(&::CopyFileExW)>("CopyFileExW");
+  if (Fails("copy") || !real(from, to, nullptr, nullptr, stop, flags) || Fails("copy-end")) return FALSE;
+  LARGE_INTEGER half{};
+  half.QuadPart = static_cast<std::int64_t>(std::filesystem::file_size(from) / 2);
+  const DWORD answer = progress(half, half, half, half, 0, 0, nullptr, nullptr, data);
+  return answer == PROGRESS_CONTINUE || Refused(ERROR_REQUEST_ABORTED);
+}
+
+/// A clock that stands still but for sleeps, once it is set.
+void WINAPI TimeNow(FILETIME* now) {
+  static const auto real = Real<decltype(&::GetSystemTimeAsFileTime)>("GetSystemTimeAsFileTime");
+  real(now);
+  if (Calls().now) *now = ToSystem(FromTicks(*Calls().now));
+}
+
+void WINAPI SleepFor(DWORD milliseconds) {
+  static const auto real = Real<decltype(&::Sleep)>("Sleep");
+  if (!Calls().now || milliseconds < 2) return real(milliseconds);  // threads wait for each other so
+  Note("sleep");
+  *Calls().now += std::int64_t{milliseconds} * 10'000;
+}
+
+int WINAPI FormatOfUser(LPCWSTR name, LCTYPE type, LPWSTR text, int size) {
+  static const auto real = Real<decltype(&::GetLocaleInfoEx)>("GetLocaleInfoEx");
+  const auto found = Calls().locale.find(type);
+  if (found == Calls().locale.end()) return real(name, type, text, size);
+  ::lstrcpynW(text, found->second.c_str(), size);
+  return static_cast<int>(found->second.size()) + 1;
+}
+
+BOOL WINAPI Control(HANDLE, DWORD, LPVOID, DWORD, LPVOID answer, DWORD, DWORD*, OVERLAPPED*) {
+  auto& disks = *static_cast<VOLUME_DISK_EXTENTS*>(answer);
+  disks.NumberOfDiskExtents = 2;
+  disks.Extents[0].DiskNumber = 3;
+  disks.Extents[1].DiskNumber = 5;
+  return !Fails("DeviceIoControl");
+}
+
+BOOL WINAPI FileInfo(HANDLE file, BY_HANDLE_FILE_INFORMATION* info) {
+  static const auto real = Real<decltype(&::GetFileInformationByHandle)>("GetFileInformationByHandle");
+  if (!real(file, info)) return FALSE;
+  if (PathOf(file).find(Calls().elsewhere) != std::wstring::npos) ++info->dwVolumeSerialNumber;
+  return TRUE;
+}
+
+template <typename Place>
+BOOL WINAPI FormatOf(Place, LPWSTR, DWORD, DWORD*, DWORD*, DWORD*, LPWSTR format, DWORD size) {
+  return ::lstrcpynW(format, Calls().format.c_str(), static_cast<int>(size)) != nullptr;
+}
+
+UINT WINAPI DriveType(LPCWSTR) { return Calls().is_remote ? DRIVE_REMOTE : DRIVE_FIXED; }
+
+DWORD WINAPI SecurityOf(HANDLE file, SE_OBJECT_TYPE type, SECURITY_INFORMATION what, PSID* owner, PSID* group,
+                        PACL* access, PACL* audit, PSECURITY_DESCRIPTOR* descriptor) {
+  static const auto real = Real<decltype(&::GetSecurityInfo)>("GetSecurityInfo", L"advapi32");
+  static char sid[SECURITY_MAX_SID_SIZE];
+  DWORD size = sizeof sid;
+  const DWORD code = real(file, type, what, owner, group, access, audit, descriptor);
+  if (Calls().owner && ::CreateWellKnownSid(*Calls().owner, nullptr, sid, &size)) *owner = sid;
+  return code;
+}
+
+/// Nobody's computer is to be shut down.
+HINSTANCE WINAPI Start(HWND, LPCWSTR, LPCWSTR program, LPCWSTR parameters, LPCWSTR, INT) {
+  Calls().started += base::Narrow(program) + "|" + base::Narrow(parameters) + "|";
+  return reinterpret_cast<HINSTANCE>(Fails("ShellExecuteW") ? INT_PTR{32} : INT_PTR{33});
+}
+
+}  // namespace
+
+SystemCalls& Calls() {
+  static SystemCalls calls;
+  return calls;
+}
+
+void MakeReparse(const std::wstring& path, const Reparse& reparse, bool is_folder) {
+  if (is_folder) ::CreateDirectoryW(path.c_str(), nullptr);
+  const FileHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_ALWAYS,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const auto number = static_cast<std::int64_t>(Calls().links.size());
+  const FILETIME time = ToSystem(FromTicks(kFirstLink + number * kTicksPerSecond));
+  ::SetFileTime(file.get(), nullptr, nullptr, &time);
+  Calls().links.push_back(reparse);
+}
+
+}  // namespace platform::windows::test
+
+// What every call of these goes by: the linker takes it instead of the system's.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+namespace calls = platform::windows::test;
+extern "C" {
+decltype(&::GetFileAttributesExW) __imp_GetFileAttributesExW = &calls::AttributesExOf;
+decltype(&::GetFileAttributesW) __imp_GetFileAttributesW = &calls::AttributesOf;
+decltype(&::CreateFileW) __imp_CreateFileW = &calls::Create;
+decltype(&::DeleteFileW) __imp_DeleteFileW = &calls::Delete;
+decltype(&::FindFirstFileExW) __imp_FindFirstFileExW = &calls::FindFirst;
+decltype(&::GetFileInformationByHandleEx) __imp_GetFileInformationByHandleEx = &calls::InfoOf;
+decltype(&::SetFileInformationByHandle) __imp_SetFileInformationByHandle = &calls::SetInfo;
+decltype(&::MoveFileExW) __imp_MoveFileExW = &calls::Move;
+decltype(&::FlushFileBuffers) __imp_FlushFileBuffers = &calls::Flush;
+decltype(&::GetProcAddress) __imp_GetProcAddress = &calls::Find;
+decltype(&::GetFileInformationByHandle) __imp_GetFileInformationByHandle = &calls::FileInfo;
+decltype(&::GetVolumeInformationByHandleW) __imp_GetVolumeInformationByHandleW = &calls::FormatOf;
+decltype(&::GetVolumeInformationW) __imp_GetVolumeInformationW = &calls::FormatOf;
+decltype(&::GetDriveTypeW) __imp_GetDriveTypeW = &calls::DriveType;
+decltype(&::GetSecurityInfo) __imp_GetSecurityInfo = &calls::SecurityOf;
+decltype(&::CopyFileExW) __imp_CopyFileExW = &calls::Copy;
+decltype(&::GetSystemTimeAsFileTime) __imp_GetSystemTimeAsFileTime = &calls::TimeNow;
+decltype(&::Sleep) __imp_Sleep = &calls::SleepFor;
+decltype(&::GetLocaleInfoEx) __imp_GetLocaleInfoEx = &calls::FormatOfUser;
+decltype(&::DeviceIoControl) __imp_DeviceIoControl = &calls::Control;
+decltype(&::ShellExecuteW) __imp_ShellExecuteW = &calls::Start;
+decltype(&::FindNextFileW) __imp_FindNextFileW =
+    &calls::OrFail<"FindNextFileW", decltype(&::FindNextFileW)>::Call;
+decltype(&::ReadFile) __imp_ReadFile = &calls::OrFail<"ReadFile", decltype(&::ReadFile)>::Call;
+decltype(&::WriteFile) __imp_WriteFile = &calls::OrFail<"WriteFile", decltype(&::WriteFile)>::Call;
+decltype(&::GetFileSizeEx) __imp_GetFileSizeEx =
+    &calls::OrFail<"GetFileSizeEx", decltype(&::GetFileSizeEx)>::Call;
+decltype(&::SetFilePointerEx) __imp_SetFilePointerEx =
+    &calls::OrFail<"SetFilePointerEx", decltype(&::SetFilePointerEx)>::Call;
+
+/// An hour east of Greenwich, two in its summer. The headers declare this call as no import.
+BOOL WINAPI GetTimeZoneInformationForYear(USHORT, DYNAMIC_TIME_ZONE_INFORMATION*,
+                                          TIME_ZONE_INFORMATION* zone) {
+  *zone = {-60, {}, {0, 10, 0, 5, 3, 0, 0, 0}, 0, {}, {0, 3, 0, 5, 2, 0, 0, 0}, -60};
+  return !calls::Fails("GetTimeZoneInformationForYear");
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
