@@ -179,7 +179,8 @@ TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
     ASSERT_TRUE(files().SetAttributes(At("from/file"), kReadOnly));
     Calls().fails = {{call, ERROR_IO_DEVICE}};
     const auto copied = Copy("file");
-    EXPECT_TRUE(!copied && copied.error().code == ERROR_IO_DEVICE) << call;
+    ASSERT_TRUE(!copied && copied.error().code == ERROR_IO_DEVICE) << call;
+    EXPECT_EQ(copied.error().kind == ErrorKind::kShort, std::string_view(call) == "ReadFile");
     EXPECT_EQ(Names{"file"}, NamesIn("to")) << call;
     Calls() = {};
     EXPECT_EQ(ContentOf("to/file"), "old") << call;
