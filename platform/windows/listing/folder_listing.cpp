@@ -87,7 +87,7 @@ bool List(const FileHandle& handle, const std::wstring& folder, std::vector<Entr
 Result<FileHandle> OpenAt(const std::wstring& path, FollowLinks links, bool& is_link) {
   FileHandle handle =
       OpenForListing(path, links == FollowLinks::kTrusted ? FILE_FLAG_OPEN_REPARSE_POINT : DWORD{0});
-  const DWORD tag = handle && links == FollowLinks::kTrusted ? ReparseTagOf(handle) : 0;
+  const DWORD tag = links == FollowLinks::kTrusted ? ReparseTagOf(handle) : 0;
   if (tag != 0) {
     // Folders of a cloud are reparse points and no links.
     is_link = IsReparseTagNameSurrogate(tag);

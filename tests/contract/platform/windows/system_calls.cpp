@@ -3,7 +3,6 @@
 // After windows_api.h: they need its types.
 #include <aclapi.h>
 #include <shellapi.h>
-#include <winioctl.h>
 #include <winternl.h>
 
 #include <algorithm>
@@ -80,28 +79,23 @@ const Reparse* ReparseOf(std::int64_t written) {
 /// As a listing or a search shows it.
 void Show(std::int64_t written, DWORD& attributes, DWORD& tag) {
   const Reparse* reparse = ReparseOf(written);
-  if (reparse == nullptr) return;
-  attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
-  tag = reparse->tag;
-}
-
-BOOL WINAPI AttributesExOf(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
-  static const auto real = Real<decltype(&::GetFileAttributesExW)>("GetFileAttributesExW");
-  if (!real(path, level, data)) return FALSE;
-  auto& found = *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data);
-  DWORD tag = 0;
-  Show(TicksOf(found.ftLastWriteTime), found.dwFileAttributes, tag);
-  return TRUE;
+  if (reparse != nullptr) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  tag = reparse != nullptr ? reparse->tag : IO_REPARSE_TAG_SYMLINK;  // without the bit it means nothing
 }
 
 /// All zeros, but for the attributes, when nothing is there.
 WIN32_FILE_ATTRIBUTE_DATA DataAt(LPCWSTR path) {
   WIN32_FILE_ATTRIBUTE_DATA data{INVALID_FILE_ATTRIBUTES, {}, {}, {}, 0, 0};
-  AttributesExOf(path, GetFileExInfoStandard, &data);
+  ::GetFileAttributesExW(path, GetFileExInfoStandard, &data);
   return data;
 }
 
-DWORD WINAPI AttributesOf(LPCWSTR path) { return DataAt(path).dwFileAttributes; }
+DWORD WINAPI AttributesOf(LPCWSTR path) {
+  WIN32_FILE_ATTRIBUTE_DATA data = DataAt(path);
+  DWORD tag = 0;
+  Show(TicksOf(data.ftLastWriteTime), data.dwFileAttributes, tag);
+  return data.dwFileAttributes;
+}
 
 /// Nothing for a link that leads nowhere.
 std::wstring Followed(std::wstring path) {
@@ -114,7 +108,7 @@ std::wstring Followed(std::wstring path) {
 }
 
 bool IsReadOnly(LPCWSTR path) {
-  const DWORD attributes = AttributesOf(path);
+  const DWORD attributes = DataAt(path).dwFileAttributes;
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
@@ -156,7 +150,7 @@ BOOL WINAPI InfoOf(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWO
     FILE_BASIC_INFO basic{};
     if (!real(file, FileBasicInfo, &basic, sizeof basic)) return FALSE;
     auto& told = *static_cast<FILE_ATTRIBUTE_TAG_INFO*>(info);
-    told = {basic.FileAttributes, IO_REPARSE_TAG_SYMLINK};  // Wine leaves what is no link with any tag
+    told.FileAttributes = basic.FileAttributes;
     Show(basic.LastWriteTime.QuadPart, told.FileAttributes, told.ReparseTag);
     return TRUE;
   }
@@ -197,7 +191,7 @@ BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DW
   const bool is_plain = kind == FileRenameInfo;  // the other way has flags
   Note(is_plain ? "rename" : "rename-ex");
   const auto& rename = *static_cast<FILE_RENAME_INFO*>(info);
-  const bool replaces = is_plain ? rename.ReplaceIfExists : (rename.Flags & 1) != 0;
+  const bool replaces = is_plain ? rename.ReplaceIfExists == TRUE : rename.Flags == 0x43;
   return !Fails(is_plain ? "rename" : "rename-ex") &&
          Rename(PathOf(file).c_str(), rename.FileName, replaces ? MOVEFILE_REPLACE_EXISTING : 0);
 }
@@ -223,6 +217,7 @@ FARPROC WINAPI Find(HMODULE library, LPCSTR name) {
 BOOL WINAPI Copy(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID data, LPBOOL stop,
                  DWORD flags) {
   static const auto real = Real<decltype(&::CopyFileExW)>("CopyFileExW");
+  Note("copy");
   if (Fails("copy") || !real(from, to, nullptr, nullptr, stop, flags) || Fails("copy-end")) return FALSE;
   LARGE_INTEGER half{};
   half.QuadPart = static_cast<std::int64_t>(std::filesystem::file_size(from) / 2);
@@ -250,14 +245,6 @@ int WINAPI FormatOfUser(LPCWSTR name, LCTYPE type, LPWSTR text, int size) {
   if (found == Calls().locale.end()) return real(name, type, text, size);
   ::lstrcpynW(text, found->second.c_str(), size);
   return static_cast<int>(found->second.size()) + 1;
-}
-
-BOOL WINAPI Control(HANDLE, DWORD, LPVOID, DWORD, LPVOID answer, DWORD, DWORD*, OVERLAPPED*) {
-  auto& disks = *static_cast<VOLUME_DISK_EXTENTS*>(answer);
-  disks.NumberOfDiskExtents = 2;
-  disks.Extents[0].DiskNumber = 3;
-  disks.Extents[1].DiskNumber = 5;
-  return !Fails("DeviceIoControl");
 }
 
 BOOL WINAPI FileInfo(HANDLE file, BY_HANDLE_FILE_INFORMATION* info) {
@@ -313,7 +300,6 @@ void MakeReparse(const std::wstring& path, const Reparse& reparse, bool is_folde
 // NOLINTBEGIN(bugprone-reserved-identifier)
 namespace calls = platform::windows::test;
 extern "C" {
-decltype(&::GetFileAttributesExW) __imp_GetFileAttributesExW = &calls::AttributesExOf;
 decltype(&::GetFileAttributesW) __imp_GetFileAttributesW = &calls::AttributesOf;
 decltype(&::CreateFileW) __imp_CreateFileW = &calls::Create;
 decltype(&::DeleteFileW) __imp_DeleteFileW = &calls::Delete;
@@ -332,7 +318,6 @@ decltype(&::CopyFileExW) __imp_CopyFileExW = &calls::Copy;
 decltype(&::GetSystemTimeAsFileTime) __imp_GetSystemTimeAsFileTime = &calls::TimeNow;
 decltype(&::Sleep) __imp_Sleep = &calls::SleepFor;
 decltype(&::GetLocaleInfoEx) __imp_GetLocaleInfoEx = &calls::FormatOfUser;
-decltype(&::DeviceIoControl) __imp_DeviceIoControl = &calls::Control;
 decltype(&::ShellExecuteW) __imp_ShellExecuteW = &calls::Start;
 decltype(&::FindNextFileW) __imp_FindNextFileW =
     &calls::OrFail<"FindNextFileW", decltype(&::FindNextFileW)>::Call;

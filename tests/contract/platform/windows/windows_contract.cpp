@@ -188,6 +188,13 @@ TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
   }
 }
 
+TEST_F(WindowsFiles, AFullDiskHasNoRoomForTheFileThatFlushesOthersAndNeedsNone) {
+  Calls().fails = {{"WriteFile", ERROR_DISK_FULL}};
+  EXPECT_TRUE(files().Flush(At("to"), {}));
+  Calls().fails = {{"WriteFile", ERROR_IO_DEVICE}};
+  EXPECT_FALSE(files().Flush(At("to"), {}));
+}
+
 TEST_F(WindowsFiles, FatSaysThatTheDiskIsFullToAFileThatIsTooLargeForIt) {
   for (const std::int64_t size : {kLargestOnFat, kLargestOnFat + 1}) {
     AddFile("from/file", "");
@@ -214,22 +221,16 @@ TEST_F(WindowsFiles, WhatTheSystemCopiedIsComparedWithItsSourceReadOnceMore) {
 // Copier, 7.
 TEST_F(WindowsFiles, ASourceThatWasJustWrittenToIsReadAfterTheTickOfItsTimeOrCountsAsChanged) {
   constexpr std::int64_t kNow = 134'000'000'000'000'000, kSecond = 10'000'000;
-  struct Case {
-    std::int64_t age;
-    const wchar_t* format;
-    const char* sleeps;
-    bool is_changed;
-  };
-  const Case cases[] = {
+  const std::tuple<std::int64_t, const wchar_t*, const char*, bool> cases[] = {
       {1, L"NTFS", "sleep ", false},      {kSecond / 64 - 1, L"NTFS", "sleep ", false},
       {kSecond / 64, L"NTFS", "", false}, {-kSecond + 1, L"NTFS", "sleep sleep sleep sleep ", false},
       {-kSecond, L"FAT32", "", false},    {2 * kSecond - 1, L"FAT32", "", true},
       {2 * kSecond, L"FAT32", "", false}};
-  for (const Case& source : cases) {
-    AddFile("from/file", "x", windows::FromTicks(kNow - source.age));
-    Calls() = {.format = source.format, .opens_volumes = true, .now = kNow};
-    EXPECT_EQ(Must(Copy("file")).changed, source.is_changed) << source.age;
-    EXPECT_TRUE(Calls().made.starts_with(source.sleeps + std::string("volume "))) << Calls().made;
+  for (const auto& [age, format, sleeps, is_changed] : cases) {
+    AddFile("from/file", "x", windows::FromTicks(kNow - age));
+    Calls() = {.format = format, .opens_volumes = true, .now = kNow};
+    EXPECT_EQ(Must(Copy("file")).changed, is_changed) << age;
+    EXPECT_TRUE(Calls().made.starts_with(sleeps + std::string("volume "))) << Calls().made;
   }
 }
 
@@ -259,14 +260,11 @@ TEST_F(WindowsFiles, AFileIsFromTrustedHandsOnlyWhereTheUserOrTheSystemOwnsIt) {
   }
 }
 
-TEST_F(WindowsFiles, AVolumeTellsItsDisksAndItsLimit) {
-  EXPECT_EQ(files().DisksOf(At("to")), std::vector<std::string>());
-  EXPECT_EQ(files().LargestFile(At("to/new")), 0);
-  Calls() = {.format = L"FAT", .opens_volumes = true};
-  EXPECT_EQ(files().DisksOf(At("to")), (std::vector<std::string>{"3", "5"}));
-  EXPECT_EQ(files().LargestFile(At("to/new")), kLargestOnFat);
-  Calls() = {.fails = {{"DeviceIoControl", ERROR_IO_DEVICE}}, .opens_volumes = true};
-  EXPECT_EQ(files().DisksOf(At("to")), std::vector<std::string>());
+TEST_F(WindowsFiles, OnlyFatHasALimit) {
+  for (const auto& [format, limit] : {std::pair(L"FAT", kLargestOnFat), {L"exFAT", 0}, {L"NTFS", 0}}) {
+    Calls().format = format;
+    EXPECT_EQ(files().LargestFile(At("to/new")), limit);
+  }
 }
 
 TEST_F(WindowsFiles, AVolumeThatKnowsNoListingByHandleIsSearched) {
@@ -337,22 +335,23 @@ TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
   EXPECT_EQ(store.Read("Key", "name").value, "ab");
 }
 
-// Last, since ways that a system does not know are not tried again. Copier, 5.
+// Last, since ways that a system does not know are not tried again. Copier, 4 and 5.
 TEST_F(WindowsFiles, ASystemThatCannotRenameInTheBestWayDoesItInTheNext) {
   AddFile("from/file", "new");
-  for (const auto& [missing, first, second] : {std::tuple("", "rename-ex ", "rename-ex "),
-                                               {"rename-ex", "rename-ex rename ", "rename "},
-                                               {"rename", "rename move ", "move "}}) {
+  const std::tuple<const char*, std::string, std::string> ways[] = {
+      {"", "rename-ex ", "rename-ex "},
+      {"rename-ex", "rename-ex rename ", "rename "},
+      {"rename", "rename move ", "move "}};
+  for (const auto& [missing, first, later] : ways) {
     AddFile("to/file", "old");
-    Calls() = {.format = L"NTFS", .opens_volumes = true};
-    Calls().fails = {{missing, ERROR_NOT_SUPPORTED}};
-    EXPECT_EQ(CopyAll(Open("from"), {"file"}, Open("to"), TargetName::kFree).front().error().kind,
-              ErrorKind::kNameTaken);
-    EXPECT_EQ(Calls().made, std::string("volume ") + first);
+    Calls() = {.fails = {{missing, ERROR_NOT_SUPPORTED}}, .format = L"exFAT"};
+    const auto copied = CopyAll(Open("from"), {"file"}, Open("to"), TargetName::kFree);
+    EXPECT_EQ(copied.front().error().kind, ErrorKind::kNameTaken);
+    EXPECT_EQ(Calls().made, "write-out flush " + first);
     EXPECT_EQ(ContentOf("to/file"), "old");
     Calls().made.clear();
     EXPECT_TRUE(Copy("file"));
-    EXPECT_EQ(Calls().made, std::string("volume ") + second);
+    EXPECT_EQ(Calls().made, "write-out flush " + later + "flush ");
     EXPECT_EQ(ContentOf("to/file"), "new");
   }
 }
