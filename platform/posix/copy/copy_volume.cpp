@@ -18,7 +18,8 @@ namespace {
 // A round trip takes long and little processor time.
 constexpr std::size_t kWorkersOfServed = 8;
 constexpr std::size_t kMostWorkers = 4;
-// A disk that turns is not helped by more, and not hindered by two: what is written is in memory first.
+// Also for disks that turn: what is written is in memory first, and sources are asked for ahead. Which disk
+// turns, the system often does not know: virtual ones and USB sticks say that they do.
 constexpr std::size_t kFewestWorkers = 2;
 
 mode_t FileModeMask() {
