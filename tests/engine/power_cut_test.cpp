@@ -120,7 +120,7 @@ TEST(UnfinishedRun, AMarkThatCannotBeSetOrReadIsAWarning) {
 }
 
 TEST(UnfinishedRun, DoubtsWhatAnyOfSeveralRunsLeftAndMovesOnlyOnceAllIsOnTheDisk) {
-  Scene scene({"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f"});
+  Scene scene({"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f", "/src/g"});
   scene.files.SetGroupSize(2);
   std::string moved;
   const auto cut_at = [&](const std::string& last) {
@@ -134,11 +134,14 @@ TEST(UnfinishedRun, DoubtsWhatAnyOfSeveralRunsLeftAndMovesOnlyOnceAllIsOnTheDisk
   };
   int minutes = 16;
   scene.on_copy = [&] { scene.clock.Advance(std::chrono::minutes{minutes /= 2}); };
-  cut_at("/dst/f");
+  cut_at("/dst/g");
   EXPECT_EQ(moved, "03") << "the third was on its way";
+  scene.on_copy = {};
+  scene.files.SetGroupSize(1);
+  cut_at("/dst/g");
   for (const char* name : {"/dst/c", "/dst/d", "/dst/e"}) Spoil(scene, name);
   cut_at("/dst/d");
-  EXPECT_EQ(scene.Check(), "new 1, modified 2, up to date 3, due 3");
+  EXPECT_EQ(scene.Check(), "new 1, modified 3, up to date 3, due 4");
 }
 
 }  // namespace engine::test

@@ -29,7 +29,8 @@ TEST(WildcardMatch, KnowsAnyRunAndOneCharacterAndStaysQuickWhenItBacktracks) {
   for (const auto& [text, pattern] : fits) EXPECT_TRUE(WildcardMatch(text, pattern, true)) << pattern;
   const TextsAndPatterns fits_not = {{"report", "r?ort"}, {"a", ""}, {"", "?"}, {"aaa", "a*a*a*a"}};
   for (const auto& [text, pattern] : fits_not) EXPECT_FALSE(WildcardMatch(text, pattern, true)) << pattern;
-  const TextsAndPatterns fits_without_case = {{"Doc", "doc"}, {"ÄRGER", "ärger"}, {"a\\b", "a/b"}};
+  const TextsAndPatterns fits_without_case = {
+      {"Doc", "doc"}, {"ÄRGER", "ärger"}, {"a\\b", "a/b"}, {"ΟΔΟΣ", "οδος"}};
   for (const auto& [text, pattern] : fits_without_case) {
     EXPECT_TRUE(!WildcardMatch(text, pattern, true) && WildcardMatch(text, pattern, false)) << pattern;
   }

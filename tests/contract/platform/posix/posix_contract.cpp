@@ -7,6 +7,7 @@
 #include <csignal>
 #include <thread>
 #include <tuple>
+#include <utility>
 
 #include "platform/posix/clock.h"
 #include "platform/posix/copy/copy_volume.h"
@@ -285,8 +286,12 @@ TEST_F(PosixFiles, WhatMovesInPartsBetweenSignalsIsWholeAndAReplacedFileIsFlushe
   Calls() = {.fails = {{"copy_file_range", EXDEV}}, .is_slow = true};
   EXPECT_TRUE(files().ReplaceFile(At("to/other"), content));
   EXPECT_EQ(Calls().made, "fsync rename fsync ");
-  EXPECT_TRUE(Copy("file"));
-  EXPECT_TRUE(ContentOf("to/file") == content && ContentOf("to/other") == content);
+  bool grew = false;
+  const auto grow = [&](std::int64_t) {
+    return std::exchange(grew, true) || files().WriteFile(At("from/file"), content + content).ok();
+  };
+  EXPECT_TRUE(Copy("file", grow));
+  EXPECT_TRUE(ContentOf("to/file") == content + content && ContentOf("to/other") == content);
 }
 
 TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
