@@ -1,5 +1,6 @@
 #include "platform/windows/settings_store.h"
 
+#include "base/utf8.h"
 #include "base/wide_text.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/system_error.h"
@@ -70,11 +71,7 @@ SettingsStore::ReadResult RegistryStore::Read(const std::string& key, const std:
 
 std::string RegistryStore::Message(int code) {
   std::string text = SystemText(static_cast<DWORD>(code));
-  while (text.size() > kLongestMessage) {
-    std::size_t end = text.size() - 1;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    text.resize(end);
-  }
+  while (text.size() > kLongestMessage) text.resize(base::utf8::OffsetOf(text, base::utf8::Length(text) - 1));
   return text;
 }
 

@@ -49,7 +49,7 @@ TemporaryFile::~TemporaryFile() {
 
 Status TemporaryFile::Open() {
   const DWORD attributes = ::GetFileAttributesW(path_.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {  // also INVALID_FILE_ATTRIBUTES, when opening fails, too
     ::SetFileAttributesW(path_.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
   }
   file_ = OpenOrMake(path_, OPEN_EXISTING);

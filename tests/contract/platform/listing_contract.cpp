@@ -39,6 +39,7 @@ TEST_P(FileSystemContract, ALockIsHeldByOneAndGoesWithItsFile) {
 TEST_P(FileSystemContract, LinksAreToldByWhatTheyLeadTo) {
   AddFile("to/file", "12345");
   AddFolder("to/folder");
+  ASSERT_TRUE(files().SetAttributes(At("to/file"), kReadOnly));
   if (!scene_->MakeLink(At("from/file"), At("to/file"))) GTEST_SKIP() << "links cannot be made here";
   ASSERT_TRUE(scene_->MakeLink(At("from/folder"), At("to/folder")));
   ASSERT_TRUE(scene_->MakeLink(At("from/dead"), At("to/nothing")));
@@ -47,6 +48,7 @@ TEST_P(FileSystemContract, LinksAreToldByWhatTheyLeadTo) {
   const auto folder = Open("from");
   EXPECT_EQ(Named(*folder, "file").kind, EntryKind::kFile);
   EXPECT_EQ(Named(*folder, "file").size, 5);
+  EXPECT_EQ(Named(*folder, "file").attributes & kReadOnly, kReadOnly);
   EXPECT_EQ(Named(*folder, "file").modified, kOldTime);
   EXPECT_EQ(Named(*folder, "folder").kind, EntryKind::kFolderLink);
   EXPECT_EQ(Named(*folder, "dead").kind, EntryKind::kDeadLink);

@@ -6,6 +6,7 @@
 #include <winternl.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <mutex>
 
@@ -154,6 +155,7 @@ BOOL WINAPI InfoOf(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWO
     Show(basic.LastWriteTime.QuadPart, told.FileAttributes, told.ReparseTag);
     return TRUE;
   }
+  if (kind == FileStreamInfo) return std::memset(info, 0, size) != nullptr;  // one stream
   if (!real(file, kind, info, size)) return FALSE;
   if (kind != FileIdBothDirectoryInfo && kind != FileIdBothDirectoryRestartInfo) return TRUE;
   for (auto* at = static_cast<char*>(info);;) {
@@ -193,7 +195,8 @@ BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DW
   const auto& rename = *static_cast<FILE_RENAME_INFO*>(info);
   const bool replaces = is_plain ? rename.ReplaceIfExists == TRUE : rename.Flags == 0x43;
   return !Fails(is_plain ? "rename" : "rename-ex") &&
-         Rename(PathOf(file).c_str(), rename.FileName, replaces ? MOVEFILE_REPLACE_EXISTING : 0);
+         Rename(PathOf(file).c_str(), std::wstring(rename.FileName, rename.FileNameLength / 2).c_str(),
+                replaces ? MOVEFILE_REPLACE_EXISTING : 0);
 }
 
 BOOL WINAPI Flush(HANDLE file) {
