@@ -220,6 +220,7 @@ TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
   EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 
+// Copier, 3.
 TEST_P(FileSystemContract, AFileThatMayNotBeReadLeavesTheOldCopy) {
   AddFile("from/file", "x");
   AddFile("to/file", "old");
@@ -230,6 +231,7 @@ TEST_P(FileSystemContract, AFileThatMayNotBeReadLeavesTheOldCopy) {
   EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 
+// Copier, 3.
 TEST_P(FileSystemContract, AFolderThatMayNotBeChangedStaysAsItIs) {
   AddFile("from/file", "x");
   AddFile("to/file", "old");
@@ -295,6 +297,7 @@ TEST_P(FileSystemContract, WhatDoesNotReachTheDiskGetsNoNameAndIsToldOf) {
   EXPECT_EQ(ContentOf("to/b"), "old");
 }
 
+// Copier: its end.
 TEST_P(FileSystemContract, ACopierThatIsGivenUpGivesNoMoreNamesAndLeavesNothing) {
   AddFile("from/file", Noise(kManyBlocks));
   AddFile("to/file", "old");
@@ -314,6 +317,7 @@ TEST_P(FileSystemContract, ACopierThatIsGivenUpGivesNoMoreNamesAndLeavesNothing)
   while (NamesIn("to").size() > 1) std::this_thread::yield();  // they go in the background
 }
 
+// Copier, 1.
 TEST_P(FileSystemContract, ACopyIsDatedByWhenItWasMadeWhateverItsTimeOfModification) {
   AddFile("from/first", "1");
   AddFile("from/second", "2");

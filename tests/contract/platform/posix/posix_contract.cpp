@@ -28,8 +28,8 @@ using posix::test::Calls;
 
 class PosixScene : public Scene {
  public:
-  PosixScene() { Calls() = {}; }
-  ~PosixScene() override { Calls() = {}; }
+  PosixScene() { *Calls() = {}; }
+  ~PosixScene() override { *Calls() = {}; }
   FileSystem& files() override { return files_; }
   std::string root() const override { return scratch_.path(); }
   void SetModified(const std::string& path, FileTime modified) override {
@@ -51,11 +51,11 @@ class PosixScene : public Scene {
     return chmod(folder.c_str(), S_IRUSR | S_IXUSR) == 0;
   }
   bool FailFlushes() override {
-    for (const char* call : {"syncfs", "fdatasync", "fsync"}) Calls().fails[call] = EIO;
+    for (const char* call : {"syncfs", "fdatasync", "fsync"}) Calls()->fails[call] = EIO;
     return true;
   }
   bool MountFat(const std::string& folder) override {
-    Calls().volume = MSDOS_SUPER_MAGIC;
+    Calls()->volume = MSDOS_SUPER_MAGIC;
     return MakeSmallDisk(folder);
   }
   bool MakeSmallDisk(const std::string& folder) override {
@@ -176,13 +176,13 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
   for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
   for (const auto& [magic, expected] : volumes) {
     AddFile("to/b", "old");
-    Calls() = {.volume = magic};
+    *Calls() = {.volume = magic};
     for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
       EXPECT_TRUE(outcome);
-    const std::string made = Calls().made;
+    const std::string made = Calls()->made;
     EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
         << magic << ": " << made;
-    EXPECT_TRUE(expected != kUnordered || Calls().held_open == 1) << "space of a replaced file";
+    EXPECT_TRUE(expected != kUnordered || Calls()->held_open == 1) << "space of a replaced file";
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }
@@ -196,14 +196,14 @@ TEST_F(PosixFiles, AVolumeKeepsHiddenAndSystemInAPlaceOfItsOwnAndACopyIsSystemAl
                             {posix::kSmb2, kServers}};
   for (const auto& [volume, none] : volumes) {
     AddFile("from/file", "xy");
-    Calls() = {.volume = volume};
+    *Calls() = {.volume = volume};
     ASSERT_TRUE(files().SetAttributes(At("from/file"), kHidden | kSystem));
-    EXPECT_EQ(Calls().dos_bits, 0x26u);
+    EXPECT_EQ(Calls()->dos_bits, 0x26u);
     EXPECT_EQ(Must(Copy("file")).target_attributes, kSystem);
-    EXPECT_EQ(Calls().dos_bits, 0x24u);
-    Calls().dos_bits = 0x06;
+    EXPECT_EQ(Calls()->dos_bits, 0x24u);
+    Calls()->dos_bits = 0x06;
     EXPECT_TRUE(files().SetAttributes(At("from/file"), 0));
-    EXPECT_EQ(Calls().dos_bits, none);
+    EXPECT_EQ(Calls()->dos_bits, none);
     AddFile("from/file", "x");
     const bool is_ntfs = volume == posix::kNtfs3 || volume == FUSE_SUPER_MAGIC;
     EXPECT_NE(files().SetAttributes(At("from/file"), kSystem).ok(), is_ntfs) << "it would become a socket";
@@ -220,10 +220,10 @@ TEST_F(PosixFiles, ASourceOfThisMomentIsWaitedForAndOneWhoseTimeCouldHideAChange
       {{kNow, 505'000'001}, 4, false}, {{kNow + 1, 0}, 4, false},       {{kNow + 2, 0}, 0, false}};
   for (const auto& [modified, rests, is_due] : cases) {
     AddFile("from/file", "x", modified);
-    Calls() = {.now = {kNow, 505'000'000}};
+    *Calls() = {.now = {kNow, 505'000'000}};
     EXPECT_EQ(Must(Copy("file")).changed, is_due) << modified.seconds << "." << modified.nanoseconds;
-    EXPECT_EQ(Calls().rests, rests) << modified.seconds << "." << modified.nanoseconds;
-    Calls().now.tv_sec *= 2;
+    EXPECT_EQ(Calls()->rests, rests) << modified.seconds << "." << modified.nanoseconds;
+    Calls()->now.tv_sec *= 2;
     EXPECT_EQ(files().ChangedAt(At("from/file"))->seconds, 2 * kNow) << "as FAT tells it";
   }
 }
@@ -233,7 +233,7 @@ TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftToReadOnlyAndNoneWhereTheVolu
   ASSERT_EQ(chmod(At("to/lock").c_str(), 0444), 0);
   EXPECT_TRUE(files().Lock(At("to/lock"), "me"));
   for (const int reason : {ENOLCK, EWOULDBLOCK}) {
-    Calls().fails = {{"flock", reason}};
+    Calls()->fails = {{"flock", reason}};
     EXPECT_EQ(files().Lock(At("to/lock"), "me").error().code, reason);
     EXPECT_EQ(NamesIn("to"), reason == ENOLCK ? Names() : Names{"lock"}) << "then it may be another's";
   }
@@ -241,12 +241,12 @@ TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftToReadOnlyAndNoneWhereTheVolu
 
 TEST_F(PosixFiles, AServerIsAskedByMoreThreadsAndAFlushDoesNotHoldTheProgramUp) {
   for (const auto& [magic, fewest, most] : {std::tuple(NFS_SUPER_MAGIC, 8U, 8U), {TMPFS_MAGIC, 2U, 4U}}) {
-    Calls().volume = static_cast<unsigned long>(magic);
+    Calls()->volume = static_cast<unsigned long>(magic);
     const std::size_t workers = posix::WorkersBetween(At("from"), At("to"));
     EXPECT_TRUE(fewest <= workers && workers <= most) << workers;
   }
   EXPECT_TRUE(files().Flush(At("to"), {}));
-  EXPECT_TRUE(Calls().flushed_aside);
+  EXPECT_TRUE(Calls()->flushed_aside);
 }
 
 TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
@@ -263,29 +263,29 @@ TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
                           {"rename", 0, true},
                           {"fsync", MSDOS_SUPER_MAGIC, true}};
   for (const auto& [call, volume, also_replace] : faults) {
-    Calls() = {.fails = {{call, EIO}, {"copy_file_range", EIO}}, .volume = volume};
+    *Calls() = {.fails = {{call, EIO}, {"copy_file_range", EIO}}, .volume = volume};
     const auto copied = Copy("file");
     ASSERT_TRUE(!copied && copied.error().code == EIO) << call;
     EXPECT_EQ(copied.error().kind == ErrorKind::kShort, call == "read");
     EXPECT_EQ(!also_replace, replace().ok()) << call;
     EXPECT_EQ(files().WriteFile(At("new"), "x").ok(), call != "write" && call != "close");
-    Calls() = {};
+    *Calls() = {};
     EXPECT_TRUE(ContentOf("to/file") == (also_replace ? "old" : "new")) << call;
     AddFile("to/file", "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
-  Calls().fails = {{"write", 0}, {"copy_file_range", EXDEV}};
+  Calls()->fails = {{"write", 0}, {"copy_file_range", EXDEV}};
   EXPECT_EQ(Copy("file").error().kind, ErrorKind::kDiskFull);
-  Calls().fails = {{"close", EINTR}};
+  Calls()->fails = {{"close", EINTR}};
   EXPECT_TRUE(Copy("file") && files().WriteFile(At("new"), "x"));
 }
 
 TEST_F(PosixFiles, WhatMovesInPartsBetweenSignalsIsWholeAndAReplacedFileIsFlushedBeforeItsName) {
   const std::string content = Noise(700'000);
   AddFile("from/file", content);
-  Calls() = {.fails = {{"copy_file_range", EXDEV}}, .is_slow = true};
+  *Calls() = {.fails = {{"copy_file_range", EXDEV}}, .is_slow = true};
   EXPECT_TRUE(files().ReplaceFile(At("to/other"), content));
-  EXPECT_EQ(Calls().made, "fsync rename fsync ");
+  EXPECT_EQ(Calls()->made, "fsync rename fsync ");
   bool grew = false;
   const auto grow = [&](std::int64_t) {
     return std::exchange(grew, true) || files().WriteFile(At("from/file"), content + content).ok();
@@ -298,7 +298,7 @@ TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
   AddFile("from/file", "new");
   AddFile("from/name", "new");
   AddFile("to/file", "old");
-  Calls() = {.fails = {{"renameat2", EINVAL}}, .volume = MSDOS_SUPER_MAGIC};
+  *Calls() = {.fails = {{"renameat2", EINVAL}}, .volume = MSDOS_SUPER_MAGIC};
   const auto outcomes = CopyAll(Open("from"), {"file", "name"}, Open("to"), TargetName::kFree);
   EXPECT_EQ(outcomes[0].error().kind, ErrorKind::kNameTaken);
   EXPECT_TRUE(outcomes[1]);
@@ -311,41 +311,41 @@ TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
 
 TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanBeCalledOff) {
   const auto lives = [](int child) { return kill(child, 0) == 0; };
-  Calls() = {};
+  *Calls() = {};
   posix::PosixShell shell;
   const auto before = CountOpen();
   auto guard = shell.KeepAwake();
-  EXPECT_EQ(Calls().started,
+  EXPECT_EQ(Calls()->started,
             "/usr/sbin/systemd-inhibit|--what=sleep:idle|--who=Quorvane|--why=A backup is "
             "running.|/usr/sbin/cat|");
-  const int inhibits = Calls().child;
+  const int inhibits = Calls()->child;
   const std::string waits_for = "/proc/" + std::to_string(inhibits) + "/fd/0";
   EXPECT_TRUE(std::filesystem::read_symlink(waits_for).string().starts_with("pipe:"));
   EXPECT_EQ(CountOpen(), before + 1) << "the other end";
   guard.reset();
   while (lives(inhibits)) std::this_thread::yield();
-  Calls() = {};
+  *Calls() = {};
   EXPECT_FALSE(shell.CallOffShutDown()) << "there is none";
   EXPECT_TRUE(shell.ScheduleShutDown("The end"));
-  EXPECT_TRUE(Calls().started.starts_with("/usr/sbin/sh|-c|") &&
-              Calls().started.ends_with("|/usr/sbin/shutdown|The end|/usr/sbin/sleep|"));
-  const int waits = Calls().child;
+  EXPECT_TRUE(Calls()->started.starts_with("/usr/sbin/sh|-c|") &&
+              Calls()->started.ends_with("|/usr/sbin/shutdown|The end|/usr/sbin/sleep|"));
+  const int waits = Calls()->child;
   EXPECT_TRUE(lives(waits));
   EXPECT_TRUE(shell.CallOffShutDown());
   while (lives(waits)) std::this_thread::yield();
-  Calls() = {};
+  *Calls() = {};
   EXPECT_TRUE(shell.ScheduleShutDown({}) && shell.CallOffShutDown() && !shell.CallOffShutDown());
-  EXPECT_EQ(Calls().started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");
+  EXPECT_EQ(Calls()->started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");
 }
 
 TEST_F(PosixFiles, ACopyIsReadBackPastTheMemoryAlsoWhereItsOwnerMayNotReadIt) {
   AddFile("from/file", "content");
   ASSERT_EQ(chmod(At("from/file").c_str(), S_IRGRP | S_IROTH), 0);
   if (!scene_->GiveTo(At("from/file"), true)) GTEST_SKIP() << "giving files away takes root";
-  Calls() = {.volume = TMPFS_MAGIC};
+  *Calls() = {.volume = TMPFS_MAGIC};
   reads_back_ = true;
   EXPECT_TRUE(Copy("file"));
-  EXPECT_EQ(Calls().made, "syncfs forget forget rename ");
+  EXPECT_EQ(Calls()->made, "syncfs forget forget rename ");
   EXPECT_EQ(std::filesystem::status(At("to/file")).permissions(), std::filesystem::perms{0244});
 }
 

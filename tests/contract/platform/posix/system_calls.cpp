@@ -14,24 +14,20 @@
 #include <cerrno>
 #include <cstdarg>
 #include <filesystem>
-#include <mutex>
 
 #include "platform/posix/volume/volume_kind.h"
 
 namespace platform::posix::test {
 namespace {
 
-void Note(const char* call) {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
-  Calls().made += std::string(call) + " ";
-}
+void Note(const char* call) { Calls()->made += std::string(call) + " "; }
 
 /// Whether a test wants the call to fail; errno then says how.
 bool Fails(const char* call) {
-  const auto found = Calls().fails.find(call);
-  if (found != Calls().fails.end()) errno = found->second;
-  return found != Calls().fails.end();
+  const auto calls = Calls();
+  const auto found = calls->fails.find(call);
+  if (found != calls->fails.end()) errno = found->second;
+  return found != calls->fails.end();
 }
 
 int NoteOnly(const char* call) {
@@ -43,16 +39,16 @@ int NoteOnly(const char* call) {
 ssize_t Move(const char* call, long number, int file, void* bytes, std::size_t size) {
   static std::atomic<unsigned> calls = 0;
   if (Fails(call)) return errno == 0 ? 0 : -1;
-  if (Calls().is_slow && calls++ % 2 == 0) {
+  if (Calls()->is_slow && calls++ % 2 == 0) {
     errno = EINTR;
     return -1;
   }
-  return syscall(number, file, bytes, Calls().is_slow ? std::min<std::size_t>(size, 100'000) : size);
+  return syscall(number, file, bytes, Calls()->is_slow ? std::min<std::size_t>(size, 100'000) : size);
 }
 
 /// Whether the volume keeps them in an attribute of that name, or in none of its files, as FAT does.
 bool HasDosBits(const std::string& name) {
-  const unsigned long volume = Calls().volume;
+  const unsigned long volume = Calls()->volume;
   if (volume == MSDOS_SUPER_MAGIC || volume == kExfat) return name.empty();
   if (volume == kNtfs3 || volume == FUSE_SUPER_MAGIC) return name == "system.ntfs_attrib";
   return volume != 0 && name == "user.cifs.dosattrib";
@@ -68,9 +64,9 @@ int OpenWithoutName() {
 
 }  // namespace
 
-SystemCalls& Calls() {
+platform::test::Locked<SystemCalls> Calls() {
   static SystemCalls calls;
-  return calls;
+  return platform::test::Locked(calls);
 }
 
 }  // namespace platform::posix::test
@@ -85,8 +81,8 @@ using platform::posix::test::NoteOnly;
 extern "C" {
 
 int syncfs(int /*file*/) noexcept {
-  Calls().held_open = platform::posix::test::OpenWithoutName();
-  Calls().flushed_aside = gettid() != getpid();
+  Calls()->held_open = platform::posix::test::OpenWithoutName();
+  Calls()->flushed_aside = gettid() != getpid();
   return NoteOnly("syncfs");
 }
 
@@ -124,35 +120,35 @@ int Lock(int file, int operation) noexcept {
 }
 
 int clock_gettime(clockid_t clock, struct timespec* now) noexcept {
-  if (clock != CLOCK_REALTIME_COARSE || Calls().now.tv_sec == 0)
+  if (clock != CLOCK_REALTIME_COARSE || Calls()->now.tv_sec == 0)
     return static_cast<int>(syscall(SYS_clock_gettime, clock, now));
-  *now = Calls().now;
+  *now = Calls()->now;
   return 0;
 }
 
 int nanosleep(const struct timespec* time, struct timespec* left) {
-  if (Calls().now.tv_sec == 0) return static_cast<int>(syscall(SYS_nanosleep, time, left));
-  Calls().rests += time->tv_nsec > 0 ? 1 : 0;
+  if (Calls()->now.tv_sec == 0) return static_cast<int>(syscall(SYS_nanosleep, time, left));
+  Calls()->rests += time->tv_nsec > 0 ? 1 : 0;
   return 0;
 }
 
 int Tell(int, const char*, int, unsigned, struct statx*) noexcept __asm__("statx");  // which is a struct, too
 int Tell(int folder, const char* name, int flags, unsigned wanted, struct statx* facts) noexcept {
   const auto result = static_cast<int>(syscall(SYS_statx, folder, name, flags, wanted, facts));
-  if (Calls().now.tv_sec != 0) facts->stx_btime.tv_sec = Calls().now.tv_sec;
+  if (Calls()->now.tv_sec != 0) facts->stx_btime.tv_sec = Calls()->now.tv_sec;
   return result;
 }
 
 ssize_t fgetxattr(int file, const char* name, void* value, std::size_t size) noexcept {
   if (!platform::posix::test::HasDosBits(name)) return syscall(SYS_fgetxattr, file, name, value, size);
-  *static_cast<std::uint32_t*>(value) = Calls().dos_bits;
-  return sizeof Calls().dos_bits;
+  *static_cast<std::uint32_t*>(value) = Calls()->dos_bits;
+  return sizeof Calls()->dos_bits;
 }
 
 int fsetxattr(int file, const char* name, const void* value, std::size_t size, int flags) noexcept {
   if (!platform::posix::test::HasDosBits(name))
     return static_cast<int>(syscall(SYS_fsetxattr, file, name, value, size, flags));
-  Calls().dos_bits = *static_cast<const std::uint32_t*>(value);
+  Calls()->dos_bits = *static_cast<const std::uint32_t*>(value);
   return 0;
 }
 
@@ -162,13 +158,13 @@ int access(const char* /*path*/, int /*wanted*/) noexcept { return 0; }
 int posix_spawn(pid_t* child, const char* path, const posix_spawn_file_actions_t* actions,
                 const posix_spawnattr_t* /*attributes*/, char* const arguments[], char* const environment[]) {
   for (char* const* argument = arguments; *argument != nullptr; ++argument)
-    Calls().started += std::string(argument == arguments ? path : *argument) + "|";
+    Calls()->started += std::string(argument == arguments ? path : *argument) + "|";
   static const auto spawn = reinterpret_cast<decltype(&posix_spawn)>(dlsym(RTLD_NEXT, "posix_spawn"));
   const bool waits = std::string(arguments[0]) == "sh";
   char a_minute[] = "60";
   char* const harmless[] = {arguments[0], waits ? a_minute : nullptr, nullptr};
   const int error = spawn(child, waits ? "/bin/sleep" : "/bin/cat", actions, nullptr, harmless, environment);
-  Calls().child = *child;
+  Calls()->child = *child;
   return error;
 }
 
@@ -185,7 +181,7 @@ int renameat2(int from, const char* old_name, int to, const char* new_name, unsi
 
 int fstatfs(int file, struct statfs* facts) noexcept {
   const int result = static_cast<int>(syscall(SYS_fstatfs, file, facts));
-  if (Calls().volume != 0) facts->f_type = static_cast<__fsword_t>(Calls().volume);
+  if (Calls()->volume != 0) facts->f_type = static_cast<__fsword_t>(Calls()->volume);
   return result;
 }
 
@@ -194,7 +190,7 @@ int ioctl(int file, unsigned long request, ...) noexcept {
   va_start(rest, request);
   void* const value = va_arg(rest, void*);
   va_end(rest);
-  std::uint32_t& bits = Calls().dos_bits;
+  std::uint32_t& bits = Calls()->dos_bits;
   if (request == FAT_IOCTL_GET_ATTRIBUTES) *static_cast<std::uint32_t*>(value) = bits;
   if (request == FAT_IOCTL_SET_ATTRIBUTES) bits = *static_cast<std::uint32_t*>(value);
   if (request == FAT_IOCTL_GET_ATTRIBUTES || request == FAT_IOCTL_SET_ATTRIBUTES)

@@ -6,6 +6,8 @@
 #include <map>
 #include <string>
 
+#include "tests/contract/platform/locked.h"
+
 /// The system calls by which files get to the disk and get their names, as this test program makes them. They
 /// are noted, and what a test wants of them can be set. The flushes themselves are left out: nobody cuts the
 /// power of a test, and they take most of its time.
@@ -26,6 +28,6 @@ struct SystemCalls {
 };
 
 /// Those since it was reset; kept by all threads.
-SystemCalls& Calls();
+platform::test::Locked<SystemCalls> Calls();
 
 }  // namespace platform::posix::test

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
-#include <mutex>
 
 #include "base/wide_text.h"
 #include "platform/windows/open_file.h"
@@ -33,17 +32,14 @@ Call Real(const char* name, const wchar_t* library = L"kernelbase") {
   return reinterpret_cast<Call>(reinterpret_cast<void*>(Found(::GetModuleHandleW(library), name)));
 }
 
-void Note(const char* call) {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
-  Calls().made += std::string(call) + " ";
-}
+void Note(const char* call) { Calls()->made += std::string(call) + " "; }
 
 /// Whether a test wants the call to fail; the last error then says how.
 bool Fails(const std::string& call) {
-  const auto found = Calls().fails.find(call);
-  if (found != Calls().fails.end()) ::SetLastError(found->second);
-  return found != Calls().fails.end();
+  const auto calls = Calls();
+  const auto found = calls->fails.find(call);
+  if (found != calls->fails.end()) ::SetLastError(found->second);
+  return found != calls->fails.end();
 }
 
 bool Refused(DWORD code) {
@@ -71,17 +67,18 @@ struct OrFail<name, Answer(WINAPI*)(Arguments...)> {
 // 2200-01-01 and the seconds after it stand for the links of a test.
 constexpr std::int64_t kFirstLink = (7'258'118'400 + kSecondsFrom1601To1970) * kTicksPerSecond;
 
-const Reparse* ReparseOf(std::int64_t written) {
+std::optional<Reparse> ReparseOf(std::int64_t written) {
   const std::int64_t number = (written - kFirstLink) / kTicksPerSecond;
-  const bool is_one = written >= kFirstLink && number < static_cast<std::int64_t>(Calls().links.size());
-  return is_one ? &Calls().links[static_cast<std::size_t>(number)] : nullptr;
+  const auto calls = Calls();
+  const bool is_one = written >= kFirstLink && number < static_cast<std::int64_t>(calls->links.size());
+  return is_one ? std::optional(calls->links[static_cast<std::size_t>(number)]) : std::nullopt;
 }
 
 /// As a listing or a search shows it.
 void Show(std::int64_t written, DWORD& attributes, DWORD& tag) {
-  const Reparse* reparse = ReparseOf(written);
-  if (reparse != nullptr) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
-  tag = reparse != nullptr ? reparse->tag : IO_REPARSE_TAG_SYMLINK;  // without the bit it means nothing
+  const auto reparse = ReparseOf(written);
+  if (reparse) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  tag = reparse ? reparse->tag : IO_REPARSE_TAG_SYMLINK;  // without the bit it means nothing
 }
 
 /// All zeros, but for the attributes, when nothing is there.
@@ -101,8 +98,8 @@ DWORD WINAPI AttributesOf(LPCWSTR path) {
 /// Nothing for a link that leads nowhere.
 std::wstring Followed(std::wstring path) {
   for (int links = 0; links < 9; ++links) {
-    const Reparse* link = ReparseOf(TicksOf(DataAt(path.c_str()).ftLastWriteTime));
-    if (link == nullptr) return path;
+    const auto link = ReparseOf(TicksOf(DataAt(path.c_str()).ftLastWriteTime));
+    if (!link) return path;
     path = link->target;
   }
   return {};
@@ -119,7 +116,7 @@ HANDLE WINAPI Create(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTE
   static const auto real = Real<decltype(&::CreateFileW)>("CreateFileW");
   std::wstring at = (flags & FILE_FLAG_OPEN_REPARSE_POINT) != 0 ? path : Followed(path);
   const bool is_volume = at.starts_with(L"\\\\?\\Volume{") && at.ends_with(L'}');
-  if (is_volume && !Calls().opens_volumes) return INVALID_HANDLE_VALUE;
+  if (is_volume && !Calls()->opens_volumes) return INVALID_HANDLE_VALUE;
   if (at.empty() && !Refused(ERROR_CANT_ACCESS_FILE)) return INVALID_HANDLE_VALUE;
   if ((flags & FILE_FLAG_NO_BUFFERING) != 0 && Fails("unbuffered")) return INVALID_HANDLE_VALUE;
   if ((access & GENERIC_WRITE) != 0 && IsReadOnly(at.c_str()) && !Refused(ERROR_ACCESS_DENIED))
@@ -187,7 +184,7 @@ BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DW
   if (kind == FileBasicInfo) {
     const FileTime written = FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart);
     const int year = ToUtc(written).year;
-    const bool is_held = Calls().format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
+    const bool is_held = Calls()->format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
     return is_held ? !Fails("set") && real(file, kind, info, size) : Refused(ERROR_INVALID_PARAMETER);
   }
   const bool is_plain = kind == FileRenameInfo;  // the other way has flags
@@ -232,20 +229,21 @@ BOOL WINAPI Copy(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID d
 void WINAPI TimeNow(FILETIME* now) {
   static const auto real = Real<decltype(&::GetSystemTimeAsFileTime)>("GetSystemTimeAsFileTime");
   real(now);
-  if (Calls().now) *now = ToSystem(FromTicks(*Calls().now));
+  if (Calls()->now) *now = ToSystem(FromTicks(*Calls()->now));
 }
 
 void WINAPI SleepFor(DWORD milliseconds) {
   static const auto real = Real<decltype(&::Sleep)>("Sleep");
-  if (!Calls().now || milliseconds < 2) return real(milliseconds);  // threads wait for each other so
+  if (!Calls()->now || milliseconds < 2) return real(milliseconds);  // threads wait for each other so
   Note("sleep");
-  *Calls().now += std::int64_t{milliseconds} * 10'000;
+  *Calls()->now += std::int64_t{milliseconds} * 10'000;
 }
 
 int WINAPI FormatOfUser(LPCWSTR name, LCTYPE type, LPWSTR text, int size) {
   static const auto real = Real<decltype(&::GetLocaleInfoEx)>("GetLocaleInfoEx");
-  const auto found = Calls().locale.find(type);
-  if (found == Calls().locale.end()) return real(name, type, text, size);
+  const auto calls = Calls();
+  const auto found = calls->locale.find(type);
+  if (found == calls->locale.end()) return real(name, type, text, size);
   ::lstrcpynW(text, found->second.c_str(), size);
   return static_cast<int>(found->second.size()) + 1;
 }
@@ -253,16 +251,16 @@ int WINAPI FormatOfUser(LPCWSTR name, LCTYPE type, LPWSTR text, int size) {
 BOOL WINAPI FileInfo(HANDLE file, BY_HANDLE_FILE_INFORMATION* info) {
   static const auto real = Real<decltype(&::GetFileInformationByHandle)>("GetFileInformationByHandle");
   if (!real(file, info)) return FALSE;
-  if (PathOf(file).find(Calls().elsewhere) != std::wstring::npos) ++info->dwVolumeSerialNumber;
+  if (PathOf(file).find(Calls()->elsewhere) != std::wstring::npos) ++info->dwVolumeSerialNumber;
   return TRUE;
 }
 
 template <typename Place>
 BOOL WINAPI FormatOf(Place, LPWSTR, DWORD, DWORD*, DWORD*, DWORD*, LPWSTR format, DWORD size) {
-  return ::lstrcpynW(format, Calls().format.c_str(), static_cast<int>(size)) != nullptr;
+  return ::lstrcpynW(format, Calls()->format.c_str(), static_cast<int>(size)) != nullptr;
 }
 
-UINT WINAPI DriveType(LPCWSTR) { return Calls().is_remote ? DRIVE_REMOTE : DRIVE_FIXED; }
+UINT WINAPI DriveType(LPCWSTR) { return Calls()->is_remote ? DRIVE_REMOTE : DRIVE_FIXED; }
 
 DWORD WINAPI SecurityOf(HANDLE file, SE_OBJECT_TYPE type, SECURITY_INFORMATION what, PSID* owner, PSID* group,
                         PACL* access, PACL* audit, PSECURITY_DESCRIPTOR* descriptor) {
@@ -270,31 +268,31 @@ DWORD WINAPI SecurityOf(HANDLE file, SE_OBJECT_TYPE type, SECURITY_INFORMATION w
   static char sid[SECURITY_MAX_SID_SIZE];
   DWORD size = sizeof sid;
   const DWORD code = real(file, type, what, owner, group, access, audit, descriptor);
-  if (Calls().owner && ::CreateWellKnownSid(*Calls().owner, nullptr, sid, &size)) *owner = sid;
+  if (Calls()->owner && ::CreateWellKnownSid(*Calls()->owner, nullptr, sid, &size)) *owner = sid;
   return code;
 }
 
 /// Nobody's computer is to be shut down.
 HINSTANCE WINAPI Start(HWND, LPCWSTR, LPCWSTR program, LPCWSTR parameters, LPCWSTR, INT) {
-  Calls().started += base::Narrow(program) + "|" + base::Narrow(parameters) + "|";
+  Calls()->started += base::Narrow(program) + "|" + base::Narrow(parameters) + "|";
   return reinterpret_cast<HINSTANCE>(Fails("ShellExecuteW") ? INT_PTR{32} : INT_PTR{33});
 }
 
 }  // namespace
 
-SystemCalls& Calls() {
+platform::test::Locked<SystemCalls> Calls() {
   static SystemCalls calls;
-  return calls;
+  return platform::test::Locked(calls);
 }
 
 void MakeReparse(const std::wstring& path, const Reparse& reparse, bool is_folder) {
   if (is_folder) ::CreateDirectoryW(path.c_str(), nullptr);
   const FileHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_ALWAYS,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  const auto number = static_cast<std::int64_t>(Calls().links.size());
+  const auto number = static_cast<std::int64_t>(Calls()->links.size());
   const FILETIME time = ToSystem(FromTicks(kFirstLink + number * kTicksPerSecond));
   ::SetFileTime(file.get(), nullptr, nullptr, &time);
-  Calls().links.push_back(reparse);
+  Calls()->links.push_back(reparse);
 }
 
 }  // namespace platform::windows::test

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/contract/platform/locked.h"
+
 /// The calls of the system that matter to copies and links, as this test program makes them. They are noted,
 /// and what a test wants of them can be set: much of it Wine cannot do, or takes an administrator.
 namespace platform::windows::test {
@@ -33,7 +35,7 @@ struct SystemCalls {
 };
 
 /// Those since it was reset; kept by all threads.
-SystemCalls& Calls();
+platform::test::Locked<SystemCalls> Calls();
 
 /// Makes a reparse point of a new file or folder.
 void MakeReparse(const std::wstring& path, const Reparse& reparse, bool is_folder);

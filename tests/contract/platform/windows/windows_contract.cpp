@@ -39,8 +39,8 @@ class WindowsScene : public Scene {
     return true;
   }
   bool GiveTo(const std::string& /*path*/, bool another) override {
-    Calls().owner.reset();
-    if (another) Calls().owner = WinWorldSid;
+    Calls()->owner.reset();
+    if (another) Calls()->owner = WinWorldSid;
     return true;
   }
   bool MakePipe(const std::string& path) override {
@@ -51,11 +51,11 @@ class WindowsScene : public Scene {
     return ::CreateHardLinkW(windows::LongPath(path).c_str(), windows::LongPath(file).c_str(), nullptr);
   }
   bool FailFlushes() override {
-    for (const char* call : {"volume", "write-out", "flush"}) Calls().fails[call] = ERROR_IO_DEVICE;
+    for (const char* call : {"volume", "write-out", "flush"}) Calls()->fails[call] = ERROR_IO_DEVICE;
     return true;
   }
 
-  WindowsScene() { Calls() = {}; }
+  WindowsScene() { *Calls() = {}; }
 
  private:
   TemporaryFolder folder_;
@@ -141,15 +141,17 @@ TEST_F(WindowsFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolumeAndThe
   for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
   for (const Case& volume : cases) {
     AddFile("to/b", "old");
-    Calls() = {.format = volume.format, .is_remote = volume.is_remote, .opens_volumes = volume.opens_volumes};
+    *Calls() = {
+        .format = volume.format, .is_remote = volume.is_remote, .opens_volumes = volume.opens_volumes};
     const CopyLimits limits = windows::WindowsCopyVolume(At("from"), At("to")).limits();
     EXPECT_TRUE(limits.files == volume.files && limits.folders == limits.files && limits.bytes > 1 << 20);
     EXPECT_TRUE(volume.is_remote ? limits.workers == 8 : limits.workers >= 2 && limits.workers <= 4);
-    Calls().fails = {{volume.fails, ERROR_IO_DEVICE}};
+    Calls()->fails = {{volume.fails, ERROR_IO_DEVICE}};
     for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
       EXPECT_TRUE(outcome && !outcome->changed);
-    EXPECT_EQ(Calls().made.size(), std::string(volume.made).size()) << Calls().made;  // many write at a time
-    EXPECT_TRUE(volume.fails[0] == 'w' || Calls().made == volume.made) << Calls().made;
+    EXPECT_EQ(Calls()->made.size(), std::string(volume.made).size())
+        << Calls()->made;  // many write at a time
+    EXPECT_TRUE(volume.fails[0] == 'w' || Calls()->made == volume.made) << Calls()->made;
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }
@@ -158,14 +160,14 @@ TEST_F(WindowsFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolumeAndThe
 TEST_F(WindowsFiles, WhatLiesOnAnotherVolumeIsFlushedForItselfBeforeAndAfterItsName) {
   for (const char* folder : {"to/here", "to/there"}) AddFolder(folder);
   AddFile("from/file", "x");
-  Calls() = {.format = L"NTFS", .opens_volumes = true, .elsewhere = L"\\there"};
+  *Calls() = {.format = L"NTFS", .opens_volumes = true, .elsewhere = L"\\there"};
   const auto from = Open("from");
   const auto copier = files().MakeCopier(At("from"), At("to"));
   for (const char* folder : {"to/here", "to/there"})
     copier->Start({from, &Named(*from, "file"), Open(folder), TargetName::kFree});
   copier->Save();
   while (!copier->Collect() || !copier->Collect()) copier->Wait(std::chrono::seconds{1});
-  EXPECT_EQ(Calls().made, "flush volume rename-ex rename-ex flush ");
+  EXPECT_EQ(Calls()->made, "flush volume rename-ex rename-ex flush ");
 }
 
 TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
@@ -177,21 +179,21 @@ TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
     AddFile("from/file", Noise(size));
     AddFile("to/file", "old");
     ASSERT_TRUE(files().SetAttributes(At("from/file"), kReadOnly));
-    Calls().fails = {{call, ERROR_IO_DEVICE}};
+    Calls()->fails = {{call, ERROR_IO_DEVICE}};
     const auto copied = Copy("file");
     ASSERT_TRUE(!copied && copied.error().code == ERROR_IO_DEVICE) << call;
     EXPECT_EQ(copied.error().kind == ErrorKind::kShort, std::string_view(call) == "ReadFile");
     EXPECT_EQ(Names{"file"}, NamesIn("to")) << call;
-    Calls() = {};
+    *Calls() = {};
     EXPECT_EQ(ContentOf("to/file"), "old") << call;
     ASSERT_TRUE(files().RemoveFile(At("from/file")));
   }
 }
 
 TEST_F(WindowsFiles, AFullDiskHasNoRoomForTheFileThatFlushesOthersAndNeedsNone) {
-  Calls().fails = {{"WriteFile", ERROR_DISK_FULL}};
+  Calls()->fails = {{"WriteFile", ERROR_DISK_FULL}};
   EXPECT_TRUE(files().Flush(At("to"), {}));
-  Calls().fails = {{"WriteFile", ERROR_IO_DEVICE}};
+  Calls()->fails = {{"WriteFile", ERROR_IO_DEVICE}};
   EXPECT_FALSE(files().Flush(At("to"), {}));
 }
 
@@ -200,8 +202,8 @@ TEST_F(WindowsFiles, FatSaysThatTheDiskIsFullToAFileThatIsTooLargeForIt) {
     AddFile("from/file", "");
     std::filesystem::resize_file(base::Widen(At("from/file")), static_cast<std::uintmax_t>(size));
     for (const wchar_t* format : {L"FAT32", L"NTFS"}) {
-      Calls() = {.fails = {{"copy", ERROR_DISK_FULL}}, .format = format};
-      const bool is_too_large = size > kLargestOnFat && Calls().format == L"FAT32";
+      *Calls() = {.fails = {{"copy", ERROR_DISK_FULL}}, .format = format};
+      const bool is_too_large = size > kLargestOnFat && Calls()->format == L"FAT32";
       EXPECT_EQ(Copy("file").error().kind, is_too_large ? ErrorKind::kTooLarge : ErrorKind::kDiskFull);
     }
   }
@@ -212,7 +214,8 @@ TEST_F(WindowsFiles, WhatTheSystemCopiedIsComparedWithItsSourceReadOnceMore) {
   reads_back_ = true;
   for (const std::size_t size : {std::size_t{0}, std::size_t{5}, (std::size_t{2} << 20) + 1}) {
     AddFile("from/file", Noise(size));
-    Calls().fails = {{"info 7", ERROR_MORE_DATA}, {"unbuffered", ERROR_INVALID_PARAMETER}};  // it has streams
+    Calls()->fails = {{"info 7", ERROR_MORE_DATA},
+                      {"unbuffered", ERROR_INVALID_PARAMETER}};  // it has streams
     ASSERT_TRUE(Copy("file"));
     EXPECT_TRUE(ContentOf("to/file") == Noise(size));
   }
@@ -228,9 +231,9 @@ TEST_F(WindowsFiles, ASourceThatWasJustWrittenToIsReadAfterTheTickOfItsTimeOrCou
       {2 * kSecond, L"FAT32", "", false}};
   for (const auto& [age, format, sleeps, is_changed] : cases) {
     AddFile("from/file", "x", windows::FromTicks(kNow - age));
-    Calls() = {.format = format, .opens_volumes = true, .now = kNow};
+    *Calls() = {.format = format, .opens_volumes = true, .now = kNow};
     EXPECT_EQ(Must(Copy("file")).changed, is_changed) << age;
-    EXPECT_TRUE(Calls().made.starts_with(sleeps + std::string("volume "))) << Calls().made;
+    EXPECT_TRUE(Calls()->made.starts_with(sleeps + std::string("volume "))) << Calls()->made;
   }
 }
 
@@ -241,11 +244,11 @@ TEST_F(WindowsFiles, FatTakesTheNearestTimeThatItCanHold) {
                                                          {4'400'000'000, 4'354'765'200}};
   for (const auto& [source, copy] : times) {
     AddFile("from/file", "x", {source, 500});
-    Calls().format = L"FAT32";
+    Calls()->format = L"FAT32";
     ASSERT_TRUE(Copy("file"));
     EXPECT_EQ(EntryAt("to/file").modified, (FileTime{copy, 500}));
   }
-  Calls().fails = {{"set", ERROR_INVALID_PARAMETER}};
+  Calls()->fails = {{"set", ERROR_INVALID_PARAMETER}};
   EXPECT_FALSE(Copy("file"));
 }
 
@@ -255,49 +258,49 @@ TEST_F(WindowsFiles, AFileIsFromTrustedHandsOnlyWhereTheUserOrTheSystemOwnsIt) {
   EXPECT_FALSE(files().BelongsToUser(At("from/none")));
   for (const auto& [owner, is_trusted] :
        {std::pair(WinBuiltinAdministratorsSid, true), {WinLocalSystemSid, true}, {WinWorldSid, false}}) {
-    Calls().owner = owner;
+    Calls()->owner = owner;
     EXPECT_EQ(files().BelongsToUser(At("from/file")), is_trusted) << owner;
   }
 }
 
 TEST_F(WindowsFiles, OnlyFatHasALimit) {
   for (const auto& [format, limit] : {std::pair(L"FAT", kLargestOnFat), {L"exFAT", 0}, {L"NTFS", 0}}) {
-    Calls().format = format;
+    Calls()->format = format;
     EXPECT_EQ(files().LargestFile(At("to/new")), limit);
   }
 }
 
 TEST_F(WindowsFiles, AVolumeThatKnowsNoListingByHandleIsSearched) {
   AddFile("from/file", "12345");
-  Calls().fails = {{"FindFirstFileExW", ERROR_ACCESS_DENIED}};
+  Calls()->fails = {{"FindFirstFileExW", ERROR_ACCESS_DENIED}};
   EXPECT_EQ(EntryAt("from/file").name, "file");
   EXPECT_EQ(EntryAt("from/file").size, 5);
   EXPECT_EQ(EntryAt("from/file").modified, kOldTime);
   ASSERT_TRUE(files().RemoveFile(At("from/file")));
   for (const char* name : {"from/a", "from/b"}) AddFile(name, name);
   const std::string info = "info " + std::to_string(FileIdBothDirectoryRestartInfo);
-  Calls().fails = {{info, ERROR_INVALID_PARAMETER}};
+  Calls()->fails = {{info, ERROR_INVALID_PARAMETER}};
   EXPECT_EQ(NamesIn("from"), (Names{"a", "b"}));
   EXPECT_EQ(NamesIn("to"), Names());
   EXPECT_EQ(Named(*Open("from"), "a").modified, kOldTime);
-  Calls().fails["FindNextFileW"] = ERROR_IO_DEVICE;
+  Calls()->fails["FindNextFileW"] = ERROR_IO_DEVICE;
   EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE);
-  Calls().fails["FindFirstFileExW"] = ERROR_IO_DEVICE;
+  Calls()->fails["FindFirstFileExW"] = ERROR_IO_DEVICE;
   EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE);
-  Calls().fails["FindFirstFileExW"] = ERROR_FILE_NOT_FOUND;
+  Calls()->fails["FindFirstFileExW"] = ERROR_FILE_NOT_FOUND;
   EXPECT_TRUE(Open("from")->entries().empty()) << "as the root of an empty drive";
-  Calls().fails = {{"info " + std::to_string(FileIdBothDirectoryInfo), ERROR_IO_DEVICE}};
+  Calls()->fails = {{"info " + std::to_string(FileIdBothDirectoryInfo), ERROR_IO_DEVICE}};
   EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE) << "no part of a listing";
 }
 
 TEST(WindowsClock, LocalTimeFollowsTheRulesOfItsYear) {
-  Calls() = {};
+  *Calls() = {};
   windows::WindowsClock clock;
   EXPECT_EQ(clock.ToLocal({1'700'000'000, 5'000'000}), (CalendarTime{2023, 11, 14, 23, 13, 20, 318}));
   EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}).hour, 6) << "summer";
-  Calls().fails = {{"GetTimeZoneInformationForYear", ERROR_INVALID_PARAMETER}};
+  Calls()->fails = {{"GetTimeZoneInformationForYear", ERROR_INVALID_PARAMETER}};
   EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'000'000, 0}));
-  Calls() = {};
+  *Calls() = {};
 }
 
 TEST(WindowsLocale, DigitsAreGroupedAsTheUserHasChosen) {
@@ -305,12 +308,12 @@ TEST(WindowsLocale, DigitsAreGroupedAsTheUserHasChosen) {
       {L"3;0", {3}}, {L"3;2;0", {3, 2}}, {L"3", {3, 0}}, {L"0", {0}},
       {L"0;0", {0}}, {L"", {0}},         {L"9;0", {9}}};
   for (const auto& [choice, groups] : choices) {
-    Calls() = {.locale = {{LOCALE_SGROUPING, choice}}};
+    *Calls() = {.locale = {{LOCALE_SGROUPING, choice}}};
     EXPECT_EQ(windows::WindowsLocale().DigitGroups(), groups) << base::Narrow(choice);
   }
-  Calls() = {.locale = {{LOCALE_SDECIMAL, L""}}};
+  *Calls() = {.locale = {{LOCALE_SDECIMAL, L""}}};
   EXPECT_EQ(windows::WindowsLocale().DecimalSeparator(), ".");
-  Calls() = {};
+  *Calls() = {};
 }
 
 TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
@@ -319,14 +322,14 @@ TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
 }
 
 TEST(WindowsShellCalls, AShutdownIsToldItsReasonAndThatItFailed) {
-  Calls() = {};
+  *Calls() = {};
   windows::WindowsShell shell;
   EXPECT_TRUE(shell.ScheduleShutDown("The end") && shell.ScheduleShutDown({}) && shell.CallOffShutDown());
   const std::string program = "C:\\windows\\system32\\shutdown.exe|";
-  EXPECT_EQ(Calls().started, program + "/s /c \"The end\"|" + program + "/s|" + program + "/a|");
-  Calls().fails = {{"ShellExecuteW", 0}};
+  EXPECT_EQ(Calls()->started, program + "/s /c \"The end\"|" + program + "/s|" + program + "/a|");
+  Calls()->fails = {{"ShellExecuteW", 0}};
   EXPECT_FALSE(shell.CallOffShutDown());
-  Calls() = {};
+  *Calls() = {};
 }
 
 TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
@@ -344,14 +347,14 @@ TEST_F(WindowsFiles, ASystemThatCannotRenameInTheBestWayDoesItInTheNext) {
       {"rename", "rename move ", "move "}};
   for (const auto& [missing, first, later] : ways) {
     AddFile("to/file", "old");
-    Calls() = {.fails = {{missing, ERROR_NOT_SUPPORTED}}, .format = L"exFAT"};
+    *Calls() = {.fails = {{missing, ERROR_NOT_SUPPORTED}}, .format = L"exFAT"};
     const auto copied = CopyAll(Open("from"), {"file"}, Open("to"), TargetName::kFree);
     EXPECT_EQ(copied.front().error().kind, ErrorKind::kNameTaken);
-    EXPECT_EQ(Calls().made, "write-out flush " + first);
+    EXPECT_EQ(Calls()->made, "write-out flush " + first);
     EXPECT_EQ(ContentOf("to/file"), "old");
-    Calls().made.clear();
+    Calls()->made.clear();
     EXPECT_TRUE(Copy("file"));
-    EXPECT_EQ(Calls().made, "write-out flush " + later + "flush ");
+    EXPECT_EQ(Calls()->made, "write-out flush " + later + "flush ");
     EXPECT_EQ(ContentOf("to/file"), "new");
   }
 }
