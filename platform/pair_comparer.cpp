@@ -47,7 +47,8 @@ using Pairs = std::vector<Pair*>;
 
 std::int64_t SizeOf(const CompareOrder& order) { return std::max<std::int64_t>(order.file->size, 0); }
 
-/// Room for the blocks of both sides; one for each thread.
+/// Room for the blocks of both sides; one for each thread at work. Not the thread's own: mingw-w64 frees what
+/// is before it is destroyed.
 struct Blocks {
   std::unique_ptr<char[]> bytes;
   std::size_t size = 0;
@@ -83,11 +84,12 @@ struct PairComparer::State {
   /// What a thread in the background does: batch after batch, while so many threads are of use.
   void CompareAll();
   bool HasTooManyThreads() const { return !is_slow && threads > quick_threads; }
-  void Compare(const Pairs& batch);
+  void Compare(const Pairs& batch, Blocks& blocks);
   void Open(Pair& pair);
   static void Close(Pair& pair);
-  CompareOutcome Compare(const Pair& pair);
-  CompareOutcome CompareOpen(const CompareOrder& order, ReadableFile& file, ReadableFile& copy);
+  CompareOutcome Compare(const Pair& pair, Blocks& blocks);
+  CompareOutcome CompareOpen(const CompareOrder& order, ReadableFile& file, ReadableFile& copy,
+                             Blocks& blocks);
 
   const ContentOpener opener;
   const std::size_t quick_threads;
@@ -109,25 +111,26 @@ struct PairComparer::State {
 };
 
 void PairComparer::State::CompareAll() {
+  Blocks blocks;
   std::unique_lock lock(mutex);
   while (!batches.empty() && !HasTooManyThreads()) {
     const Pairs next = std::move(batches.front());
     batches.pop_front();
     lock.unlock();
-    Compare(next);
+    Compare(next, blocks);
     lock.lock();
     changed.notify_all();
   }
   --threads;
 }
 
-void PairComparer::State::Compare(const Pairs& its_batch) {
+void PairComparer::State::Compare(const Pairs& its_batch, Blocks& blocks) {
   const auto begun = std::chrono::steady_clock::now();
   for (std::size_t at = 0, open = 0; at < its_batch.size(); ++at) {
     if (given_up) return;
     for (; open < std::min(at + kPairsOpen, its_batch.size()); ++open) Open(*its_batch[open]);
     Pair& pair = *its_batch[at];
-    pair.outcome = Compare(pair);
+    pair.outcome = Compare(pair, blocks);
     Close(pair);
     pair.is_done = true;
   }
@@ -147,14 +150,14 @@ void PairComparer::State::Close(Pair& pair) {
   pair.copy = Error{};
 }
 
-CompareOutcome PairComparer::State::Compare(const Pair& pair) {
+CompareOutcome PairComparer::State::Compare(const Pair& pair, Blocks& blocks) {
   const CompareOrder& order = pair.order;
   if (order.watcher) order.watcher(0);
   if (!pair.file) return {Comparison::kSourceUnread, pair.file.error()};
   if (!pair.copy) return {Comparison::kCopyUnread, pair.copy.error()};
   std::unique_lock big(one_big_file, std::defer_lock);
   if (SizeOf(order) >= kBigFile) big.lock();
-  CompareOutcome outcome = CompareOpen(order, **pair.file, **pair.copy);
+  CompareOutcome outcome = CompareOpen(order, **pair.file, **pair.copy, blocks);
   if (outcome.finding == Comparison::kDifferent && !(*pair.file)->IsAsListed(*order.file))
     outcome.finding = Comparison::kChanged;
   return outcome;
@@ -162,8 +165,7 @@ CompareOutcome PairComparer::State::Compare(const Pair& pair) {
 
 /// Each side is read one byte further than its listing says, so that an end is told in the same read.
 CompareOutcome PairComparer::State::CompareOpen(const CompareOrder& order, ReadableFile& file,
-                                                ReadableFile& copy) {
-  thread_local Blocks blocks;
+                                                ReadableFile& copy, Blocks& blocks) {
   const std::int64_t most = SizeOf(order) >= kBigFile ? kBigBlock : kBlock;
   const auto wanted = static_cast<std::size_t>(std::min(SizeOf(order) + 1, most));
   const std::span<char> ours = blocks.Side(0, wanted);
