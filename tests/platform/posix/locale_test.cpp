@@ -17,7 +17,7 @@ locale_t newlocale(int mask, const char* name, locale_t base) noexcept {
   return real(mask, std::string(name).starts_with("tt_TT") ? "C.UTF-8" : name, base);
 }
 
-char* nl_langinfo_l(nl_item item, locale_t /*locale*/) noexcept {
+char* nl_langinfo_l(nl_item item, locale_t /*locale*/) {
   const char* const grouping = std::getenv("GROUPING");
   std::string text = item == THOUSEP ? "'" : item == RADIXCHAR ? ";" : grouping == nullptr ? "" : grouping;
   if (item == CODESET) text = std::getenv("CODESET");
