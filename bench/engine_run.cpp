@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "engine/operation_run.h"
+#include "engine/run/operation_run.h"
 #include "platform/path.h"
 #include "services/disk_proc.h"
 

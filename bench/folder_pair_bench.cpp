@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "engine/folder_pair.h"
+#include "engine/target/folder_pair.h"
 #include "platform/posix/file_system.h"
 
 /// What it costs to list a folder and its target and to join the two by name, for each of their files.

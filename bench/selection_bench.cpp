@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "engine/selection.h"
+#include "engine/selection/selection.h"
 
 /// What the rules of a run cost for one file.
 namespace {

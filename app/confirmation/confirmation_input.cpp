@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/utf8.h"
-#include "engine/wildcard_match.h"
+#include "engine/selection/wildcard_match.h"
 #include "platform/path.h"
 #include "services/date_pr2.h"
 #include "text/str_proc.h"

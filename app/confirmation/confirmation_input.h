@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/confirmation/operation_preview.h"
-#include "engine/run_request.h"
+#include "engine/run/run_request.h"
 #include "platform/file_system.h"
 #include "text/grouped_number.h"
 #include "text/program_texts.h"

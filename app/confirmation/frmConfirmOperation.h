@@ -7,7 +7,7 @@
 #include "app/confirmation/confirmation_input.h"
 #include "app/confirmation/operation_preview.h"
 #include "app/context.h"
-#include "engine/run_request.h"
+#include "engine/run/run_request.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 

@@ -6,7 +6,7 @@
 
 #include "base/ascii_case.h"
 #include "engine/own_names.h"
-#include "engine/wildcard_match.h"
+#include "engine/selection/wildcard_match.h"
 #include "platform/path.h"
 
 namespace app {

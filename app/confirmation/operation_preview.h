@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "engine/folder_pair.h"
-#include "engine/overlap.h"
-#include "engine/run_request.h"
-#include "engine/selection.h"
-#include "engine/unfinished_run.h"
+#include "engine/run/run_request.h"
+#include "engine/selection/selection.h"
+#include "engine/target/folder_pair.h"
+#include "engine/target/overlap.h"
+#include "engine/target/unfinished_run.h"
 #include "platform/file_system.h"
 
 namespace app {

@@ -9,7 +9,7 @@
 #include "app/confirmation/operation_preview.h"
 #include "app/context.h"
 #include "app/data/operation.h"
-#include "engine/operation_run.h"
+#include "engine/run/operation_run.h"
 #include "report/frmReport.h"
 #include "report/main_window.h"
 #include "report/run_report.h"

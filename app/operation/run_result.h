@@ -3,7 +3,7 @@
 #include <string>
 
 #include "app/data/operation.h"
-#include "engine/run_request.h"
+#include "engine/run/run_request.h"
 #include "text/grouped_number.h"
 
 namespace app {

@@ -1,8 +1,8 @@
 #include <utility>
 
-#include "engine/overlap.h"
+#include "engine/target/overlap.h"
 
-#include "engine/target_folder.h"
+#include "engine/target/target_folder.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {

@@ -1,4 +1,4 @@
-#include "engine/hold.h"
+#include "engine/copy/hold.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/operation_run.h"
+#include "engine/run/operation_run.h"
 #include "platform/memory/memory_system.h"
 #include "tests/tree.h"
 #include "text/program_texts.h"

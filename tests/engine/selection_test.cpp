@@ -1,9 +1,9 @@
-#include "engine/selection.h"
+#include "engine/selection/selection.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/file_proc.h"
-#include "engine/wildcard_match.h"
+#include "engine/selection/file_proc.h"
+#include "engine/selection/wildcard_match.h"
 #include "text/text_numbers.h"
 
 namespace engine {

@@ -9,11 +9,12 @@ ROOT = os.environ.get("QV_SOURCE_ROOT", os.path.join(os.path.dirname(os.path.abs
 
 # Folder -> what it may include from besides itself, its subfolders that have no row of their own, and "base", which is
 # open to all. An entry is a folder or a file.
-BELOW_APP = ["engine", "engine/listener", "ui", "platform", "text", "app/data", "app/context.h", "app/reading_slice.h"]
+ENGINE = ["engine/listener", "engine", "engine/selection", "engine/target", "engine/copy", "engine/walk", "engine/run"]
+BELOW_APP = [*ENGINE, "ui", "platform", "text", "app/data", "app/context.h", "app/reading_slice.h"]
 MAY_INCLUDE = {
     "base": [], "app/data": [], "text": [], "platform": [], "ui": [],
     "engine/listener": ["app/data"],
-    "engine": ["engine/listener", "platform", "text", "app/data"],
+    **{folder: [*ENGINE[:place], "platform", "text", "app/data"] for place, folder in enumerate(ENGINE) if place},
     "report": ["engine/listener", "ui", "platform", "text", "app/data"],
     "services": ["ui/dialogs.h", "platform", "text", "app/data"],
     "app": ["report", "services", "ui", "platform", "text", "app/data"],
