@@ -1,11 +1,7 @@
 #include "platform/windows/copy/flushing.h"
 
-#include "platform/windows/windows_api.h"
-
-// After windows_api.h: it needs its types.
-#include <winternl.h>
-
 #include "platform/windows/copy/temporary_file.h"
+#include "platform/windows/native_api.h"
 #include "platform/windows/system_error.h"
 #include "platform/windows/volume/volume.h"
 
@@ -15,14 +11,8 @@ namespace {
 /// ntifs.h: write the file out, but do not make the disk empty its cache for it.
 constexpr ULONG kNoSync = 2;
 
+/// In the system since Windows 8.
 using FlushEx = LONG(WINAPI*)(HANDLE, ULONG flags, void* parameters, ULONG size, IO_STATUS_BLOCK*);
-
-/// In the system since Windows 8, but in no import library.
-FlushEx FindFlushEx() {
-  const HMODULE ntdll = ::GetModuleHandleW(L"ntdll.dll");
-  const FARPROC call = ntdll != nullptr ? ::GetProcAddress(ntdll, "NtFlushBuffersFileEx") : nullptr;
-  return reinterpret_cast<FlushEx>(reinterpret_cast<void*>(call));
-}
 
 bool KnowsNoFlushing(DWORD code) {
   return IsOneOf(code, {ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED, ERROR_CALL_NOT_IMPLEMENTED});
@@ -61,7 +51,7 @@ Status FlushFully(const FileHandle& file) {
 }
 
 Status WriteOut(const FileHandle& file) {
-  static const FlushEx flush = FindFlushEx();
+  static const auto flush = FindNative<FlushEx>("NtFlushBuffersFileEx");
   IO_STATUS_BLOCK status{};
   if (flush != nullptr && flush(file.get(), kNoSync, nullptr, 0, &status) >= 0) return Done{};
   return FlushFully(file);

@@ -2,9 +2,12 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
+#include "platform/windows/native_api.h"
 #include "platform/windows/open_file.h"
 #include "platform/windows/system_error.h"
 
@@ -16,8 +19,14 @@ constexpr DWORD kReplaceIfExists = 0x01;
 constexpr DWORD kPosixSemantics = 0x02;  ///< also when somebody has the old file open and let it be deleted
 constexpr DWORD kIgnoreReadOnly = 0x40;
 
-/// FileRenameInfoEx of minwinbase.h, where the headers of mingw-w64 lack it: Windows 10 version 1607.
-constexpr auto kFileRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
+// FILE_INFORMATION_CLASS in wdm.h; the second since Windows 10 version 1607.
+constexpr int kFileRenameInformation = 10;
+constexpr int kFileRenameInformationEx = 65;
+
+// What SetFileInformationByHandle() makes of FileRenameInfo and its like; Wine knows it under this name only.
+using SetInformationFile = LONG(WINAPI*)(HANDLE, IO_STATUS_BLOCK*, void* information, ULONG size, int kind);
+
+constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
 
 /// The ways to rename through a handle, the best first.
 enum class Way { kPosix, kPlain, kByPath };
@@ -31,11 +40,14 @@ bool CannotDoThis(DWORD code) {
                         ERROR_INVALID_FUNCTION});
 }
 
-/// 0 or the system's number of the failure.
+/// `to` is in the long form. 0 or the system's number of the failure.
 DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, TargetName name) {
-  const std::size_t name_bytes = to.size() * sizeof(wchar_t);
+  static const auto set = FindNative<SetInformationFile>("NtSetInformationFile");
+  if (set == nullptr || !to.starts_with(kLongPrefix)) return ERROR_NOT_SUPPORTED;
+  const std::wstring native = L"\\??\\" + to.substr(kLongPrefix.size());
+  const std::size_t name_bytes = native.size() * sizeof(wchar_t);
   const std::size_t bytes = sizeof(FILE_RENAME_INFO) + name_bytes;
-  std::vector<std::max_align_t> buffer(bytes / sizeof(std::max_align_t) + 1);
+  std::vector<std::uint64_t> buffer(bytes / sizeof(std::uint64_t) + 1);  // zeros, as the root has to be
   auto* info = reinterpret_cast<FILE_RENAME_INFO*>(buffer.data());
   if (name == TargetName::kTaken) {
     if (way == Way::kPosix) {
@@ -45,10 +57,10 @@ DWORD RenameByHandle(const FileHandle& file, const std::wstring& to, Way way, Ta
     }
   }
   info->FileNameLength = static_cast<DWORD>(name_bytes);
-  std::memcpy(info->FileName, to.c_str(), name_bytes + sizeof(wchar_t));
-  const auto kind = way == Way::kPosix ? kFileRenameInfoEx : FileRenameInfo;
-  return ::SetFileInformationByHandle(file.get(), kind, info, static_cast<DWORD>(bytes)) ? 0
-                                                                                         : ::GetLastError();
+  std::memcpy(info->FileName, native.c_str(), name_bytes + sizeof(wchar_t));
+  IO_STATUS_BLOCK status{};
+  const int kind = way == Way::kPosix ? kFileRenameInformationEx : kFileRenameInformation;
+  return ErrorOfStatus(set(file.get(), &status, info, static_cast<ULONG>(bytes), kind));
 }
 
 DWORD RenameByPath(FileHandle& file, const std::wstring& from, const std::wstring& to, TargetName name) {

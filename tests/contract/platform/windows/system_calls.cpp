@@ -168,32 +168,31 @@ std::wstring PathOf(HANDLE file) {
   return {path, ::GetFinalPathNameByHandleW(file, path, ARRAYSIZE(path), 0)};
 }
 
-BOOL Rename(LPCWSTR from, LPCWSTR to, DWORD flags) {
-  static const auto real = Real<decltype(&::MoveFileExW)>("MoveFileExW");
-  return real(from, to, flags);
-}
-
 BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
+  static const auto real = Real<decltype(&::MoveFileExW)>("MoveFileExW");
   Note("move");
-  return !Fails("move") && Rename(from, to, flags);
+  return !Fails("move") && real(from, to, flags);
 }
 
 /// FAT refuses times that it cannot hold.
 BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
   static const auto real = Real<decltype(&::SetFileInformationByHandle)>("SetFileInformationByHandle");
-  if (kind == FileBasicInfo) {
-    const FileTime written = FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart);
-    const int year = ToUtc(written).year;
-    const bool is_held = Calls()->format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
-    return is_held ? !Fails("set") && real(file, kind, info, size) : Refused(ERROR_INVALID_PARAMETER);
-  }
-  const bool is_plain = kind == FileRenameInfo;  // the other way has flags
-  Note(is_plain ? "rename" : "rename-ex");
-  const auto& rename = *static_cast<FILE_RENAME_INFO*>(info);
-  const bool replaces = is_plain ? rename.ReplaceIfExists == TRUE : rename.Flags == 0x43;
-  return !Fails(is_plain ? "rename" : "rename-ex") &&
-         Rename(PathOf(file).c_str(), std::wstring(rename.FileName, rename.FileNameLength / 2).c_str(),
-                replaces ? MOVEFILE_REPLACE_EXISTING : 0);
+  const FileTime written = FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart);
+  const int year = ToUtc(written).year;
+  const bool is_held = Calls()->format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
+  return is_held ? !Fails("set") && real(file, kind, info, size) : Refused(ERROR_INVALID_PARAMETER);
+}
+
+/// Renames. Wine has the plain way only, which stands for the other one here.
+LONG WINAPI SetNative(HANDLE file, IO_STATUS_BLOCK* status, FILE_RENAME_INFO* info, ULONG size, int kind) {
+  constexpr int kPlain = 10;
+  using Call = LONG(WINAPI*)(HANDLE, IO_STATUS_BLOCK*, FILE_RENAME_INFO*, ULONG, int);
+  static const auto real = Real<Call>("NtSetInformationFile", L"ntdll");
+  const char* call = kind == kPlain ? "rename" : "rename-ex";
+  Note(call);
+  if (Fails(call)) return static_cast<LONG>(0xC0010000 | ::GetLastError());
+  if (kind != kPlain) info->Flags = info->Flags == 0x43 ? 1 : 0;
+  return real(file, status, info, size, kPlain);
 }
 
 BOOL WINAPI Flush(HANDLE file) {
@@ -208,9 +207,14 @@ LONG WINAPI WriteOut(HANDLE, ULONG, void*, ULONG, IO_STATUS_BLOCK*) {
   return Fails("write-out") ? -1 : 0;
 }
 
+template <typename Call>
+FARPROC Address(Call* call) {
+  return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(call));
+}
+
 FARPROC WINAPI Find(HMODULE library, LPCSTR name) {
-  const bool is_write_out = std::string(name) == "NtFlushBuffersFileEx";
-  return is_write_out ? reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&WriteOut)) : Found(library, name);
+  if (name == std::string_view("NtFlushBuffersFileEx")) return Address(&WriteOut);
+  return name == std::string_view("NtSetInformationFile") ? Address(&SetNative) : Found(library, name);
 }
 
 /// As Windows does it: asks on the way, at half of the file.

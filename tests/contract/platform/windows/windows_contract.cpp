@@ -127,14 +127,14 @@ TEST_F(WindowsFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolumeAndThe
   };
   constexpr const char* kServed = "flush flush flush rename-ex rename-ex rename-ex ";
   const Case cases[] = {
-      {L"NTFS", false, true, "", 4096, "volume rename-ex rename-ex rename-ex "},
-      {L"ReFS", false, false, "", 4096, "write-out write-out write-out flush rename-ex rename-ex rename-ex "},
-      {L"NTFS", false, true, "volume", 4096,
+      {L"NTFS", false, true, "", 512, "volume rename-ex rename-ex rename-ex "},
+      {L"ReFS", false, false, "", 512, "write-out write-out write-out flush rename-ex rename-ex rename-ex "},
+      {L"NTFS", false, true, "volume", 512,
        "volume write-out write-out flush rename-ex rename-ex rename-ex "},
       {L"FAT32", false, true, "", 128, "volume rename-ex rename-ex rename-ex volume "},
       {L"exFAT", false, false, "", 128,
        "write-out write-out write-out flush rename-ex rename-ex rename-ex write-out write-out flush "},
-      {L"ReFS", false, false, "write-out", 4096,
+      {L"ReFS", false, false, "write-out", 512,
        "write-out flush write-out flush write-out flush flush rename-ex rename-ex rename-ex "},
       {L"NTFS", true, true, "", 1024, kServed},
       {L"FAT", true, false, "", 1024, kServed}};
