@@ -13,8 +13,9 @@ namespace engine {
 class Hold {
  public:
   using Clock = std::chrono::steady_clock;
+  using Now = std::function<Clock::time_point()>;  ///< called from any thread, as long as somebody may wait
 
-  explicit Hold(std::function<Clock::time_point()> now = &Clock::now) : now_(std::move(now)) {}
+  explicit Hold(Now now = &Clock::now) : now_(std::move(now)) {}
 
   void Begin() {
     const std::lock_guard lock(mutex_);
@@ -39,7 +40,7 @@ class Hold {
  private:
   static constexpr std::chrono::milliseconds kOneBreath{30};
 
-  const std::function<Clock::time_point()> now_;
+  const Now now_;
   std::mutex mutex_;
   std::condition_variable ended_;
   Clock::time_point begun_;

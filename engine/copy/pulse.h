@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 #include "engine/copy/hold.h"
 #include "engine/listener/listener.h"
@@ -14,8 +15,11 @@ namespace engine {
 /// Keeps the listener alive: lets it breathe and hear of the progress at most every 100 ms.
 class Pulse {
  public:
-  Pulse(platform::Clock& clock, Listener& listener)
-      : clock_(clock), listener_(listener), last_(clock.Monotonic()) {}
+  Pulse(platform::Clock& clock, Listener& listener, Hold::Now now = &Hold::Clock::now)
+      : clock_(clock),
+        listener_(listener),
+        last_(clock.Monotonic()),
+        hold_(std::make_shared<Hold>(std::move(now))) {}
 
   /// To be called between folders, files and blocks; `fraction` of the run is done. What rounding takes away
   /// or adds does not get through.
@@ -52,7 +56,7 @@ class Pulse {
   double fraction_ = 0;
   std::int64_t copied_ = 0;
   std::int64_t compared_ = 0;
-  std::shared_ptr<Hold> hold_ = std::make_shared<Hold>();
+  const std::shared_ptr<Hold> hold_;
 };
 
 }  // namespace engine

@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <future>
+#include <thread>
+
+#include "engine/copy/pulse.h"
+#include "tests/engine/scene.h"
+
+namespace engine {
+namespace {
+
+using test::Scene;
+
+struct Breather : Scene {
+  std::function<void()> in_a_breath;
+  void Breathe() override { in_a_breath(); }
+};
+
+TEST(Pulse, LetsCopiesRestInABreathThatLastsLongerThanOthers) {
+  Breather scene;
+  std::atomic<int> milliseconds = 1'000;
+  Pulse pulse(scene.clock, scene,
+              [&] { return Hold::Clock::time_point(std::chrono::milliseconds{milliseconds}); });
+  Hold& hold = *pulse.hold();
+  std::atomic<int> arrived = 0;
+  std::atomic<bool> ends = false;
+  const auto rest = [&] {
+    ++arrived;
+    hold.Wait();
+    return ends.load();
+  };
+  std::future<bool> one;
+  std::future<bool> other;
+  scene.in_a_breath = [&] {
+    milliseconds += 29;
+    hold.Wait();
+    milliseconds += 1;
+    one = std::async(std::launch::async, rest);
+    other = std::async(std::launch::async, rest);
+    while (arrived < 2) std::this_thread::yield();
+    for (int i = 0; i < 1'000; ++i) std::this_thread::yield();  // who does not rest is through by now
+    ends = true;
+  };
+  hold.Wait();
+  scene.clock.Advance(std::chrono::milliseconds{100});
+  pulse.Beat();
+  EXPECT_TRUE(one.get() && other.get());
+  hold.Wait();
+}
+
+}  // namespace
+}  // namespace engine
