@@ -45,12 +45,14 @@ Status Move(const std::wstring& from, const std::wstring& to) {
 
 /// What the system knows of a path without a search. A link stands for itself.
 Result<WIN32_FIND_DATAW> KnownOf(const std::wstring& path) {
-  // It begins with what this call fills.
-  static_assert(offsetof(WIN32_FIND_DATAW, nFileSizeLow) ==
-                offsetof(WIN32_FILE_ATTRIBUTE_DATA, nFileSizeLow));
-  WIN32_FIND_DATAW known{};
+  WIN32_FILE_ATTRIBUTE_DATA known{};
   if (!::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &known)) return LastError();
-  return known;
+  WIN32_FIND_DATAW found{};
+  found.dwFileAttributes = known.dwFileAttributes;
+  found.ftLastWriteTime = known.ftLastWriteTime;
+  found.nFileSizeHigh = known.nFileSizeHigh;
+  found.nFileSizeLow = known.nFileSizeLow;
+  return found;
 }
 
 /// What a search for a path finds, a link for itself.
