@@ -102,7 +102,8 @@ Status WindowsDraft::Fill(SourceFile& source, const std::wstring& path, const Co
                           std::int64_t& bytes) {
   Progress progress(watcher);
   const std::int64_t size = source.state().size;
-  const bool by_system = (size >= kBigFile && !order_.read_back) || source.IsMoreThanBytes();
+  const bool is_big = size >= kBigFile && !order_.read_back && SystemCopyTellsProgress();
+  const bool by_system = is_big || source.IsMoreThanBytes();
   auto copy = by_system ? CopyBySystem(path, target(), progress) : TemporaryFile::Create(target());
   if (!copy) return Explain(copy.error(), target(), size);
   file_.emplace(std::move(*copy));

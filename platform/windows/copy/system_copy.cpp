@@ -1,5 +1,6 @@
 #include "platform/windows/copy/system_copy.h"
 
+#include "platform/windows/native_api.h"
 #include "platform/windows/system_error.h"
 
 namespace platform::windows {
@@ -12,6 +13,11 @@ DWORD CALLBACK OnProgress(LARGE_INTEGER, LARGE_INTEGER transferred, LARGE_INTEGE
 }
 
 }  // namespace
+
+bool SystemCopyTellsProgress() {
+  static const bool is_wine = FindNative<const char* (*)()>("wine_get_version") != nullptr;
+  return !is_wine;
+}
 
 Result<TemporaryFile> CopyBySystem(const std::wstring& source_path, const std::wstring& target_folder,
                                    Progress& progress) {

@@ -213,6 +213,7 @@ FARPROC Address(Call* call) {
 }
 
 FARPROC WINAPI Find(HMODULE library, LPCSTR name) {
+  if (name == std::string_view("wine_get_version")) return nullptr;  // this is Windows
   if (name == std::string_view("NtFlushBuffersFileEx")) return Address(&WriteOut);
   return name == std::string_view("NtSetInformationFile") ? Address(&SetNative) : Found(library, name);
 }
