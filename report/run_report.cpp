@@ -135,7 +135,8 @@ void RunReport::Compared(std::int64_t bytes, std::int64_t files) {
 
 void RunReport::Saving(bool is_saving) {
   file_.reset();
-  is_saving ? window_.ShowSaving() : window_.ShowFileAtHand("");
+  saving_ = is_saving;
+  ShowNothingAtHand();
 }
 
 void RunReport::Progress(const engine::Reached& reached) {
@@ -210,8 +211,10 @@ std::string RunReport::InWords(const char* what, const Sum& sum) const {
 void RunReport::ShowHeld() {
   progress_.Held(clock_.Monotonic());
   ShowLatest();
-  if (!copying_) window_.ShowFileAtHand("");
+  if (!copying_) ShowNothingAtHand();
 }
+
+void RunReport::ShowNothingAtHand() { saving_ ? window_.ShowSaving() : window_.ShowFileAtHand(""); }
 
 void RunReport::ShowFreeSpace() {
   if (!facts_.free_space_text) return;

@@ -100,6 +100,7 @@ class RunReport : public engine::Listener {
   void WriteWarningLine(const engine::Totals& totals);
 
   void ShowWhenDue();
+  void ShowNothingAtHand();
   void ShowSums();
   std::string InWords(const char* what, const Sum& sum) const;
   void ShowFreeSpace();
@@ -113,6 +114,7 @@ class RunReport : public engine::Listener {
 
   bool in_folder_ = false;
   bool copying_ = false;  ///< a file is being copied
+  bool saving_ = false;   ///< the run waits for the disk
   bool head_line_written_ = false;
   std::string folder_;
   std::int64_t files_in_folder_ = 0;

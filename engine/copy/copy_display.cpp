@@ -10,20 +10,22 @@ constexpr int kWaitsToTell = 6;
 
 }  // namespace
 
-/// The first file of which so much is not done: once its size is still being written, twice its size not read
-/// back.
-const PendingCopy* CopyDisplay::FirstWithLessThan(std::int64_t times_its_size) const {
+/// The first file that has been gone through so many times and not once more: written the first time, read
+/// back the second.
+const PendingCopy* CopyDisplay::FirstBetween(std::int64_t times, std::int64_t more) const {
   const auto found = std::ranges::find_if(pending_, [=](const PendingCopy& pending) {
-    return !pending.outcome && *pending.done < times_its_size * pending.job.file->size;
+    const std::int64_t size = pending.job.file->size;
+    return !pending.outcome && *pending.done >= times * size && *pending.done < more * size;
   });
   return found == pending_.end() ? nullptr : &*found;
 }
 
 void CopyDisplay::ShowFile(platform::CopyStage stage) {
-  if (const PendingCopy* const unwritten = FirstWithLessThan(1)) {
-    listener_.CopyBegun(unwritten->job.SourcePath());
-  } else if (const PendingCopy* const unread = FirstWithLessThan(2)) {
-    if (stage == platform::CopyStage::kReadingBack) listener_.ReadingBack(unread->job.SourcePath());
+  if (stage == platform::CopyStage::kReadingBack) {
+    if (const PendingCopy* const unread = FirstBetween(1, 2)) listener_.ReadingBack(unread->job.SourcePath());
+  } else if (stage != platform::CopyStage::kSaving) {
+    if (const PendingCopy* const unwritten = FirstBetween(0, 1))
+      listener_.CopyBegun(unwritten->job.SourcePath());
   }
 }
 
@@ -37,7 +39,7 @@ void CopyDisplay::Show(platform::CopyStage stage) {
 
 double CopyDisplay::Reached(double walked) const {
   if (pending_.empty()) return walked;
-  const PendingCopy* const first = FirstWithLessThan(times());
+  const PendingCopy* const first = FirstBetween(0, times());
   if (first == nullptr) return pending_.back().job.share_begin + pending_.back().job.share;
   const CopyJob& job = first->job;
   const auto all = static_cast<double>(std::max<std::int64_t>(times() * job.file->size, 1));

@@ -24,7 +24,7 @@ class CopyDisplay {
   void Settled(std::int64_t bytes) { settled_bytes_ += bytes; }
 
  private:
-  const PendingCopy* FirstWithLessThan(std::int64_t times_its_size) const;
+  const PendingCopy* FirstBetween(std::int64_t times, std::int64_t more) const;
   void ShowFile(platform::CopyStage stage);
   /// How often the bytes of a file are gone through.
   std::int64_t times() const { return reads_back_ ? 2 : 1; }

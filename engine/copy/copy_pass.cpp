@@ -99,7 +99,7 @@ bool CopyPass::CheckSpace(const CopyJob& job) {
   if (!free_bytes) return true;
   if (*free_bytes <= 0) {
     Fail(job, NoticeLine(tools_, text::kNotCopied, job.SourcePath()));
-    listener_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
+    pulse_.WriteLine(std::string(kLineIndent) + kDriveFullLine);
     listener_.Tell(kDriveFullMessage);
     Terminate();
     return false;
@@ -149,7 +149,7 @@ void CopyPass::Begin(CopyJob job) {
   if (!copier_) copier_ = tools_.files.MakeCopier(setting_.source_root, target_root_.path());
   if (const platform::Status marked = unfinished_.Begin(); !marked) {
     ++totals_.warnings;
-    listener_.WriteLine(FailureLine(tools_, text::kNotMarked, unfinished_.path(), marked.error()));
+    pulse_.WriteLine(FailureLine(tools_, text::kNotMarked, unfinished_.path(), marked.error()));
   }
   order_.Hold();
   pending_.push_back(
@@ -259,7 +259,7 @@ void CopyPass::SettleFirst() {
     space_.Forget();
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
-    listener_.WriteLine(WhyNotCopied(job, first.outcome->error()));
+    pulse_.WriteLine(WhyNotCopied(job, first.outcome->error()));
   });
 }
 
@@ -297,7 +297,7 @@ void CopyPass::ReportCopied(const CopyJob& job, const platform::CopyOutcome& out
   ++job.counts->counts.copied;
   if (outcome.changed) {
     ++totals_.warnings;
-    listener_.WriteLine(NoticeLine(tools_, text::kChangedMeanwhile, job.SourcePath()));
+    pulse_.WriteLine(NoticeLine(tools_, text::kChangedMeanwhile, job.SourcePath()));
   }
   ++totals_.counts.copied;
   totals_.bytes_copied += FileSizeOf(outcome.bytes);
@@ -319,7 +319,7 @@ void CopyPass::Fail(const CopyJob& job, const std::string& line) {
       [this, counts = job.counts, selection = job.selection, file = job.file, folders = job.folders, line] {
         ++counts->counts.failed;
         Count(selection, *file, *counts);
-        listener_.WriteLine(line);
+        pulse_.WriteLine(line);
       });
 }
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "engine/copy/hold.h"
@@ -41,8 +42,19 @@ class Pulse {
     if (!IsDue()) return;
     last_ = clock_.Monotonic();
     listener_.Progress({fraction_, copied_ + compared_});
+    Held([this] { listener_.Breathe(); });
+  }
+
+  void WriteLine(const std::string& line) {
+    Held([&] { listener_.WriteLine(line); });
+  }
+
+  /// Makes a call of the listener in which the user may hold the run: copies rest until it is back. It must
+  /// not wait for any.
+  template <typename Call>
+  void Held(const Call& call) {
     hold_->Begin();
-    listener_.Breathe();
+    call();
     hold_->End();
   }
 

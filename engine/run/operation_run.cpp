@@ -54,7 +54,7 @@ platform::Status FlushTarget(const Tools& tools, const std::string& target, List
 /// The last act of a copying run.
 void EndCopying(const Tools& tools, const WalkPlan& plan, FolderWalk& walk, Listener& listener,
                 RunOutcome& outcome) {
-  if (outcome.totals.counts.copied > 0 && !outcome.cancelled) {
+  if (walk.HasBegunToCopy() && !outcome.cancelled) {
     const platform::Status flushed = FlushTarget(tools, plan.target, listener);
     outcome.cancelled = !flushed && listener.StopRequested();
     if (!flushed && !outcome.cancelled) {
@@ -63,7 +63,7 @@ void EndCopying(const Tools& tools, const WalkPlan& plan, FolderWalk& walk, List
       return;
     }
   }
-  walk.EndUnfinished();
+  walk.EndUnfinished(outcome.cancelled);
 }
 
 }  // namespace

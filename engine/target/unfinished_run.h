@@ -14,8 +14,8 @@ namespace engine {
 
 /// A second net below the copies, which are on the disk before they have their names: where a disk, a cable
 /// or a file system did not keep that promise in an accident, nobody could tell the copies by size and time.
-/// So a run leaves a mark in the target while it lasts. The next one that finds it takes no copy for up to
-/// date that was made since the mark was set.
+/// So a run leaves a mark in the target from its first copy to its end. The next one that finds it takes no
+/// copy for up to date that was made since the mark was set.
 ///
 /// The mark moves on with what is known to be on the disk, so that a first backup that is interrupted every
 /// evening comes to its end. It is set and read by the target's own clock.
@@ -39,13 +39,14 @@ class UnfinishedRun {
 
   /// Sets the mark, unless it was done before. To be called before anything is copied.
   platform::Status Begin();
+  bool has_begun() const { return has_begun_; }
   /// Whether the mark is five minutes old.
   bool IsDueToMove() const;
   /// Everything copied so far is on the disk, and nothing is on its way: moves the mark.
   void MoveOn();
   /// The run has ended, and the data of its copies is on the disk; only of a cancelled run the last names may
-  /// still be on their way there: takes the mark away. With `all_seen` false, when there
-  /// were files that it did not come to or could not copy, what was doubted before stays so.
+  /// still be on their way there: takes the mark away. With `all_seen` false, when there were files that it
+  /// did not come to or could not copy, what was doubted before stays so.
   void End(bool all_seen);
 
  private:

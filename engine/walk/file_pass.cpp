@@ -154,7 +154,7 @@ void FilePass::Act(CopyJob job) {
 }
 
 void FilePass::Write(const std::string& line) {
-  order_.Tell([this, line] { listener_.WriteLine(line); });
+  order_.Tell([this, line] { pulse_.WriteLine(line); });
 }
 
 }  // namespace engine

@@ -17,6 +17,9 @@ using platform::EntryKind;
 /// How many of the folders that come next may be listed ahead.
 constexpr std::size_t kPrefetched = 32;
 
+/// The selection of a file may have to ask the target, which takes some milliseconds where that is far away.
+constexpr std::size_t kFilesPerBeat = 16;
+
 /// Into how many parts a folder's share of the progress is divided: its files come first, its subfolders
 /// last.
 std::size_t PartsOf(const FolderPair& pair) {
@@ -71,10 +74,12 @@ const Totals& FolderWalk::Run() {
   return totals_;
 }
 
-void FolderWalk::EndUnfinished() {
+void FolderWalk::EndUnfinished(bool cancelled) {
+  // Who cancels does not wait for the disk, as writing the mark would.
+  if (cancelled && unfinished_.was_found()) return;
   const bool all_seen =
-      !cancelled_ && !OperationTerminated() && totals_.counts.failed == 0 && totals_.unread_folders == 0;
-  if (IsCopyOperation(plan_.rules.operation)) unfinished_.End(all_seen);
+      !cancelled && !OperationTerminated() && totals_.counts.failed == 0 && totals_.unread_folders == 0;
+  unfinished_.End(all_seen);
 }
 
 void FolderWalk::PushRoots() {
@@ -97,11 +102,12 @@ void FolderWalk::BackupFolder(const Pending& folder) {
   const auto pair = std::make_shared<FolderPair>(std::move(*opened));
   if (RefuseOutsideSource(pair->source()) || !OpenTarget(folder, *pair) || RefuseSharedTarget(folder, *pair))
     return;
-  const std::vector<Selection> selections = SelectFiles(*pair);
+  const std::vector<Selection> selections = SelectFiles(folder, *pair);
+  if (Ended()) return;
   if (!is_placed_) PlaceIncluded(*pair, selections);
   const auto counts = CountsOf(*pair, selections);
   ReportBegin(counts);
-  RemoveLeftovers(*pair);
+  RemoveLeftovers(folder, *pair);
   WarnAboutLinks(folder, *pair);
   ActOnFiles(folder, pair, selections, counts);
   ReportEnd(counts);
@@ -131,7 +137,7 @@ void FolderWalk::ReportBegin(const std::shared_ptr<FolderCounts>& counts) {
   Tell([this, counts] {
     ++totals_.folders;
     if (counts->files_in_folder > 0) ++totals_.non_empty_folders;
-    listener_.FolderBegun(*counts);
+    pulse_.Held([&] { listener_.FolderBegun(*counts); });
   });
 }
 
@@ -140,7 +146,7 @@ void FolderWalk::ReportEnd(const std::shared_ptr<FolderCounts>& counts) {
     Add(counts->counts, totals_.counts);
     totals_.bytes_met += counts->bytes_met;
     totals_.bytes_compared += counts->bytes_compared;
-    listener_.FolderEnded(*counts);
+    pulse_.Held([&] { listener_.FolderEnded(*counts); });
   };
   file_pass_.AtEndOfFolder([this, tell] { order_.ReportEndOfFolder(tell); });
 }
@@ -157,10 +163,14 @@ void FolderWalk::PrefetchNext() {
   }
 }
 
-std::vector<Selection> FolderWalk::SelectFiles(FolderPair& pair) {
+std::vector<Selection> FolderWalk::SelectFiles(const Pending& folder, FolderPair& pair) {
   const std::vector<Entry>& entries = pair.source().entries();
   std::vector<Selection> selections(entries.size());
   for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (i % kFilesPerBeat == 0) {
+      file_pass_.Beat(folder.share.begin);
+      if (listener_.StopRequested()) break;
+    }
     if (entries[i].kind == EntryKind::kFile)
       selections[i] = unfinished_.Select(plan_.rules, pair, entries[i]);
     if (entries[i].kind == EntryKind::kFolder) selections[i].target = pair.TargetOf(entries[i]);
@@ -227,13 +237,13 @@ void FolderWalk::Tell(ReportOrder::Act act) {
 }
 
 void FolderWalk::Write(const std::string& line) {
-  Tell([this, line] { listener_.WriteLine(line); });
+  Tell([this, line] { pulse_.WriteLine(line); });
 }
 
 void FolderWalk::Warn(const std::string& line) {
   Tell([this, line] {
     ++totals_.warnings;
-    listener_.WriteLine(line);
+    pulse_.WriteLine(line);
   });
 }
 
@@ -245,7 +255,7 @@ void FolderWalk::WarnLeftOut(const std::string& line) {
 void FolderWalk::WriteUnread(const std::string& line) {
   Tell([this, line] {
     ++totals_.unread_folders;
-    listener_.WriteLine(line);
+    pulse_.WriteLine(line);
   });
 }
 

@@ -53,8 +53,11 @@ class FolderWalk {
   bool OperationTerminated() const { return copy_pass_.OperationTerminated(); }
   bool cancelled() const { return cancelled_; }
 
+  /// Whether the copying of at least one file was tried.
+  bool HasBegunToCopy() const { return unfinished_.has_begun(); }
+
   /// Everything is on the disk, or the run was cancelled: the next run need not doubt its copies.
-  void EndUnfinished();
+  void EndUnfinished(bool cancelled);
 
  private:
   struct Pending {
@@ -69,7 +72,7 @@ class FolderWalk {
   void PushRoots();
   /// Works on the files of one folder and pushes its subfolders.
   void BackupFolder(const Pending& folder);
-  std::vector<Selection> SelectFiles(FolderPair& pair);
+  std::vector<Selection> SelectFiles(const Pending& folder, FolderPair& pair);
   std::shared_ptr<FolderCounts> CountsOf(const FolderPair& pair, const std::vector<Selection>& selections);
   void ActOnFiles(const Pending& folder, const std::shared_ptr<FolderPair>& pair,
                   const std::vector<Selection>& selections, const std::shared_ptr<FolderCounts>& counts);
@@ -106,7 +109,7 @@ class FolderWalk {
   bool OpenTarget(const Pending& folder, FolderPair& pair);
   platform::Status ListTarget(FolderPair& pair);
   bool EndRespellings(const FolderPair& pair);
-  void RemoveLeftovers(FolderPair& pair);
+  void RemoveLeftovers(const Pending& folder, FolderPair& pair);
 
   // To the listener, in the order of the walk: folder_walk.cpp
   void ReportBegin(const std::shared_ptr<FolderCounts>& counts);

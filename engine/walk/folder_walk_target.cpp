@@ -51,9 +51,10 @@ bool FolderWalk::EndRespellings(const FolderPair& pair) {
   return ended;
 }
 
-void FolderWalk::RemoveLeftovers(FolderPair& pair) {
+void FolderWalk::RemoveLeftovers(const Pending& folder, FolderPair& pair) {
   if (!IsCopyOperation(plan_.rules.operation)) return;
   for (const std::string& name : pair.Leftovers(EntryKind::kFile)) {
+    file_pass_.Beat(folder.share.begin);
     const std::string path = platform::JoinPath(pair.target_path(), name);
     const platform::Status removed = tools_.files.RemoveFile(path);
     if (!removed) Warn(FailureLine(tools_, text::kLeftoverNotRemoved, path, removed.error()));

@@ -25,7 +25,10 @@ Result<TemporaryFile> CopyBySystem(const std::wstring& source_path, const std::w
   TemporaryFile copy = TemporaryFile::Reserve(target_folder);
   if (!::CopyFileExW(source_path.c_str(), copy.path().c_str(), OnProgress, &progress, nullptr,
                      COPY_FILE_FAIL_IF_EXISTS)) {
-    return FileError(source_path, ::GetLastError());
+    const DWORD code = ::GetLastError();
+    Error error = FileError(source_path, code);
+    if (IsOneOf(code, {ERROR_CRC, ERROR_SECTOR_NOT_FOUND, ERROR_READ_FAULT})) error.kind = ErrorKind::kShort;
+    return error;
   }
   if (const Status opened = copy.Open(); !opened) return opened.error();
   return copy;
