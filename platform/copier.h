@@ -54,12 +54,13 @@ enum class CopyStage {
 ///
 ///  1. The copy is written under a temporary name in the target folder, with the data, the modification time
 ///     and, of the attributes, the system bit; read-only and hidden are dropped.
-///  2. Its data is brought to the disk, with that of its group: some hundred files that were started one
-///     after the other. If CopyOrder::read_back is set, it is then read back from there, past the system's
-///     cache as far as that is possible, and compared with what was written.
+///  2. Its data is brought to the disk, with that of its group: up to some thousand files that were started
+///     one after the other. If CopyOrder::read_back is set, it is then read back from there, past the
+///     system's cache as far as that is possible, and compared with what was written.
 ///  3. Only then does it get its final name, in one atomic step, and replace what has that name.
 ///  4. On a volume without a journal the new names are brought to the disk before the space of what was
-///     replaced can be used again.
+///     replaced can be used again, where the system allows that: Windows does not, nor does a program that
+///     keeps the volume (FUSE).
 ///
 /// So whatever fails, and whenever the program ends, the medium is pulled out or the power fails, the final
 /// name has the whole old file, the whole new one or, where there was none, nothing. A temporary file goes
@@ -72,15 +73,15 @@ enum class CopyStage {
 ///     replaced where the system allows it, else kAccessDenied.
 ///  6. A link at the source is followed; a link at the target is replaced. kIsAFolder when a folder has the
 ///     final name.
-///  7. A source that changes while it is read gives a copy of what it had at the end of reading, dated
-///     kEarlierWhenChanged before it, so that it does not count as up to date. So does one that was written
-///     to so shortly before that its time could not show another change.
+///  7. A source that changes while it is read gives a copy of the length that it had at the end, which may
+///     hold old parts and new ones, dated kEarlierWhenChanged before it, so that it does not count as up to
+///     date. So does one that was written to so shortly before that its time could not show another change.
 ///  8. A source that is shorter at the end than its bytes that were read, that ends too early, or that the
 ///     disk fails to read, gives kShort and no copy.
 ///  9. A copy whose bytes differ when they are read back, or that cannot be read back, gives kNotAsWritten
 ///     and gets no name. What a file has besides its bytes on Windows is not read back.
 /// 10. When the data of a group cannot be brought to the disk, none of its files gets its final name: each
-///     has that error.
+///     has that error. When its names cannot, each has that error, too, although it bears its name.
 /// 11. Outcomes come in the order of Start(), whatever finishes first. The watcher can end a copy at any
 ///     block, with kCancelled.
 ///

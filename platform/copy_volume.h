@@ -30,7 +30,7 @@ class Draft {
   virtual Status ReadBack(const CopyProgress& watcher) = 0;
 
   /// Gives the copy its final name: step 3. On a volume without a journal the file that it replaces keeps its
-  /// space until the draft goes.
+  /// space until the draft goes, where the system allows that.
   virtual Status Publish() = 0;
 };
 

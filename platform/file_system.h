@@ -134,8 +134,9 @@ class FileSystem {
   /// has the name, which is left alone; any other failure means that nothing can be locked there.
   virtual Result<std::unique_ptr<FileLock>> Lock(const std::string& path, const std::string& content) = 0;
 
-  /// Returns when everything written to the volume of the folder `path` so far, names too, is on the disk; on
-  /// a slow one that may take minutes. kCancelled when `idle`, which may be empty, does not want to wait.
+  /// Returns when everything written to the volume of the folder `path` so far, names too, is on the disk, as
+  /// far as the system passes that on (not to FUSE) and the user may ask for it; on a slow one that may take
+  /// minutes. kCancelled when `idle`, which may be empty, does not want to wait.
   virtual Status Flush(const std::string& path, const IdleCallback& idle) = 0;
 
   /// Two names are one file's in a folder exactly when their keys are equal: the name itself on Linux, the

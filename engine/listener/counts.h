@@ -14,7 +14,7 @@ struct FileCounts {
   std::int64_t copied = 0;
   std::int64_t up_to_date = 0;
   std::int64_t filtered_out = 0;
-  std::int64_t failed = 0;    ///< selected and not copied; each has a line in the report
+  std::int64_t failed = 0;    ///< not copied though selected, or not compared; each has a line in the report
   std::int64_t due = 0;       ///< new or modified, found by an operation that does not copy; or merely listed
   std::int64_t compared = 0;  ///< read on both sides because they seemed up to date, with success
   std::int64_t differed = 0;  ///< of these, with other content though the source had not changed meanwhile
