@@ -145,6 +145,7 @@ inline constexpr int kFlushing = 536;
 inline constexpr int kChangedMeanwhile = 537;  ///< lead word
 inline constexpr int kEndedEarly = 538;
 inline constexpr int kUnfinishedRunFound = 540;
+inline constexpr int kUnfinishedRunGoesOn = 543;
 inline constexpr int kNotMarked = 541;    ///< lead word
 inline constexpr int kMarkNotRead = 542;  ///< lead word
 

@@ -5,6 +5,7 @@
 
 #include "engine/failure_text.h"
 #include "engine/selection/file_proc.h"
+#include "engine/target/run_lock.h"
 #include "platform/path.h"
 #include "text/text_numbers.h"
 
@@ -59,7 +60,11 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
 const Totals& FolderWalk::Run() {
   if (unfinished_.error())
     Warn(FailureLine(tools_, text::kMarkNotRead, unfinished_.path(), *unfinished_.error()));
-  if (unfinished_.was_found()) Write(kLineIndent + tools_.texts.GetProgramText(text::kUnfinishedRunFound));
+  if (unfinished_.was_found()) {
+    const bool goes_on = !IsCopyOperation(plan_.rules.operation) && HolderOf(tools_, plan_.target);
+    const int what = goes_on ? text::kUnfinishedRunGoesOn : text::kUnfinishedRunFound;
+    Write(kLineIndent + tools_.texts.GetProgramText(what));
+  }
   PushRoots();
   while (!pending_.empty() && !Ended()) {
     PrefetchNext();
