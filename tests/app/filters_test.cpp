@@ -2,39 +2,26 @@
 
 namespace app::test {
 
-struct Filters : testing::Test, Program {
-  Filters() { Start(); }
+struct Filters : testing::Test, Program {};
 
-  /// What is left of a text when the focus goes on.
-  std::string Enter(ui::TextBox& box, const std::string& text) {
+TEST_F(Filters, AreCleanedOrRefusedWhenTheFocusGoesOnAndClearedByAButton) {
+  Story story{"app/told/"};
+  frmMain& main = Start();
+  const auto enter = [&](ui::TextBox& box, const std::string& text) {
     ui::headless::Type(box, text);
-    window->cmdQuit.SetFocus();
-    return box.text();
-  }
-};
-
-TEST_F(Filters, ExtensionsAreCleanedAndHeldAgainstTheirLength) {
-  using Cases = std::vector<std::pair<const char*, const char*>>;
-  const Cases good = {{"", ""},         {".jpg", "jpg"},    {"j?g", "j?g"},
-                      {"*peg", "*peg"}, {"jpeg12", "jpeg"}, {"ätß y", "ätßy"}};
-  for (const auto& [typed, kept] : good) EXPECT_EQ(Enter(window->txbFileExtension, typed) + Said(), kept);
-  const Cases bad = {{"JPG", ""}, {"*", ""}, {"**", ""}, {"abcdef", "abcdef"}, {"x", "x"}};
-  for (const auto& [typed, kept] : bad) {
-    EXPECT_EQ(Enter(window->txbFileExtension, typed), kept);
-    EXPECT_NE(Said(), "") << typed;
-  }
-}
-
-TEST_F(Filters, ASkipTextOfMoreThan70CharactersIsItsOwnToolTip) {
-  const std::string text = "ä" + std::string(69, 'x');
-  Enter(window->txbExcludedFilepaths, text);
-  EXPECT_EQ(window->txbExcludedFilepaths.tool_tip(), "");
-  EXPECT_EQ(Enter(window->txbExcludedFilepaths, text + "y"), window->txbExcludedFilepaths.tool_tip());
-}
-
-TEST_F(Filters, PastedLinesBecomePatternsAndBlanksElsewhere) {
-  EXPECT_EQ(Enter(window->txbExcludedFilepaths, "\n.tmp\r\n/cache/\n\nb\n"), ".tmp,/cache/,b");
-  EXPECT_EQ(Enter(window->txbFileExtension, "j\npg\n"), "jpg");
+    front_end.PassTime(1'000ms);
+    main.cmdQuit.SetFocus();
+    story.Note(text, main, Heard());
+  };
+  for (const char* extension : {"", ".jpg", "j?g", "*peg", "jpeg12", "\xC3\xA4t\xC3\x9F y", "j\npg\n", "JPG",
+                                "*", "**", "abcdef", "x"})
+    enter(main.txbFileExtension, extension);
+  const std::string of_70 = "\xC3\xA4" + std::string(69, 'x');
+  for (const std::string& patterns : {of_70, of_70 + "y", std::string("\n.tmp\r\n/cache/\n\nb\n")})
+    enter(main.txbExcludedFilepaths, patterns);
+  ui::headless::Click(main.cmdClearFolder[2]);
+  front_end.PassTime(1'000ms);
+  story.Note("Clear", main);
 }
 
 }  // namespace app::test

@@ -11,118 +11,80 @@ struct Folders : testing::Test, Program {
     StartWithSetup();
   }
 
-  /// Chooses a folder as source (0) or target (1); gives the last box that came of it.
-  std::string Choose(std::size_t index, std::optional<std::string> path) {
-    dialogs.asked.clear();
-    dialogs.texts = {std::move(path)};
-    Click(window->cmdSpecifyDirectory[index]);
-    return dialogs.asked.back().kind == "folder" ? "" : Said();
+  void Press(const std::string& step, ui::Button& button,
+             std::deque<std::optional<std::string>> answers = {}) {
+    dialogs.texts = std::move(answers);
+    Click(button);
+    story.Note(step, *window, Heard());
   }
-  std::string Folder(std::size_t index) { return window->txbDirectory[index].text(); }
-  std::string Summary() { return window->lblNumSubfolders.text(); }
+  void Source(const std::string& step, const std::string& path) {
+    Press(step, window->cmdSpecifyDirectory[0], {path});
+  }
+  void Target(const std::string& step, const std::string& path) {
+    Press(step, window->cmdSpecifyDirectory[1], {path});
+  }
+
+  Story story{"app/told/"};
 };
 
-TEST_F(Folders, RecycleBinsOnTheFirstLevelAndWriteProtectedTargetsAreRefused) {
+TEST_F(Folders, AreChosenClearedCreatedCountedAndRemovedAsTheirNamesAndTheDiskAllow) {
+  story.Note("As saved", *window);
   files.SetReadOnly("/locked");
-  for (const std::size_t index : {0U, 1U}) {
-    EXPECT_EQ(Choose(index, "/$Recycle.Bin"), "A recycle bin cannot be a backup source or target.");
-    EXPECT_EQ(Choose(index, "/RECYCLED files/x"), "A recycle bin cannot be a backup source or target.");
-  }
-  EXPECT_EQ(Choose(1, "/locked").find("The target folder is on a write-protected disk.\r\n("), 0U);
-  EXPECT_EQ(window->CurrentSetup(), setup);
-  EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[1]);
-  Choose(0, "/a/$RECYCLE.BIN");
-  EXPECT_EQ(Folder(0), "/a/$RECYCLE.BIN");
-  Choose(0, "/locked");
-  EXPECT_EQ(Folder(0), "/locked");
-}
-
-TEST_F(Folders, ANewFolderOffersOnceToChangeTheOtherOne) {
-  EXPECT_EQ(Choose(0, std::nullopt), "");
-  EXPECT_EQ(Choose(1, "/dst"), "") << "as it was";
-  EXPECT_EQ(Choose(1, "/src/c"), "Do you wish to specify a new source disk or folder");
+  Source("A recycle bin is no source", "/$Recycle.Bin");
+  Target("nor a target, nor is what lies in it", "/RECYCLED files/x");
+  Target("Nor is what is write-protected", "/locked");
+  Press("The choice is called off", window->cmdSpecifyDirectory[0], {std::nullopt});
+  Target("The same as before, of which nothing is said", "/dst");
+  Target("Another, and the other one stays", "/src/c");
   dialogs.yes_no = {true};
-  dialogs.texts = {"/src/a", "/src/b"};
-  Click(window->cmdSpecifyDirectory[0]);
-  ASSERT_EQ(dialogs.asked.size(), 3U) << "two choices, one question";
-  EXPECT_EQ(dialogs.asked[1].text, "Do you wish to specify a new target disk or folder");
-  EXPECT_EQ(Folder(0) + window->txbDirectory[1].tool_tip(), "/src/a/src/b");
-  Click(window->cmdClearFolder[0]);
-  EXPECT_EQ(Choose(1, "/src"), "") << "the other one is empty";
-  EXPECT_EQ(Choose(0, "/src/a"), "") << "there was none before";
-}
+  Press("Both, after one question", window->cmdSpecifyDirectory[0], {"/src/a", "/src/b"});
+  Press("Clear the source", window->cmdClearFolder[0]);
+  Target("The source is empty, so nothing is asked", "/src");
+  Source("There was none before", "/a/$RECYCLE.BIN");
+  Source("What is write-protected can be read", "/locked");
+  Target("An empty one", "/dst");
+  Press("Clear the target", window->cmdClearFolder[1]);
 
-TEST_F(Folders, ClearingTakesEverythingAboutTheFolderAway) {
-  EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target folder is empty.");
-  Click(window->cmdClearFolder[1]);
-  EXPECT_EQ(window->lblTargetFolderIsEmpty.text() + window->lblFreeSpace.text(), "");
-  EXPECT_FALSE(window->cmdClearFolder[1].visible() || window->cmdCreateSubFolder.enabled());
-  Click(window->cmdClearFolder[0]);
-  EXPECT_EQ(window->CurrentSetup(), app::Setup{});
-  EXPECT_FALSE(window->cmdClearFolder[0].visible() || window->chkIncludeSubfolders.visible());
-}
+  ui::Button& create = StartWithSetup().cmdCreateSubFolder;
+  Press("No name", create, {""});
+  Press("A name", create, {"/x/"});
+  Press("It exists", create, {"x"});
+  Press("A path", create, {"no/x"});
+  Press("The folder around", create, {".."});
+  files.Fail(platform::memory::Call::kCreateFolder, "/dst/no", {platform::ErrorKind::kOther, 5, "EIO"});
+  Press("The disk refuses", create, {"no"});
+  dialogs.yes_no = {true};
+  Press("Taken as the target", create, {"y"});
+  files.Remove("/dst/y");
+  Press("A target that has vanished stays so", create, {"no"});
+  EXPECT_FALSE(files.Exists("/dst/y"));
+  dialogs.yes_no = {true};
+  Press("It is made again", create, {"yes"});
+  EXPECT_TRUE(files.Exists("/dst/x") && files.Exists("/dst/y"));
 
-TEST_F(Folders, TheSummaryOfSubfoldersCountsThemOrTellsWhyItCannot) {
-  tree::Add(files, {"/src/b/$Recycle.Bin/"});
-  Choose(0, "/src/b");
-  EXPECT_EQ(Summary(), "There is one subfolder, none selected");
-  Choose(0, "/src/a");
-  EXPECT_EQ(Summary(), "There are no subfolders");
-  tree::Add(files, {"/src/link>/dst"});
+  StartWithSetup();
+  Select(window->cboIncludedFolders, 1);
+  Press("Remove the one with subfolders", window->cmdRemoveSubfolder);
+  PressSpace(*window);
+  PressSpace(*window);
+  story.Note("and the others", *window);
+  tree::Add(files, {"/src/b/$Recycle.Bin/", "/src/link>/dst", "/dst/dead>/nowhere"});
+  files.AddMountPoint("/dst");
+  Source("One subfolder", "/src/b");
+  Source("None", "/src/a");
   setup.IncludedFolders = {"a", "b", "link"};
   StartWithSetup();
-  EXPECT_EQ(Summary(), "There are 3 subfolders, 2 selected") << "a link is none";
+  story.Note("A link is none", *window);
   setup.IncludedFolders = {"link"};
+  for (const char* made : {"/dst/x", "/dst/y"}) files.Remove(made);
   StartWithSetup();
-  EXPECT_EQ(Summary(), "There are 3 subfolders, 0 selected");
-  files.AddMountPoint("/dst");
-  tree::Add(files, {"/dst/dead>/nowhere"});
-  EXPECT_EQ(Choose(1, "/dst/$RECYCLE.BIN"), "A recycle bin cannot be a backup source or target.");
-  window->RefreshTargetEmptyLabel();
-  EXPECT_EQ(window->lblTargetFolderIsEmpty.text(), "The target disk is empty.");
+  story.Note("None left, and a target with nothing in it but a dead link", *window);
+  Target("A recycle bin", "/dst/$RECYCLE.BIN");
   files.Fail(platform::memory::Call::kOpenFolder, "", {platform::ErrorKind::kAccessDenied, 5, ""}, 1);
-  Choose(0, "/src");
-  EXPECT_EQ(Summary(), "Permission denied");
-  EXPECT_FALSE(window->cmdListSubFolders.enabled());
+  Source("A source that may not be read", "/src");
   files.Remove("/src");
   window->RefreshSourceFolderDisplay();
-  EXPECT_EQ(Summary(), "Path not found");
-}
-
-TEST_F(Folders, SubfoldersAreRemovedOneAfterTheOther) {
-  EXPECT_EQ(Summary(), "There are 3 subfolders, 3 selected");
-  Select(window->cboIncludedFolders, 1);
-  Click(window->cmdRemoveSubfolder);
-  EXPECT_EQ(window->cboIncludedFolders.list_index(), 1);
-  EXPECT_FALSE(window->chkIncludeSubfolders.visible()) << "a and c have no subfolders";
-  PressSpace(*window);
-  PressSpace(*window);
-  EXPECT_FALSE(window->cboIncludedFolders.visible() || window->cmdRemoveSubfolder.visible());
-  EXPECT_EQ(Summary(), "There are 3 subfolders, none selected");
-}
-
-TEST_F(Folders, ASubfolderOfTheTargetIsCreatedAndOfferedAsTheTarget) {
-  const auto create = [&](const char* name, bool yes) {
-    dialogs.texts = {name};
-    dialogs.yes_no = {yes};
-    Click(window->cmdCreateSubFolder);
-    return Said();
-  };
-  EXPECT_EQ(create("", false), "What should the new subfolder of /dst be called?");
-  EXPECT_EQ(create("/x/", false), "Do you want to use the new folder /dst/x as the target folder?");
-  EXPECT_EQ(create("x", true), "This folder already exists: /dst/x");
-  EXPECT_EQ(create("no/x", true), "Type one name, not a path: no/x");
-  EXPECT_EQ(create("..", true), "Type one name, not a path: ..");
-  files.Fail(platform::memory::Call::kCreateFolder, "/dst/no", {platform::ErrorKind::kOther, 5, "EIO"});
-  EXPECT_EQ(create("no", true), "The folder could not be created on drive / at the path\r\n/dst/no\r\n(EIO)");
-  EXPECT_EQ(Folder(1), "/dst");
-  create("y", true);
-  EXPECT_EQ(Folder(1), "/dst/y");
-  files.Remove("/dst/y");
-  create("no", false);
-  EXPECT_FALSE(files.Exists("/dst/y"));
-  create("yes", true);
-  EXPECT_TRUE(files.Exists("/dst/x") && files.Exists("/dst/y")) << "a target that has vanished is made again";
+  story.Note("It has gone", *window);
 }
 
 }  // namespace app::test

@@ -8,28 +8,30 @@ namespace app::test {
 struct Hints : testing::Test, Program {
   Hints() { Start(); }
 
-  std::string After(std::chrono::milliseconds time) {
+  void After(const std::string& step, std::chrono::milliseconds time) {
     front_end.PassTime(time);
-    return window->HintWindow().visible() ? window->HintWindow().lblMessage.text() : "";
+    story.Note(step, window->HintWindow());
   }
+
+  Story story{"app/told/"};
 };
 
 TEST_F(Hints, ComeOnceBesideTheRestingPointerAndGoWithItOrAPress) {
   ui::Button& button = window->cmdHelp;
   button.UserMovedPointer();
-  EXPECT_EQ(After(499ms), "");
-  EXPECT_EQ(After(1ms), button.description());
+  After("Before half a second", 499ms);
+  After("After it", 1ms);
   const ui::Twips top =
       window->bounds().bottom() - 120 - window->inner().height + button.top();  // 120: a border
   EXPECT_LE(window->HintWindow().bounds().bottom(), top) << "never over the button";
-  EXPECT_EQ(After(6'000ms), "");
+  After("It has been read", 6'000ms);
   button.UserMovedPointer();
-  EXPECT_EQ(After(500ms), "") << "the pointer has not left the button";
+  After("The pointer has not left the button", 500ms);
   button.UserMovedPointerAway();
   button.UserMovedPointer();
-  EXPECT_EQ(After(500ms), button.description());
+  After("It has, and comes back", 500ms);
   button.UserPressed();
-  EXPECT_EQ(After(0ms), "");
+  After("A press", 0ms);
 }
 
 TEST_F(Hints, EveryButtonHasOneAndNoTwoControlsShareAnAccessKey) {

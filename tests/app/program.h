@@ -9,6 +9,7 @@
 
 #include "app/main_window/frmMain.h"
 #include "platform/memory/memory_system.h"
+#include "tests/story.h"
 #include "tests/tree.h"
 #include "text/built_in.h"
 #include "ui/headless/headless_front_end.h"
@@ -61,6 +62,15 @@ class Program {
     const std::string text = dialogs.asked.empty() ? "" : dialogs.asked.back().text;
     dialogs.asked.clear();
     return text;
+  }
+  /// All that was said, printed, notified, opened and handed to the shell since this was asked before.
+  std::string Heard() {
+    std::string heard;
+    for (const auto& box : std::exchange(dialogs.asked, {}))
+      heard += "(" + box.kind + ") " + box.title + ": " + box.text + "\n";
+    for (auto* lines : {&printed, &front_end.notes, &front_end.opened_folders, &shell.shut_downs})
+      for (const std::string& line : std::exchange(*lines, {})) heard += "> " + line + "\n";
+    return heard;
   }
   std::string Text(int number) { return texts.GetProgramText(number); }
 

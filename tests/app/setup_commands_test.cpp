@@ -1,58 +1,80 @@
 #include "services/setup_text.h"
 #include "tests/app/program.h"
-#include "text/text_numbers.h"
 
 namespace app::test {
 
 using namespace ui::headless;
 
 struct SetupCommands : testing::Test, Program {
-  SetupCommands() : Program({"/file.qvr=/src\r\n/dst\r\n 1 \r\n", "/there.qvr=old"}) { StartWithSetup(); }
+  SetupCommands() : Program({"/file.qvr=/src\r\n/dst\r\n 1 \r\n", "/there.qvr=old"}) {
+    files.AddFile("/empty.qvr", services::SetupText({}));
+    StartWithSetup();
+  }
 
-  /// Setup, one of its commands, and one of that one's.
-  void Press(ui::Button& first, ui::Button& second) {
+  /// Setup, one of its commands, and one of that one's; gives all that is said.
+  std::string Press(ui::Button& first, ui::Button& second) {
     window->Clock2_Timer();
     Click(window->cmdSetup);
     Click(first);
     Click(second);
+    return Heard();
   }
-
-  /// Names a file in the dialog of a command; gives the file that the window then shows as the one in use.
-  std::string UseFile(ui::Button& command, std::optional<std::string> path, bool yes = false) {
-    dialogs.texts = {std::move(path)};
+  void UseFile(const std::string& step, ui::Button& command, const std::string& path, bool yes = false) {
+    dialogs.texts = {path};
     dialogs.yes_no = {yes};
-    Press(command, window->setup_commands.cmdSaveSetupAsOperationFile);
-    return window->txbSetupFile.visible() ? window->txbSetupFile.text() : "";
+    story.Note(step, *window, Press(command, window->setup_commands.cmdSaveSetupAsOperationFile));
+  }
+  void InBothWays(const std::string& step) {
+    story.Note(step, *window,
+               Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays));
+    story.Note("Beside it", window->PopUpWindow());
   }
 
-  void FailToWrite() { files.Fail(platform::memory::Call::kReplaceFile, "", {}); }
+  Story story{"app/told/"};
 };
 
-TEST_F(SetupCommands, EveryWayOutLeadsBackToTheMainWindow) {
+TEST_F(SetupCommands, SaveLoadAndLeadBackToTheMainWindowByEveryWay) {
   frmMain& w = *window;
-  const std::vector<ui::Button*> ways[] = {
-      {&w.setup_commands.cmdKeepSetup},
-      {&w.setup_commands.cmdClearSetup},
-      {&w.setup_commands.cmdRestoreSetup},
-      {&w.setup_commands.cmdSaveSetup, &w.setup_commands.cmdDontSaveSetup},
-      {&w.setup_commands.cmdSaveSetup, &w.setup_commands.cmdSaveSetupForNextRun},
-      {&w.setup_commands.cmdSaveSetup, &w.setup_commands.cmdSaveSetupInBothWays},
-      {&w.setup_commands.cmdLoadSetup, &w.setup_commands.cmdSaveSetupInBothWays},
-      {&w.setup_commands.cmdLoadSetup, &w.setup_commands.cmdSaveSetupForNextRun},
-      {&w.setup_commands.cmdLoadSetup, &w.setup_commands.cmdSaveSetupAsOperationFile}};
+  auto& c = w.setup_commands;
+  const std::vector<ui::Button*> ways[] = {{&c.cmdKeepSetup},
+                                           {&c.cmdClearSetup},
+                                           {&c.cmdRestoreSetup},
+                                           {&c.cmdSaveSetup, &c.cmdDontSaveSetup},
+                                           {&c.cmdSaveSetup, &c.cmdSaveSetupForNextRun},
+                                           {&c.cmdLoadSetup, &c.cmdSaveSetupForNextRun},
+                                           {&c.cmdLoadSetup, &c.cmdSaveSetupAsOperationFile}};
   for (const auto& way : ways) {
     for (const bool by_escape : {true, false}) {
       EXPECT_TRUE(Click(w.cmdSetup));
-      EXPECT_EQ(w.focused(), &w.setup_commands.cmdSaveSetup);
-      EXPECT_FALSE(w.cmdBackupModifiedFiles.reachable() || w.lblWarningReFilesInUse.visible());
       if (way.size() == 2) Click(*way[0]);
       EXPECT_TRUE(by_escape ? w.UserPressedEscape() : Click(*way.back()));
-      EXPECT_FALSE(w.setup_commands.fraSetup.visible() || w.setup_commands.fraSaveSetup.visible());
-      EXPECT_TRUE(w.cmdSetup.reachable() && w.chkSaveSetupOnQuit.visible());
-      EXPECT_TRUE(w.focused() != nullptr && w.lblWarningReFilesInUse.visible());
+      story.Note(by_escape ? "Out by Escape" : way.back()->text(), w, Heard());
       w.Clock2_Timer();
     }
   }
+  front_end.PassTime(10'000ms);
+  InBothWays("Only the setup file would tell");
+  dialogs.texts = {"/both.qvr"};
+  InBothWays("In both ways");
+  EXPECT_EQ(w.PopUpWindow().left(), w.left() + w.fraMenu.left() + w.cmdSetup.left() + 160);
+  UseFile("A folder's extension is not the file's", c.cmdSaveSetup, "/a.qvr/name", true);
+  UseFile("Capitals are the same", c.cmdSaveSetup, "/name.QVR");
+  UseFile("What is there is not overwritten", c.cmdSaveSetup, "/there.qvr");
+  EXPECT_EQ(files.ContentOf("/there.qvr"), "old");
+  UseFile("Unless the user agrees", c.cmdSaveSetup, "/there.qvr", true);
+  EXPECT_EQ(files.ContentOf("/there.qvr"), services::SetupText(setup));
+  UseFile("An empty setup", c.cmdLoadSetup, "/empty.qvr");
+  UseFile("No file", c.cmdLoadSetup, "/missing.qvr");
+  UseFile("Half a file", c.cmdLoadSetup, "/file.qvr");
+  Click(w.cmdSetup);
+  Click(w.cmdQuit);
+  story.Note("The second click that closed the dialog presses nothing", w);
+  files.Fail(platform::memory::Call::kReplaceFile, "", {});
+  InBothWays("In both ways, of which the first fails");
+  UseFile("A disk that refuses", c.cmdSaveSetup, "/new.qvr");
+  front_end.PassTime(1'000ms);
+  Click(w.cmdQuit);
+  EXPECT_TRUE(front_end.quitting());
 }
 
 TEST_F(SetupCommands, EveryEditAfterASaveMakesQuitSaveAgain) {
@@ -62,7 +84,10 @@ TEST_F(SetupCommands, EveryEditAfterASaveMakesQuitSaveAgain) {
       [&] { Tick(w.chkPauseAfterFirstCopy, true); },
       [&] { Select(w.cboModifiedSince, 2); },
       [&] { Click(w.cmdClearFolder[1]); },
-      [&] { UseFile(w.setup_commands.cmdLoadSetup, "/file.qvr"); },
+      [&] {
+        dialogs.texts = {"/file.qvr"},
+        Press(w.setup_commands.cmdLoadSetup, w.setup_commands.cmdSaveSetupAsOperationFile);
+      },
       [&] { Click(w.cmdSetup), Click(w.setup_commands.cmdRestoreSetup); },
   };
   for (const auto& edit : edits) {
@@ -75,51 +100,6 @@ TEST_F(SetupCommands, EveryEditAfterASaveMakesQuitSaveAgain) {
   EXPECT_EQ(w.CurrentSetup(), setup) << "the last one restored it";
   Press(w.setup_commands.cmdLoadSetup, w.setup_commands.cmdSaveSetupForNextRun);
   EXPECT_TRUE(w.SetupJustSaved) << "after a load of the last run";
-}
-
-TEST_F(SetupCommands, SavesInAFileOfTheRightExtensionOnly) {
-  ui::Button& save = window->setup_commands.cmdSaveSetup;
-  EXPECT_EQ(UseFile(save, "/a.qvr/name", true), "");
-  EXPECT_EQ(Said(), "Setup files must have extension 'qvr'.");
-  EXPECT_EQ(UseFile(save, "/name.QVR"), "/name.QVR") << "no question";
-  EXPECT_EQ(files.ContentOf("/name.QVR"), services::SetupText(setup));
-  UseFile(save, "/there.qvr", false);
-  EXPECT_EQ(Said(), Text(text::kReplaceSetupFile) + " /there.qvr?");
-  EXPECT_EQ(files.ContentOf("/there.qvr"), "old");
-  EXPECT_EQ(UseFile(save, "/there.qvr", true), "/there.qvr");
-  EXPECT_EQ(files.ContentOf("/there.qvr"), services::SetupText(setup));
-  FailToWrite();
-  EXPECT_EQ(UseFile(save, "/new.qvr"), "");
-  EXPECT_EQ(Said(), Text(text::kSetupFileNotSaved) + " /new.qvr.");
-}
-
-TEST_F(SetupCommands, SavesInBothWaysUnlessTheFirstFails) {
-  const report::frmPopUp& pop_up = window->PopUpWindow();
-  Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays);
-  EXPECT_TRUE(files.Exists(kLastRun) && !pop_up.visible()) << "only the setup file tells";
-  dialogs.texts = {"/both.qvr"};
-  Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays);
-  EXPECT_TRUE(files.Exists("/both.qvr") && pop_up.visible());
-  EXPECT_EQ(pop_up.left(), window->left() + window->fraMenu.left() + window->cmdSetup.left() + 160);
-  FailToWrite();
-  Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays);
-  EXPECT_EQ(Said(), Text(text::kSetupNotSaved)) << "no file dialog comes after it";
-}
-
-TEST_F(SetupCommands, LoadsAFileAndTellsWhatIsWrongWithIt) {
-  files.AddFile("/empty.qvr", services::SetupText({}));
-  EXPECT_EQ(UseFile(window->setup_commands.cmdLoadSetup, "/empty.qvr"), "");
-  EXPECT_EQ(UseFile(window->setup_commands.cmdLoadSetup, "/missing.qvr"), "");
-  EXPECT_EQ(Said(), Text(text::kSetupNotRead) + "\r\n/missing.qvr");
-  EXPECT_EQ(UseFile(window->setup_commands.cmdLoadSetup, "/file.qvr"), "/file.qvr");
-  EXPECT_EQ(Said(), Text(text::kSetupEndsEarly) + "\r\n/file.qvr\r\n\r\n" + Text(text::kSetupPartlyLoaded));
-  Click(window->cmdSetup);
-  Click(window->cmdQuit);
-  EXPECT_FALSE(window->setup_commands.fraSetup.visible() || front_end.quitting())
-      << "as the release of a double click would";
-  front_end.PassTime(1'000ms);
-  Click(window->cmdQuit);
-  EXPECT_TRUE(front_end.quitting());
 }
 
 }  // namespace app::test
