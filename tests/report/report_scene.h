@@ -8,6 +8,7 @@
 #include "platform/memory/memory_system.h"
 #include "report/frmReport.h"
 #include "report/main_window.h"
+#include "tests/story.h"
 #include "ui/headless/headless_front_end.h"
 
 namespace report {
@@ -37,6 +38,16 @@ struct ReportScene : MainWindow {
   }
   void Click(ui::Button& button) {
     front_end.Post([&button] { ui::headless::Click(button); });
+  }
+  /// What a step came to: the window, the lines that left it, what was asked, and what shows elsewhere.
+  void Note(Story& story, const std::string& step) {
+    std::string heard = std::exchange(lines, {}) + (stop ? " (to stop)" : "");
+    for (const auto& box : std::exchange(front_end.dialogs().asked, {}))
+      heard += " (" + box.kind + ") " + box.title + ": " + box.text;
+    heard += " (task bar) " + std::to_string(window.task_progress().value_or(-1)) + " " +
+             std::to_string(static_cast<int>(window.task_state())) + " (selected) " +
+             std::to_string(window.txbText.selection().start) + " " + window.txbText.selected_text();
+    story.Note(step, window, heard + "\n");
   }
 
   ui::Form& Window() override { return main; }

@@ -27,43 +27,33 @@ struct RunScene : ReportScene {
 };
 
 TEST(RunReport, ShowsTheFoldersThatTheOperationIsAbout) {
-  const std::string full = "    2 files in {source folder}/full";
-  const std::string wrong = "    3 files in {source folder}/wrong|  Warning.|";
-  const std::string rest = "    4 files in {source folder}/rest";
-  const std::pair<Operation, std::string> cases[] = {
-      {kList, full + "|    0 files in {source folder}/empty|" + wrong + rest + "|"},
-      {kAll, full + "  Both copied.|" + wrong + "  None copied.|" + rest + "  None copied.|"},
-      {kModified, full + "  Neither previously backed up.  Both copied.|" + wrong},
-      {kCheck, full + "  Neither are backed up.|" + wrong}};
-  for (const auto& [operation, expected] : cases) {
+  Story story{"report/told/"};
+  for (const Operation operation : {kList, kAll, kModified, kCheck}) {
     for (const bool suppress : {false, true}) {
       RunScene scene(operation, suppress);
       scene.Folder("/data/full", 2, 2, 2);
       scene.Folder("/data/empty", 0);
       scene.Folder("/data/wrong", 3, 0, 0, "  Warning.");
       scene.Folder("/data/rest", 4);
-      EXPECT_EQ(scene.lines, suppress ? "  Warning.|" : expected);
+      scene.Note(story, "Operation " + std::to_string(static_cast<int>(operation)));
     }
   }
 }
 
 TEST(RunReport, TheHeadLineComesWhenSomethingIsToBeCopiedAndGoesOnBehindThePhraseThatIsLeftOpen) {
   RunScene scene(kModified);
-  const std::string due = "  0 modified files and 3 files not previously backed up.  2 files copied.";
-  const std::string head = "    5 files in {source folder}/";
+  Story story{"report/told/"};
   scene.run.FolderBegun({"/data/none", 5, {}, 0});
-  EXPECT_EQ(scene.window.txbText.text(), "");
   scene.run.FolderEnded({"/data/none", 5, {}, 0});
+  scene.Note(story, "Nothing is due");
   scene.run.FolderBegun({"/data/a", 5, {}, 3});
-  EXPECT_EQ(scene.window.txbText.text(), head + "a");
+  scene.Note(story, "Three files are");
   scene.run.FolderEnded({"/data/a", 5, {0, 3, 0, 2}});
   scene.Folder("/data/b", 5, 3, 2);
   scene.run.WriteLine("Warning.");
   scene.Folder("/data/c", 5, 3, 2);
   scene.run.ReportForBackupModifiedFiles({});
-  const std::string lines =
-      head + "a" + due + head + "b" + due + "|Warning.|" + head + "c" + due + "|For files new";
-  EXPECT_EQ(scene.lines.substr(0, lines.size()), lines);
+  scene.Note(story, "At the end");
 }
 
 TEST(RunReport, TheSummaryIsPrecededByWhatWentWrongInPartsThatWereCleared) {
@@ -79,66 +69,51 @@ TEST(RunReport, TheSummaryIsPrecededByWhatWentWrongInPartsThatWereCleared) {
 
 TEST(RunReport, NamesOfAnyBytesStayOnTheirLine) {
   RunScene scene(kAll);
+  Story story{"report/told/"};
   RunReport run(scene.window, scene, scene.clock, {}, {kAll, false, false, "/d\n/", "/t\r", "", "", {}});
   run.Begin("Title", {"(/d\n)"});
   run.FolderBegun({"/d\n/\xFF", 1, {}});
   run.WriteLine("Wrong: \x7F'\"");
   run.CopyBegun("/d\n/\xFF/\t");
-  EXPECT_EQ(scene.lines, "(/d\\n)|    1 file  in {source folder}/\xEF\xBF\xBD|Wrong: \\x7f'\"|");
-  EXPECT_EQ(scene.window.lblSourceDirpath.text() + scene.window.lblTargetDirpath.text(), "/d\\n//t\\x0d");
-  EXPECT_EQ(scene.window.lblFileName.text(), "/d\\n/\xEF\xBF\xBD/\\t");
+  scene.Note(story, "Copying");
 }
 
 TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
   RunScene scene(kAll);
-  const frmReport& window = scene.window;
+  Story story{"report/told/"};
   scene.run.CopyBegun("/data/a");
   scene.run.CopyEnded(2'097'152, 1);
   scene.run.CopyBegun("/data/b");
-  EXPECT_EQ(window.lblFreeSpace.text(), "Free on Drive E: 1.00 Gb");
-  EXPECT_EQ(window.lblFileName.text() + window.lblBytesCopied.text(), "/data/a");
-  scene.clock.Advance(100ms);
-  scene.run.Breathe();
-  EXPECT_EQ(window.lblFileName.text(), "/data/b");
-  EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 2,097,152 bytes (2.00 Mb) in 1 file");
+  scene.Note(story, "Too early for the second");
+  const std::pair<const char*, std::function<void()>> steps[] = {{"It comes", [&] { scene.run.Breathe(); }},
+                                                                 {"Compare", [&] { scene.run.Comparing("/data/c"); }},
+                                                                 {"Copy", [&] { scene.run.CopyBegun("/data/d"); }},
+                                                                 {"Read back", [&] { scene.run.ReadingBack("/data/e"); }},
+                                                                 {"Compared", [&] { scene.run.Compared(5, 2); }},
+                                                                 {"Save", [&] { scene.run.Saving(true); }},
+                                                                 {"Saved", [&] { scene.run.Saving(false); }}};
+  for (const auto& [step, act] : steps) {
+    scene.clock.Advance(100ms);
+    act();
+    scene.Note(story, step);
+  }
   scene.run.CopyEnded(12, 1'002);
   scene.run.Progress({0.5, 0});
   scene.run.WriteSummary({});
-  EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 12 bytes in 1,002 files");
-  for (const bool compares : {true, false}) {
-    scene.clock.Advance(100ms);
-    compares ? scene.run.Comparing("/data/c") : scene.run.CopyBegun("/data/d");
-    EXPECT_EQ(window.Label1.text() + window.lblFileName.text(),
-              compares ? "Now being compared: /data/c" : "File now being copied: /data/d");
-  }
-  EXPECT_TRUE(window.task_progress() == 0.5 && window.barProgress.fraction() == 0.5);
-  EXPECT_EQ(window.text() + " " + window.lblState.text(), "50 % - Report 50 %");
-  scene.clock.Advance(100ms);
-  scene.run.ReadingBack("/data/e");
-  EXPECT_EQ(window.Label1.text() + window.lblFileName.text(), "Now being read back: /data/e");
-  scene.clock.Advance(100ms);
-  scene.run.Compared(5, 2);
-  EXPECT_EQ(window.lblBytesCopied.text(), "Copied: 12 bytes in 1,002 files.  Compared: 5 bytes in 2 files");
-  scene.run.Saving(true);
-  EXPECT_TRUE(window.lblFileName.visible() && !window.Label1.visible());
-  scene.run.Saving(false);
-  EXPECT_FALSE(window.lblFileName.visible());
+  scene.Note(story, "The sums are the last ones at once");
 }
 
 TEST(RunReport, AsksAndTellsByDialogsAndWritesWhenNobodyIsThere) {
+  Story story{"report/told/"};
   for (const bool alone : {false, true}) {
     RunScene scene(kAll, false, alone);
-    auto& asked = scene.front_end.dialogs().asked;
     scene.front_end.dialogs().yes_no = {true};
     EXPECT_TRUE(scene.run.AskWhetherToGoOn({"a\r\nb", "Go on"}));
     scene.run.Tell("c\r\nd");
     scene.stop = true;
     EXPECT_TRUE(scene.run.AskWhetherToGoOn({"late", ""}));
     scene.run.Tell("late");
-    EXPECT_EQ(asked.size(), alone ? 0U : 2U);
-    EXPECT_EQ(asked.empty() ? "" : asked[0].text + "|" + asked[1].text,
-              alone ? "" : "a\r\nb\r\n\r\nGo on|c\r\nd");
-    EXPECT_EQ(scene.lines, alone ? "      a b|c d|      late|late|" : "");
+    scene.Note(story, alone ? "Nobody is there" : "Somebody is");
   }
 }
 
@@ -152,52 +127,28 @@ TEST(RunReport, APauseHoldsUntilTheUserCancelsButNeverWithoutAUser) {
   EXPECT_FALSE(unattended.window.Paused);
 }
 
-static std::string Summary(Operation operation, const engine::Totals& totals, bool cancelled = false) {
-  RunScene scene(operation);
-  scene.stop = cancelled;
-  scene.run.WriteSummary(totals);
-  return scene.lines;
-}
-
-const engine::Totals kMuch{{1'000, 600, 403, 1'000, 0, 200, 3, 0}, 2, 2, 0, 1'000, 1'000, 2};
-const engine::Totals kUnread{{}, 0, 0, 1, 0, 0, 1};
-
-TEST(Summary, TellsWhatTheOperationIsAboutAndLeavesOutWhatIsNothing) {
-  const std::string since = "For files new or modified ever:|Number of modified files: ";
-  const std::string errors = "Number of errors when attempting to copy a file: 3|";
-  EXPECT_EQ(Summary(kList, kMuch),
-            "Number of folders: 2|Number of files: 800|Sum of file sizes: 1,000 bytes|");
-  EXPECT_EQ(Summary(kAll, {}), "|Number of non-empty folders accessed: 0|Number of files copied: 0|");
-  EXPECT_EQ(Summary(kAll, kMuch), "|Number of non-empty folders accessed: 2|Number of files copied: 1,000|" +
-                                      errors + "Sum of sizes of files copied: 1,000 bytes|");
-  EXPECT_EQ(Summary(kModified, kMuch),
-            since +
-                "403|Number of files not previously backed up: 600|"
-                "Number of files modified or not previously backed up: 1,003|Number of files copied: 1,000|" +
-                errors + "Sum of sizes of files copied: 1,000 bytes||This report contains 2 warnngs.|");
-  EXPECT_NE(Summary(kModified, {{2, 1, 1, 2}}).find("modified or not previously backed up: 2|"),
-            std::string::npos);
-  EXPECT_EQ(Summary(kModified, kUnread), since +
-                                             "0|Number of files not previously backed up: 0|"
-                                             "Number of files copied: 0|Sum of sizes of files copied: 0 "
-                                             "bytes||This report contains one warning.|");
-  EXPECT_TRUE(
-      Summary(kModified, {{1, 0, 0, 1}, 1, 1, 0, 1, 1, 1}).ends_with("||This report contains one warning.|"));
-  EXPECT_EQ(Summary(kCheck, kMuch), since +
-                                        "403|Number of files not backed up: 600|"
-                                        "Number of files modified or not backed up: 1,003|");
-}
-
-TEST(Summary, NeverSaysThatAllIsBackedUpWhenNotAllWasSeen) {
-  const std::string nothing =
-      "For files new or modified ever:|Number of modified files: 0|"
-      "Number of files not backed up: 0|Number of files modified or not backed up: 0|";
-  EXPECT_EQ(Summary(kCheck, kUnread), nothing);
-  EXPECT_EQ(Summary(kCheck, {}, true), nothing);
+TEST(Summary,
+     TellsWhatTheOperationIsAboutLeavesOutWhatIsNothingAndNeverSaysThatAllIsBackedUpWhenNotAllWasSeen) {
+  Story story{"report/told/"};
   engine::Totals left_out;
   left_out.left_out_folders = 1;
-  EXPECT_EQ(Summary(kCheck, left_out), nothing);
-  EXPECT_EQ(Summary(kCheck, {}), "For files new or modified ever:|All files backed up.|");
+  const std::pair<const char*, engine::Totals> runs[] = {
+      {"much", {{1'000, 600, 403, 1'000, 0, 200, 3, 0}, 2, 2, 0, 1'000, 1'000, 2}},
+      {"a folder that was not read", {{}, 0, 0, 1, 0, 0, 1}},
+      {"two modified files", {{2, 1, 1, 2}}},
+      {"one file and a warning", {{1, 0, 0, 1}, 1, 1, 0, 1, 1, 1}},
+      {"a folder that was left out", left_out},
+      {"nothing", {}},
+      {"nothing, and cancelled", {}}};
+  for (const auto& [run, totals] : runs) {
+    for (const Operation operation : {kList, kAll, kModified, kCheck}) {
+      RunScene scene(operation);
+      scene.stop = &totals == &std::end(runs)[-1].second;
+      scene.run.WriteSummary(totals);
+      story.told += std::string("== ") + run + "\n";
+      for (const char c : scene.lines) story.told += c == '|' ? '\n' : c;
+    }
+  }
 }
 
 }  // namespace report
