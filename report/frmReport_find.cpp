@@ -28,6 +28,7 @@ bool frmReport::KeyPressed(const ui::KeyPress& press) {
 void frmReport::ShowProblemButton() {
   const bool still = phase_ == Phase::kPaused || phase_ == Phase::kEnded;
   cmdNextProblem.SetVisible(still && !problems_.empty() && txbText.visible());
+  PlaceHeader();  // the line above the bar ends before it
 }
 
 void frmReport::GoToProblem(Direction direction) {

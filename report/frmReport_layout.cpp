@@ -85,6 +85,7 @@ ui::Twips frmReport::PlaceHeader() {
     place(Label1, lblFileName);
   }
   place(lblSourceCaption, lblSourceDirpath);
+  lblTargetDirpath.SetVisible(lblTargetCaption.visible());
   if (lblTargetCaption.visible()) place(lblTargetCaption, lblTargetDirpath);
   return top + kGap / 2;
 }

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string>
 
+#include "tests/fit.h"
 #include "ui/headless/headless_front_end.h"
 
 /// A way through windows without a screen, written down step by step and held against a file of tests/ when
@@ -37,8 +38,10 @@ class Story {
   }
 
   /// What a step came to in a window, and what was `heard` besides.
-  void Note(const std::string& step, const ui::Form& form, const std::string& heard = {}) {
+  void Note(const std::string& step, ui::Form& form, const std::string& heard = {}) {
     told += "== " + step + "\n" + heard;
+    SCOPED_TRACE(step);
+    if (form.visible()) fit::ExpectInside(form, form.front_end().screen());
     std::multiset<std::string> before = std::exchange(shown_[form.name()], {});
     std::istringstream seen(ui::headless::Seen(form));
     for (std::string line; std::getline(seen, line);) {

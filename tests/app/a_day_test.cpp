@@ -17,6 +17,7 @@ struct ADay : testing::Test, Program {
                  "/src/huge.txt=" + std::string(2'000'000, 'h'), "/src/old.txt=old", "/src/locked.txt",
                  "/src/gone.txt>/nowhere", "/dst/Letters/bank.txt=Dear Sirs", "/dst/Photos/cat.txt=a kitten",
                  "/opt/program/qvr_help.txt=Help is here.\nAnd here."}) {
+    front_end.screen_size = {28'800, 16'200};  // 1920 by 1080 pixels; the other stories have the smallest
     files.AddMountPoint("/dst");
     files.SetSpace(3'000'000, 8'000'000);
     for (const char* path : {"/src/todo.txt", "/src/Letters/2019/aunt.txt", "/src/Photos/cat.txt",
@@ -26,8 +27,8 @@ struct ADay : testing::Test, Program {
     files.Fail(Call::kReadSource, "/src/locked.txt", {ErrorKind::kInUse, 32, "In use"});
   }
 
-  void Note(const std::string& when, const ui::Form& form) { story.Note(when, form, Heard()); }
-  void NoteAll(const std::string& when, const ui::Form& form) {
+  void Note(const std::string& when, ui::Form& form) { story.Note(when, form, Heard()); }
+  void NoteAll(const std::string& when, ui::Form& form) {
     Note(when, form);
     story.told += Spoken(form);
   }

@@ -22,6 +22,7 @@ using namespace std::chrono_literals;
 class Program {
  public:
   explicit Program(const std::vector<std::string>& entries = {}) {
+    front_end.screen_size = fit::kSmallestScreen;
     tree::Add(files, {"/src/", "/dst/", "/home/user/.config/"});
     tree::Add(files, entries);
     setup.SourceFolder = "/src";

@@ -20,8 +20,6 @@ inline constexpr auto kModified = app::Operation::kBackupModifiedFiles;
 /// asks is the scene itself.
 struct ReportScene : MainWindow {
   ReportScene() {
-    main.SetBounds({3'000, 300, 12'000, 9'000});
-    main.Show();
     window.SetLineSink([this](const std::string& line) { lines += line + "|"; });
     Begin({});
     front_end.RunPendingEvents();
@@ -65,6 +63,11 @@ struct ReportScene : MainWindow {
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{"112 Copy all\n113 Copy selected\n702 Lost:\n703 More:\n"};
   ui::Form main{front_end, "frmMain", ui::FormStyle::kMain};
+  const bool main_is_shown = [this] {  // the report window takes its width
+    main.SetBounds({3'000, 300, 12'000, 9'000});
+    main.Show();
+    return main.visible();
+  }();
   frmReport window{front_end, clock, texts, *this};
 };
 
