@@ -2,10 +2,9 @@
 
 import os
 
-import desktop
 from desktop import CHECK
 from first_day import CONFIRM
-from story import BACK_UP, FOLDERS, INCLUDED, MAIN
+from story import BACK_UP, FOLDERS, INCLUDED, LAST_YEAR, MAIN
 
 CHECK_STATE, COMPARE = "Check backup state", "Compare contents, too (reads every file on both sides)"
 READ_BACK = "Read every copy back and compare it"
@@ -15,14 +14,10 @@ class DamagedCopies:
     """A story to be told on each desktop."""
 
     def flip_one_byte(self, path):
-        copy = os.path.join(self.place.target, path)
-        times = os.stat(copy)
-        with open(copy, "r+b") as file:
-            file.seek(times.st_size - 2)
-            byte = file.read(1)
-            file.seek(times.st_size - 2)
-            file.write(bytes([byte[0] ^ 1]))
-        os.utime(copy, ns=(times.st_atime_ns, times.st_mtime_ns))
+        data = self.place.copies()[path][0]
+        with open(os.path.join(self.place.target, path), "wb") as file:
+            file.write(data[:-2] + bytes([data[-2] ^ 1]) + data[-1:])
+        os.utime(file.name, ns=(LAST_YEAR, LAST_YEAR))
 
     def report_of(self, operation):
         self.program.find(operation, "Close")

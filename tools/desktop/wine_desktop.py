@@ -52,7 +52,7 @@ class Wine:
         self.winctl = subprocess.Popen([WINE, PREFIX, os.path.join(TOOLS, "winctl.exe")], env=self.environment,
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, encoding="utf-8")
         self.ask("look")
-        shutil.copy(os.path.join(TOOLS, "shutdown.exe"), os.path.join(PREFIX, "drive_c/windows/system32"))
+        shutil.copy(os.path.join(TOOLS, "winctl.exe"), os.path.join(PREFIX, "drive_c/windows/system32/shutdown.exe"))
         users = [folder for folder in glob.glob(os.path.join(PREFIX, "drive_c/users/*/AppData/Roaming"))
                  if "/Public/" not in folder]
         self.settings = os.path.join(users[0], "Quorvane")

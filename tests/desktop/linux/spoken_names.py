@@ -21,12 +21,6 @@ def spoken(control):
 
 
 class SpokenNames(OnLinux, Story):
-    def setUp(self):
-        super().setUp()
-        self.write({f"Folder {number:02}/below/file.txt": b"file" for number in range(1, 40)})
-        self.save_setup(["Folder 01", "Folder 02"], skip="cache")
-        self.start()
-
     def check(self, title, control):
         self.program.find(title, control)
         roles = [item.get_role_name() for name, item in self.program.windows() if name.endswith(title)]
@@ -39,26 +33,24 @@ class SpokenNames(OnLinux, Story):
         spoken_twice = [name for name, count in collections.Counter(names).items() if count > 1]
         self.assertEqual(spoken_twice, [], f"in {title!r}")
 
-    def test_in_the_main_window(self):
+    def test_in_every_window(self):
+        self.write({f"Folder {number:02}/below/file.txt": b"file" for number in range(1, 40)})
+        self.save_setup(["Folder 01", "Folder 02"], skip="cache")
+        self.start()
         self.check(MAIN, "Remove the selected subfolder")
-
-    def test_in_the_setup_commands(self):
         self.program.press(MAIN, "Setup")
         self.check(MAIN, "Restore setup")
         self.program.press(MAIN, "Load setup")
         self.check(MAIN, "Load setup from setup file")
-
-    def test_in_the_selection_of_subfolders(self):
+        self.program.press(MAIN, "Not now")
         self.program.press(MAIN, "Select included subfolders")
         self.check("Select subfolders", "Accept")
-
-    def test_in_the_confirmation_and_the_report(self):
+        self.program.answer("Select subfolders", "Cancel")
         self.program.press(MAIN, BACK_UP)
         self.check("Confirm operation", "Start backup")
         self.program.press("Confirm operation", "Start backup")
         self.check(BACK_UP, "Close")
-
-    def test_in_the_help(self):
+        self.program.answer(BACK_UP, "Close")
         self.program.press(MAIN, "Help")
         title = desktop.wait_until(
             lambda: next((name for name in self.program.titles() if name != MAIN), None), "the help")

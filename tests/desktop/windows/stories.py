@@ -1,6 +1,7 @@
 """What a user of the Windows program lives through, seen from outside: windows, report, exit codes and copies."""
 
 import os
+import pathlib
 import re
 import subprocess
 import unittest
@@ -9,9 +10,9 @@ import desktop
 import wine_desktop
 from damaged_copies import DamagedCopies
 from desktop import TEXT
-from first_day import PAUSE, FirstDay
-from held_runs import ALL, HeldRuns
-from story import BACK_UP, FOLDERS, INCLUDED, MAIN, Story, Unattended
+from first_day import FirstDay
+from held_runs import HeldRuns
+from story import FOLDERS, INCLUDED, Story, Unattended
 
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
 
@@ -31,9 +32,6 @@ class OnWindows:
     def make_program(self, words):
         return wine_desktop.Program(self.wine, words)
 
-    def copied(self):
-        return {path: data for path, (data, _) in self.place.copies().items()}
-
 
 class WindowsUnattended(OnWindows, Unattended, Story):
     def test_where_nobody_sees_its_windows_it_ends_by_itself(self):
@@ -47,7 +45,6 @@ class WindowsUnattended(OnWindows, Unattended, Story):
 class WindowsFirstDay(OnWindows, FirstDay, Story):
     def answer_folder_dialog(self, title, path):
         dialog = self.program.find_label(title).title
-
         window = self.program.first(dialog, lambda control: control.id == "0")
         folder = path.rsplit("\\", 1)[1]
         desktop.wait_until(lambda: self.wine.ask("browse", window.number, path) == [folder], f"{folder!r} to be selected")
@@ -61,11 +58,9 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
 
     def calls(self):
         """The words with which shutdown was called."""
-        try:
-            with open(os.path.join(self.place.root, "shutdown.txt"), encoding="utf-8", newline="") as file:
-                return [re.sub(r'^.*shutdown\.exe"? ', "", call) for call in file.read().split("\0")[:-1]]
-        except FileNotFoundError:
-            return []
+        path = pathlib.Path(self.place.root, "shutdown.txt")
+        text = path.read_bytes().decode() if path.exists() else ""
+        return [re.sub(r'^.*shutdown\.exe"? ', "", call) for call in text.split("\0")[:-1]]
 
     last_words = ("shutdown",)
 
@@ -77,28 +72,6 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
 
 
 class Runs(OnWindows, DamagedCopies, HeldRuns, Story):
-    def test_a_run_is_held_by_pause_goes_on_by_continue_and_ends_by_cancel(self):
-        files = {f"Folder {number % 3}/file {number}": b"content" for number in range(60)}
-        self.write(files)
-        self.save_setup([f"Folder {number}" for number in range(3)])
-        self.start()
-        self.program.tick(MAIN, PAUSE)
-        self.begin(ALL)
-        self.program.find(ALL, "Continue")
-        self.assertFalse(self.program.find(MAIN, BACK_UP).usable, "one operation at a time")
-        self.program.press(ALL, "Cancel operation")
-        desktop.wait_until(self.closed, "the report to close")
-        self.check_copies({path: data for path, data in files.items() if path.startswith("Folder 0")})
-        self.begin(BACK_UP)
-        self.program.press(BACK_UP, "Continue")
-        self.program.find(BACK_UP, "Close")
-        self.check_copies(files)
-
-    def closed(self):
-        """Presses "Close", which for a second after "Cancel operation" takes no presses."""
-        self.program.press_if_usable(ALL, "Close")
-        return not self.program.is_open(ALL)
-
     def test_the_program_is_one_small_file_with_all_that_windows_asks_for(self):
         tables = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", desktop.PROGRAM], capture_output=True, text=True,
                                 check=True).stdout
@@ -106,8 +79,7 @@ class Runs(OnWindows, DamagedCopies, HeldRuns, Story):
                   "shlwapi", "user32", "uxtheme", "dwmapi"}
         self.assertEqual({name.lower() for name in re.findall(r"DLL Name: (\S+)\.dll", tables, re.I)} - system, set())
         self.assertIn("Subsystem\t\t00000002\t(Windows GUI)", tables)
-        with open(desktop.PROGRAM, "rb") as file:
-            program = file.read()
+        program = pathlib.Path(desktop.PROGRAM).read_bytes()
         self.assertLess(len(program), 3_000_000)
         self.assertIn("VS_VERSION_INFO".encode("utf-16-le"), program)
         self.assertIn(b"Microsoft.Windows.Common-Controls", program)
@@ -139,9 +111,9 @@ class Disks(OnWindows, Story):
         report = "\n".join(self.program.lines())
         self.assertIn("Insufficient space on the target drive for this file.", report)
         self.assertIn("The target disk is full. Free up space on it, or choose another target. (112: ", report)
-        copied = self.copied()
+        copied = {path: files[path] for path in self.place.copies()}
         self.assertTrue(copied)
-        self.check_copies({path: files[path] for path in copied})
+        self.check_copies(copied)
         self.close(2)
 
     def test_a_write_protected_disk_is_refused_and_stays_as_it_is(self):

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -94,7 +95,7 @@ void ShowWindows(HWND, const std::wstring&) {
 }
 
 void Text(HWND control, const std::wstring&) {
-  std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+  std::wstring text(std::size_t{1} << 17, L'\0');
   text.resize(
       static_cast<std::size_t>(Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   std::printf("%s\n", OneLine(text).c_str());
@@ -181,7 +182,7 @@ void Browse(HWND dialog, const std::wstring& path) {
 }
 
 /// Runs a command line where nobody can see its windows, as a task without a logged-on user is run, and
-/// prints its exit code; "open" when it has not ended after a minute.
+/// prints its exit code; "open" when it has not started, or not ended after a minute.
 void RunUnseen(HWND, const std::wstring& words) {
   std::wstring command_line = words;
   const HWINSTA seen = GetProcessWindowStation();
@@ -194,11 +195,8 @@ void RunUnseen(HWND, const std::wstring& words) {
   start.cb = sizeof start;
   start.lpDesktop = desktop;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                      &process)) {
-    std::printf("not started: %lu\n", GetLastError());
-    return;
-  }
+  CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                 &process);
   DWORD code = 0;
   const bool ended = WaitForSingleObject(process.hProcess, 60'000) == WAIT_OBJECT_0;
   if (!ended) TerminateProcess(process.hProcess, 99);
@@ -214,17 +212,20 @@ const std::map<std::string, Command> kCommands = {
 
 }  // namespace
 
-int main() {
+/// With words of its own it is the system's shutdown command: writes down how it is called, each call ending
+/// in a zero, in the file that the environment names. Nothing is switched off.
+int main(int count, char**) {
+  if (count > 1) {
+    std::ofstream(std::getenv("QV_SHUTDOWN_CALLS"), std::ios::binary | std::ios::app)
+        << GetCommandLineA() << '\0';
+    return 0;
+  }
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   for (std::string line; std::getline(std::cin, line);) {
     std::istringstream words(line);
-    std::string command;
-    std::string number;
-    std::string argument;
-    std::getline(words, command, '\t');
-    std::getline(words, number, '\t');
-    std::getline(words, argument, '\t');
+    std::string command, number, argument;
+    for (std::string* word : {&command, &number, &argument}) std::getline(words, *word, '\t');
     const auto window = reinterpret_cast<HWND>(std::strtoull(number.c_str(), nullptr, 10));
     kCommands.at(command)(window, base::Widen(argument));
     std::printf("\f\n");
