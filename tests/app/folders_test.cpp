@@ -44,6 +44,10 @@ TEST_F(Folders, AreChosenClearedCreatedCountedAndRemovedAsTheirNamesAndTheDiskAl
   Source("What is write-protected can be read", "/locked");
   Target("An empty one", "/dst");
   Press("Clear the target", window->cmdClearFolder[1]);
+  for (const char* path : {"/a, b", "/ \"q\"", "/line\nend"}) {
+    files.AddFolder(path);
+    Target("Names that a saved setup holds, or does not", path);
+  }
 
   ui::Button& create = StartWithSetup().cmdCreateSubFolder;
   Press("No name", create, {""});

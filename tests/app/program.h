@@ -58,12 +58,6 @@ class Program {
       if (call == platform::memory::Call::kCopyFile) act();
     });
   }
-  /// What the last box or dialog said, if one has come since this was asked before.
-  std::string Said() {
-    const std::string text = dialogs.asked.empty() ? "" : dialogs.asked.back().text;
-    dialogs.asked.clear();
-    return text;
-  }
   /// All that was said, printed, notified, opened and handed to the shell since this was asked before.
   std::string Heard() {
     std::string heard;

@@ -12,22 +12,11 @@ using Quit = StartUp;
 TEST_F(StartUp, RemovesWhatAKilledProgramLeftAndKnowsThePreviousRun) {
   Start();
   EXPECT_TRUE(window->FormLoaded && shell.entered_root);
-  EXPECT_EQ(window->lblPreviousRun.text() + Said(), "");
+  EXPECT_EQ(window->lblPreviousRun.text() + Heard(), "");
   const std::string left = platform::ParentOf(kLastRun) + "/" + platform::MakeTemporaryName();
   files.AddFile(left, "of a program that was killed");
   EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
   EXPECT_FALSE(files.Exists(left));
-}
-
-TEST_F(StartUp, TheFocusGoesWhereTheNextStepIsAndFoldersThatHaveGoneAreClearedWithoutAWord) {
-  StartWithSetup();
-  EXPECT_EQ(window->focused(), &window->cmdBackupModifiedFiles);
-  setup.TargetFolder = "/gone";
-  StartWithSetup();
-  EXPECT_EQ(window->focused(), &window->cmdSpecifyDirectory[1]);
-  setup.SourceFolder = "/gone";
-  EXPECT_EQ(StartWithSetup().CurrentSetup(), app::Setup{});
-  EXPECT_EQ(Said(), "");
 }
 
 TEST_F(StartUp, ASaveIsForgottenAfterTenSeconds) {

@@ -1,6 +1,6 @@
 #include "services/setup_text.h"
 
-#include <gtest/gtest.h>
+#include "tests/story.h"
 
 namespace services {
 
@@ -50,45 +50,30 @@ TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCut) {
   }
 }
 
-TEST(SetupText, ReadsItemsUpToCommasAndClosingQuotes) {
-  app::Setup setup = ParseSetup("/home/a,b\r\n/t\r\n", kPeriods).setup;
-  EXPECT_EQ(setup.SourceFolder + '|' + setup.TargetFolder, "/home/a|b") << "the comma of a path cuts it";
-  setup = ParseSetup("\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", kPeriods).setup;
-  EXPECT_EQ(setup.SourceFolder + '|' + setup.TargetFolder, "/a,\r\nb|/t");
-  EXPECT_TRUE(setup.SaveSetupOnQuit && setup.IncludeSubfolders);
-  setup = ParseSetup("\"/a\"\n\"/t\"\r\n0\n1\n", kPeriods).setup;
-  EXPECT_EQ(setup.TargetFolder + (setup.SaveSetupOnQuit ? "|1" : ""), "/t|1");
-  EXPECT_EQ(ParseSetup("\"/a\r\n", kPeriods).setup.SourceFolder, "/a\r\n") << "a quote left open";
-}
-
-TEST(SetupText, TellsWhereItEndsAndWhatItCannotHold) {
-  const std::string whole = SetupText(kFull);
-  const std::string but_last = whole.substr(0, whole.size() - std::string("j?g\r\n").size());
-  EXPECT_TRUE(ParseSetup(but_last, kPeriods).extension_missing);
-  for (const std::string& text : {whole, but_last.substr(0, but_last.size() - 2),
-                                  but_last.substr(0, but_last.find("\"d\"")), std::string("/s\n")})
-    EXPECT_FALSE(ParseSetup(text, kPeriods).extension_missing) << text;
-  EXPECT_EQ(ProblemText(ParseSetup("\"/s\n\"\n/t\nx", kPeriods)), "Line 4: A number is missing.");
-  EXPECT_TRUE(ProblemText(ParseSetup("/a,b\n/t\nx", kPeriods))
-                  .starts_with("Line 2: A number is missing. Line 1 has a comma in it, and"));
-  const std::pair<const char*, bool> folders[] = {{"", true},     {"/a b", true},  {"/a,b", false},
-                                                  {" /a", false}, {"\"/a", false}, {"/a\nb", false}};
-  for (const auto& [folder, survives] : folders) EXPECT_EQ(SurvivesSaving(folder), survives) << folder;
-}
-
-TEST(SetupText, StopsAtAValueThatItsControlRefuses) {
-  const std::string zeros = "0\n0\n0\n0\n";
-  const std::string skip = zeros + "0\n0\nskip\n";
-  const std::pair<int, std::vector<std::string>> cases[] = {
-      {380, {"2", "-1", zeros + "10", zeros + "-2"}},
-      {6, {"32768", "-99999999999999999999", skip + "40000"}},
-      {13, {"1x", "-", "1.5", "\n"}},
-      {62, {zeros + "-1", zeros + "9", skip + "32767\na\nb"}},
-      {0, {skip + "-3\nextension"}}};
-  for (const auto& [error, texts] : cases) {
-    for (const std::string& lines : texts)
-      EXPECT_EQ(ParseSetup("/s\n/t\n" + lines, kPeriods).error, error) << lines;
-  }
+TEST(SetupText, IsReadItemByItemAndTellsWhereItEndsAndWhatItCannotHold) {
+  Story story{"services/told/"};
+  const auto read = [&story](const std::string& lines) {
+    const auto parsed = ParseSetup(lines, kPeriods);
+    story.told += lines + "-> " + parsed.setup.SourceFolder + "|" + parsed.setup.TargetFolder + "|";
+    for (const bool is :
+         {parsed.setup.SaveSetupOnQuit, parsed.setup.IncludeSubfolders, parsed.extension_missing})
+      story.told += is ? "1" : "0";
+    story.told += " " + std::to_string(parsed.error) + " " + ProblemText(parsed) + "\n";
+  };
+  app::Setup setup = kFull;
+  setup.IncludedFolders = {"a", "\"d\""};
+  const std::string whole = SetupText(setup);
+  for (const std::size_t cut : {0U, 5U, 7U, 12U}) read(whole.substr(0, whole.size() - cut));
+  for (const char* lines : {"/home/a,b\r\n/t\r\n", "\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", "\"/a\r\n", "/s\n",
+                            "\"/a\"\n\"/t\"\r\n0\n1\n", "\"/s\n\"\n/t\nx", "/a,b\n/t\nx"})
+    read(lines);
+  const std::string folders = "/s\n/t\n", zeros = folders + "0\n0\n0\n0\n", skip = zeros + "0\n0\nskip\n";
+  for (const char* number : {"2", "-1", "32768", "-99999999999999999999", "1x", "-", "1.5", "\n"})
+    read(folders + number);
+  for (const char* period : {"10", "-2", "-1", "9"}) read(zeros + period);
+  for (const char* count : {"40000", "32767\na\nb", "-3\nextension"}) read(skip + count);
+  for (const char* folder : {"", "/a b", "/a,b", " /a", "\"/a", "/a\nb"})
+    story.told += std::string(folder) + (SurvivesSaving(folder) ? " survives\n" : " does not\n");
 }
 
 }  // namespace services

@@ -15,7 +15,7 @@ TEST_F(FrontEndContract, TabFollowsTheOrderOfMakingAndSkipsWhatCannotBeReached) 
   EXPECT_EQ(order + window_.focused()->name(), "line check framed report first report");
 }
 
-TEST_F(FrontEndContract, TheFocusIsLostOnceWhoeverMovesIt) {
+TEST_F(FrontEndContract, TheFocusIsLostOnceWhoeverMovesItAndAHandlerMayTakeItBack) {
   const std::function<void()> moves[] = {[this] { window_.first.SetFocus(); },
                                          [this] { driver_->Press(window_, kTab); },
                                          [this] { driver_->Click(window_.framed); }};
@@ -25,9 +25,6 @@ TEST_F(FrontEndContract, TheFocusIsLostOnceWhoeverMovesIt) {
     moves[moved]();
     EXPECT_EQ(count_, moved + 1);
   }
-}
-
-TEST_F(FrontEndContract, AHandlerOfALostFocusMayTakeItBack) {
   window_.line.SetFocus();
   window_.line.on_lost_focus = [this] { window_.line.SetFocus(); };
   window_.framed.SetFocus();
