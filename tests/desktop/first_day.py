@@ -4,7 +4,7 @@ import os
 
 import desktop
 from desktop import CHECK
-from story import BACK_UP, MAIN
+from story import BACK_UP, LAST_YEAR, MAIN
 
 SELECT, CONFIRM = "Select subfolders", "Confirm operation"
 EXTENSION, SKIP = "Back up only files with extension", "Skip filepaths containing (separate with commas)"
@@ -129,6 +129,22 @@ class FirstDay:
         self.program.press_if_usable(BACK_UP, "Close")
         return not self.program.is_open(BACK_UP)
 
+    def damage_a_copy_and_repair_it(self, path):
+        """Without its size or time telling of it."""
+        good = self.expected[path]
+        self.expected[path] = good[:-2] + b"3\n"
+        with open(os.path.join(self.place.target, path), "wb") as copy:
+            copy.write(self.expected[path])
+        os.utime(copy.name, ns=(LAST_YEAR, LAST_YEAR))
+        self.operate("Check backup state", "All files backed up.")
+        self.program.press(MAIN, BACK_UP)
+        for box in ("Compare contents, too (reads every file on both sides)", "Read every copy back and compare it"):
+            self.program.tick(CONFIRM, box)
+        self.program.answer(CONFIRM, "Start backup")
+        self.expected[path] = good
+        self.read_report(BACK_UP, "Same size and time, other content: ", "that were read back from the disk: 1")
+        self.operate("Check backup state", "All files backed up.", "whose contents were compared: 7")
+
     def press_setup(self, *buttons):
         for button in ("Setup", *buttons):
             self.program.press(MAIN, button)
@@ -162,6 +178,7 @@ class FirstDay:
         self.start()
         self.check_setup_is_shown()
         self.program.find_label("Previous run: ", MAIN)
+        self.damage_a_copy_and_repair_it("Photos/2024/list.TXT")
         self.quit()
 
         os.remove(os.path.join(self.place.target, "Letters", "one.txt"))

@@ -96,20 +96,3 @@ class Unattended:
         desktop.wait_until(lambda: self.program.first("Help", lambda box: box.role == desktop.TEXT and
                                                       "A FIRST BACKUP" in box.text), "the help")
         self.close(0)
-
-    def test_what_is_away_for_a_night_is_in_the_setup_of_the_next(self):
-        self.write(INCLUDED)
-        self.save_setup(FOLDERS)
-        letters = os.path.join(self.place.source, "Letters")
-        for away, status, exit_code in ((letters, "warnings", 1), (self.place.source, "refused", 4),
-                                        (self.place.target, "refused", 4)):
-            os.rename(away, away + " away")
-            self.start("nightly")
-            self.check_result(status=status)
-            self.assertIn("does not exist. It stays in the setup", "\n".join(self.program.lines()))
-            self.quit(exit_code)
-            os.rename(away + " away", away)
-        self.start("nightly")
-        self.check_result(status="ok", copied="3")
-        self.check_copies(INCLUDED)
-        self.close(0)

@@ -5,9 +5,7 @@ import unittest
 
 import accessible
 import desktop
-from damaged_copies import DamagedCopies
 from first_day import FirstDay
-from held_runs import HeldRuns
 from story import FOLDERS, INCLUDED, Story, Unattended
 
 
@@ -22,10 +20,6 @@ class OnLinux:
 
     def make_program(self, words):
         return accessible.Program(self.place.home, words, self.screen)
-
-
-class LinuxRuns(OnLinux, DamagedCopies, HeldRuns, Story):
-    pass
 
 
 class LinuxUnattended(OnLinux, Unattended, Story):

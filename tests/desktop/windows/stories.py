@@ -8,10 +8,8 @@ import unittest
 
 import desktop
 import wine_desktop
-from damaged_copies import DamagedCopies
 from desktop import TEXT
 from first_day import FirstDay
-from held_runs import HeldRuns
 from story import FOLDERS, INCLUDED, Story, Unattended
 
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
@@ -71,7 +69,7 @@ class WindowsFirstDay(OnWindows, FirstDay, Story):
         desktop.wait_until(lambda: self.calls() == [LAST_CALL, "/a"], "the end of the shutdown")
 
 
-class Runs(OnWindows, DamagedCopies, HeldRuns, Story):
+class ProgramFile(unittest.TestCase):
     def test_the_program_is_one_small_file_with_all_that_windows_asks_for(self):
         tables = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", desktop.PROGRAM], capture_output=True, text=True,
                                 check=True).stdout
