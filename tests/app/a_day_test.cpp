@@ -91,11 +91,15 @@ TEST_F(ADay, LooksAndSoundsAsItIsMeantTo) {
   Note("Found", report);
   report.UserPressedEscape();
   Note("Find closed", report);
+  EXPECT_FALSE(PressKey(report, {ui::Key::kUp}));
+  PressKey(report, {ui::Key::kFind});
+  Note("To be found again", report);
+  report.UserPressedEscape();
   Click(report.cmdOpenTarget);
   report.UserClosed();
   front_end.PassTime(1'000ms);
   Click(main.cmdReportScreen);
-  EXPECT_TRUE(report.visible());
+  Note("Shown again", report);
   report.UserClosed();
   Tick(main.chkPauseAfterFirstCopy, false);
   Click(main.cmdBackupAllFiles);

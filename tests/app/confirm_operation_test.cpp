@@ -12,7 +12,7 @@ struct ConfirmOperation : testing::Test, Program {
 
   /// Opens the window, lets it read to its end, then lets the user act.
   void Open(const std::string& step, const std::function<void()>& user = {}) {
-    confirm.emplace(context, request, std::vector<std::string>(), paces);
+    confirm.emplace(context, request, warnings, paces);
     InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& open) {
       story.Note(step, open);
       if (user) user(), story.Note("Then", open);
@@ -25,6 +25,7 @@ struct ConfirmOperation : testing::Test, Program {
   ui::Form owner{front_end, "owner", ui::FormStyle::kMain};
   engine::RunRequest request{setup, Operation::kBackupModifiedFiles, {}, false};
   KnownPaces paces;
+  std::vector<std::string> warnings;
   std::optional<frmConfirmOperation> confirm;
 };
 
@@ -78,6 +79,11 @@ TEST_F(ConfirmOperation, DoubtsWhatIsWorthASecondLook) {
   doubt("A source in the target", "/", {});
   doubt("A folder that has gone", "/dst", {"gone", "inside"});
   doubt("Two that have gone", "/dst", {"x", "y"});
+  warnings.assign(
+      8,
+      "A warning from before the run that takes two lines, as long as it is, and that is followed by "
+      "more of them than there is room for on a small screen.");
+  doubt("Eight more, each of two lines", "/dst", {"x", "y"});
 }
 
 TEST_F(ConfirmOperation, DoubtsThatAnythingStaysOutWhichANewcomerExpectsToBeInOrThatItFits) {

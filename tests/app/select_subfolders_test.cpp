@@ -89,7 +89,7 @@ TEST_F(SelectSubfolders, ReadsInSlicesAndFirstWhatTheUserLooksAt) {
   EXPECT_FALSE(select->tmrRead.running());
 }
 
-TEST_F(SelectSubfolders, ReturnsWhatIsTickedOnlyWhenItIsAccepted) {
+TEST_F(SelectSubfolders, ReturnsWhatIsTickedOnlyWhenItIsAcceptedAndNothingWhereTheSourceCannotBeRead) {
   tree::Add(files, {"/src/c/", "/src/b/", "/src/a/"});
   const std::pair<std::function<void()>, std::optional<Names>> cases[] = {
       {[&] { Tick(1), Accept(); }, Names{"b", "c"}},
@@ -98,6 +98,12 @@ TEST_F(SelectSubfolders, ReturnsWhatIsTickedOnlyWhenItIsAccepted) {
       {[&] { Tick(1), select->UserPressedEscape(); }, std::nullopt},
       {[&] { Tick(1), select->UserClosed(); }, std::nullopt}};
   for (const auto& [user, chosen] : cases) EXPECT_EQ(Choose(user, {"c", "gone"}), chosen);
+  files.Fail(Call::kOpenFolder, "/src", {platform::ErrorKind::kNotFound, 2, "gone away"});
+  const auto accept = [&] {
+    story.Note("Why there are none", *select);
+    EXPECT_FALSE(Accept());
+  };
+  EXPECT_EQ(Choose(accept, {"a"}), std::nullopt);
 }
 
 TEST_F(SelectSubfolders, IsWalkedThroughByKeys) {
@@ -123,15 +129,6 @@ TEST_F(SelectSubfolders, SortsAsPeopleCountAndABlankBelongsToANameThatIsBeingTyp
     ui::headless::PressSpace(*select);
     story.Note("Tick", *select);
   });
-}
-
-TEST_F(SelectSubfolders, LeavesTheSelectionAloneWhenTheSourceCannotBeRead) {
-  files.Fail(Call::kOpenFolder, "/src", {platform::ErrorKind::kNotFound, 2, "gone away"});
-  const auto accept = [&] {
-    story.Note("Why there are none", *select);
-    EXPECT_FALSE(Accept());
-  };
-  EXPECT_EQ(Choose(accept, {"a"}), std::nullopt);
 }
 
 }  // namespace app::test

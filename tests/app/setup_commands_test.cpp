@@ -99,7 +99,10 @@ TEST_F(SetupCommands, EveryEditAfterASaveMakesQuitSaveAgain) {
   }
   EXPECT_EQ(w.CurrentSetup(), setup) << "the last one restored it";
   Press(w.setup_commands.cmdLoadSetup, w.setup_commands.cmdSaveSetupForNextRun);
+  front_end.PassTime(10'000ms);
   EXPECT_TRUE(w.SetupJustSaved) << "after a load of the last run";
+  front_end.PassTime(1'000ms);
+  EXPECT_FALSE(w.SetupJustSaved) << "which is forgotten";
 }
 
 }  // namespace app::test

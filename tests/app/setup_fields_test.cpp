@@ -22,7 +22,7 @@ struct SetupFields : testing::Test, Program {
   std::string Confirmation() {
     std::string said;
     InOpenWindow<frmConfirmOperation>([&](frmConfirmOperation& confirm) {
-      for (const auto& row : confirm.fact_rows) said += row->lblHeading.text() + row->lblText.text() + "|";
+      said = Seen(confirm);
       confirm.UserPressedEscape();
     });
     Click(window->cmdBackupAllFiles);

@@ -19,14 +19,6 @@ TEST_F(StartUp, RemovesWhatAKilledProgramLeftAndKnowsThePreviousRun) {
   EXPECT_FALSE(files.Exists(left));
 }
 
-TEST_F(StartUp, ASaveIsForgottenAfterTenSeconds) {
-  Start().MarkSetupSaved();
-  front_end.PassTime(10'000ms);
-  EXPECT_TRUE(window->SetupJustSaved);
-  front_end.PassTime(1'000ms);
-  EXPECT_FALSE(window->SetupJustSaved);
-}
-
 TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwiceAndNotByTheTitleBar) {
   const auto saves = [](bool ticked, bool just_saved, bool by_title_bar) {
     Program program;

@@ -33,28 +33,13 @@ TEST(ReportTexts, WhatIsCopiedAndWhatIsDueIsCountedInWords) {
   }
 }
 
-TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCount) {
+TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCountAndAPlaceholderForEveryOccurrenceOfTheRoot) {
   EXPECT_EQ(HeadLine(-1, "F") + HeadLine(1, "F"), "    ? files  in F    1 file  in F");
   EXPECT_EQ(HeadLine(0, "F") + HeadLine(123'456, "F"), "    0 files in F23456 files in F");
-}
-
-TEST(ReportTexts, ThePlaceholderStandsForEveryOccurrenceOfTheRoot) {
   EXPECT_EQ(WithPlaceholder("/data/x/data/y", "/data", "{}"), "{}/x{}/y");
   EXPECT_EQ(WithPlaceholder("/dat", "/data", "{}"), "/dat");
   EXPECT_EQ(WithPlaceholder("/data", "", "{}"), "/data");
   EXPECT_EQ(WithPlaceholder("/home/user", "/", "{}"), "{}home/user");
-}
-
-TEST(ReportTexts, OnlyPhrasesOfTheIndentRuleAreIndentedBehindAClosedHeadLine) {
-  ReportScene scene;
-  Story story{"report/told/"};
-  DisplayFilesCopied(scene.window, kAll, {2, 0, 0, 2});  // an empty report ends in no line end
-  DisplayNumFilesInFolder(scene.window, false, "/backup/a", "/backup", 2);
-  for (const std::int64_t copied : {2, 2, 1}) DisplayFilesCopied(scene.window, kAll, {2, 0, 0, copied});
-  DisplayFilesCopied(scene.window, kModified, {2, 2, 0, 2});
-  DisplayNewAndModifiedFiles(scene.window, {2, 2, 0, 0});
-  DisplayFilesDeleted(scene.window, 1, 1);
-  scene.Note(story, "At the end");
 }
 
 }  // namespace report

@@ -103,7 +103,7 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
   scene.Note(story, "The sums are the last ones at once");
 }
 
-TEST(RunReport, AsksAndTellsByDialogsAndWritesWhenNobodyIsThere) {
+TEST(RunReport, AsksTellsAndHoldsByWindowsAndWritesWhenNobodyIsThere) {
   Story story{"report/told/"};
   for (const bool alone : {false, true}) {
     RunScene scene(kAll, false, alone);
@@ -115,16 +115,13 @@ TEST(RunReport, AsksAndTellsByDialogsAndWritesWhenNobodyIsThere) {
     scene.run.Tell("late");
     scene.Note(story, alone ? "Nobody is there" : "Somebody is");
   }
-}
-
-TEST(RunReport, APauseHoldsUntilTheUserCancelsButNeverWithoutAUser) {
-  RunScene scene(kAll);
-  scene.Click(scene.window.cmdCancelClose);
-  scene.run.Pause();
-  EXPECT_TRUE(scene.run.StopRequested());
+  RunScene held(kAll);
+  held.Click(held.window.cmdCancelClose);
+  held.run.Pause();
+  EXPECT_TRUE(held.run.StopRequested()) << "a pause holds until the user cancels";
   RunScene unattended(kAll, false, true);
   unattended.run.Pause();
-  EXPECT_FALSE(unattended.window.Paused);
+  EXPECT_FALSE(unattended.window.Paused) << "but never without a user";
 }
 
 TEST(Summary,

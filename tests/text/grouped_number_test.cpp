@@ -20,16 +20,15 @@ TEST(GroupedNumber, GroupsAsTheLocaleDoes) {
 }
 
 TEST(GroupedNumber, RoundsHalfAwayFromZeroAndDropsTheZeroBeforeTheMark) {
-  const struct {
-    double value;
-    int decimals;
-    const char* expected;
-  } cases[] = {{0.5, 2, ".50"},    {-0.5, 2, "-.50"},        {0, 2, ".00"},
-               {0, 0, "0"},        {0.125, 2, ".13"},        {-0.125, 2, "-.13"},
-               {0.999, 2, "1.00"}, {999.999, 2, "1,000.00"}, {2.5, 0, "3"},
-               {1.05, 1, "1.1"},   {1.0000009, 2, "1.00"},   {-0.001, 2, ".00"},
-               {-0.4, 0, "0"},     {1.02, 2, "1.02"},        {1e18, 2, "1,000,000,000,000,000,000.00"}};
-  for (const auto& c : cases) EXPECT_EQ(GroupedNumber(c.value, c.decimals, {}), c.expected);
+  std::string words;
+  for (const double value :
+       {0.5, -0.5, 0.0, 0.125, -0.125, 0.999, 999.999, 1.05, 1.0000009, -0.001, -0.4, 1e18}) {
+    for (const int decimals : {0, 1, 2}) words += GroupedNumber(value, decimals, {}) + " ";
+  }
+  EXPECT_EQ(words,
+            "1 .5 .50 -1 -.5 -.50 0 .0 .00 0 .1 .13 0 -.1 -.13 1 1.0 1.00 1,000 1,000.0 1,000.00 1 1.1 1.05 "
+            "1 1.0 1.00 0 .0 .00 0 -.4 -.40 1,000,000,000,000,000,000 1,000,000,000,000,000,000.0 "
+            "1,000,000,000,000,000,000.00 ");
 }
 
 }  // namespace text

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 TEST(Caption, MarksTheAccessKeyAndKeepsAmpersands) {
-  const std::tuple<const char*, char, const char*> cases[] = {{"Back up", 'u', "Back &up"},
-                                                              {"Quit", 'q', "&Quit"},
-                                                              {"R&D", 'd', "R&&&D"},
-                                                              {"Q & A", 'A', "Q && &A"},
-                                                              {"plain & simple", 0, "plain && simple"},
-                                                              {"none", 'x', "none"}};
-  for (const auto& [text, key, caption] : cases) EXPECT_EQ(ui::MarkAccessKey(text, key), caption);
+  EXPECT_EQ(ui::MarkAccessKey("Back up", 'u') + " " + ui::MarkAccessKey("Quit", 'q'), "Back &up &Quit");
+  EXPECT_EQ(ui::MarkAccessKey("R&D", 'd') + " " + ui::MarkAccessKey("Q & A", 'A'), "R&&&D Q && &A");
+  EXPECT_EQ(ui::MarkAccessKey("plain & simple", 0) + " " + ui::MarkAccessKey("none", 'x'),
+            "plain && simple none");
 }

@@ -1,6 +1,7 @@
 """What a user of the Linux program lives through, seen from outside: windows, report, exit codes and copies."""
 
 import os
+import types
 import unittest
 
 import accessible
@@ -26,10 +27,6 @@ class LinuxUnattended(OnLinux, Unattended, Story):
     pass
 
 
-class GoneScreen:
-    environment = {"DISPLAY": ":9999"}
-
-
 class WithoutAScreen(OnLinux, Story):
     def test_the_run_ends_by_itself_and_names_what_it_could_not_copy(self):
         self.write(INCLUDED)
@@ -51,7 +48,7 @@ class WithoutAScreen(OnLinux, Story):
         self.write(INCLUDED)
         self.save_setup(FOLDERS)
         for command in (["bash", "-o", "pipefail", "-c", '"$0" "$@" | :', desktop.PROGRAM], [desktop.PROGRAM]):
-            program = accessible.Program(self.place.home, ["nightly"], GoneScreen, command)
+            program = accessible.Program(self.place.home, ["nightly"], types.SimpleNamespace(environment={"DISPLAY": ":9999"}), command)
             self.addCleanup(program.end)
             self.assertEqual(program.exit_code(), 0)
             self.check_copies(INCLUDED)
