@@ -52,7 +52,14 @@ TEST_F(ConfirmOperation, CountsWhatTheRunWouldCopyAndWhatEachPatternHits) {
   request.setup = {"/many", "/dst", {"Temp", "other"}, false, "", "/Temp/, temp, nothing"};
   Open("Patterns");
   for (int i = 0; i < 60; ++i) request.setup.SkipFilepaths += ",pattern " + std::to_string(i);
-  Open("More than there is room for", [&] { ui::headless::PressKey(*confirm, {ui::Key::kEnd}); });
+  Open("More than there is room for", [&] {
+    using ui::Key;
+    for (const Key key :
+         {Key::kEnd, Key::kUp, Key::kPageUp, Key::kHome, Key::kDown, Key::kPageDown, Key::kEnd}) {
+      ui::headless::PressKey(*confirm, {key});
+      story.told += std::to_string(confirm->vsbFacts.value()) + "\n";
+    }
+  });
   EXPECT_LE(confirm->fact_rows.back()->lblText.bounds().bottom(), confirm->picFacts.height()) << "in reach";
 }
 
@@ -95,6 +102,8 @@ TEST_F(ConfirmOperation, DoubtsThatAnythingStaysOutWhichANewcomerExpectsToBeInOr
   Open("A link");
   request.setup.SkipFilepaths = "/link";
   Open("that is skipped");
+  files.Fail(platform::memory::Call::kOpenFolder, "/src/a/x", {});
+  Open("A folder that cannot be read");
   tree::Add(files, {"/period/old", "/period/copied", "/dst/copied"});
   request.setup.SourceFolder = "/period";
   request.setup.IncludedFolders.clear();

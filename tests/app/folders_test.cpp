@@ -62,8 +62,10 @@ TEST_F(Folders, AreChosenClearedCreatedCountedAndRemovedAsTheirNamesAndTheDiskAl
   files.Remove("/dst/y");
   Press("A target that has vanished stays so", create, {"no"});
   EXPECT_FALSE(files.Exists("/dst/y"));
-  dialogs.yes_no = {true};
-  Press("It is made again", create, {"yes"});
+  dialogs.yes_no = {true, true};
+  files.Fail(platform::memory::Call::kCreateFolder, "/dst/y", {platform::ErrorKind::kOther, 5, "EIO"}, 1);
+  Press("It cannot be made again", create, {"yes"});
+  Press("It can", create, {"yes"});
   EXPECT_TRUE(files.Exists("/dst/x") && files.Exists("/dst/y"));
 
   StartWithSetup();

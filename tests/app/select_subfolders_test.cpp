@@ -39,6 +39,7 @@ struct SelectSubfolders : testing::Test, Program {
 };
 
 TEST_F(SelectSubfolders, TellsWhatEachFolderHoldsAndSumsUpTheSelectedOnes) {
+  Choose([&] { story.Note("No subfolders", *select); });
   tree::Add(files, {"/src/b/one=12345", "/src/A/below/", "/src/A/two=" + std::string(1'600, 'x'), "/src/c/",
                     "/src/$Recycle.Bin/", "/src/file", "/src/link>/dst"});
   files.Fail(Call::kOpenFolder, "/src/c", {platform::ErrorKind::kAccessDenied, 13, "no"});
@@ -110,7 +111,7 @@ TEST_F(SelectSubfolders, IsWalkedThroughByKeys) {
   AddThousandsOfSubfolders();
   tree::Add(files, {"/src/Über/", "/src/übung/", "/src/zoo/"});
   Choose([&] {
-    for (const Key key : {Key::kUp, Key::kDown, Key::kPageDown, Key::kEnd}) Press(key);
+    for (const Key key : {Key::kUp, Key::kDown, Key::kPageDown, Key::kPageUp, Key::kEnd}) Press(key);
     Press(Key::kCharacter, "Z");
     clock.Advance(2s);
     for (const char* letter : {"Ü", "b", "u"}) Press(Key::kCharacter, letter);
@@ -119,7 +120,8 @@ TEST_F(SelectSubfolders, IsWalkedThroughByKeys) {
 }
 
 TEST_F(SelectSubfolders, SortsAsPeopleCountAndABlankBelongsToANameThatIsBeingTyped) {
-  tree::Add(files, {"/src/folder 10/", "/src/Folder 2/", "/src/folder/", "/src/folder 02x/"});
+  tree::Add(files,
+            {"/src/folder 10/", "/src/Folder 2/", "/src/folder/", "/src/folder 02x/", "/src/folder 003/"});
   Choose([&] {
     for (const char c : std::string("folder")) Press(Key::kCharacter, {c});
     ui::headless::PressSpace(*select);

@@ -42,6 +42,7 @@ struct ReportScene : MainWindow {
     std::string heard = std::exchange(lines, {}) + (stop ? " (to stop)" : "");
     for (const auto& box : std::exchange(front_end.dialogs().asked, {}))
       heard += " (" + box.kind + ") " + box.title + ": " + box.text;
+    for (const std::string& note : std::exchange(front_end.notes, {})) heard += " (notice) " + note;
     heard += " (task bar) " + std::to_string(window.task_progress().value_or(-1)) + " " +
              std::to_string(static_cast<int>(window.task_state())) + " (selected) " +
              std::to_string(window.txbText.selection().start) + " " + window.txbText.selected_text();
