@@ -1,6 +1,5 @@
 #include "app/confirmation/frmConfirmOperation.h"
 #include "tests/app/program.h"
-#include "ui/line_break.h"
 
 namespace app::test {
 
@@ -141,13 +140,6 @@ TEST_F(ConfirmOperation, OffersToCompareAndToReadBackAndTellsHowMuchThatIs) {
     Open("Read back no more", [&] { confirm->UserPressedAccessKey('R'); });
     EXPECT_FALSE(confirm->ReadsBack());
   }
-}
-
-TEST(LineBreak, KeepsEveryLineWithinTheWidth) {
-  const auto measure = [](const std::string& line) { return static_cast<ui::Twips>(line.size()); };
-  EXPECT_EQ(
-      ui::BreakLines("1234567890 one two three\r\n\r\n/home/someone/files withoutanyplace", 10, measure),
-      "1234567890\r\none two\r\nthree\r\n\r\n/home/\r\nsomeone/\r\nfiles\r\nwithoutany\r\nplace");
 }
 
 }  // namespace app::test

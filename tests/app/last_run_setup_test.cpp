@@ -1,7 +1,6 @@
 #include "app/select_subfolders/frmSelectSubfolders.h"
 #include "services/setup_text.h"
 #include "tests/app/program.h"
-#include "text/text_numbers.h"
 
 /// What becomes of the setup of the last run: it is the only one that a scheduled backup has.
 namespace app::test {

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-#include <chrono>
-
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,7 +9,6 @@
 #include "tests/story.h"
 #include "tests/tree.h"
 #include "text/built_in.h"
-#include "ui/headless/headless_front_end.h"
 
 namespace app::test {
 

@@ -1,4 +1,3 @@
-#include <tuple>
 #include "app/confirmation/frmConfirmOperation.h"
 
 #include "tests/app/program.h"

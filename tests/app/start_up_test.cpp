@@ -1,6 +1,5 @@
 #include "platform/path.h"
 #include "tests/app/program.h"
-#include "text/text_numbers.h"
 
 namespace app::test {
 

@@ -1,4 +1,3 @@
-#include <functional>
 
 #include "tests/report/report_scene.h"
 

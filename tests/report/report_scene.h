@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 
 #include "app/data/operation.h"
@@ -9,7 +7,6 @@
 #include "report/frmReport.h"
 #include "report/main_window.h"
 #include "tests/story.h"
-#include "ui/headless/headless_front_end.h"
 
 namespace report {
 
@@ -51,13 +48,12 @@ struct ReportScene : MainWindow {
 
   ui::Form& Window() override { return main; }
   bool PauseAfterFirstCopy() const override { return false; }
-  bool OperationRunning() const override { return running; }
+  bool OperationRunning() const override { return true; }
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
-  void EnableOperationControls() override { ++enabled; }
+  void EnableOperationControls() override {}
 
-  bool running = true, stop = false;
-  int enabled = 0;
+  bool stop = false;
   std::string lines;
 
   ui::headless::HeadlessFrontEnd front_end;

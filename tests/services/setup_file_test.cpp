@@ -1,15 +1,11 @@
 #include "services/setup_file.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/memory/memory_system.h"
 #include "services/data_file.h"
 #include "services/last_run_file.h"
 #include "services/setup_text.h"
 #include "tests/story.h"
 #include "tests/tree.h"
-#include "ui/form.h"
-#include "ui/headless/headless_front_end.h"
 
 namespace services {
 
