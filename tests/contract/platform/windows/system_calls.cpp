@@ -26,10 +26,18 @@ FARPROC WINAPI Found(HMODULE library, LPCSTR name) {
   return reinterpret_cast<FARPROC>(found);
 }
 
-/// The system's own call.
-template <typename Call>
-Call Real(const char* name, const wchar_t* library = L"kernelbase") {
-  return reinterpret_cast<Call>(reinterpret_cast<void*>(Found(::GetModuleHandleW(library), name)));
+/// The name of a call, as part of a type.
+template <std::size_t size>
+struct Name {
+  constexpr Name(const char (&from)[size]) { std::copy_n(from, size, text); }  // NOLINT(*-explicit-*)
+  char text[size];
+};
+
+/// The system's own call, of the form of the one in its place.
+template <Name name, typename Call>
+Call Real(Call, const wchar_t* library = L"kernelbase") {
+  static void* const real = reinterpret_cast<void*>(Found(::GetModuleHandleW(library), name.text));
+  return reinterpret_cast<Call>(real);
 }
 
 void Note(const char* call) { Calls()->made += std::string(call) + " "; }
@@ -47,73 +55,45 @@ bool Refused(DWORD code) {
   return false;
 }
 
-/// The name of a call, as part of a type.
-template <std::size_t size>
-struct Name {
-  constexpr Name(const char (&from)[size]) { std::copy_n(from, size, text); }  // NOLINT(*-explicit-*)
-  char text[size];
-};
-
-template <Name name, typename Call>
-struct OrFail;
 template <Name name, typename Answer, typename... Arguments>
-struct OrFail<name, Answer(WINAPI*)(Arguments...)> {
-  static Answer WINAPI Call(Arguments... arguments) {
-    static const auto real = Real<Answer(WINAPI*)(Arguments...)>(name.text);
-    return Fails(name.text) ? Answer{} : real(arguments...);
-  }
-};
-
-// 2200-01-01 and the seconds after it stand for the links of a test.
-constexpr std::int64_t kFirstLink = (7'258'118'400 + kSecondsFrom1601To1970) * kTicksPerSecond;
-
-std::optional<Reparse> ReparseOf(std::int64_t written) {
-  const std::int64_t number = (written - kFirstLink) / kTicksPerSecond;
-  const auto calls = Calls();
-  const bool is_one = written >= kFirstLink && number < static_cast<std::int64_t>(calls->links.size());
-  return is_one ? std::optional(calls->links[static_cast<std::size_t>(number)]) : std::nullopt;
+Answer WINAPI OrFail(Arguments... arguments) {
+  return Fails(name.text) ? Answer{} : Real<name>(&OrFail<name, Answer, Arguments...>)(arguments...);
 }
 
 /// As a listing or a search shows it.
-void Show(std::int64_t written, DWORD& attributes, DWORD& tag) {
-  const auto reparse = ReparseOf(written);
-  if (reparse) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
-  tag = reparse ? reparse->tag : IO_REPARSE_TAG_SYMLINK;  // without the bit it means nothing
-}
-
-/// All zeros, but for the attributes, when nothing is there.
-WIN32_FILE_ATTRIBUTE_DATA DataAt(LPCWSTR path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{INVALID_FILE_ATTRIBUTES, {}, {}, {}, 0, 0};
-  ::GetFileAttributesExW(path, GetFileExInfoStandard, &data);
-  return data;
+void Show(const std::wstring& path, DWORD& attributes, DWORD& tag) {
+  const auto calls = Calls();
+  const auto found = calls->links.find(path);
+  if (found != calls->links.end()) attributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+  tag = found != calls->links.end() ? found->second.tag
+                                    : IO_REPARSE_TAG_SYMLINK;  // without the bit it means nothing
 }
 
 DWORD WINAPI AttributesOf(LPCWSTR path) {
-  WIN32_FILE_ATTRIBUTE_DATA data = DataAt(path);
-  DWORD tag = 0;
-  Show(TicksOf(data.ftLastWriteTime), data.dwFileAttributes, tag);
-  return data.dwFileAttributes;
+  DWORD attributes = Real<"GetFileAttributesW">(&AttributesOf)(path), tag = 0;
+  if (attributes != INVALID_FILE_ATTRIBUTES) Show(path, attributes, tag);
+  return attributes;
 }
 
 /// Nothing for a link that leads nowhere.
 std::wstring Followed(std::wstring path) {
+  const auto calls = Calls();
   for (int links = 0; links < 9; ++links) {
-    const auto link = ReparseOf(TicksOf(DataAt(path.c_str()).ftLastWriteTime));
-    if (!link) return path;
-    path = link->target;
+    const auto link = calls->links.find(path);
+    if (link == calls->links.end()) return path;
+    path = link->second.target;
   }
   return {};
 }
 
 bool IsReadOnly(LPCWSTR path) {
-  const DWORD attributes = DataAt(path).dwFileAttributes;
+  const DWORD attributes = AttributesOf(path);
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 /// A volume that may be opened is the null device.
 HANDLE WINAPI Create(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security, DWORD which,
                      DWORD flags, HANDLE like) {
-  static const auto real = Real<decltype(&::CreateFileW)>("CreateFileW");
   std::wstring at = (flags & FILE_FLAG_OPEN_REPARSE_POINT) != 0 ? path : Followed(path);
   const bool is_volume = at.starts_with(L"\\\\?\\Volume{") && at.ends_with(L'}');
   if (is_volume && !Calls()->opens_volumes) return INVALID_HANDLE_VALUE;
@@ -121,46 +101,21 @@ HANDLE WINAPI Create(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTE
   if ((flags & FILE_FLAG_NO_BUFFERING) != 0 && Fails("unbuffered")) return INVALID_HANDLE_VALUE;
   if ((access & GENERIC_WRITE) != 0 && IsReadOnly(at.c_str()) && !Refused(ERROR_ACCESS_DENIED))
     return INVALID_HANDLE_VALUE;
-  return real(is_volume ? L"NUL" : at.c_str(), access, share, security, which, flags, like);
+  return Real<"CreateFileW">(&Create)(is_volume ? L"NUL" : at.c_str(), access, share, security, which, flags,
+                                      like);
 }
 
 BOOL WINAPI Delete(LPCWSTR path) {
-  static const auto real = Real<decltype(&::DeleteFileW)>("DeleteFileW");
-  return IsReadOnly(path) ? Refused(ERROR_ACCESS_DENIED) : real(path);
+  return IsReadOnly(path) ? Refused(ERROR_ACCESS_DENIED) : Real<"DeleteFileW">(&Delete)(path);
 }
 
 HANDLE WINAPI FindFirst(LPCWSTR path, FINDEX_INFO_LEVELS level, LPVOID data, FINDEX_SEARCH_OPS operation,
                         LPVOID filter, DWORD flags) {
-  static const auto real = Real<decltype(&::FindFirstFileExW)>("FindFirstFileExW");
   auto& found = *static_cast<WIN32_FIND_DATAW*>(data);
-  const HANDLE search =
-      Fails("FindFirstFileExW") ? INVALID_HANDLE_VALUE : real(path, level, data, operation, filter, flags);
-  if (search != INVALID_HANDLE_VALUE)
-    Show(TicksOf(found.ftLastWriteTime), found.dwFileAttributes, found.dwReserved0);
+  if (Fails("FindFirstFileExW")) return INVALID_HANDLE_VALUE;
+  const HANDLE search = Real<"FindFirstFileExW">(&FindFirst)(path, level, data, operation, filter, flags);
+  if (search != INVALID_HANDLE_VALUE) Show(path, found.dwFileAttributes, found.dwReserved0);
   return search;
-}
-
-/// Wine tells no tag.
-BOOL WINAPI InfoOf(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
-  static const auto real = Real<decltype(&::GetFileInformationByHandleEx)>("GetFileInformationByHandleEx");
-  if (Fails("info " + std::to_string(kind))) return FALSE;
-  if (kind == FileAttributeTagInfo) {
-    FILE_BASIC_INFO basic{};
-    if (!real(file, FileBasicInfo, &basic, sizeof basic)) return FALSE;
-    auto& told = *static_cast<FILE_ATTRIBUTE_TAG_INFO*>(info);
-    told.FileAttributes = basic.FileAttributes;
-    Show(basic.LastWriteTime.QuadPart, told.FileAttributes, told.ReparseTag);
-    return TRUE;
-  }
-  if (kind == FileStreamInfo) return std::memset(info, 0, size) != nullptr;  // one stream
-  if (!real(file, kind, info, size)) return FALSE;
-  if (kind != FileIdBothDirectoryInfo && kind != FileIdBothDirectoryRestartInfo) return TRUE;
-  for (auto* at = static_cast<char*>(info);;) {
-    auto& entry = *reinterpret_cast<FILE_ID_BOTH_DIR_INFO*>(at);
-    Show(entry.LastWriteTime.QuadPart, entry.FileAttributes, entry.EaSize);
-    if (entry.NextEntryOffset == 0) return TRUE;
-    at += entry.NextEntryOffset;
-  }
 }
 
 std::wstring PathOf(HANDLE file) {
@@ -168,31 +123,52 @@ std::wstring PathOf(HANDLE file) {
   return {path, ::GetFinalPathNameByHandleW(file, path, ARRAYSIZE(path), 0)};
 }
 
+/// Wine tells no tag.
+BOOL WINAPI InfoOf(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
+  const auto real = Real<"GetFileInformationByHandleEx">(&InfoOf);
+  if (Fails("info " + std::to_string(kind))) return FALSE;
+  if (kind == FileAttributeTagInfo) {
+    auto& told = *static_cast<FILE_ATTRIBUTE_TAG_INFO*>(info);
+    Show(PathOf(file), told.FileAttributes = FILE_ATTRIBUTE_NORMAL, told.ReparseTag);
+    return TRUE;
+  }
+  if (kind == FileStreamInfo) return std::memset(info, 0, size) != nullptr;  // one stream
+  if (!real(file, kind, info, size)) return FALSE;
+  if (kind != FileIdBothDirectoryInfo && kind != FileIdBothDirectoryRestartInfo) return TRUE;
+  for (auto* at = static_cast<char*>(info);;) {
+    auto& entry = *reinterpret_cast<FILE_ID_BOTH_DIR_INFO*>(at);
+    const std::wstring name(entry.FileName, entry.FileNameLength / sizeof(wchar_t));
+    Show(PathOf(file) + L'\\' + name, entry.FileAttributes, entry.EaSize);
+    if (entry.NextEntryOffset == 0) return TRUE;
+    at += entry.NextEntryOffset;
+  }
+}
+
 BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
-  static const auto real = Real<decltype(&::MoveFileExW)>("MoveFileExW");
   Note("move");
-  return !Fails("move") && real(from, to, flags);
+  return !Fails("move") && Real<"MoveFileExW">(&Move)(from, to, flags) && Calls()->links.erase(to) < 2;
 }
 
 /// FAT refuses times that it cannot hold.
 BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
-  static const auto real = Real<decltype(&::SetFileInformationByHandle)>("SetFileInformationByHandle");
-  const FileTime written = FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart);
-  const int year = ToUtc(written).year;
+  const int year = ToUtc(FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart)).year;
   const bool is_held = Calls()->format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
-  return is_held ? !Fails("set") && real(file, kind, info, size) : Refused(ERROR_INVALID_PARAMETER);
+  if (!is_held) return Refused(ERROR_INVALID_PARAMETER);
+  return !Fails("set") && Real<"SetFileInformationByHandle">(&SetInfo)(file, kind, info, size);
 }
 
-/// Renames. Wine has the plain way only, which stands for the other one here.
+/// Renames. Wine has the plain way only, which stands for the other one here. What takes the place of a link
+/// is none.
 LONG WINAPI SetNative(HANDLE file, IO_STATUS_BLOCK* status, FILE_RENAME_INFO* info, ULONG size, int kind) {
   constexpr int kPlain = 10;
-  using Call = LONG(WINAPI*)(HANDLE, IO_STATUS_BLOCK*, FILE_RENAME_INFO*, ULONG, int);
-  static const auto real = Real<Call>("NtSetInformationFile", L"ntdll");
   const char* call = kind == kPlain ? "rename" : "rename-ex";
   Note(call);
   if (Fails(call)) return static_cast<LONG>(0xC0010000 | ::GetLastError());
   if (kind != kPlain) info->Flags = info->Flags == 0x43 ? 1 : 0;
-  return real(file, status, info, size, kPlain);
+  const LONG renamed = Real<"NtSetInformationFile">(&SetNative, L"ntdll")(file, status, info, size, kPlain);
+  const std::wstring name(info->FileName, info->FileNameLength / sizeof(wchar_t));
+  if (renamed >= 0) Calls()->links.erase(L"\\\\?" + name.substr(3));
+  return renamed;
 }
 
 BOOL WINAPI Flush(HANDLE file) {
@@ -221,9 +197,10 @@ FARPROC WINAPI Find(HMODULE library, LPCSTR name) {
 /// As Windows does it: asks on the way, at half of the file.
 BOOL WINAPI Copy(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID data, LPBOOL stop,
                  DWORD flags) {
-  static const auto real = Real<decltype(&::CopyFileExW)>("CopyFileExW");
   Note("copy");
-  if (Fails("copy") || !real(from, to, nullptr, nullptr, stop, flags) || Fails("copy-end")) return FALSE;
+  if (Fails("copy") || !Real<"CopyFileExW">(&Copy)(from, to, nullptr, nullptr, stop, flags) ||
+      Fails("copy-end"))
+    return FALSE;
   LARGE_INTEGER half{};
   half.QuadPart = static_cast<std::int64_t>(std::filesystem::file_size(from) / 2);
   const DWORD answer = progress(half, half, half, half, 0, 0, nullptr, nullptr, data);
@@ -232,30 +209,19 @@ BOOL WINAPI Copy(LPCWSTR from, LPCWSTR to, LPPROGRESS_ROUTINE progress, LPVOID d
 
 /// A clock that stands still but for sleeps, once it is set.
 void WINAPI TimeNow(FILETIME* now) {
-  static const auto real = Real<decltype(&::GetSystemTimeAsFileTime)>("GetSystemTimeAsFileTime");
-  real(now);
+  Real<"GetSystemTimeAsFileTime"> (&TimeNow)(now);
   if (Calls()->now) *now = ToSystem(FromTicks(*Calls()->now));
 }
 
 void WINAPI SleepFor(DWORD milliseconds) {
-  static const auto real = Real<decltype(&::Sleep)>("Sleep");
-  if (!Calls()->now || milliseconds < 2) return real(milliseconds);  // threads wait for each other so
+  if (!Calls()->now || milliseconds < 2)  // threads wait for each other so
+    return Real<"Sleep">(&SleepFor)(milliseconds);
   Note("sleep");
   *Calls()->now += std::int64_t{milliseconds} * 10'000;
 }
 
-int WINAPI FormatOfUser(LPCWSTR name, LCTYPE type, LPWSTR text, int size) {
-  static const auto real = Real<decltype(&::GetLocaleInfoEx)>("GetLocaleInfoEx");
-  const auto calls = Calls();
-  const auto found = calls->locale.find(type);
-  if (found == calls->locale.end()) return real(name, type, text, size);
-  ::lstrcpynW(text, found->second.c_str(), size);
-  return static_cast<int>(found->second.size()) + 1;
-}
-
 BOOL WINAPI FileInfo(HANDLE file, BY_HANDLE_FILE_INFORMATION* info) {
-  static const auto real = Real<decltype(&::GetFileInformationByHandle)>("GetFileInformationByHandle");
-  if (!real(file, info)) return FALSE;
+  if (!Real<"GetFileInformationByHandle">(&FileInfo)(file, info)) return FALSE;
   if (PathOf(file).find(Calls()->elsewhere) != std::wstring::npos) ++info->dwVolumeSerialNumber;
   return TRUE;
 }
@@ -269,10 +235,10 @@ UINT WINAPI DriveType(LPCWSTR) { return Calls()->is_remote ? DRIVE_REMOTE : DRIV
 
 DWORD WINAPI SecurityOf(HANDLE file, SE_OBJECT_TYPE type, SECURITY_INFORMATION what, PSID* owner, PSID* group,
                         PACL* access, PACL* audit, PSECURITY_DESCRIPTOR* descriptor) {
-  static const auto real = Real<decltype(&::GetSecurityInfo)>("GetSecurityInfo", L"advapi32");
   static char sid[SECURITY_MAX_SID_SIZE];
   DWORD size = sizeof sid;
-  const DWORD code = real(file, type, what, owner, group, access, audit, descriptor);
+  const DWORD code = Real<"GetSecurityInfo">(&SecurityOf, L"advapi32")(file, type, what, owner, group, access,
+                                                                       audit, descriptor);
   if (Calls()->owner && ::CreateWellKnownSid(*Calls()->owner, nullptr, sid, &size)) *owner = sid;
   return code;
 }
@@ -292,12 +258,8 @@ platform::test::Locked<SystemCalls> Calls() {
 
 void MakeReparse(const std::wstring& path, const Reparse& reparse, bool is_folder) {
   if (is_folder) ::CreateDirectoryW(path.c_str(), nullptr);
-  const FileHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_ALWAYS,
-                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  const auto number = static_cast<std::int64_t>(Calls()->links.size());
-  const FILETIME time = ToSystem(FromTicks(kFirstLink + number * kTicksPerSecond));
-  ::SetFileTime(file.get(), nullptr, nullptr, &time);
-  Calls()->links.push_back(reparse);
+  if (!is_folder) FileHandle(::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+  Calls()->links[path] = reparse;
 }
 
 }  // namespace platform::windows::test
@@ -323,22 +285,11 @@ decltype(&::GetSecurityInfo) __imp_GetSecurityInfo = &calls::SecurityOf;
 decltype(&::CopyFileExW) __imp_CopyFileExW = &calls::Copy;
 decltype(&::GetSystemTimeAsFileTime) __imp_GetSystemTimeAsFileTime = &calls::TimeNow;
 decltype(&::Sleep) __imp_Sleep = &calls::SleepFor;
-decltype(&::GetLocaleInfoEx) __imp_GetLocaleInfoEx = &calls::FormatOfUser;
 decltype(&::ShellExecuteW) __imp_ShellExecuteW = &calls::Start;
-decltype(&::FindNextFileW) __imp_FindNextFileW =
-    &calls::OrFail<"FindNextFileW", decltype(&::FindNextFileW)>::Call;
-decltype(&::ReadFile) __imp_ReadFile = &calls::OrFail<"ReadFile", decltype(&::ReadFile)>::Call;
-decltype(&::WriteFile) __imp_WriteFile = &calls::OrFail<"WriteFile", decltype(&::WriteFile)>::Call;
-decltype(&::GetFileSizeEx) __imp_GetFileSizeEx =
-    &calls::OrFail<"GetFileSizeEx", decltype(&::GetFileSizeEx)>::Call;
-decltype(&::SetFilePointerEx) __imp_SetFilePointerEx =
-    &calls::OrFail<"SetFilePointerEx", decltype(&::SetFilePointerEx)>::Call;
-
-/// An hour east of Greenwich, two in its summer. The headers declare this call as no import.
-BOOL WINAPI GetTimeZoneInformationForYear(USHORT, DYNAMIC_TIME_ZONE_INFORMATION*,
-                                          TIME_ZONE_INFORMATION* zone) {
-  *zone = {-60, {}, {0, 10, 0, 5, 3, 0, 0, 0}, 0, {}, {0, 3, 0, 5, 2, 0, 0, 0}, -60};
-  return !calls::Fails("GetTimeZoneInformationForYear");
-}
+decltype(&::FindNextFileW) __imp_FindNextFileW = &calls::OrFail<"FindNextFileW">;
+decltype(&::ReadFile) __imp_ReadFile = &calls::OrFail<"ReadFile">;
+decltype(&::WriteFile) __imp_WriteFile = &calls::OrFail<"WriteFile">;
+decltype(&::GetFileSizeEx) __imp_GetFileSizeEx = &calls::OrFail<"GetFileSizeEx">;
+decltype(&::SetFilePointerEx) __imp_SetFilePointerEx = &calls::OrFail<"SetFilePointerEx">;
 }
 // NOLINTEND(bugprone-reserved-identifier)

@@ -5,7 +5,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "tests/contract/platform/locked.h"
 
@@ -14,7 +13,7 @@
 namespace platform::windows::test {
 
 /// What a reparse point says: a link to another path, or something else, by its tag, with none. An empty file
-/// or folder holds its place on the disk, and its time of modification tells which one it is.
+/// or folder holds its place on the disk.
 struct Reparse {
   DWORD tag = 0;
   std::wstring target;
@@ -29,9 +28,8 @@ struct SystemCalls {
   std::wstring elsewhere = L"|";                  ///< what has this in its path is on another volume
   std::optional<WELL_KNOWN_SID_TYPE> owner = {};  ///< of every file; empty: the true one
   std::optional<std::int64_t> now = {};           ///< in the system's steps of 100 ns; empty: the true time
-  std::map<LCTYPE, std::wstring> locale = {};     ///< what the user has chosen; else the true choice
-  std::vector<Reparse> links = {};
-  std::string started = {};  ///< programs, with their parameters; none was run
+  std::map<std::wstring, Reparse> links = {};     ///< by their paths
+  std::string started = {};                       ///< programs, with their parameters; none was run
 };
 
 /// Those since it was reset; kept by all threads.

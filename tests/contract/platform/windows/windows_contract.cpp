@@ -146,6 +146,7 @@ TEST_F(WindowsFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolumeAndThe
     const CopyLimits limits = windows::WindowsCopyVolume(At("from"), At("to")).limits();
     EXPECT_TRUE(limits.files == volume.files && limits.folders == limits.files && limits.bytes > 1 << 20);
     EXPECT_TRUE(volume.is_remote ? limits.workers == 8 : limits.workers >= 2 && limits.workers <= 4);
+    EXPECT_EQ(files().LargestFile(At("to")) > 0, std::wstring(volume.format).starts_with(L"FAT"));
     Calls()->fails = {{volume.fails, ERROR_IO_DEVICE}};
     for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
       EXPECT_TRUE(outcome && !outcome->changed);
@@ -195,18 +196,6 @@ TEST_F(WindowsFiles, AFullDiskHasNoRoomForTheFileThatFlushesOthersAndNeedsNone) 
   EXPECT_TRUE(files().Flush(At("to"), {}));
   Calls()->fails = {{"WriteFile", ERROR_IO_DEVICE}};
   EXPECT_FALSE(files().Flush(At("to"), {}));
-}
-
-TEST_F(WindowsFiles, FatSaysThatTheDiskIsFullToAFileThatIsTooLargeForIt) {
-  for (const std::int64_t size : {kLargestOnFat, kLargestOnFat + 1}) {
-    AddFile("from/file", "");
-    std::filesystem::resize_file(base::Widen(At("from/file")), static_cast<std::uintmax_t>(size));
-    for (const wchar_t* format : {L"FAT32", L"NTFS"}) {
-      *Calls() = {.fails = {{"copy", ERROR_DISK_FULL}}, .format = format};
-      const bool is_too_large = size > kLargestOnFat && Calls()->format == L"FAT32";
-      EXPECT_EQ(Copy("file").error().kind, is_too_large ? ErrorKind::kTooLarge : ErrorKind::kDiskFull);
-    }
-  }
 }
 
 // Copier, 2 and 9.
@@ -263,13 +252,6 @@ TEST_F(WindowsFiles, AFileIsFromTrustedHandsOnlyWhereTheUserOrTheSystemOwnsIt) {
   }
 }
 
-TEST_F(WindowsFiles, OnlyFatHasALimit) {
-  for (const auto& [format, limit] : {std::pair(L"FAT", kLargestOnFat), {L"exFAT", 0}, {L"NTFS", 0}}) {
-    Calls()->format = format;
-    EXPECT_EQ(files().LargestFile(At("to/new")), limit);
-  }
-}
-
 TEST_F(WindowsFiles, AVolumeThatKnowsNoListingByHandleIsSearched) {
   AddFile("from/file", "12345");
   Calls()->fails = {{"FindFirstFileExW", ERROR_ACCESS_DENIED}};
@@ -293,29 +275,6 @@ TEST_F(WindowsFiles, AVolumeThatKnowsNoListingByHandleIsSearched) {
   EXPECT_EQ(files().OpenFolder(At("from")).error().code, ERROR_IO_DEVICE) << "no part of a listing";
 }
 
-TEST(WindowsClock, LocalTimeFollowsTheRulesOfItsYear) {
-  *Calls() = {};
-  windows::WindowsClock clock;
-  EXPECT_EQ(clock.ToLocal({1'700'000'000, 5'000'000}), (CalendarTime{2023, 11, 14, 23, 13, 20, 318}));
-  EXPECT_EQ(clock.ToLocal({1'690'000'000, 0}).hour, 6) << "summer";
-  Calls()->fails = {{"GetTimeZoneInformationForYear", ERROR_INVALID_PARAMETER}};
-  EXPECT_EQ(clock.ToLocal({1'700'000'000, 0}), ToUtc({1'700'000'000, 0}));
-  *Calls() = {};
-}
-
-TEST(WindowsLocale, DigitsAreGroupedAsTheUserHasChosen) {
-  const std::pair<const wchar_t*, std::vector<int>> choices[] = {
-      {L"3;0", {3}}, {L"3;2;0", {3, 2}}, {L"3", {3, 0}}, {L"0", {0}},
-      {L"0;0", {0}}, {L"", {0}},         {L"9;0", {9}}};
-  for (const auto& [choice, groups] : choices) {
-    *Calls() = {.locale = {{LOCALE_SGROUPING, choice}}};
-    EXPECT_EQ(windows::WindowsLocale().DigitGroups(), groups) << base::Narrow(choice);
-  }
-  *Calls() = {.locale = {{LOCALE_SDECIMAL, L""}}};
-  EXPECT_EQ(windows::WindowsLocale().DecimalSeparator(), ".");
-  *Calls() = {};
-}
-
 TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
   EXPECT_TRUE(files().GetDiskSpace("c:"));
   for (const char* path : {"Q:\\", "q:", "\\\\", "ab", ""}) EXPECT_FALSE(files().GetDiskSpace(path)) << path;
@@ -324,12 +283,11 @@ TEST_F(WindowsFiles, SpaceIsUnknownForADriveThatIsNotThereAndForNoPath) {
 TEST(WindowsShellCalls, AShutdownIsToldItsReasonAndThatItFailed) {
   *Calls() = {};
   windows::WindowsShell shell;
-  EXPECT_TRUE(shell.ScheduleShutDown("The end") && shell.ScheduleShutDown({}) && shell.CallOffShutDown());
+  EXPECT_TRUE(shell.ScheduleShutDown("The end") && shell.CallOffShutDown());
   const std::string program = "C:\\windows\\system32\\shutdown.exe|";
-  EXPECT_EQ(Calls()->started, program + "/s /c \"The end\"|" + program + "/s|" + program + "/a|");
+  EXPECT_EQ(Calls()->started, program + "/s /c \"The end\"|" + program + "/a|");
   Calls()->fails = {{"ShellExecuteW", 0}};
   EXPECT_FALSE(shell.CallOffShutDown());
-  *Calls() = {};
 }
 
 TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
