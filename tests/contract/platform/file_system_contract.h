@@ -64,10 +64,12 @@ inline const Entry& Named(const Folder& folder, const std::string& name) {
 
 /// Bytes that do not repeat in step with any block.
 inline std::string Noise(std::size_t size) {
-  std::string bytes(size, '\0');
+  constexpr std::size_t kPrime = 4'093;
+  std::string bytes;
   std::minstd_rand random;
-  for (char& byte : bytes) byte = static_cast<char>(random() >> 8);
-  return bytes;
+  while (bytes.size() < std::min(size, kPrime)) bytes += static_cast<char>(random() >> 8);
+  while (bytes.size() < size) bytes += bytes.substr(0, kPrime);
+  return bytes.substr(0, size);
 }
 
 /// A scene with the empty folders "from" and "to".
