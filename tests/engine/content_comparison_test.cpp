@@ -1,6 +1,3 @@
-#include <random>
-#include <set>
-
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -17,50 +14,6 @@ struct ContentComparison : testing::Test, Scene {
            std::to_string(outcome.totals.bytes_compared) + " bytes";
   }
 };
-
-/// The files that the report names as other than their copies.
-std::set<std::string> FilesThatDiffer(const Scene& scene) {
-  const std::string lead = "Other content: ";
-  std::set<std::string> found;
-  for (auto at = scene.lines.find(lead); at != std::string::npos; at = scene.lines.find(lead, at + 1))
-    found.insert(scene.lines.substr(at + lead.size(), scene.lines.find('|', at) - at - lead.size()));
-  return found;
-}
-
-TEST_F(ContentComparison, FindsExactlyTheFilesThatAreOtherThanTheirCopiesWhateverTheTree) {
-  for (unsigned seed = 1; seed <= Trees(300); ++seed) {
-    Scene scene({}, {"d0", "d1", "d2"});
-    scene.compare_contents = true;
-    scene.files.SetBlockSize(1'000);
-    std::minstd_rand random(seed);
-    const auto dice = [&](unsigned sides) { return static_cast<unsigned>(random() / 7 % sides); };
-    std::set<std::string> differ;
-    std::int64_t pairs = 0;
-    for (unsigned i = dice(40); i > 0; --i) {
-      const unsigned folder = dice(5);  // the source itself, three that are included, and one that is not
-      const std::string below = "/d" + std::to_string(folder) + (dice(2) == 0 ? "/below/" : "/");
-      const std::string name = (folder == 4 ? "/" : below) + std::to_string(i);
-      std::string content(dice(150) == 0 ? 300'000 : dice(20), '\0');
-      for (char& byte : content) byte = static_cast<char>(random());
-      scene.files.AddFile("/src" + name, content);
-      if (dice(8) == 0) continue;
-      const bool flips = !content.empty() && dice(3) == 0;
-      if (flips) content[dice(static_cast<unsigned>(content.size()))] ^= 1;
-      scene.files.AddFile("/dst" + name, content);
-      if (folder == 3) continue;
-      ++pairs;
-      if (flips) differ.insert("/src" + name);
-    }
-    const engine::FileCounts& sums = scene.outcome.totals.counts;
-    scene.Check();
-    ASSERT_EQ(FilesThatDiffer(scene), differ) << "seed " << seed;
-    ASSERT_EQ(sums.compared, pairs) << "seed " << seed;
-    scene.BackUp();
-    ASSERT_EQ(FilesThatDiffer(scene), differ) << "seed " << seed;
-    scene.Check();
-    ASSERT_EQ(FilesThatDiffer(scene).size() + static_cast<std::size_t>(sums.due), 0U) << "seed " << seed;
-  }
-}
 
 TEST_F(ContentComparison, TellsAllInTheOrderOfTheWalk) {
   tree::Add(files, {"/src/a=12", "/dst/a=13", "/src/b=new", "/src/c=12", "/dst/c=12", "/src/d=1", "/dst/d=2",

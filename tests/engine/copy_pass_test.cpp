@@ -144,12 +144,6 @@ TEST(CopyPass, CancelKeepsTheOldCopiesOfAllThatDoNotBearTheirNamesYetAndCountsTh
   EXPECT_EQ(at_the_end.BackUp(), "new 1, copied 1, cancelled 1");
 }
 
-TEST(CopyPass, AnErrorOfTheVolumeThatIsCalledCancelledIsAFailure) {
-  Scene scene({"/src/a"});
-  scene.files.Fail(Call::kReadSource, "", {ErrorKind::kCancelled, 125, {}}, 1);
-  EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
-}
-
 TEST(CopyPass, AFileThatIsWrittenToMeanwhileIsAWarningAndCopiedAgainWhateverItsTimeWillBe) {
   Scene scene({"/src/a=0123456789"});
   bool is_written = false;
@@ -202,6 +196,27 @@ TEST(CopyPass, AFileThatTheListingDidNotShowIsNotReplaced) {
   EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
   EXPECT_EQ(scene.Copies(), "a=other");
   EXPECT_TRUE(scene.Wrote("a. Name taken."));
+}
+
+TEST(CopyPass, ReadingBackKeepsTheOldCopyWhereTheNewOneIsBadAlsoFileByFile) {
+  Scene scene({"/src/a=1", "/src/bad=newer", "/dst/bad=old", "/src/c=3", "/src/in/gone=4", "/src/in/z=5"},
+              {"in"});
+  scene.files.Garble("/dst/bad");
+  scene.files.Fail(Call::kReadBack, "/dst/in/gone", {ErrorKind::kOther, 5, "Bad sector"});
+  scene.reads_back = true;
+  for (const bool is_scarce : {false, true}) {
+    if (is_scarce) scene.files.SetSpace(100'000, 1'000'000);
+    EXPECT_EQ(scene.BackUpAll(), "copied 3, failed 2");
+    const engine::Totals& totals = scene.outcome.totals;
+    EXPECT_TRUE(scene.outcome.read_back && !scene.outcome.compared_contents);
+    EXPECT_TRUE(totals.counts.read_back == 5 && totals.counts.not_as_written == 2);
+    EXPECT_EQ(totals.bytes_read_back, 9);
+    EXPECT_EQ(scene.Copies(), "a=1 bad=old c=3 in/z=5");
+    EXPECT_TRUE(scene.Wrote("|Reading back.|") && scene.Wrote("      Not copied: /src/bad. Bad disk.|"));
+    EXPECT_TRUE(scene.Wrote("      Not copied: /src/in/gone. Bad disk. (5: Bad sector)|"));
+  }
+  EXPECT_EQ(scene.Check(), "new 1, modified 1, up to date 3, due 2");
+  EXPECT_FALSE(scene.Wrote("Reading back."));
 }
 
 }  // namespace engine::test

@@ -2,7 +2,6 @@
 
 #include "engine/target/overlap.h"
 
-#include "engine/target/target_folder.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -164,22 +163,6 @@ TEST(FolderWalk, WhatTheTargetSpellsInAnotherWayIsTheCopyAndTakesTheNewCase) {
   }
 }
 
-TEST(FolderWalk, ATargetThatKeepsTheNewCaseOfOneNameIsGivenThatOfTheNext) {
-  Scene scene({"/src/1/A", "/src/2/B", "/dst/1/a", "/dst/2/b"}, {"1", "2"});
-  for (const char* folder : {"/dst/1", "/dst/2"}) scene.files.FoldNames(folder, false);
-  scene.BackUp();
-  EXPECT_EQ(scene.Copies(), "1/A=1 2/B=1");
-  Scene own({"/src/1/A", "/src/2/B", "/dst/1/a", "/dst/2/b"}, {"1", "2"});
-  for (const char* folder : {"/dst/1", "/dst/2"}) own.files.FoldNames(folder, false);
-  own.files.Before([&](Call call, const std::string& path) {
-    if (call != Call::kOpenFolder || path != "/dst/1" || own.files.CountOf(Call::kRespell) == 0) return;
-    own.files.Remove("/dst/1/A");
-    own.files.AddFile("/dst/1/a", "1");
-  });
-  own.BackUp();
-  EXPECT_EQ(own.Copies(), "1/a=1 2/b=1") << "one that spells them in its own way is left alone";
-}
-
 TEST(FolderWalk, TwoLinksOfTheTargetToOneFolderDoNotMix) {
   Scene scene({"/src/a/x=first", "/src/b/x=second", "/else/", "/dst/a>/else", "/dst/b>/else"}, {"a", "b"});
   EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1, warnings 1");
@@ -221,23 +204,6 @@ TEST(FolderWalk, ATargetThatGoesAwayIsNotMadeAnewNorTakenForAnotherFolder) {
     EXPECT_TRUE(scene.Wrote("Not read: /dst/next. Target gone."));
     EXPECT_EQ(scene.Copies(), "");
   }
-}
-
-TEST(FolderWalk, AFolderOfTheTargetThatGoesAwayWhileTheTargetStaysIsMadeAnew) {
-  const std::pair<Call, std::string> moments[] = {{Call::kCreateFolder, "/dst/in/deep/er"},
-                                                  {Call::kOpenFolder, "/dst/in/deep"}};
-  for (const auto& [moment, at] : moments) {
-    Scene scene({"/src/in/deep/b", "/src/in/deep/er/a", "/dst/in/deep/"}, {"in"});
-    bool is_there = true;
-    scene.files.Before([&, when = moment, where = at](Call call, const std::string& path) {
-      if (call == when && path == where && std::exchange(is_there, false)) scene.files.Remove("/dst/in");
-    });
-    EXPECT_EQ(scene.BackUp(), "new 2, copied 2");
-    EXPECT_EQ(scene.Copies(), "in/deep/b=1 in/deep/er/a=1");
-  }
-  Scene scene({"/src/in/deep/a", "/dst/in/"}, {"in"});
-  scene.files.Fail(Call::kCreateFolder, "/dst/in/deep", {platform::ErrorKind::kNotFound, 0, {}});
-  EXPECT_EQ(scene.BackUp(), "new 1, failed 1") << "a name that the target does not allow";
 }
 
 TEST(FolderWalk, ALinkInTheTargetNeverLeadsCopiesIntoTheSource) {
@@ -299,23 +265,6 @@ TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
   scene.pause_wished = true;
   scene.BackUp();
   EXPECT_EQ(scene.paused_after, "/src/y/a|");
-}
-
-TEST(TargetFolder, FarDownKnowsItsPathAndWhatIsRefusedAboveIt) {
-  const auto root = std::make_shared<TargetFolder>("/dst/", "/src");
-  TargetFolder::Ptr folder = root;
-  TargetFolder::Ptr halfway;
-  for (int level = 1; level <= 50'000; ++level) {
-    folder = TargetFolder::Below(folder, "d");
-    if (level == 25'000) halfway = folder;
-    if (level == 100) {
-      EXPECT_EQ(folder->path().size(), 204U);
-    }
-    EXPECT_FALSE(folder->refused());
-  }
-  halfway->Refuse({platform::ErrorKind::kNameTaken, 0, {}});
-  EXPECT_TRUE(folder->refused() && TargetFolder::Below(folder, "d")->refused());
-  EXPECT_FALSE(root->refused());
 }
 
 }  // namespace engine::test
