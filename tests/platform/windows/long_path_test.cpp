@@ -10,7 +10,6 @@ TEST(LongPath, IsTheSystemsOwnFormOfAnAbsolutePath) {
       {"c:/a//b\\", L"\\\\?\\c:\\a\\b"},
       {"C:\\", L"\\\\?\\C:\\"},
       {"C:\\a\\.\\b\\..\\c", L"\\\\?\\C:\\a\\c"},
-      {"C:\\..\\..\\a", L"\\\\?\\C:\\a"},
       {"C:\\ends in a dot.\\and a blank ", L"\\\\?\\C:\\ends in a dot.\\and a blank "},
       {"\\\\server\\share\\a", L"\\\\?\\UNC\\server\\share\\a"},
       {"//server/share/../../a", L"\\\\?\\UNC\\server\\share\\a"},
@@ -18,13 +17,10 @@ TEST(LongPath, IsTheSystemsOwnFormOfAnAbsolutePath) {
       {"\\\\?\\", L"\\\\?\\"},
       {"\\\\?a\\b", L"\\\\?\\UNC\\?a\\b"},
       {"A:", L"\\\\?\\A:\\"},
-      {"z:\\a", L"\\\\?\\z:\\a"},
       {"[:\\a", L"[:\\a"},
-      {"{:\\a", L"{:\\a"},
       {"C:a", L"C:a"},
       {"\\\\\\a", L"\\\\\\a"},
       {"/a", L"/a"},
-      {"relative\\a", L"relative\\a"},
       {"", L""},
   };
   for (const auto& [plain, long_form] : forms) EXPECT_EQ(LongPath(plain), long_form) << plain;

@@ -149,11 +149,7 @@ BOOL WINAPI Move(LPCWSTR from, LPCWSTR to, DWORD flags) {
   return !Fails("move") && Real<"MoveFileExW">(&Move)(from, to, flags) && Calls()->links.erase(to) < 2;
 }
 
-/// FAT refuses times that it cannot hold.
 BOOL WINAPI SetInfo(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID info, DWORD size) {
-  const int year = ToUtc(FromTicks(static_cast<FILE_BASIC_INFO*>(info)->LastWriteTime.QuadPart)).year;
-  const bool is_held = Calls()->format != L"FAT32" || year == 1601 || (year >= 1980 && year <= 2107);
-  if (!is_held) return Refused(ERROR_INVALID_PARAMETER);
   return !Fails("set") && Real<"SetFileInformationByHandle">(&SetInfo)(file, kind, info, size);
 }
 
