@@ -37,15 +37,6 @@ TEST(WildcardMatch, KnowsAnyRunAndOneCharacterAndStaysQuickWhenItBacktracks) {
   EXPECT_FALSE(WildcardMatch(std::string(20'000, 'a'), "*a*a*a*a*a*a*a*a*b", true));
 }
 
-TEST(Filters, ExtensionIsWhatFollowsTheLastDotOfTheLastPart) {
-  const TextsAndPatterns fits = {
-      {"/a/x.tar.gz", "gz"}, {"/a/x.JPG", "j?g"}, {"/a/x.jpeg", ""}, {"/a/x.", "*"}};
-  for (const auto& [path, pattern] : fits) EXPECT_TRUE(FileMatchesExtension(path, pattern, false)) << path;
-  EXPECT_FALSE(FileMatchesExtension("/a/x.tar.gz", "tar", false));
-  EXPECT_FALSE(FileMatchesExtension("/a.d/file", "d", false));
-  EXPECT_TRUE(FileMatchesExtension("/a.d/file", "d", true)) << "no extension, and none is wanted";
-}
-
 TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
   const auto differ = [](std::int64_t a, std::int64_t b) {
     EXPECT_EQ(FileTimesDiffer(File(5, a), File(5, b)), FileTimesDiffer(File(5, b), File(5, a)));
