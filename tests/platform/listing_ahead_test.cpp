@@ -58,22 +58,4 @@ TEST_F(ListingAheadTest, IsTakenWhileItIsFreshAndWhenItWasBegunForTheSameLinks) 
   EXPECT_EQ(Take("a"), 9) << "it may have changed meanwhile";
 }
 
-TEST_F(ListingAheadTest, NoMoreAreBegunThanAreTakenUnlessTheOldOnesAreStaleOrWhereTheyAreQuick) {
-  takes = 20;
-  Take("slow");
-  int begun = 0;
-  while (Begin(std::to_string(begun))) ++begun;
-  EXPECT_EQ(begun, 512);
-  Wait(513);
-  EXPECT_FALSE(Begin("fresh"));
-  time += 2'000'000;
-  while (!Begin("one more")) std::this_thread::yield();
-  Wait(514);
-  takes = 10;
-  Take("quick");
-  EXPECT_TRUE(Begin("after one quick listing"));
-  for (int quick = 0; quick < 20; ++quick) Take("quick");
-  EXPECT_FALSE(Begin("another"));
-}
-
 }  // namespace platform

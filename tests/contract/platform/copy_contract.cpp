@@ -179,37 +179,12 @@ TEST_P(FileSystemContract,
   }
 }
 
-// Copier, 11.
-TEST_P(FileSystemContract, ACopyOfAFileThatGrowsOnAndOnCanBeStopped) {
-  AddFile("from/file", "begin");
-  bool grew = false;
-  int asked = 0;
-  const auto outcome = Copy("file", [&](std::int64_t bytes) {
-    grew = files().WriteFile(At("from/file"), Noise(static_cast<std::size_t>(bytes) + 5 * kBlock)).ok();
-    return ++asked < 5;
-  });
-  if (!grew) GTEST_SKIP() << "a file that is being copied cannot be changed here";
-  ASSERT_FALSE(outcome);
-  EXPECT_EQ(outcome.error().kind, ErrorKind::kCancelled);
-}
-
 // Copier, 6.
 TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
   AddFile("from/file", "x");
   AddFolder("to/file");
   EXPECT_EQ(Copy("file").error().kind, ErrorKind::kIsAFolder);
   EXPECT_EQ(EntryAt("to/file").kind, EntryKind::kFolder);
-  EXPECT_EQ(NamesIn("to"), Names{"file"});
-}
-
-// Copier, 3.
-TEST_P(FileSystemContract, AFileThatMayNotBeReadLeavesTheOldCopy) {
-  AddFile("from/file", "x");
-  AddFile("to/file", "old");
-  if (!scene_->ForbidReading(At("from/file"))) GTEST_SKIP() << "every file can be read here";
-  EXPECT_EQ(EntryAt("from/file").size, 1);
-  EXPECT_EQ(Copy("file").error().kind, ErrorKind::kAccessDenied);
-  EXPECT_EQ(ContentOf("to/file"), "old");
   EXPECT_EQ(NamesIn("to"), Names{"file"});
 }
 

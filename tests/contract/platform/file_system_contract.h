@@ -31,7 +31,6 @@ class Scene {
   virtual bool GiveTo(const std::string& /*path*/, bool /*another*/) { return false; }
   virtual bool MakeHardLink(const std::string& /*path*/, const std::string& /*file*/) { return false; }
   virtual bool MakePipe(const std::string& /*path*/) { return false; }
-  virtual bool ForbidReading(const std::string& /*file*/) { return false; }
   virtual bool ForbidChanges(const std::string& /*folder*/) { return false; }
   /// Lets copies to `path` hold other bytes than are written.
   virtual bool Garble(const std::string& /*path*/) { return false; }

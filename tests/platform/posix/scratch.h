@@ -51,8 +51,6 @@ class Scratch {
     mounted_ = folder;
     return true;
   }
-  /// From now on the mounted volume can only be read.
-  void Freeze() { mount("none", mounted_.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, ""); }
 
  private:
   std::string path_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <thread>
 
 #include "platform/posix/attributes/dos_attributes.h"
 #include "platform/posix/clock.h"
@@ -36,25 +35,12 @@ TEST(PosixLocale, LanguageIsTheFirstThatTheEnvironmentNames) {
       {{"LANG=en_US.UTF-8", "LANGUAGE=de:en"}, "de"},
       {{"LANG=C.UTF-8", "LANGUAGE=de"}, "en"},
       {{"LC_ALL=", "LC_MESSAGES=", "LANG=ast_ES"}, "en"},
-      {{"LANG=az_AZ"}, "az"},
-      {{"LANG=DE_AT"}, "en"},
       {{"LANG=d{_AT"}, "en"},
       {{"LC_ALL=POSIX", "LANG=de_DE"}, "en"},
   };
   for (const auto& [variables, language] : cases) {
     SetEnvironment(variables);
     EXPECT_EQ(PosixLocale().Language(), language) << testing::PrintToString(variables);
-  }
-}
-
-TEST(PosixLocale, PlainFormatsWhereTheLocaleIsPlainOrNotInstalled) {
-  for (const std::string name : {"C", "POSIX", "C.UTF-8", "xx_XX.UTF-8"}) {
-    SetEnvironment({"LC_ALL=" + name});
-    PosixLocale locale;
-    EXPECT_EQ(locale.ThousandsSeparator(), ",") << name;
-    EXPECT_EQ(locale.DecimalSeparator(), ".") << name;
-    EXPECT_EQ(locale.ShortDate({2026, 1, 9, 14, 5, 9, 9}), "2026-01-09") << name;
-    EXPECT_EQ(locale.TimeOfDay({2026, 1, 9, 4, 5, 9, 9}), "04:05") << name;
   }
 }
 
@@ -86,7 +72,6 @@ TEST(FileSettingsStore, AStoreThatCannotBeReadIsNotOverwritten) {
   test::Scratch folder;  // takes the file's place
   FileSettingsStore store(folder.path());
   EXPECT_NE(store.Write("Key", "name", "value").create_code, kStoreSuccess);
-  EXPECT_NE(store.Read("Key", "name").code, kStoreSuccess);
   EXPECT_EQ(store.Read("Key", "name").code, EISDIR);
   EXPECT_FALSE(store.Message(EISDIR).empty());
   const std::string closed = folder.path() + "/closed";
@@ -114,31 +99,24 @@ TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
   }
 }
 
-TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACircle) {
+TEST(PhysicalDisk, LiesUnderPartitionsArraysAndEncryptionWhichMayGoInACircle) {
   namespace fs = std::filesystem;
   test::Scratch scratch;
   const fs::path root = scratch.path();
-  for (const char* folder : {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "loop0/loop",
-                             "loop1/loop", "circle/slaves"})
+  for (const char* folder :
+       {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "circle/slaves"})
     fs::create_directories(root / folder);
-  for (const char* link : {"md/slaves/1>sda/sda1", "md/slaves/2>sdb", "crypt/slaves/1>md",
-                           "circle/slaves/1>circle", "dev/1:5>sdb"}) {
-    const std::string_view text = link;
-    fs::create_symlink(root / text.substr(text.find('>') + 1), root / text.substr(0, text.find('>')));
-  }
-  // Both volumes count as their own; the devices that they are said to be mounted from are on every system.
-  PosixFileSystem files;
+  for (const auto& [link, disk] : {std::pair("md/slaves/1", "sda/sda1"),
+                                   {"md/slaves/2", "sdb"},
+                                   {"crypt/slaves/1", "md"},
+                                   {"circle/slaves/1", "circle"}})
+    fs::create_symlink(root / disk, root / link);
+  // The device that the volume is said to be mounted from is on every system.
   const DeviceTree tree{(root / "dev").string(), (root / "mounts").string()};
-  ASSERT_TRUE(
-      files.WriteFile(tree.mounts,
-                      "1 1 0:1 / /proc rw - proc /dev/null rw\n2 1 0:2 / /sys rw - sysfs /dev/zero rw\n"
-                      "3 2 0:3 / /sys/kernel rw - cifs //nas/dev rw\n"));
-  ASSERT_TRUE(files.WriteFile((root / "loop0/loop/backing_file").string(), "/sys/module\n"));
-  ASSERT_TRUE(files.WriteFile((root / "loop1/loop/backing_file").string(), "/proc/version\n"));
+  ASSERT_TRUE(PosixFileSystem().WriteFile(tree.mounts, "1 1 0:1 / /proc rw - proc /dev/null rw\n"));
   using Disks = std::vector<std::string>;
-  const std::pair<std::string, Disks> cases[] = {
-      {"sda/sda1", {"sda"}}, {"sdb", {"sdb"}}, {"crypt", {"sda", "sdb"}}, {"loop0", {"sdb"}}, {"loop1", {}},
-      {"circle", {}},        {"none", {}}};
+  const std::pair<const char*, Disks> cases[] = {
+      {"sda/sda1", {"sda"}}, {"crypt", {"sda", "sdb"}}, {"circle", {}}, {"none", {}}};
   for (const auto& [device, expected] : cases) {
     fs::remove(root / "dev/1:3");
     fs::create_symlink(root / device, root / "dev/1:3");
@@ -146,30 +124,19 @@ TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACirc
     std::ranges::sort(disks);
     EXPECT_EQ(disks, expected) << device;
   }
-  for (const char* unknown : {"/sys/kernel", "/proc/none"})
-    EXPECT_EQ(DisksOfVolume(unknown, tree), Disks()) << unknown;
+  EXPECT_EQ(DisksOfVolume("/proc/none", tree), Disks());
 }
 
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
-  const std::string version_4("\0\0\4\0\4\0\0\0\x11\0\0\0\x26\0\0\0", 16);
-  const std::string version_6("\0\0\6\0\6\0\0\0\x11\0\0\0\x26\0\0\0", 16);
   const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);
   const std::string changed_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x24\0\0\0with more", 25);
   const std::string not_valid("\0\0\5\0\5\0\0\0\x10\0\0\0\x02\0\0\0", 16);
-  const std::pair<std::string, Attributes> cases[] = {{"0x2", kHidden},
-                                                      {"0x26", kHidden | kSystem},
-                                                      {"0x21", 0},
-                                                      {version_3, kHidden | kSystem},
-                                                      {version_4, kHidden | kSystem},
-                                                      {version_5, kHidden | kSystem},
-                                                      {version_6, 0},
-                                                      {not_valid, 0},
-                                                      {"", 0},
-                                                      {"rubbish", 0}};
-  for (const auto& [value, bits] : cases) EXPECT_EQ(BitsOfDosAttribute(value), bits) << value;
+  for (const std::string& value : {std::string("0x26"), version_3, version_5})
+    EXPECT_EQ(BitsOfDosAttribute(value), kHidden | kSystem) << value;
+  for (const std::string& value : {std::string("0x21"), not_valid, std::string(), std::string("rubbish")})
+    EXPECT_EQ(BitsOfDosAttribute(value), 0U) << value;
   EXPECT_EQ(WithDosBits("0x23", kSystem), "0x24");
-  EXPECT_EQ(WithDosBits("", kHidden), "0x2");
   EXPECT_EQ(WithDosBits(version_5, kSystem), changed_5);
 }
 
@@ -178,17 +145,6 @@ TEST(ChildProcess, OnlyTheSystemsOwnCommandsAreFound) {
   EXPECT_EQ(FindSystemCommand("sh").substr(0, 1), "/");
   EXPECT_EQ(FindSystemCommand("../bin/sh"), "");
   EXPECT_EQ(FindSystemCommand(""), "");
-}
-
-TEST(ChildProcess, HearsAndSaysNothing) {
-  test::Scratch scratch;
-  const std::string told = scratch.path() + "/told";
-  const std::string script =
-      "PATH=/usr/bin:/bin; own=$(readlink /proc/$$/fd/[012]); echo \"$own\" > \"$0.new\"; mv \"$0.new\" "
-      "\"$0\"";
-  ASSERT_TRUE(StartProgram("/bin/sh", {"sh", "-c", script, told}, {}));
-  while (!std::filesystem::exists(told)) std::this_thread::yield();
-  EXPECT_EQ(*PosixFileSystem().ReadFile(told, 100), "/dev/null\n/dev/null\n/dev/null\n");
 }
 
 TEST(PosixShell, SettingsLieWhereTheDesktopSays) {

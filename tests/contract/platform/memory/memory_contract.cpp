@@ -31,10 +31,6 @@ class MemoryScene : public Scene {
     files_.AddPipe(path);
     return true;
   }
-  bool ForbidReading(const std::string& file) override {
-    files_.Fail(Call::kReadSource, file, {ErrorKind::kAccessDenied, 13, "Permission denied"});
-    return true;
-  }
   bool ForbidChanges(const std::string& folder) override {
     files_.SetReadOnly(folder);
     return true;

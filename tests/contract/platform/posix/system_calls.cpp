@@ -82,7 +82,6 @@ extern "C" {
 
 int syncfs(int /*file*/) noexcept {
   Calls()->held_open = platform::posix::test::OpenWithoutName();
-  Calls()->flushed_aside = gettid() != getpid();
   return NoteOnly("syncfs");
 }
 

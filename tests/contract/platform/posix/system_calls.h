@@ -23,7 +23,6 @@ struct SystemCalls {
   std::uint32_t dos_bits = 0x20;  ///< of the one file on a volume that keeps them in a place of its own
   struct timespec now = {};       ///< where its seconds are set: when files are made, and were born
   int rests = 0;                  ///< for a tick of that clock
-  bool flushed_aside = false;     ///< the last syncfs() was another thread's
   int held_open = 0;              ///< files without a name that were still open at the last syncfs()
 };
 
