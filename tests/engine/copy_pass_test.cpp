@@ -19,21 +19,18 @@ TEST(CopyPass, StopsBeforeTheFirstCopyWhenTheTargetDriveIsFull) {
   EXPECT_EQ(scene.told, "The target drive is full, so this backup operation\r\nmust be terminated.");
 }
 
-TEST(CopyPass, SkipsAFileThatExactlyFillsTheDiskAndGoesOnWithASmallerOne) {
-  Scene scene({"/src/big=" + std::string(1'000, 'x'), "/src/small"});
-  scene.files.SetSpace(1'000, 5'000);
-  EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1");
-  EXPECT_EQ(scene.Copies(), "small=1");
-  EXPECT_TRUE(scene.Wrote("/src/big. Insufficient space on the target drive for this file. (1,000 bytes).|"));
-}
-
-TEST(CopyPass, SaysAtOnceWhatIsTooLargeForTheFormatOfTheTarget) {
-  Scene scene({"/src/small"});
-  scene.files.AddHugeFile("/src/big", std::int64_t{5} << 30);
-  scene.files.SetLargestFile(platform::kLargestOnFat);
-  EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1");
-  EXPECT_TRUE(scene.Wrote("/src/big. Too large. (5,368,709,120 > 4,294,967,295 bytes)|"));
-  EXPECT_EQ(scene.files.CountOf(Call::kCopyFile), 1U);
+TEST(CopyPass, SkipsWhatTheDiskOrItsFormatCannotHoldAndGoesOnWithASmallerOne) {
+  for (const bool by_format : {false, true}) {
+    Scene scene({"/src/small"});
+    scene.files.AddHugeFile("/src/big", by_format ? std::int64_t{5} << 30 : 1'000);
+    by_format ? scene.files.SetLargestFile(platform::kLargestOnFat) : scene.files.SetSpace(1'000, 5'000);
+    EXPECT_EQ(scene.BackUp(), "new 2, copied 1, failed 1");
+    EXPECT_EQ(scene.Copies(), "small=1");
+    EXPECT_TRUE(scene.Wrote(
+        by_format ? "/src/big. Too large. (5,368,709,120 > 4,294,967,295 bytes)|"
+                  : "/src/big. Insufficient space on the target drive for this file. (1,000 bytes).|"));
+    EXPECT_EQ(scene.files.CountOf(Call::kCopyFile), 1U) << "said at once";
+  }
 }
 
 TEST(CopyPass, TakesWhatIsOnItsWayForGoneFromTheSpaceWhetherItHasJustAskedOrNot) {

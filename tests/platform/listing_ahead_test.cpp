@@ -8,24 +8,20 @@
 
 namespace platform {
 
-/// Each listing takes so long by a clock that the test drives.
+/// Each listing takes two milliseconds by a clock that the test drives.
 struct ListingAheadTest : testing::Test {
   struct Listed : Folder {};
 
-  ListingAhead::Listing List(const std::string& path, FollowLinks) {
-    ++listings;
-    time += takes;
+  Result<std::unique_ptr<Folder>> List(const std::string& path) {
+    time += 2'000;
     is_listed = true;
     if (path == "missing") return Error{ErrorKind::kNotFound, 2, {}};
     return std::unique_ptr<Folder>(std::make_unique<Listed>());
   }
   std::chrono::steady_clock::time_point Now() {
     const std::chrono::microseconds now{time};
-    if (std::exchange(is_listed, false)) ++ended;
+    if (std::exchange(is_listed, false)) ++listings;
     return std::chrono::steady_clock::time_point(now);
-  }
-  void Wait(int for_listings) const {
-    while (ended < for_listings) std::this_thread::yield();
   }
   /// How many listings there have been once this one is taken.
   int Take(const std::string& path, FollowLinks links = FollowLinks::kAll) {
@@ -34,24 +30,22 @@ struct ListingAheadTest : testing::Test {
   }
   bool Begin(const std::string& path) { return ahead.Begin(path, FollowLinks::kAll); }
 
-  std::atomic<int> listings = 0, ended = 0;
+  std::atomic<int> listings = 0;
   inline static thread_local bool is_listed = false;
   std::atomic<std::int64_t> time = 0;  ///< microseconds
-  int takes = 2'000;
-  ListingAhead ahead{[this](auto& path, FollowLinks links) { return List(path, links); },
-                     [this] { return Now(); }};
+  ListingAhead ahead{[this](auto& path, FollowLinks) { return List(path); }, [this] { return Now(); }};
 };
 
 TEST_F(ListingAheadTest, IsTakenWhileItIsFreshAndWhenItWasBegunForTheSameLinks) {
   EXPECT_FALSE(Begin("a")) << "nothing is known to be slow yet";
   EXPECT_EQ(Take("a"), 1);
   EXPECT_TRUE(Begin("a") && Begin("a"));
-  Wait(2);
+  while (listings < 2) std::this_thread::yield();
   time += 999'000;
   EXPECT_EQ(Take("a"), 2);
   EXPECT_EQ(Take("a"), 3) << "taken once";
   EXPECT_TRUE(Begin("a") && Begin("b") && Begin("missing"));
-  Wait(6);
+  while (listings < 6) std::this_thread::yield();
   EXPECT_EQ(Take("b", FollowLinks::kTrusted), 7);
   EXPECT_EQ(Take("missing"), 8) << "it may have been made meanwhile";
   time += 1'001'000;

@@ -12,8 +12,7 @@ TEST_P(FileSystemContract, ListingTellsKindSizeTimeAndReadOnlyOfEveryEntry) {
   EXPECT_EQ(folder->path(), At("from"));
   ASSERT_EQ(folder->entries().size(), 3u);
   const Entry& file = Named(*folder, "Größe €.txt");
-  EXPECT_EQ(file.kind, EntryKind::kFile);
-  EXPECT_EQ(file.size, 5);
+  EXPECT_TRUE(file.kind == EntryKind::kFile && file.size == 5);
   EXPECT_EQ(file.modified, (FileTime{-86'400, 500}));
   EXPECT_EQ(file.attributes & kReadOnly, 0u);
   EXPECT_EQ(Named(*folder, "closed").attributes & kReadOnly, kReadOnly);
@@ -46,10 +45,9 @@ TEST_P(FileSystemContract, LinksAreToldByWhatTheyLeadTo) {
   ASSERT_TRUE(scene_->MakeLink(At("from/circle"), At("from/circle")));
 
   const auto folder = Open("from");
-  EXPECT_EQ(Named(*folder, "file").kind, EntryKind::kFile);
-  EXPECT_EQ(Named(*folder, "file").size, 5);
-  EXPECT_EQ(Named(*folder, "file").attributes & kReadOnly, kReadOnly);
-  EXPECT_EQ(Named(*folder, "file").modified, kOldTime);
+  const Entry& file = Named(*folder, "file");
+  EXPECT_TRUE(file.kind == EntryKind::kFile && file.size == 5 && file.modified == kOldTime);
+  EXPECT_EQ(file.attributes & kReadOnly, kReadOnly);
   EXPECT_EQ(Named(*folder, "folder").kind, EntryKind::kFolderLink);
   EXPECT_EQ(Named(*folder, "dead").kind, EntryKind::kDeadLink);
   EXPECT_EQ(Named(*folder, "circle").kind, EntryKind::kDeadLink);
@@ -58,18 +56,13 @@ TEST_P(FileSystemContract, LinksAreToldByWhatTheyLeadTo) {
   EXPECT_EQ(*files().RealPath(At("from/file")), *files().RealPath(At("to/file")));
 }
 
-TEST_P(FileSystemContract, APipeIsNoFile) {
-  if (!scene_->MakePipe(At("from/pipe"))) GTEST_SKIP() << "pipes cannot be made here";
-  EXPECT_EQ(EntryAt("from/pipe").kind, EntryKind::kOther);
-  EXPECT_FALSE(Copy("pipe"));
-  EXPECT_TRUE(NamesIn("to").empty());
-}
-
-TEST_P(FileSystemContract, AFileAndAPatternAreNoFolders) {
+TEST_P(FileSystemContract, AFileAndAPatternAreNoFoldersAndAPipeIsNoFile) {
   AddFile("from/file", "x");
   EXPECT_EQ(files().OpenFolder(At("from/file")).error().kind, ErrorKind::kNotAFolder);
-  EXPECT_FALSE(files().Stat(At("from/fil?")));
-  EXPECT_FALSE(files().Stat(At("from/*")));
+  EXPECT_FALSE(files().Stat(At("from/fil?")) || files().Stat(At("from/*")));
+  if (!scene_->MakePipe(At("from/pipe"))) GTEST_SKIP() << "pipes cannot be made here";
+  EXPECT_EQ(EntryAt("from/pipe").kind, EntryKind::kOther);
+  EXPECT_TRUE(!Copy("pipe") && NamesIn("to").empty());
 }
 
 TEST_P(FileSystemContract, AFolderThatWasMissingWhenItWasListedAheadIsSeenOnceItIsThere) {
@@ -91,16 +84,14 @@ TEST_P(FileSystemContract, EveryCallTakesALongPath) {
   const auto real = files().RealPath(At(file));
   // Wine tells no real path of more than 260 letters, by this number.
   EXPECT_TRUE(real ? *real == *files().RealPath(At("from")) + rest : real.error().code == 234);
-  EXPECT_TRUE(files().GetDiskSpace(At(file)));
-  EXPECT_TRUE(files().Flush(At(deep), {}));
+  EXPECT_TRUE(files().GetDiskSpace(At(file)) && files().Flush(At(deep), {}));
   EXPECT_EQ(files().DriveOf(At(file)), files().DriveOf(At("to")));
   EXPECT_EQ(files().DisksOf(At(file)), files().DisksOf(At("to")));
   const auto folder = Open(deep);
   ASSERT_TRUE(CopyAll(folder, {"file"}, Open("to"), TargetName::kTaken).front());
   EXPECT_EQ(ContentOf("to/file"), "content");
   EXPECT_TRUE(files().RemoveFile(At(file)));
-  const auto to = Open("to");
-  ASSERT_TRUE(CopyAll(to, {"file"}, folder, TargetName::kTaken).front());
+  ASSERT_TRUE(CopyAll(Open("to"), {"file"}, folder, TargetName::kTaken).front());
   EXPECT_TRUE(files().ReplaceFile(At(file), "new"));
   EXPECT_EQ(ContentOf(file), "new");
 }
@@ -112,7 +103,6 @@ TEST_P(FileSystemContract, NamesHaveOneKeyExactlyWhenTheyAreOneFile) {
   for (const auto& [one, other] : pairs) {
     AddFile("from/" + one, "x");
     EXPECT_EQ(files().NameKey(one) == files().NameKey(other), files().Stat(At("from/" + other)).ok()) << one;
-    EXPECT_EQ(files().NameKey(one), files().NameKey(one));
   }
   EXPECT_NE(files().NameKey("\xED\xA0\xBD"), files().NameKey("\xED\xA0\xBE"));  // two single surrogates
 }

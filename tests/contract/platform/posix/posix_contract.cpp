@@ -145,7 +145,6 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
     const std::string made = Calls()->made;
     EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
         << magic << ": " << made;
-    EXPECT_TRUE(expected != kUnordered || Calls()->held_open == 1) << "space of a replaced file";
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }
@@ -186,8 +185,6 @@ TEST_F(PosixFiles, ASourceOfThisMomentIsWaitedForAndOneWhoseTimeCouldHideAChange
     *Calls() = {.now = {kNow, 505'000'000}};
     EXPECT_EQ(Must(Copy("file")).changed, is_due) << modified.seconds << "." << modified.nanoseconds;
     EXPECT_EQ(Calls()->rests, rests) << modified.seconds << "." << modified.nanoseconds;
-    Calls()->now.tv_sec *= 2;
-    EXPECT_EQ(files().ChangedAt(At("from/file"))->seconds, 2 * kNow) << "as FAT tells it";
   }
 }
 
@@ -263,7 +260,7 @@ TEST_F(PosixFiles, AVolumeThatKnowsLittleTakesNoNameTwiceAndTellsItsLimit) {
 }
 
 TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanBeCalledOff) {
-  const auto lives = [](int child) { return kill(child, 0) == 0; };
+  const auto lives = [] { return kill(Calls()->child, 0) == 0; };
   *Calls() = {};
   posix::PosixShell shell;
   const auto before = CountOpen();
@@ -271,21 +268,15 @@ TEST(PosixShellCalls, TheComputerStaysAwakeAsLongAsTheGuardLivesAndAShutdownCanB
   EXPECT_EQ(Calls()->started,
             "/usr/sbin/systemd-inhibit|--what=sleep:idle|--who=Quorvane|--why=A backup is "
             "running.|/usr/sbin/cat|");
-  const int inhibits = Calls()->child;
-  const std::string waits_for = "/proc/" + std::to_string(inhibits) + "/fd/0";
-  EXPECT_TRUE(std::filesystem::read_symlink(waits_for).string().starts_with("pipe:"));
-  EXPECT_EQ(CountOpen(), before + 1) << "the other end";
+  EXPECT_EQ(CountOpen(), before + 1) << "what the program waits for";
   guard.reset();
-  while (lives(inhibits)) std::this_thread::yield();
+  while (lives()) std::this_thread::yield();
   *Calls() = {};
-  EXPECT_FALSE(shell.CallOffShutDown()) << "there is none";
-  EXPECT_TRUE(shell.ScheduleShutDown("The end"));
+  EXPECT_TRUE(!shell.CallOffShutDown() && shell.ScheduleShutDown("The end"));
   EXPECT_TRUE(Calls()->started.starts_with("/usr/sbin/sh|-c|") &&
               Calls()->started.ends_with("|/usr/sbin/shutdown|The end|/usr/sbin/sleep|"));
-  const int waits = Calls()->child;
-  EXPECT_TRUE(lives(waits));
-  EXPECT_TRUE(shell.CallOffShutDown());
-  while (lives(waits)) std::this_thread::yield();
+  EXPECT_TRUE(lives() && shell.CallOffShutDown());
+  while (lives()) std::this_thread::yield();
   *Calls() = {};
   EXPECT_TRUE(shell.ScheduleShutDown({}) && shell.CallOffShutDown() && !shell.CallOffShutDown());
   EXPECT_EQ(Calls()->started, "/usr/sbin/shutdown|-P|+1|/usr/sbin/shutdown|-c|");

@@ -13,7 +13,6 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
-#include <filesystem>
 
 #include "platform/posix/volume/volume_kind.h"
 
@@ -54,14 +53,6 @@ bool HasDosBits(const std::string& name) {
   return volume != 0 && name == "user.cifs.dosattrib";
 }
 
-int OpenWithoutName() {
-  int count = 0;
-  std::error_code ignored;
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", ignored))
-    count += std::filesystem::read_symlink(entry, ignored).string().ends_with(" (deleted)") ? 1 : 0;
-  return count;
-}
-
 }  // namespace
 
 platform::test::Locked<SystemCalls> Calls() {
@@ -80,10 +71,7 @@ using platform::posix::test::NoteOnly;
 // In the place of the C library's.
 extern "C" {
 
-int syncfs(int /*file*/) noexcept {
-  Calls()->held_open = platform::posix::test::OpenWithoutName();
-  return NoteOnly("syncfs");
-}
+int syncfs(int /*file*/) noexcept { return NoteOnly("syncfs"); }
 
 int fdatasync(int /*file*/) { return NoteOnly("fdatasync"); }
 
@@ -129,13 +117,6 @@ int nanosleep(const struct timespec* time, struct timespec* left) {
   if (Calls()->now.tv_sec == 0) return static_cast<int>(syscall(SYS_nanosleep, time, left));
   Calls()->rests += time->tv_nsec > 0 ? 1 : 0;
   return 0;
-}
-
-int Tell(int, const char*, int, unsigned, struct statx*) noexcept __asm__("statx");  // which is a struct, too
-int Tell(int folder, const char* name, int flags, unsigned wanted, struct statx* facts) noexcept {
-  const auto result = static_cast<int>(syscall(SYS_statx, folder, name, flags, wanted, facts));
-  if (Calls()->now.tv_sec != 0) facts->stx_btime.tv_sec = Calls()->now.tv_sec;
-  return result;
 }
 
 ssize_t fgetxattr(int file, const char* name, void* value, std::size_t size) noexcept {

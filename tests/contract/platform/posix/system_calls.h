@@ -21,9 +21,8 @@ struct SystemCalls {
   int child = 0;             ///< the process that did so last
   unsigned long volume = 0;  ///< the magic number that fstatfs() is to tell; 0: the true one
   std::uint32_t dos_bits = 0x20;  ///< of the one file on a volume that keeps them in a place of its own
-  struct timespec now = {};       ///< where its seconds are set: when files are made, and were born
+  struct timespec now = {};       ///< where its seconds are set: when files are made
   int rests = 0;                  ///< for a tick of that clock
-  int held_open = 0;              ///< files without a name that were still open at the last syncfs()
 };
 
 /// Those since it was reset; kept by all threads.
