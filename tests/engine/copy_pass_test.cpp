@@ -83,42 +83,45 @@ TEST(CopyPass, ReplacesALinkAndLeavesWhatItLeadsToAlone) {
 
 TEST(CopyPass, SaysOnWhichSideAFolderStandsAndANameIsRefused) {
   using platform::ErrorKind;
-  const auto line = [](ErrorKind kind, bool source_is_folder, bool target_goes) {
+  const std::tuple<ErrorKind, bool, bool, const char*> cases[] = {
+      {ErrorKind::kIsAFolder, true, false, "Became folder."},
+      {ErrorKind::kIsAFolder, false, false, "Folder in the way."},
+      {ErrorKind::kNotFound, false, false, "Bad name."},
+      {ErrorKind::kNotFound, false, true, "Target gone."}};
+  for (const auto& [kind, source_is_folder, target_goes, line] : cases) {
     Scene scene({"/src/in/a"}, {"in"});
     scene.files.Fail(Call::kCopyFile, "/dst/in/a", {kind, 0, {}});
-    scene.on_copy = [&] {
-      if (source_is_folder) scene.files.Remove("/src/in/a"), scene.files.AddFolder("/src/in/a");
-      if (target_goes) scene.files.Remove("/dst/in");
+    scene.on_copy = [&, becomes = source_is_folder, goes = target_goes] {
+      if (becomes) scene.files.Remove("/src/in/a"), scene.files.AddFolder("/src/in/a");
+      if (goes) scene.files.Remove("/dst/in");
     };
     EXPECT_EQ(scene.BackUp(), "new 1, failed 1");
-    return scene.lines.substr(scene.lines.find("a. ") + 3);
-  };
-  EXPECT_EQ(line(ErrorKind::kIsAFolder, true, false), "Became folder.|");
-  EXPECT_EQ(line(ErrorKind::kIsAFolder, false, false), "Folder in the way.|");
-  EXPECT_EQ(line(ErrorKind::kNotFound, false, false), "Bad name.|");
-  EXPECT_EQ(line(ErrorKind::kNotFound, false, true), "Target gone.|");
+    EXPECT_TRUE(scene.Wrote(std::string("a. ") + line + "|")) << line;
+  }
 }
 
 TEST(CopyPass, AFailureLeavesItsLineAndTheOldCopyAndTheRunGoesOn) {
-  const auto outcome = [](Call call, const std::string& path, const std::string& line) {
+  const char* const one_failed = "new 1, modified 1, copied 1, failed 1";
+  const char* const one_unread = "new 1, copied 1, unread 1";
+  const std::tuple<Call, std::string, const char*, const char*> cases[] = {
+      {Call::kReadSource, "/src/in/bad/x", "Not copied: /src/in/bad/x", one_failed},
+      {Call::kCopyFile, "/dst/in/bad/x", "Not copied: /src/in/bad/x", one_failed},
+      {Call::kPublish, "/dst/in/bad/x", "Not copied: /src/in/bad/x", one_failed},
+      {Call::kOpenFolder, "/src/in/bad", "Not read: /src/in/bad", one_unread},
+      {Call::kOpenFolder, "/dst/in/bad", "Not read: /dst/in/bad", one_unread},
+      {Call::kFlush, "", "Not flushed: /dst", "new 1, modified 1, copied 2, terminated 1"}};
+  for (const auto& [call, path, line, words] : cases) {
     Scene scene({"/src/in/good", "/src/in/bad/x=new", "/dst/in/bad/x=old!"}, {"in"});
     scene.files.Fail(call, path, kNoAccess);
-    const std::string words = scene.BackUp();
-    const std::string mark = call == Call::kFlush ? std::string(kUnfinishedMark) + "= " : "";
+    EXPECT_EQ(scene.BackUp(), words);
+    const std::string mark = std::string(kUnfinishedMark) + "= ";
     EXPECT_EQ(scene.Copies(), path.empty() ? mark + "in/bad/x=new in/good=1" : "in/bad/x=old! in/good=1");
-    EXPECT_TRUE(scene.Wrote("      " + line + ". No permission. (13: Permission denied)|") || line.empty())
+    EXPECT_TRUE(scene.Wrote(std::string("      ") + line + ". No permission. (13: Permission denied)|"))
         << line;
-    return words;
-  };
-  const std::string one_failed = "new 1, modified 1, copied 1, failed 1";
-  EXPECT_EQ(outcome(Call::kReadSource, "/src/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
-  EXPECT_EQ(outcome(Call::kCopyFile, "/dst/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
-  EXPECT_EQ(outcome(Call::kPublish, "/dst/in/bad/x", "Not copied: /src/in/bad/x"), one_failed);
-  const std::string one_unread = "new 1, copied 1, unread 1";
-  EXPECT_EQ(outcome(Call::kOpenFolder, "/src/in/bad", "Not read: /src/in/bad"), one_unread);
-  EXPECT_EQ(outcome(Call::kOpenFolder, "/dst/in/bad", "Not read: /dst/in/bad"), one_unread);
-  EXPECT_EQ(outcome(Call::kFlush, "", "Not flushed: /dst"), "new 1, modified 1, copied 2, terminated 1");
-  EXPECT_EQ(outcome(Call::kSpace, "", ""), "new 1, modified 1, copied 2");
+  }
+  Scene no_space_told({"/src/a"});
+  no_space_told.files.Fail(Call::kSpace, "", kNoAccess);
+  EXPECT_EQ(no_space_told.BackUp(), "new 1, copied 1");
 }
 
 TEST(CopyPass, CancelKeepsTheOldCopiesOfAllThatDoNotBearTheirNamesYetAndCountsThemAsNotMet) {

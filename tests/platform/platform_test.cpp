@@ -23,14 +23,4 @@ TEST(TemporaryName, NoNameOfAUsersFileIsTakenForOne) {
   }
 }
 
-TEST(UtcCalendar, HoldsAcrossLeapYearsAndBeforeTheEpoch) {
-  const std::pair<std::int64_t, CalendarTime> cases[] = {
-      {0, {1970, 1, 1, 0, 0, 0, 1}},
-      {-1, {1969, 12, 31, 23, 59, 59, 365}},
-      {951'782'400, {2000, 2, 29, 0, 0, 0, 60}},
-      {-11'644'473'600, {1601, 1, 1, 0, 0, 0, 1}},
-  };
-  for (const auto& [seconds, calendar] : cases) EXPECT_EQ(ToUtc({seconds, 0}), calendar) << seconds;
-}
-
 }  // namespace platform

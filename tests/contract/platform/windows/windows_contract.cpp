@@ -271,12 +271,6 @@ TEST(WindowsShellCalls, AShutdownIsToldItsReasonAndThatItFailed) {
   EXPECT_FALSE(shell.CallOffShutDown());
 }
 
-TEST(Registry, AZeroThatAnotherProgramStoredIsNoPartOfTheText) {
-  ScratchRegistry store;
-  ASSERT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, L"Key", L"name", REG_SZ, L"ab", 6), 0);
-  EXPECT_EQ(store.Read("Key", "name").value, "ab");
-}
-
 // Last, since ways that a system does not know are not tried again. Copier, 4 and 5.
 TEST_F(WindowsFiles, ASystemThatCannotRenameInTheBestWayDoesItInTheNext) {
   AddFile("from/file", "new");
