@@ -115,6 +115,12 @@ TEST(FolderWalk, AnotherSpellingOfOneCopyIsNeverTakenForTheCopyOfAnother) {
     EXPECT_EQ(scene.BackUp(), sees_all ? "new 2, up to date 4, failed 2" : "new 4, up to date 2, failed 4")
         << scene.lines;
     EXPECT_EQ(scene.Copies(), "both=AAAA f/x=1 o/z=1 only=CCCC");
+    Scene other_first({"/src/both.=BBBB", "/src/both=AAAA", "/src/up=1111", "/src/UP=2222"});
+    other_first.files.FoldNames("/dst", numbers_by_spelling);
+    other_first.BackUp();
+    EXPECT_EQ(other_first.Copies(), "both=BBBB up=1111");
+    other_first.BackUp();
+    EXPECT_EQ(other_first.Copies(), sees_all ? "both=AAAA up=1111" : "both=BBBB up=1111");
   }
 }
 

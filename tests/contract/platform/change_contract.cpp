@@ -2,13 +2,6 @@
 
 namespace platform::contract {
 
-TEST_P(FileSystemContract, FoldersAreMadeOneAtATime) {
-  AddFile("from/file", "x");
-  EXPECT_EQ(files().CreateFolder(At("from")).error().kind, ErrorKind::kAlreadyExists);
-  EXPECT_EQ(files().CreateFolder(At("from/file")).error().kind, ErrorKind::kAlreadyExists);
-  EXPECT_EQ(files().CreateFolder(At("from/none/new")).error().kind, ErrorKind::kNotFound);
-}
-
 TEST_P(FileSystemContract, FilesAreRemovedAlsoReadOnlyOnesAndFoldersAreNot) {
   AddFile("from/file", "x");
   AddFolder("from/folder");
@@ -28,6 +21,7 @@ TEST_P(FileSystemContract, ANewFileIsMadeOnlyWhereNothingBearsTheName) {
   for (const char* name : {"to/new", "to/link", "to/dead", "from"}) {
     if (!links && name[3] != 'n' && name[0] == 't') continue;
     EXPECT_EQ(files().WriteNewFile(At(name), "x").error().kind, ErrorKind::kAlreadyExists) << name;
+    EXPECT_EQ(files().CreateFolder(At(name)).error().kind, ErrorKind::kAlreadyExists) << name;
   }
   EXPECT_EQ(ContentOf("to/new") + ContentOf("from/file"), "newkept");
   EXPECT_EQ(NamesIn("from"), Names{"file"});
@@ -35,12 +29,9 @@ TEST_P(FileSystemContract, ANewFileIsMadeOnlyWhereNothingBearsTheName) {
 
 TEST_P(FileSystemContract, AReadOnlyFileIsReplacedWithoutTouchingWhatElseBearsAnotherNameOfIt) {
   if (files().ReadOnlyForbidsReplacing()) GTEST_SKIP() << "a read-only file must be made writable here";
-  AddFile("from/file", "new");
-  AddFile("to/file", "old");
+  AddPair("new", "old");
   if (!scene_->MakeHardLink(At("other"), At("to/file"))) GTEST_SKIP() << "hard links cannot be made here";
   ASSERT_TRUE(files().SetAttributes(At("other"), kReadOnly));
-  EXPECT_TRUE(EntryAt("other").has_other_names);
-  EXPECT_EQ(files().IdentityOf(At("other")), files().IdentityOf(At("to/file")));
   ASSERT_TRUE(Copy("file"));
   EXPECT_EQ(ContentOf("to/file") + ContentOf("other"), "newold");
   EXPECT_EQ(*files().GetAttributes(At("other")), kReadOnly);
@@ -86,7 +77,7 @@ TEST_P(FileSystemContract, WhatIsMissingIsNotFound) {
        {files().OpenFolder(none).error(), files().Stat(none).error(), files().RealPath(none).error(),
         files().GetAttributes(none).error(), files().SetAttributes(none, 0).error(),
         files().ReadFile(none, 5).error(), files().WriteFile(none + "/x", "x").error(),
-        files().ReplaceFile(none + "/x", "x").error()})
+        files().ReplaceFile(none + "/x", "x").error(), files().CreateFolder(none + "/x").error()})
     EXPECT_TRUE(error.kind == ErrorKind::kNotFound && !error.text.empty()) << error.text;
 }
 

@@ -58,8 +58,7 @@ TEST_P(FileSystemContract, WhatAppearedMeanwhileIsReplacedOnlyWhereTheNameIsKnow
 
 // Copier, 5.
 TEST_P(FileSystemContract, AReadOnlyFileIsReplacedOrStaysWhole) {
-  AddFile("from/file", "new");
-  AddFile("to/file", "old");
+  AddPair("new", "old");
   ASSERT_TRUE(files().SetAttributes(At("to/file"), kReadOnly | kHidden));
   const auto outcome = Copy("file");
   EXPECT_TRUE(outcome || outcome.error().kind == ErrorKind::kAccessDenied);
@@ -149,8 +148,7 @@ TEST_P(FileSystemContract,
                                                               {kManyBlocks, kManyBlocks, true},
                                                               {100, 100, true}};
   for (const auto& [before, after, late] : cases) {
-    AddFile("from/file", Noise(before));
-    AddFile("to/file", "old");
+    AddPair(Noise(before), "old");
     const std::string changed = Noise(after - 1) + 'x';
     bool was_changed = false;
     const auto outcome = Copy("file", [&, at = late ? before : 0](std::int64_t bytes) {
@@ -184,8 +182,7 @@ TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
 
 // Copier, 3.
 TEST_P(FileSystemContract, AFolderThatMayNotBeChangedStaysAsItIs) {
-  AddFile("from/file", "x");
-  AddFile("to/file", "old");
+  AddPair("x", "old");
   if (!scene_->ForbidChanges(At("to"))) GTEST_SKIP() << "every folder can be changed here";
   for (const ErrorKind kind : {Copy("file").error().kind, files().CreateFolder(At("to/new")).error().kind,
                                files().RemoveFile(At("to/file")).error().kind,
@@ -246,8 +243,7 @@ TEST_P(FileSystemContract, WhatDoesNotReachTheDiskGetsNoNameAndIsToldOf) {
 
 // Copier: its end.
 TEST_P(FileSystemContract, ACopierThatIsGivenUpGivesNoMoreNamesAndLeavesNothing) {
-  AddFile("from/file", Noise(kManyBlocks));
-  AddFile("to/file", "old");
+  AddPair(Noise(kManyBlocks), "old");
   const auto from = Open("from");
   std::promise<void> begun;
   std::promise<void> given_up;

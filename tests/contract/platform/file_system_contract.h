@@ -91,6 +91,11 @@ class SceneTest : public testing::Test {
     Must(files().WriteFile(At(relative), content));
     scene_->SetModified(At(relative), modified);
   }
+  /// from/file and to/file.
+  void AddPair(const std::string& source, const std::string& target) {
+    AddFile("from/file", source);
+    AddFile("to/file", target);
+  }
   std::string ContentOf(const std::string& relative) { return Must(files().ReadFile(At(relative), 1 << 30)); }
   Entry EntryAt(const std::string& relative) { return Must(files().Stat(At(relative))); }
   std::shared_ptr<Folder> Open(const std::string& relative) { return Must(files().OpenFolder(At(relative))); }

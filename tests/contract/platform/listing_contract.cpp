@@ -149,6 +149,7 @@ TEST_P(FileSystemContract, WhatBearsTwoNamesHasOneIdentity) {
   if (!scene_->MakeHardLink(At("to/file"), At("from/file"))) GTEST_SKIP() << "hard links cannot be made here";
   EXPECT_EQ(files().IdentityOf(At("from/file")), files().IdentityOf(At("to/file")));
   EXPECT_EQ(Named(*Open("from"), "file").number, EntryAt("to/file").number);
+  EXPECT_NE(EntryAt("to/file").number, EntryAt("from/other").number);
   EXPECT_TRUE(EntryAt("to/file").has_other_names && !EntryAt("from/other").has_other_names);
 }
 

@@ -65,11 +65,6 @@ TEST_P(ShellContract, ItTellsWhoRunsTheProgramAndWhereThingsAreAndKeepsAwakeOrSa
   EXPECT_TRUE(seam_->KeepAwake() && seam_->KeepAwake());
 }
 
-TEST_P(ShellContract, AShutdownIsCalledOffOnceItIsScheduled) {
-  for (const char* comment : {"", "The end\r\nof the day"})
-    EXPECT_TRUE(seam_->ScheduleShutDown(comment) && seam_->CallOffShutDown()) << comment;
-}
-
 TEST_P(LocaleContract, EveryFormatSaysSomething) {
   const CalendarTime time{2026, 11, 21, 14, 5, 9, 325};
   EXPECT_EQ(seam_->Language().size(), 2u);

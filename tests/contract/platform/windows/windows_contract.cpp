@@ -104,8 +104,7 @@ TEST_F(WindowsFiles, TheListingTellsAllThreeAttributesAndOthersStay) {
 }
 
 TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
-  AddFile("from/file", "new");
-  AddFile("to/file", "old");
+  AddPair("new", "old");
   for (const char* kept : {"from/file", "to/file"}) {
     windows::FileHandle held(::CreateFileW(windows::LongPath(At(kept)).c_str(), GENERIC_READ, 0, nullptr,
                                            OPEN_EXISTING, 0, nullptr));
@@ -177,8 +176,7 @@ TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
       {"ReadFile", 9}, {"WriteFile", 9},   {"GetFileSizeEx", 9},       {"set", 9},
       {"info 0", 9},   {"copy-end", kBig}, {"SetFilePointerEx", kBig}, {"flush", 9}};
   for (const auto& [call, size] : faults) {
-    AddFile("from/file", Noise(size));
-    AddFile("to/file", "old");
+    AddPair(Noise(size), "old");
     ASSERT_TRUE(files().SetAttributes(At("from/file"), kReadOnly));
     Calls()->fails = {{call, ERROR_IO_DEVICE}};
     const auto copied = Copy("file");
