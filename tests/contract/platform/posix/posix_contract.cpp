@@ -145,10 +145,8 @@ TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
     const std::string made = Calls()->made;
     EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
         << magic << ": " << made;
-    EXPECT_EQ(posix::WorkersBetween(At("from"), At("to")) == 8, made == kServed)
-        << "a server is asked by more";
-    EXPECT_EQ(posix::PosixCopyVolume(At("from"), At("to")).limits().files == 128, made == kUnordered)
-        << magic;
+    const CopyLimits limits = posix::PosixCopyVolume(At("from"), At("to")).limits();
+    EXPECT_TRUE((limits.workers == 8) == (made == kServed) && (limits.files == 128) == (made == kUnordered));
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }
