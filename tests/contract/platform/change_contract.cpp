@@ -24,7 +24,6 @@ TEST_P(FileSystemContract, ANewFileIsMadeOnlyWhereNothingBearsTheName) {
     EXPECT_EQ(files().CreateFolder(At(name)).error().kind, ErrorKind::kAlreadyExists) << name;
   }
   EXPECT_EQ(ContentOf("to/new") + ContentOf("from/file"), "newkept");
-  EXPECT_EQ(NamesIn("from"), Names{"file"});
 }
 
 TEST_P(FileSystemContract, AReadOnlyFileIsReplacedWithoutTouchingWhatElseBearsAnotherNameOfIt) {

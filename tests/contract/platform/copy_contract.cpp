@@ -113,8 +113,7 @@ TEST_P(FileSystemContract, ACopyThatIsReadBackIsAsItWasWrittenOrGetsNoName) {
       told.push_back(bytes);
       return true;
     });
-    ASSERT_TRUE(outcome) << size << ": " << outcome.error().text;
-    EXPECT_TRUE(ContentOf("to/file") == content);
+    EXPECT_TRUE(outcome && ContentOf("to/file") == content) << size;
     EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
     EXPECT_EQ(told.back(), static_cast<std::int64_t>(2 * size));
   }

@@ -13,6 +13,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
+#include <filesystem>
 
 #include "platform/posix/volume/volume_kind.h"
 
@@ -53,6 +54,15 @@ bool HasDosBits(const std::string& name) {
   return volume != 0 && name == "user.cifs.dosattrib";
 }
 
+/// Whether a file that was replaced is still open, and so its space no other's.
+bool HoldsSpace() {
+  std::error_code ignored;
+  return Calls()->made.ends_with("fsync ") &&
+         std::ranges::any_of(std::filesystem::directory_iterator("/proc/self/fd"), [&](const auto& file) {
+           return std::filesystem::read_symlink(file, ignored).string().ends_with(" (deleted)");
+         });
+}
+
 }  // namespace
 
 platform::test::Locked<SystemCalls> Calls() {
@@ -71,7 +81,10 @@ using platform::posix::test::NoteOnly;
 // In the place of the C library's.
 extern "C" {
 
-int syncfs(int /*file*/) noexcept { return NoteOnly("syncfs"); }
+int syncfs(int /*file*/) noexcept {
+  if (platform::posix::test::HoldsSpace()) Note("held");
+  return NoteOnly("syncfs");
+}
 
 int fdatasync(int /*file*/) { return NoteOnly("fdatasync"); }
 
