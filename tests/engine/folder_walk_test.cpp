@@ -21,6 +21,23 @@ TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }
 
+TEST(FolderWalk, ListsEachFolderOnceAndAheadWhatIsNext) {
+  struct Files : platform::memory::MemoryFileSystem {
+    bool PrefetchFolder(const std::string& path, platform::FollowLinks) override {
+      return !(ahead += path + " ").empty();
+    }
+    std::string ahead;
+  } files;
+  Scene scene({}, {"a", "b", "c"});
+  tree::Add(files, {"/src/x", "/src/a/1/x", "/src/a/2/x", "/src/b/x", "/src/c/x", "/dst/b/x", "/dst/a/1/x"});
+  const Tools tools{
+      files, scene.clock, scene.texts, {}, scene.tools.GetDiskSpace, scene.tools.IsWriteProtected};
+  scene.RunChecked(tools, {scene.setup, app::Operation::kCheckBackupState, {}});
+  EXPECT_EQ(files.CountOf(Call::kOpenFolder), 10U);
+  EXPECT_EQ(files.ahead,
+            "/src /dst /src/a /src/b /src/c /src/a /dst/a /src/b /dst/b /src/c /src/a/1 /dst/a/1 /src/a/2 ");
+}
+
 TEST(FolderWalk, LinksAreNotWalkedAndLeaveOneLineEach) {
   Scene scene({"/src/in/real", "/src/in/loop>/src/in", "/src/in/file>/src/in/real", "/src/in/dead>/nowhere"},
               {"in"});

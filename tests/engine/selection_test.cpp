@@ -76,6 +76,7 @@ TEST(Selection, LeavesOutLargeSystemAndSwapFilesOnly) {
   EXPECT_EQ(left_out("/c/my.system", "film.mkv", "", large), text::kLargeSystemFileSkipped);
   EXPECT_EQ(left_out("/c", "x.sys", "", platform::kUnknownSize), text::kLargeSystemFileSkipped);
   EXPECT_EQ(left_out("/c/Windows", "a.swp", "", large), text::kLargeSwapFileSkipped);
+  EXPECT_EQ(left_out("/c/home", "a.swp", "", large), 0);
   EXPECT_EQ(left_out("/c", "Thumbs.db", "", 1), 0) << "unless picture caches are to be skipped";
   EXPECT_FALSE(
       SelectFile({Operation::kBackupAllFiles, {}, true}, {"/c", File(1, {}, "THUMBS.DB ")}).selected);

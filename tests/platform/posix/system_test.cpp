@@ -94,34 +94,6 @@ TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
   }
 }
 
-TEST(PhysicalDisk, LiesUnderPartitionsArraysAndEncryptionWhichMayGoInACircle) {
-  namespace fs = std::filesystem;
-  test::Scratch scratch;
-  const fs::path root = scratch.path();
-  for (const char* folder :
-       {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "circle/slaves"})
-    fs::create_directories(root / folder);
-  for (const auto& [link, disk] : {std::pair("md/slaves/1", "sda/sda1"),
-                                   {"md/slaves/2", "sdb"},
-                                   {"crypt/slaves/1", "md"},
-                                   {"circle/slaves/1", "circle"}})
-    fs::create_symlink(root / disk, root / link);
-  // The device that the volume is said to be mounted from is on every system.
-  const DeviceTree tree{(root / "dev").string(), (root / "mounts").string()};
-  ASSERT_TRUE(PosixFileSystem().WriteFile(tree.mounts, "1 1 0:1 / /proc rw - proc /dev/null rw\n"));
-  using Disks = std::vector<std::string>;
-  const std::pair<const char*, Disks> cases[] = {
-      {"sda/sda1", {"sda"}}, {"crypt", {"sda", "sdb"}}, {"circle", {}}, {"none", {}}};
-  for (const auto& [device, expected] : cases) {
-    fs::remove(root / "dev/1:3");
-    fs::create_symlink(root / device, root / "dev/1:3");
-    Disks disks = DisksOfVolume("/proc/self", tree);
-    std::ranges::sort(disks);
-    EXPECT_EQ(disks, expected) << device;
-  }
-  EXPECT_EQ(DisksOfVolume("/proc/none", tree), Disks());
-}
-
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
   const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);
