@@ -260,4 +260,18 @@ TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
   EXPECT_EQ(scene.paused_after, "/src/y/a|");
 }
 
+TEST(FolderWalk, BreathesWhileTheTargetIsAskedForEachFileAndEndsThere) {
+  Scene scene({"/dst/other"});
+  for (int i = 0; i < 100; ++i) scene.files.AddFile("/src/" + std::to_string(i), "");
+  scene.files.Before([&](Call call, const std::string&) {
+    if (call == Call::kLook) scene.clock.Advance(std::chrono::milliseconds{10});
+  });
+  scene.Check();
+  EXPECT_GT(scene.breaths, 5);
+  scene.breaths = 0;
+  scene.on_breath = [&] { scene.stop = true; };
+  EXPECT_EQ(scene.Check(), "cancelled 1");
+  EXPECT_EQ(scene.breaths, 1) << "none after that";
+}
+
 }  // namespace engine::test

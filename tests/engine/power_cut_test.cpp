@@ -97,6 +97,18 @@ TEST(UnfinishedRun, DoubtsWhatWasCopiedSinceItsBeginAndNothingElse) {
   Spoil(scene, "/dst/a/early");
   Spoil(scene, "/dst/a/late");
   EXPECT_EQ(scene.Check(), "new 1, modified 1, up to date 1, due 2");
+  {
+    const auto other_run = scene.files.Lock(std::string("/dst/") + kRunLock, "other");
+    scene.Check();
+    EXPECT_TRUE(scene.Wrote("Goes on.") && !scene.Wrote("Interrupted."));
+  }
+  scene.files.Before([&](Call call, const std::string&) {
+    EXPECT_FALSE(scene.stop && call == Call::kReplaceFile) << "who cancels waits for no disk";
+    if (call == Call::kPublish) scene.stop = true;
+  });
+  scene.BackUp();
+  EXPECT_TRUE(std::exchange(scene.stop, false) && scene.outcome.cancelled);
+  scene.files.Before({});
   scene.setup.IncludedFolders.emplace_back("b");
   tree::Add(scene.files, {"/src/b/"});
   scene.files.Fail(Call::kOpenFolder, "/src/b", {platform::ErrorKind::kOther, 5, "I/O error"}, 1);

@@ -16,9 +16,10 @@ using test::Scene;
 struct Breather : Scene {
   std::function<void()> in_a_breath;
   void Breathe() override { in_a_breath(); }
+  void WriteLine(const std::string&) override { in_a_breath(); }
 };
 
-TEST(Pulse, LetsCopiesRestInABreathThatLastsLongerThanOthers) {
+void ExpectRestIn(const std::function<void(Pulse&)>& call) {
   Breather scene;
   std::atomic<int> milliseconds = 1'000;
   Pulse pulse(scene.clock, scene,
@@ -45,9 +46,14 @@ TEST(Pulse, LetsCopiesRestInABreathThatLastsLongerThanOthers) {
   };
   hold.Wait();
   scene.clock.Advance(std::chrono::milliseconds{100});
-  pulse.Beat();
+  call(pulse);
   EXPECT_TRUE(one.get() && other.get());
   hold.Wait();
+}
+
+TEST(Pulse, LetsCopiesRestInACallThatLastsLongerThanABreath) {
+  ExpectRestIn([](Pulse& pulse) { pulse.Beat(); });
+  ExpectRestIn([](Pulse& pulse) { pulse.WriteLine("A line"); });
 }
 
 }  // namespace

@@ -137,7 +137,8 @@ class Scene : public Listener {
       "560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n563 Folder name taken.\n"
       "590 Above:\n591 Below:\n592 Other run.\n654 Taken:\n655 Wait.\n"
       "770 Other content:\n771 Not compared:\n772 Copy unreadable:\n773 Move it.\n774 Changed before:\n"
-      "775 Comparing all.\n776 Bad disk.\n777 Reading back.\n540 Interrupted.\n541 Not marked:\n505 Folder "
+      "775 Comparing all.\n776 Bad disk.\n777 Reading back.\n540 Interrupted.\n543 Goes on.\n541 Not "
+      "marked:\n505 Folder "
       "in the way.\n508 Bad name.\n511 "
       "Unknown.\n661 Became "
       "folder.\n652 Unreadable:\n653 Not plain:\n"};

@@ -11,7 +11,7 @@ using platform::CopyStage;
 /// read back, the last 5 of these.
 class SlowCopier : public platform::Copier {
  public:
-  explicit SlowCopier(platform::memory::MemoryClock& clock) : clock_(clock) {}
+  SlowCopier(platform::memory::MemoryClock& clock, bool opens) : clock_(clock), opens_(opens) {}
   bool HasRoom() override { return !is_begun_; }
   void Start(platform::CopyOrder order) override {
     order_ = std::move(order);
@@ -20,13 +20,14 @@ class SlowCopier : public platform::Copier {
   void Save() override {}
   std::optional<platform::Result<platform::CopyOutcome>> Collect() override {
     if (waits_ < 12 || !std::exchange(is_begun_, false)) return std::nullopt;
+    if (!opens_) return platform::Error{platform::ErrorKind::kAccessDenied, 13, {}};
     return platform::Result<platform::CopyOutcome>(
         platform::CopyOutcome{order_.file->size, platform::kSystem, platform::kReadOnly, false});
   }
   CopyStage Wait(std::chrono::milliseconds) override {
     clock_.Advance(std::chrono::milliseconds{100});
     if (++waits_ > 12) return CopyStage::kReady;
-    if (waits_ <= 5) order_.watcher(order_.file->size * waits_ / 5);
+    if (waits_ <= 5 && opens_) order_.watcher(order_.file->size * waits_ / 5);
     if (waits_ <= 7 || !order_.read_back) return waits_ <= 5 ? CopyStage::kWriting : CopyStage::kSaving;
     order_.watcher(order_.file->size + order_.file->size * (waits_ - 8) / 5);
     return CopyStage::kReadingBack;
@@ -34,6 +35,7 @@ class SlowCopier : public platform::Copier {
 
  private:
   platform::memory::MemoryClock& clock_;
+  const bool opens_;
   platform::CopyOrder order_;
   bool is_begun_ = false;
   int waits_ = 0;
@@ -42,9 +44,10 @@ class SlowCopier : public platform::Copier {
 class SlowFiles : public platform::memory::MemoryFileSystem {
  public:
   std::unique_ptr<platform::Copier> MakeCopier(const std::string&, const std::string&) override {
-    return std::make_unique<SlowCopier>(*clock);
+    return std::make_unique<SlowCopier>(*clock, opens);
   }
   platform::memory::MemoryClock* clock = nullptr;
+  bool opens = true;  ///< the source
 };
 
 struct SlowScene : Scene {
@@ -92,6 +95,13 @@ TEST(WaitingForCopies, MovesTheBarOverTheSecondHalfOfABigFileWhileItsCopyIsReadB
   EXPECT_EQ(scene.bytes_done[6], std::int64_t{2} << 30);
   for (std::size_t i = 8; i < 11; ++i) EXPECT_GT(scene.progress[i], scene.progress[i - 1]) << i;
   EXPECT_EQ(scene.read_back, "/src/big|/src/big|/src/big|/src/big|");
+}
+
+TEST(WaitingForCopies, NamesTheFileNoMoreOnceTheDiskIsWaitedForEvenIfItCouldNotBeOpened) {
+  SlowScene scene;
+  scene.slow.opens = false;
+  EXPECT_EQ(scene.BackUpSlowly().totals.counts.failed, 1);
+  EXPECT_EQ(scene.copied, "/src/big|/src/big|/src/big|/src/big|/src/big|/src/big|");
 }
 
 TEST(WaitingForCopies, EndsWithinABlinkWhenTheUserCancels) {

@@ -91,6 +91,7 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
                                                                  {"Read back", [&] { scene.run.ReadingBack("/data/e"); }},
                                                                  {"Compared", [&] { scene.run.Compared(5, 2); }},
                                                                  {"Save", [&] { scene.run.Saving(true); }},
+                                                                 {"Held", [&] { scene.run.CopyEnded(7, 2), scene.run.ShowHeld(); }},
                                                                  {"Saved", [&] { scene.run.Saving(false); }}};
   for (const auto& [step, act] : steps) {
     scene.clock.Advance(100ms);

@@ -94,6 +94,42 @@ TEST(PhysicalDisk, IsThatOfTheDeepestMountAroundThePath) {
   }
 }
 
+TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACircle) {
+  namespace fs = std::filesystem;
+  test::Scratch scratch;
+  const fs::path root = scratch.path();
+  for (const char* folder : {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "loop0/loop",
+                             "loop1/loop", "circle/slaves"})
+    fs::create_directories(root / folder);
+  for (const char* link : {"md/slaves/1>sda/sda1", "md/slaves/2>sdb", "crypt/slaves/1>md",
+                           "circle/slaves/1>circle", "dev/1:5>sdb"}) {
+    const std::string_view text = link;
+    fs::create_symlink(root / text.substr(text.find('>') + 1), root / text.substr(0, text.find('>')));
+  }
+  // Both volumes count as their own; the devices that they are said to be mounted from are on every system.
+  PosixFileSystem files;
+  const DeviceTree tree{(root / "dev").string(), (root / "mounts").string()};
+  ASSERT_TRUE(
+      files.WriteFile(tree.mounts,
+                      "1 1 0:1 / /proc rw - proc /dev/null rw\n2 1 0:2 / /sys rw - sysfs /dev/zero rw\n"
+                      "3 2 0:3 / /sys/kernel rw - cifs //nas/dev rw\n"));
+  ASSERT_TRUE(files.WriteFile((root / "loop0/loop/backing_file").string(), "/sys/module\n"));
+  ASSERT_TRUE(files.WriteFile((root / "loop1/loop/backing_file").string(), "/proc/version\n"));
+  using Disks = std::vector<std::string>;
+  const std::pair<std::string, Disks> cases[] = {
+      {"sda/sda1", {"sda"}}, {"sdb", {"sdb"}}, {"crypt", {"sda", "sdb"}}, {"loop0", {"sdb"}}, {"loop1", {}},
+      {"circle", {}},        {"none", {}}};
+  for (const auto& [device, expected] : cases) {
+    fs::remove(root / "dev/1:3");
+    fs::create_symlink(root / device, root / "dev/1:3");
+    Disks disks = DisksOfVolume("/proc/self", tree);
+    std::ranges::sort(disks);
+    EXPECT_EQ(disks, expected) << device;
+  }
+  for (const char* unknown : {"/sys/kernel", "/proc/none"})
+    EXPECT_EQ(DisksOfVolume(unknown, tree), Disks()) << unknown;
+}
+
 TEST(DosAttributes, AreReadAndKeptInEveryFormThatIsAbout) {
   const std::string version_3("0x26\0\3\0\3\0\0\0\x11\0\0\0\x26\0\0\0", 19);
   const std::string version_5("\0\0\5\0\5\0\0\0\x11\0\0\0\x26\0\0\0with more", 25);

@@ -189,6 +189,12 @@ TEST_F(WindowsFiles, AFailureOfTheSystemIsToldAndLeavesTheOldFile) {
   }
 }
 
+TEST_F(WindowsFiles, ASourceThatTheDiskCannotReadIsToldAsOneAlsoWhereTheSystemCopies) {
+  AddPair(Noise(17 << 20), "old");
+  *Calls() = {.fails = {{"copy", ERROR_CRC}}};
+  EXPECT_EQ(Copy("file").error().kind, ErrorKind::kShort);
+}
+
 TEST_F(WindowsFiles, AFullDiskHasNoRoomForTheFileThatFlushesOthersAndNeedsNone) {
   Calls()->fails = {{"WriteFile", ERROR_DISK_FULL}};
   EXPECT_TRUE(files().Flush(At("to"), {}));
