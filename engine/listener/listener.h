@@ -55,7 +55,8 @@ class Listener {
   /// How far the run is. Reported at most every 100 ms, also inside a big file.
   virtual void Progress(const Reached& reached) = 0;
 
-  /// Lets pending events run. Called often enough to keep a window alive, at most every 100 ms.
+  /// Lets pending events run. Called often enough to keep a window alive, every 50 to 100 ms while nothing
+  /// else takes long.
   virtual void Breathe() = 0;
 
   /// Whether the user has asked to stop. Asked between files, and about twenty

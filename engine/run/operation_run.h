@@ -38,7 +38,8 @@ class OperationRun {
 
   ReportHeading Heading() const;
 
-  /// Walks, copies, and brings the copies to the disk. To be called once, and only without a refusal.
+  /// Walks, copies, and unless it is cancelled brings the last names to the disk. To be called once, and only
+  /// without a refusal.
   RunOutcome Run(Listener& listener);
 
  private:
