@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -24,9 +25,16 @@ namespace platform {
 
 /// Bytes on the volume that holds a path.
 struct DiskSpace {
-  std::uint64_t free = 0;   ///< free to this user
-  std::uint64_t total = 0;  ///< the size of the volume
+  std::int64_t free = 0;   ///< free to this user
+  std::int64_t total = 0;  ///< the size of the volume
 };
+
+/// From a system's own numbers; what is too large counts as the most that there can be.
+inline DiskSpace DiskSpaceOf(std::uint64_t free, std::uint64_t total) {
+  constexpr std::uint64_t kMost = INT64_MAX;
+  return {static_cast<std::int64_t>(std::min(free, kMost)),
+          static_cast<std::int64_t>(std::min(total, kMost))};
+}
 
 class FileSystem {
  public:

@@ -36,10 +36,6 @@ std::string Size(std::int64_t bytes, const ConfirmationInput& input) {
   return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, input.marks);
 }
 
-std::string Size(std::uint64_t bytes, const ConfirmationInput& input) {
-  return StrProc::FormatSizeKbMbGb(static_cast<double>(bytes), StrProc::kDecimals, input.marks);
-}
-
 std::string Count(std::int64_t count, const std::string& noun, const ConfirmationInput& input) {
   return text::GroupedNumber(count, input.marks) + " " + noun + StrProc::PluralSuffix(count);
 }
@@ -245,7 +241,7 @@ void DoubtWhatWasFound(const ConfirmationInput& input, std::vector<std::string>&
                      ", so this one cannot be copied: " + base::utf8::Printable(findings.largest_due));
   }
   const auto& space = input.volume.space;
-  if (space && findings.room_needed > 0 && static_cast<std::uint64_t>(findings.room_needed) >= space->free) {
+  if (space && findings.room_needed > 0 && findings.room_needed >= space->free) {
     doubts.push_back("The copies need " + Size(findings.room_needed, input) + ", but only " +
                      Size(space->free, input) + " are free on the target.");
   }

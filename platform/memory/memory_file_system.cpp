@@ -10,7 +10,7 @@ namespace platform::memory {
 namespace {
 
 constexpr FileTime kTimeOfWrites{1'700'000'000, 0};
-constexpr DiskSpace kUnlimited{std::uint64_t{1} << 40, std::uint64_t{1} << 41};
+constexpr DiskSpace kUnlimited{std::int64_t{1} << 40, std::int64_t{1} << 41};
 
 class MemoryFolder : public Folder {
  public:
@@ -71,12 +71,10 @@ bool MemoryFileSystem::IsReadOnlyPlace(const std::string& path) const {
                      [&path](const std::string& place) { return IsInside(path, place, PathStyle::kPosix); });
 }
 
-bool MemoryFileSystem::FitsOnDisk(std::int64_t bytes) const {
-  return !space_ || static_cast<std::uint64_t>(bytes) <= space_->free;
-}
+bool MemoryFileSystem::FitsOnDisk(std::int64_t bytes) const { return !space_ || bytes <= space_->free; }
 
 void MemoryFileSystem::TakeSpace(std::int64_t bytes) {
-  if (space_) space_->free -= static_cast<std::uint64_t>(bytes);
+  if (space_) space_->free -= bytes;
 }
 
 Entry MemoryFileSystem::EntryOf(const NodePtr& node, const std::string& path) const {

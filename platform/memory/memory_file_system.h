@@ -89,7 +89,7 @@ class MemoryFileSystem : public FileSystem {
   void Garble(const std::string& path) { garbled_.insert(path); }
   /// Free and total bytes of the one volume; copies and writes lessen the free ones and fail with kDiskFull.
   /// Unlimited until set.
-  void SetSpace(std::uint64_t free, std::uint64_t total);
+  void SetSpace(std::int64_t free, std::int64_t total);
   /// The disk on which the volume lies that is mounted at `mount_point`; without this one of its own.
   void SetDisk(const std::string& mount_point, const std::string& disk) { disks_[mount_point] = disk; }
   /// What LargestFile() answers; copies ignore it.

@@ -119,7 +119,7 @@ void MemoryFileSystem::Fail(Call call, const std::string& path, Error error, int
   faults_.push_back({call, path, std::move(error), times});
 }
 
-void MemoryFileSystem::SetSpace(std::uint64_t free, std::uint64_t total) { space_ = DiskSpace{free, total}; }
+void MemoryFileSystem::SetSpace(std::int64_t free, std::int64_t total) { space_ = DiskSpace{free, total}; }
 
 void MemoryFileSystem::SetReadOnly(const std::string& path) { read_only_places_.insert(path); }
 

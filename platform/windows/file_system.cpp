@@ -87,7 +87,7 @@ Result<DiskSpace> SpaceOfFolder(const std::string& path) {
   ULARGE_INTEGER total{};
   if (!::GetDiskFreeSpaceExW(LongFolder(path).c_str(), &free, &total, nullptr)) return LastError();
   if (total.QuadPart == 0) return SystemError(ERROR_NOT_SUPPORTED);  // the volume reports no size
-  return DiskSpace{free.QuadPart, total.QuadPart};
+  return DiskSpaceOf(free.QuadPart, total.QuadPart);
 }
 
 ListingAhead::Listing List(const std::string& path, FollowLinks links) {

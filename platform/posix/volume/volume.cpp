@@ -43,8 +43,8 @@ Result<DiskSpace> SpaceAt(const std::string& path) {
     if (fstatvfs(place->get(), &facts) != 0) return LastError();
   }
   if (facts.f_blocks == 0) return ErrorOf(ENOSYS);  // the volume counts no blocks
-  return DiskSpace{std::uint64_t{facts.f_bavail} * facts.f_frsize,
-                   std::uint64_t{facts.f_blocks} * facts.f_frsize};
+  return DiskSpaceOf(std::uint64_t{facts.f_bavail} * facts.f_frsize,
+                     std::uint64_t{facts.f_blocks} * facts.f_frsize);
 }
 
 std::int64_t LargestFileAt(const std::string& path) {
