@@ -33,6 +33,9 @@ class Pulse {
   void Copied(std::int64_t bytes) { copied_ = bytes; }
   void Compared(std::int64_t bytes) { compared_ = bytes; }
 
+  /// Tells what is reached at once: the listener is about to show it for a while.
+  void TellReached() { listener_.Progress({fraction_, copied_ + compared_}); }
+
   /// The run has come to its end.
   void Complete() { listener_.Progress({1.0, copied_ + compared_}); }
 
@@ -41,7 +44,7 @@ class Pulse {
   void Beat() {
     if (!IsDue()) return;
     last_ = clock_.Monotonic();
-    listener_.Progress({fraction_, copied_ + compared_});
+    TellReached();
     Held([this] { listener_.Breathe(); });
   }
 

@@ -212,6 +212,7 @@ void FolderWalk::PauseIfWished(const FolderCounts& counts) {
   copy_pass_.Finish();
   if (Ended() || counts.counts.copied == 0) return;
   paused_ = true;
+  pulse_.TellReached();
   listener_.Pause();
 }
 

@@ -258,6 +258,7 @@ TEST(FolderWalk, PausesOnceAfterTheFirstFolderInWhichAFileWasCopied) {
   scene.pause_wished = true;
   scene.BackUp();
   EXPECT_EQ(scene.paused_after, "/src/y/a|");
+  EXPECT_EQ(scene.bytes_done.front(), 1) << "also where no time has passed to tell it before";
 }
 
 TEST(FolderWalk, BreathesWhileTheTargetIsAskedForEachFileAndEndsThere) {
