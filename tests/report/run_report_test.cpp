@@ -85,14 +85,15 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
   scene.run.CopyEnded(2'097'152, 1);
   scene.run.CopyBegun("/data/b");
   scene.Note(story, "Too early for the second");
-  const std::pair<const char*, std::function<void()>> steps[] = {{"It comes", [&] { scene.run.Breathe(); }},
-                                                                 {"Compare", [&] { scene.run.Comparing("/data/c"); }},
-                                                                 {"Copy", [&] { scene.run.CopyBegun("/data/d"); }},
-                                                                 {"Read back", [&] { scene.run.ReadingBack("/data/e"); }},
-                                                                 {"Compared", [&] { scene.run.Compared(5, 2); }},
-                                                                 {"Save", [&] { scene.run.Saving(true); }},
-                                                                 {"Held", [&] { scene.run.CopyEnded(7, 2), scene.run.ShowHeld(); }},
-                                                                 {"Saved", [&] { scene.run.Saving(false); }}};
+  const std::pair<const char*, std::function<void()>> steps[] = {
+      {"It comes", [&] { scene.run.Breathe(); }},
+      {"Compare", [&] { scene.run.Comparing("/data/c"); }},
+      {"Copy", [&] { scene.run.CopyBegun("/data/d"); }},
+      {"Read back", [&] { scene.run.ReadingBack("/data/e"); }},
+      {"Compared", [&] { scene.run.Compared(5, 2); }},
+      {"Save", [&] { scene.run.Saving(true); }},
+      {"Held", [&] { scene.run.CopyEnded(7, 2), scene.run.ShowHeld(); }},
+      {"Saved", [&] { scene.run.Saving(false); }}};
   for (const auto& [step, act] : steps) {
     scene.clock.Advance(100ms);
     act();
