@@ -56,7 +56,8 @@ class FolderWalk {
   /// Whether the copying of at least one file was tried.
   bool HasBegunToCopy() const { return unfinished_.has_begun(); }
 
-  /// Everything is on the disk, or the run was cancelled: the next run need not doubt its copies.
+  /// Everything is on the disk, or the run was cancelled: the next run need not doubt its copies. One that is
+  /// cancelled after an interrupted one leaves the mark as it stands, so that the next doubts both.
   void EndUnfinished(bool cancelled);
 
  private:
