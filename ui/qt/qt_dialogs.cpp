@@ -1,5 +1,6 @@
 #include "ui/qt/qt_dialogs.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QInputDialog>
@@ -64,10 +65,17 @@ QList<QUrl> PlacesBeside() {
   return places;
 }
 
+/// Suggestions under a box may still be open when a screen reader presses a dialog's button. While anything
+/// pops up, Qt takes no notice of the window that gets the focus next, and no key would reach it any more.
+void CloseSuggestions() {
+  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+}
+
 }  // namespace
 
 int QtDialogs::Run(QDialog& dialog) {
   const ModalScope nothing_else_reacts(front_end_, nullptr);
+  QObject::connect(&dialog, &QDialog::finished, &CloseSuggestions);
   open_.push_back(&dialog);
   const int result = dialog.exec();
   open_.pop_back();
