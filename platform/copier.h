@@ -59,8 +59,7 @@ enum class CopyStage {
 ///     system's cache as far as that is possible, and compared with what was written.
 ///  3. Only then does it get its final name, in one atomic step, and replace what has that name.
 ///  4. On a volume without a journal the new names are brought to the disk before the space of what was
-///     replaced can be used again, where the system allows that: Windows does not, nor does a program that
-///     keeps the volume (FUSE).
+///     replaced can be used again, where the system allows that: Windows does not.
 ///
 /// So whatever fails, and whenever the program ends, the medium is pulled out or the power fails, the final
 /// name has the whole old file, the whole new one or, where there was none, nothing. A temporary file goes

@@ -39,6 +39,14 @@ using Drafts = std::vector<Draft*>;
 /// How many copies may be on their way on a volume.
 struct CopyLimits {
   std::size_t workers = 1;  ///< threads that write; 0: the caller's own does everything, for tests
+  /// How many drafts each of them has prefetched: a disk that has many files to choose from reads them in the
+  /// order in which they pass by. Each holds a handle.
+  std::size_t ahead = 1;
+  /// Whether no two big files are written at a time: a disk that turns would go to and fro between them.
+  bool big_files_alone = false;
+  /// Whether no file is written while a group is saved and gets its names: for a volume on which each flush
+  /// takes along what was written meanwhile, or a file that was replaced cannot keep its space.
+  bool saves_alone = false;
   // Of one group.
   std::size_t files = 1;
   std::int64_t bytes = 1;

@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <shared_mutex>
 #include <utility>
 
 namespace platform {
@@ -15,10 +16,6 @@ using Clock = std::chrono::steady_clock;
 // A batch: enough for handing it over not to count, and no more than one thread should keep to itself.
 constexpr std::size_t kBatchFiles = 50;
 constexpr std::int64_t kBatchBytes = std::int64_t{4} << 20;
-
-// How many files of a batch are being read by the system at a time: a disk that has many to choose from reads
-// them in about half the time, and each holds a descriptor.
-constexpr std::size_t kDraftsAhead = 12;
 
 // How many groups may be waiting for the disk while another one is being filled. Of big files, which are a
 // group each, some more: else the disk rests while the next are being written to memory, and takes 1.4 times
@@ -44,6 +41,11 @@ struct Item {
 };
 
 using Batch = std::vector<Item*>;
+
+std::int64_t SizeOf(const Item& item) { return std::max<std::int64_t>(item.order.file->size, 0); }
+
+/// Files with numbers that are near each other mostly lie near each other.
+std::uint64_t NumberOf(const Item* item) { return item->order.file->number; }
 
 struct Group {
   std::deque<Batch> batches;  ///< grows while the first ones are being written: none moves
@@ -103,7 +105,7 @@ struct GroupedCopier::State {
 
   // --- Of the jobs
   void Prepare(Item& item);
-  void WriteBatch(Group& group, const Batch& batch);
+  void WriteBatch(Group& group, Batch batch);
   void SaveGroup(const GroupPtr& group);
   Status SaveAndPublish(const GroupPtr& group);
   void ReadBackAll(const GroupPtr& group);
@@ -126,6 +128,8 @@ struct GroupedCopier::State {
   bool batch_is_open = false;
   std::int64_t batch_bytes = 0;
 
+  std::mutex big_file;       ///< held while one is written, where they are to be alone
+  std::shared_mutex saving;  ///< held while a group is saved, where nothing is to be written meanwhile
   std::mutex mutex;
   std::condition_variable changed;
   std::size_t groups_to_save = 0;  ///< under the lock, as is Item::is_settled
@@ -151,7 +155,7 @@ bool GroupedCopier::State::WouldGrowTooLarge(std::int64_t size) const {
 }
 
 void GroupedCopier::State::Add(Item& item) {
-  const std::int64_t size = std::max<std::int64_t>(item.order.file->size, 0);
+  const std::int64_t size = SizeOf(item);
   if (WouldGrowTooLarge(size)) CloseGroup();
   if (!filling) filling = std::make_shared<Group>();
   const bool same_folder = batch_is_open && filling->batches.back().back()->order.target == item.order.target;
@@ -202,11 +206,18 @@ void GroupedCopier::State::Prepare(Item& item) {
   item.draft->Prefetch();
 }
 
-void GroupedCopier::State::WriteBatch(Group& group, const Batch& batch) {
+/// By their numbers; names are given in the order of Start(), so that of two that are one name there, the
+/// first gets it.
+void GroupedCopier::State::WriteBatch(Group& group, Batch batch) {
+  std::ranges::stable_sort(batch, {}, NumberOf);
   for (std::size_t at = 0, ahead = 0; at < batch.size(); ++at) {
     if (given_up) return;
-    for (; ahead < std::min(at + kDraftsAhead, batch.size()); ++ahead) Prepare(*batch[ahead]);
+    for (; ahead < std::min(at + limits.ahead, batch.size()); ++ahead) Prepare(*batch[ahead]);
     Item& item = *batch[at];
+    std::unique_lock alone(big_file, std::defer_lock);
+    if (limits.big_files_alone && SizeOf(item) >= kBatchBytes) alone.lock();
+    std::shared_lock writing(saving, std::defer_lock);
+    if (limits.saves_alone) writing.lock();
     item.result = item.draft->Write(WatcherOf(item, 0));
     item.order.source.reset();
   }
@@ -234,6 +245,8 @@ void GroupedCopier::State::SaveGroup(const GroupPtr& group) {
 Status GroupedCopier::State::SaveAndPublish(const GroupPtr& group) {
   const Drafts written = WrittenDrafts(*group);
   if (written.empty()) return Done{};
+  std::unique_lock alone(saving, std::defer_lock);
+  if (limits.saves_alone) alone.lock();
   const auto begun = Clock::now();
   if (Status saved = volume->SaveData(written); !saved) return saved;
   Adapt(Clock::now() - begun);

@@ -135,7 +135,7 @@ class MemoryCopyVolume : public CopyVolume {
   CopyLimits limits() const override {
     constexpr std::size_t kAny = 1'000'000;
     // A copier begins with a quarter of a group.
-    return {0, files_.group_size_ * 4, std::int64_t{1} << 60, kAny, kNoLimit};
+    return {0, 1, false, false, files_.group_size_ * 4, std::int64_t{1} << 60, kAny, kNoLimit};
   }
   std::unique_ptr<Draft> Prepare(const CopyOrder& order) override {
     return std::make_unique<MemoryDraft>(files_, order);

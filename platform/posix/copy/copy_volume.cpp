@@ -10,6 +10,7 @@
 
 #include "platform/posix/long_path.h"
 #include "platform/posix/system_error.h"
+#include "platform/posix/volume/physical_disk.h"
 #include "platform/posix/volume/volume.h"
 
 namespace platform::posix {
@@ -18,9 +19,10 @@ namespace {
 // A round trip takes long and little processor time.
 constexpr std::size_t kWorkersOfServed = 8;
 constexpr std::size_t kMostWorkers = 4;
-// Also for disks that turn: what is written is in memory first, and sources are asked for ahead. Which disk
-// turns, the system often does not know: virtual ones and USB sticks say that they do.
+// Enough for a disk that turns. Four that read or write big files at a time took 1.3 and 1.4 times as long.
 constexpr std::size_t kFewestWorkers = 2;
+// As many as are handed to a worker at a time.
+constexpr std::size_t kMostAhead = 50;
 
 mode_t FileModeMask() {
   const mode_t mask = umask(S_IWGRP | S_IWOTH);
@@ -28,27 +30,50 @@ mode_t FileModeMask() {
   return mask;
 }
 
-std::size_t WorkersFor(VolumeKind source, VolumeKind target) {
-  if (source == VolumeKind::kServed || target == VolumeKind::kServed) return kWorkersOfServed;
+/// A folder that exists; unordered when it cannot be opened.
+struct Place {
+  explicit Place(const std::string& path)
+      : folder(OpenPath(path, O_RDONLY | O_DIRECTORY)),
+        kind(folder ? KindOfVolume(folder->get()) : VolumeKind::kUnordered),
+        turns(Turns(path)) {}
+
+  Result<FileDescriptor> folder;
+  VolumeKind kind;
+  bool turns;  ///< its disk
+};
+
+std::size_t WorkersFor(const Place& source, const Place& target) {
+  if (source.kind == VolumeKind::kServed || target.kind == VolumeKind::kServed) return kWorkersOfServed;
+  if (source.turns || target.turns) return kFewestWorkers;
   const std::size_t cores = std::thread::hardware_concurrency();
   return std::clamp(cores, kFewestWorkers, kMostWorkers);
 }
 
-/// Each folder holds two descriptors while its files are on their way, and three groups are at a time.
-std::size_t MostFolders() {
-  const long descriptors = std::max(sysconf(_SC_OPEN_MAX), 256L);
-  return std::min<std::size_t>(static_cast<std::size_t>(descriptors) / 8, 512);
-}
+/// How many the process may have; reckoned with no fewer than there are usually at least.
+std::size_t Descriptors() { return static_cast<std::size_t>(std::max(sysconf(_SC_OPEN_MAX), 256L)); }
 
-CopyLimits LimitsOf(VolumeKind source, VolumeKind target) {
+CopyLimits LimitsOf(const Place& source, const Place& target) {
   CopyLimits limits;
   limits.workers = WorkersFor(source, target);
-  limits.folders = MostFolders();
+  limits.big_files_alone = source.turns || target.turns;
+  limits.ahead = std::clamp<std::size_t>(Descriptors() / (4 * limits.workers), 1, kMostAhead);
+  // Each folder holds two descriptors while its files are on their way, and three groups are at a time.
+  limits.folders = std::min<std::size_t>(Descriptors() / 8, 512);
   // Without a journal each group is flushed twice; but every file in it holds a descriptor, and a power cut
   // between its renames finds more of them.
-  limits.files = target == VolumeKind::kUnordered ? std::min<std::size_t>(limits.folders, 128) : 4096;
+  limits.files = !KeepsOrder(target.kind) ? std::min<std::size_t>(limits.folders, 128) : 4096;
+  limits.saves_alone = target.kind == VolumeKind::kServedDisk;
   limits.bytes = std::int64_t{256} << 20;
   return limits;
+}
+
+std::vector<TemporaryFile*> OpenFiles(const Drafts& drafts) {
+  std::vector<TemporaryFile*> files;
+  for (Draft* draft : drafts) {
+    auto& copy = static_cast<PosixDraft&>(*draft);
+    if (copy.volume_kind() == VolumeKind::kServedDisk) files.push_back(&copy.file());
+  }
+  return files;
 }
 
 /// Flushes each of the volumes once.
@@ -68,19 +93,13 @@ Status FlushVolumes(const Drafts& drafts, Wanted wanted) {
 }  // namespace
 
 std::size_t WorkersBetween(const std::string& source, const std::string& target) {
-  const auto kind_of = [](const std::string& path) {
-    const auto folder = OpenPath(path, O_RDONLY | O_DIRECTORY);
-    return folder ? KindOfVolume(folder->get()) : VolumeKind::kUnordered;
-  };
-  return WorkersFor(kind_of(source), kind_of(target));
+  return WorkersFor(Place(source), Place(target));
 }
 
 PosixCopyVolume::PosixCopyVolume(const std::string& source, const std::string& target) {
-  const auto from = OpenPath(source, O_RDONLY | O_DIRECTORY);
-  const auto to = OpenPath(target, O_RDONLY | O_DIRECTORY);
-  const VolumeKind source_kind = from ? KindOfVolume(from->get()) : VolumeKind::kUnordered;
-  limits_ = LimitsOf(source_kind, to ? KindOfVolume(to->get()) : VolumeKind::kUnordered);
-  if (from) setting_.source_dos_bits = PlaceOfDosBits(from->get());
+  const Place from(source);
+  limits_ = LimitsOf(from, Place(target));
+  if (from.folder) setting_.source_dos_bits = PlaceOfDosBits(from.folder->get());
   setting_.mask = FileModeMask();
 }
 
@@ -101,18 +120,29 @@ PosixCopyVolume::Target PosixCopyVolume::TargetOf(const PosixFolder& folder) {
 }
 
 Status PosixCopyVolume::SaveData(const Drafts& drafts) {
-  return FlushVolumes(drafts, [](VolumeKind kind) { return kind != VolumeKind::kServed; });
+  const std::vector<TemporaryFile*> open = OpenFiles(drafts);
+  for (const TemporaryFile* file : open) {
+    if (Status flushed = file->Flush(); !flushed) return flushed;
+  }
+  // Not each after its flush: ntfs-3g writes to the disk once more when a file is closed, and the next flush
+  // would have to wait for that.
+  for (TemporaryFile* file : open) {
+    if (Status closed = file->Close(); !closed) return closed;
+  }
+  return FlushVolumes(drafts, [](VolumeKind kind) {
+    return kind == VolumeKind::kJournaled || kind == VolumeKind::kUnordered;
+  });
 }
 
 Status PosixCopyVolume::SaveNames(const Drafts& drafts) {
   std::set<int> folders;
   for (const Draft* draft : drafts) {
     const auto& copy = static_cast<const PosixDraft&>(*draft);
-    if (copy.volume_kind() != VolumeKind::kUnordered) continue;
     const int folder = copy.target().handle();
-    if (folders.insert(folder).second && fsync(folder) != 0 && errno != EINVAL) return LastError();
+    if (KeepsOrder(copy.volume_kind()) || !folders.insert(folder).second) continue;
+    if (Status flushed = FlushFolder(folder); !flushed) return flushed;
   }
-  return FlushVolumes(drafts, [](VolumeKind kind) { return kind == VolumeKind::kUnordered; });
+  return FlushVolumes(drafts, [](VolumeKind kind) { return !KeepsOrder(kind); });
 }
 
 }  // namespace platform::posix

@@ -92,6 +92,7 @@ Result<CopyOutcome> PosixDraft::Write(const CopyProgress& watcher) {
   if (setting_.target == VolumeKind::kServed) {
     if (const Status flushed = file_.Flush(); !flushed) return flushed.error();
   }
+  if (setting_.target == VolumeKind::kServedDisk) return outcome;
   if (const Status closed = file_.Close(); !closed) return closed.error();
   return outcome;
 }

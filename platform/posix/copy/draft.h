@@ -25,11 +25,13 @@ class PosixDraft : public Draft {
   PosixDraft(const CopyOrder& order, DraftSetting setting) : order_(order), setting_(setting) {}
 
   void Prefetch() override;
-  /// On a served volume the data is on the disk afterwards.
+  /// On a served volume the data is on the disk afterwards; on a served disk the copy is still open.
   Result<CopyOutcome> Write(const CopyProgress& watcher) override;
   Status ReadBack(const CopyProgress& watcher) override;
   Status Publish() override;
 
+  /// On a served disk, where it is open after Write().
+  TemporaryFile& file() { return file_; }
   const PosixFolder& target() const { return static_cast<const PosixFolder&>(*order_.target); }
   VolumeKind volume_kind() const { return setting_.target; }
 

@@ -119,4 +119,11 @@ std::vector<std::string> DisksOfVolume(const std::string& path, const DeviceTree
   return search.disks();
 }
 
+bool Turns(const std::string& path, const DeviceTree& tree) {
+  const std::vector<std::string> disks = DisksOfVolume(path, tree);
+  return std::ranges::any_of(disks, [&](const std::string& disk) {
+    return std::ifstream(tree.disks + "/" + disk + "/queue/rotational").get() == '1';
+  });
+}
+
 }  // namespace platform::posix

@@ -72,8 +72,12 @@ std::string MountPointOf(const std::string& path) {
 /// either.
 Status FlushVolume(int file) {
   if (syncfs(file) != 0) return LastError();
-  if (KindOfVolume(file) == VolumeKind::kUnordered && fsync(file) != 0 && errno != EINVAL) return LastError();
-  return Done{};
+  return KeepsOrder(KindOfVolume(file)) ? Status(Done{}) : FlushFolder(file);
+}
+
+Status FlushFolder(int folder) {
+  if (fsync(folder) == 0 || errno == EINVAL || errno == ENOSYS) return Done{};
+  return LastError();
 }
 
 Status FlushVolumeOf(const std::string& path, Workers& worker, const IdleCallback& idle) {

@@ -19,6 +19,9 @@ std::string MountPointOf(const std::string& path);
 /// cache to its medium.
 Status FlushVolume(int file);
 
+/// Brings the names in an open folder to the disk, where its file system can do that for one folder.
+Status FlushFolder(int folder);
+
 /// See FileSystem::Flush(); `worker` does it.
 Status FlushVolumeOf(const std::string& path, Workers& worker, const IdleCallback& idle);
 

@@ -18,13 +18,19 @@ constexpr unsigned long kZfs = 0x2FC12FC1;
 constexpr unsigned long kBcachefs = 0xCA451A4E;
 constexpr unsigned long kJfs = 0x3153464A;
 
+/// 0:0, which is no device's, when that fails; major 0 where there is none.
+dev_t DeviceOf(int file) {
+  struct stat facts = {};
+  static_cast<void>(fstat(file, &facts));
+  return facts.st_dev;
+}
+
 /// ext2, ext3 and ext4 share one magic number. The driver of ext4 tells the process that writes the journal
 /// (fs/ext4/sysfs.c, since Linux 5.1); no file, or "<none>": there is no journal, as far as is known.
 bool HasJournal(int file) {
-  struct stat facts = {};
-  static_cast<void>(fstat(file, &facts));  // no device has the number 0:0, which is left when that fails
+  const dev_t number = DeviceOf(file);
   const std::string device =
-      "/sys/dev/block/" + std::to_string(major(facts.st_dev)) + ":" + std::to_string(minor(facts.st_dev));
+      "/sys/dev/block/" + std::to_string(major(number)) + ":" + std::to_string(minor(number));
   std::error_code failed;
   const std::filesystem::path real = std::filesystem::canonical(device, failed);
   std::ifstream task("/sys/fs/ext4/" + real.filename().string() + "/journal_task");
@@ -53,6 +59,7 @@ VolumeKind KindOfVolume(int file) {
     case TMPFS_MAGIC:
       return VolumeKind::kJournaled;
     case FUSE_SUPER_MAGIC:
+      return major(DeviceOf(file)) != 0 ? VolumeKind::kServedDisk : VolumeKind::kServed;
     case NFS_SUPER_MAGIC:
     case SMB_SUPER_MAGIC:
     case kCifs:

@@ -12,7 +12,15 @@ enum class VolumeKind {
   /// Somebody else keeps it: a server, or a program (FUSE). Each call may be a round trip, the kernel does
   /// not pass the flush of a volume on, and a file that is held open may not be replaced.
   kServed,
+  /// A disk of this computer that a program keeps (FUSE on a block device, such as NTFS by ntfs-3g): as
+  /// unordered, but each file has to be flushed, and the first flush brings most of the others along.
+  kServedDisk,
 };
+
+/// Whether what is done to names reaches the disk in order without being asked for, as far as that is known.
+constexpr bool KeepsOrder(VolumeKind kind) {
+  return kind == VolumeKind::kJournaled || kind == VolumeKind::kServed;
+}
 
 // Numbers of file systems that linux/magic.h does not name; from the kernel's sources of each.
 inline constexpr unsigned long kCifs = 0xFF534D42;

@@ -98,7 +98,7 @@ TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACirc
   namespace fs = std::filesystem;
   test::Scratch scratch;
   const fs::path root = scratch.path();
-  for (const char* folder : {"dev", "sda/sda1/partition", "sdb", "md/slaves", "crypt/slaves", "loop0/loop",
+  for (const char* folder : {"dev", "sda/sda1/partition", "sdb/queue", "md/slaves", "crypt/slaves", "loop0/loop",
                              "loop1/loop", "circle/slaves"})
     fs::create_directories(root / folder);
   for (const char* link : {"md/slaves/1>sda/sda1", "md/slaves/2>sdb", "crypt/slaves/1>md",
@@ -108,13 +108,14 @@ TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACirc
   }
   // Both volumes count as their own; the devices that they are said to be mounted from are on every system.
   PosixFileSystem files;
-  const DeviceTree tree{(root / "dev").string(), (root / "mounts").string()};
+  const DeviceTree tree{(root / "dev").string(), root.string(), (root / "mounts").string()};
   ASSERT_TRUE(
       files.WriteFile(tree.mounts,
                       "1 1 0:1 / /proc rw - proc /dev/null rw\n2 1 0:2 / /sys rw - sysfs /dev/zero rw\n"
                       "3 2 0:3 / /sys/kernel rw - cifs //nas/dev rw\n"));
   ASSERT_TRUE(files.WriteFile((root / "loop0/loop/backing_file").string(), "/sys/module\n"));
   ASSERT_TRUE(files.WriteFile((root / "loop1/loop/backing_file").string(), "/proc/version\n"));
+  ASSERT_TRUE(files.WriteFile((root / "sdb/queue/rotational").string(), "1\n"));
   using Disks = std::vector<std::string>;
   const std::pair<std::string, Disks> cases[] = {
       {"sda/sda1", {"sda"}}, {"sdb", {"sdb"}}, {"crypt", {"sda", "sdb"}}, {"loop0", {"sdb"}}, {"loop1", {}},
@@ -125,6 +126,7 @@ TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACirc
     Disks disks = DisksOfVolume("/proc/self", tree);
     std::ranges::sort(disks);
     EXPECT_EQ(disks, expected) << device;
+    EXPECT_EQ(Turns("/proc/self", tree), std::ranges::count(expected, "sdb") == 1) << device;
   }
   for (const char* unknown : {"/sys/kernel", "/proc/none"})
     EXPECT_EQ(DisksOfVolume(unknown, tree), Disks()) << unknown;

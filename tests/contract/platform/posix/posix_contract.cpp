@@ -125,28 +125,36 @@ TEST_F(PosixFiles, APipeThatTakesTheFilesPlaceDoesNotHoldTheCopyUp) {
 constexpr const char* kJournaled = "syncfs rename rename rename ";
 constexpr const char* kUnordered = "syncfs fsync rename rename rename fsync held syncfs fsync ";
 constexpr const char* kServed = "fdatasync fdatasync fdatasync rename rename rename ";
+constexpr const char* kServedDisk = "fdatasync fdatasync fdatasync rename rename rename fsync syncfs fsync ";
+constexpr std::uint64_t kNoDisk = 37, kDisk = 0x801;  // 0:37 and 8:1
 
 // Copier, 2, 3 and 4.
 TEST_F(PosixFiles, NoFileGetsItsNameBeforeItIsOnTheDiskWhateverTheVolume) {
-  using Volume = std::pair<unsigned long, const char*>;
+  struct Volume {
+    unsigned long magic;
+    const char* expected;
+    std::uint64_t device = 0;
+  };
   const Volume volumes[] = {{BTRFS_SUPER_MAGIC, kJournaled},
                             {TMPFS_MAGIC, kJournaled},
                             {MSDOS_SUPER_MAGIC, kUnordered},
                             {posix::kExfat, kUnordered},
                             {0, nullptr},
-                            {FUSE_SUPER_MAGIC, kServed},
+                            {FUSE_SUPER_MAGIC, kServed, kNoDisk},
+                            {FUSE_SUPER_MAGIC, kServedDisk, kDisk},
                             {NFS_SUPER_MAGIC, kServed}};
   for (const char* name : {"a", "b", "c"}) AddFile(std::string("from/") + name, name);
-  for (const auto& [magic, expected] : volumes) {
+  for (const auto& [magic, expected, device] : volumes) {
     AddFile("to/b", "old");
-    *Calls() = {.volume = magic};
+    *Calls() = {.volume = magic, .device = device};
     for (const auto& outcome : CopyAll(Open("from"), {"a", "b", "c"}, Open("to"), TargetName::kTaken))
       EXPECT_TRUE(outcome);
     const std::string made = Calls()->made;
     EXPECT_TRUE(expected != nullptr ? made == expected : made == kJournaled || made == kUnordered)
         << magic << ": " << made;
     const CopyLimits limits = posix::PosixCopyVolume(At("from"), At("to")).limits();
-    EXPECT_TRUE((limits.workers == 8) == (made == kServed) && (limits.files == 128) == (made == kUnordered));
+    EXPECT_TRUE((limits.workers == 8) == (made == kServed) && limits.saves_alone == (made == kServedDisk) &&
+                (limits.files == 128) == (made == kUnordered || made == kServedDisk));
     for (const char* name : {"a", "c"}) ASSERT_TRUE(files().RemoveFile(At(std::string("to/") + name)));
   }
 }

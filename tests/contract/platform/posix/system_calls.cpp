@@ -5,6 +5,7 @@
 #include <linux/magic.h>
 #include <linux/msdos_fs.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -107,6 +108,12 @@ int posix_fadvise(int file, off_t at, off_t length, int advice) noexcept {
 
 int futimens(int file, const struct timespec* times) noexcept {
   return Fails("futimens") ? -1 : static_cast<int>(syscall(SYS_utimensat, file, nullptr, times, 0));
+}
+
+int fstat(int file, struct stat* facts) noexcept {
+  const long result = syscall(SYS_newfstatat, file, "", facts, AT_EMPTY_PATH);
+  if (Calls()->device != 0) facts->st_dev = Calls()->device;
+  return static_cast<int>(result);
 }
 
 int close(int file) {

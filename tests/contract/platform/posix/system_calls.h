@@ -20,6 +20,7 @@ struct SystemCalls {
   std::string started = {};  ///< programs, with their parameters; something harmless ran in their place
   int child = 0;             ///< the process that did so last
   unsigned long volume = 0;  ///< the magic number that fstatfs() is to tell; 0: the true one
+  std::uint64_t device = 0;  ///< that fstat() is to tell; 0: the true one
   std::uint32_t dos_bits = 0x20;  ///< of the one file on a volume that keeps them in a place of its own
   struct timespec now = {};       ///< where its seconds are set: when files are made
   int rests = 0;                  ///< for a tick of that clock
