@@ -257,6 +257,7 @@ void CopyPass::SettleFirst() {
     if (setting_.reads_back) CountReadBack(first);
     if (first.outcome->ok()) return ReportCopied(job, first.outcome->value());
     space_.Forget();
+    LeaveAsItIs(job);
     ++job.counts->counts.failed;
     Count(job.selection, *job.file, *job.counts);
     pulse_.WriteLine(WhyNotCopied(job, first.outcome->error()));
@@ -314,7 +315,13 @@ void CopyPass::CarryAttributes(const CopyJob& job, const platform::CopyOutcome& 
   if (clear) ClearReadOnlyAndHidden(tools_.files, path);
 }
 
+void CopyPass::LeaveAsItIs(const CopyJob& job) {
+  const Entry* const old = job.selection.target;
+  if (old != nullptr) unfinished_.LeaveAsItIs(platform::JoinPath(job.folders->target_path(), old->name));
+}
+
 void CopyPass::Fail(const CopyJob& job, const std::string& line) {
+  LeaveAsItIs(job);
   order_.Tell(
       [this, counts = job.counts, selection = job.selection, file = job.file, folders = job.folders, line] {
         ++counts->counts.failed;

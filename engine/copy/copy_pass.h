@@ -69,6 +69,8 @@ class CopyPass {
   void ReportCopied(const CopyJob& job, const platform::CopyOutcome& outcome);
   void CarryAttributes(const CopyJob& job, const platform::CopyOutcome& outcome);
 
+  /// What the target has of a file that is not copied.
+  void LeaveAsItIs(const CopyJob& job);
   /// Counts the file as failed and writes the line.
   void Fail(const CopyJob& job, const std::string& line);
   void Terminate() { operation_terminated_ = true; }

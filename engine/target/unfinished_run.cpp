@@ -35,17 +35,20 @@ UnfinishedRun::UnfinishedRun(platform::FileSystem& files, platform::Clock& clock
   last_is_open_ = true;
 }
 
-/// A line for each: the seconds at which it begins and ends, by the target's clock.
+/// A line for each: when it begins and ends, by the target's clock, in seconds and nanoseconds.
 void UnfinishedRun::ReadSpans(const std::string& content) {
   std::istringstream lines(content);
-  for (Span span; lines >> span.begin.seconds >> span.end.seconds;) doubted_.push_back(span);
+  for (Span span;
+       lines >> span.begin.seconds >> span.begin.nanoseconds >> span.end.seconds >> span.end.nanoseconds;)
+    doubted_.push_back(span);
 }
 
 std::string UnfinishedRun::Content() const {
-  std::string content;
-  for (const Span& span : doubted_)
-    content += std::to_string(span.begin.seconds) + " " + std::to_string(span.end.seconds) + "\n";
-  return content;
+  std::ostringstream lines;
+  for (const auto& [begin, end] : doubted_)
+    lines << begin.seconds << ' ' << begin.nanoseconds << ' ' << end.seconds << ' ' << end.nanoseconds
+          << '\n';
+  return lines.str();
 }
 
 bool UnfinishedRun::Doubts(const std::string& copy) const {
@@ -73,12 +76,19 @@ platform::Status UnfinishedRun::Begin() {
   return last_is_open_ ? CloseLastSpan() : platform::Status(platform::Done{});
 }
 
-/// What the run before left doubtful ends where this one begins: when the mark was written just now.
+/// What the run before left doubtful ends where this one begins: when the mark was written just now, as
+/// exactly as the volume tells. By a clock that was put back meanwhile it has no end.
 platform::Status UnfinishedRun::CloseLastSpan() {
   const auto set_at = files_.ChangedAt(path_);
   if (!set_at) return set_at.error();
-  doubted_.back().end = {set_at->seconds + 1, 0};
+  const platform::FileTime end =
+      set_at->nanoseconds != 0 ? *set_at : platform::FileTime{set_at->seconds + 1, 0};
+  if (end > doubted_.back().begin) doubted_.back().end = end;
   return Write();
+}
+
+void UnfinishedRun::LeaveAsItIs(const std::string& copy) {
+  left_doubted_ = left_doubted_ || (was_found() && Doubts(copy));
 }
 
 bool UnfinishedRun::IsDueToMove() const { return has_begun_ && clock_.Monotonic() - written_ >= kMovesEvery; }
@@ -96,7 +106,7 @@ void UnfinishedRun::End(bool all_seen) {
   const bool is_there = has_begun_ || was_found();
   if (!is_there) return;
   // What cannot be written or taken away makes the next run copy more than it need.
-  if (all_seen || !was_found()) {
+  if ((all_seen && !left_doubted_) || !was_found()) {
     static_cast<void>(files_.RemoveFile(path_));
   } else if (has_begun_) {
     static_cast<void>(Write());

@@ -44,9 +44,11 @@ class UnfinishedRun {
   bool IsDueToMove() const;
   /// Everything copied so far is on the disk, and nothing is on its way: moves the mark.
   void MoveOn();
+  /// What has the path of a copy in the target is not replaced, although that was due.
+  void LeaveAsItIs(const std::string& copy);
   /// The run has ended, and the data of its copies is on the disk; only of a cancelled run the last names may
-  /// still be on their way there: takes the mark away. With `all_seen` false, when there were files that it
-  /// did not come to or could not copy, what was doubted before stays so.
+  /// still be on their way there: takes the mark away. When there were files that it did not come to, as
+  /// `all_seen` says, or doubted copies that it left as they are, what was doubted before stays so.
   void End(bool all_seen);
 
  private:
@@ -66,6 +68,7 @@ class UnfinishedRun {
   std::vector<Span> doubted_;  ///< of earlier runs; the last one may have no end yet
   bool last_is_open_ = false;
   bool has_begun_ = false;
+  bool left_doubted_ = false;
   std::chrono::milliseconds written_{0};
   std::optional<platform::Error> error_;
 };

@@ -82,9 +82,7 @@ const Totals& FolderWalk::Run() {
 void FolderWalk::EndUnfinished(bool cancelled) {
   // Who cancels does not wait for the disk, as writing the mark would.
   if (cancelled && unfinished_.was_found()) return;
-  const bool all_seen =
-      !cancelled && !OperationTerminated() && totals_.counts.failed == 0 && totals_.unread_folders == 0;
-  unfinished_.End(all_seen);
+  unfinished_.End(!cancelled && !OperationTerminated() && totals_.unread_folders == 0);
 }
 
 void FolderWalk::PushRoots() {

@@ -178,8 +178,8 @@ class MemoryFileSystem : public FileSystem {
   /// To be called before the name is made, taken away or given to something else.
   void WillChange(const NodePtr& folder, const std::string& name);
   void FlushAll();
-  /// The time of the next change: each comes two seconds after the last.
-  FileTime Change() { return {changes_ += 2, 0}; }
+  /// The time of the next change: each comes ten nanoseconds after the last.
+  FileTime Change() { return {0, changes_ += 10}; }
   Status Put(const std::string& path, const std::string& content);
   NodePtr MakeNode(const std::string& path);
 
@@ -198,7 +198,7 @@ class MemoryFileSystem : public FileSystem {
   Folding folding_ = nullptr;
   bool numbers_by_spelling_ = false;
   std::size_t group_size_ = 20;
-  std::int64_t changes_ = 0;
+  std::int32_t changes_ = 0;
   std::vector<NameOnDisk> names_on_disk_;
   std::vector<NodePtr> not_on_disk_;  ///< files whose content is not flushed
   bool is_dead_ = false;

@@ -131,6 +131,22 @@ TEST(UnfinishedRun, AMarkThatCannotBeSetOrReadIsAWarning) {
   EXPECT_TRUE(scene.Wrote("Mark unread: /dst/.quorvane-unfinished"));
 }
 
+TEST(UnfinishedRun, IsOverOnceEachDoubtedCopyWasMadeAgainWhateverElseFails) {
+  Scene scene({"/src/a", "/src/b"});
+  const auto fail = [&](const char* copy) {
+    scene.files.Fail(Call::kCopyFile, copy, {platform::ErrorKind::kAccessDenied, 13, "no"}, 1);
+  };
+  scene.BackUp();
+  tree::Add(scene.files, {std::string("/dst/") + kUnfinishedMark, "/src/c"});
+  fail("/dst/b");
+  EXPECT_EQ(scene.BackUp(), "new 1, modified 2, copied 2, failed 1");
+  EXPECT_EQ(scene.Check(), "modified 1, up to date 2, due 1");
+  tree::Add(scene.files, {"/src/d"});
+  fail("/dst/d");
+  EXPECT_EQ(scene.BackUp(), "new 1, modified 1, copied 1, up to date 2, failed 1");
+  EXPECT_FALSE(scene.files.Exists(std::string("/dst/") + kUnfinishedMark));
+}
+
 TEST(UnfinishedRun, DoubtsWhatAnyOfSeveralRunsLeftAndMovesOnlyOnceAllIsOnTheDisk) {
   Scene scene({"/src/a", "/src/b", "/src/c", "/src/d", "/src/e", "/src/f", "/src/g"});
   scene.files.SetGroupSize(2);
