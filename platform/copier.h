@@ -89,8 +89,7 @@ enum class CopyStage {
 /// that made the copier; the order keeps them open.
 class Copier {
  public:
-  /// Gives up what is not collected: no more final names are given, and temporary files go, in the
-  /// background. Does not wait for the disk.
+  /// As GiveUp(), of what is not collected.
   virtual ~Copier() = default;
 
   /// Whether Start() should be called now. False while as much is on its way as makes sense.
@@ -104,6 +103,11 @@ class Copier {
 
   /// What came of the file that was started first and not collected yet; nothing while that is not known.
   virtual std::optional<Result<CopyOutcome>> Collect() = 0;
+
+  /// From now on no file gets its final name; temporary files go, in the background. Does not wait for the
+  /// disk, but a moment for a name that is just being given. Collect() then has the outcomes of all files at
+  /// once: kCancelled of each that did not get its name.
+  virtual void GiveUp() = 0;
 
   /// Waits until Collect() has something, or HasRoom() becomes true, but no longer than that.
   virtual CopyStage Wait(std::chrono::milliseconds longest) = 0;

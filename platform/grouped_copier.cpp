@@ -31,12 +31,16 @@ constexpr double kSmallestScale = 1.0 / 256;
 constexpr std::chrono::milliseconds kQuick{500};
 constexpr std::chrono::milliseconds kSlow{1500};
 
+// A rename on a hanging server may take minutes.
+constexpr std::chrono::milliseconds kLongestForNames{200};
+
 struct Item {
   explicit Item(CopyOrder its_order) : order(std::move(its_order)) {}
 
   CopyOrder order;
   std::unique_ptr<Draft> draft = nullptr;
   Result<CopyOutcome> result = Error{};
+  std::atomic<bool> has_its_name = false;
   bool is_settled = false;
 };
 
@@ -96,6 +100,8 @@ struct GroupedCopier::State {
   // --- Under the lock
   bool HasRoom() const;
 
+  std::optional<Result<CopyOutcome>> CollectGivenUp();
+
   // --- Of the caller's thread
   bool IsFull() const;
   bool WouldGrowTooLarge(std::int64_t size) const;
@@ -109,6 +115,7 @@ struct GroupedCopier::State {
   void SaveGroup(const GroupPtr& group);
   Status SaveAndPublish(const GroupPtr& group);
   void ReadBackAll(const GroupPtr& group);
+  void PublishAll(const GroupPtr& group);
   void DoWithAll(const GroupPtr& group, std::function<Status(Item&)> act);
   void DoWithSome(Sharing& sharing);
   CopyProgress WatcherOf(const Item& item, std::int64_t done_before);
@@ -135,6 +142,8 @@ struct GroupedCopier::State {
   std::size_t groups_to_save = 0;  ///< under the lock, as is Item::is_settled
   std::size_t files_to_save = 0;   ///< under the lock: those in these groups
   std::size_t unwritten = 0;       ///< under the lock: batches, as is Group::unwritten
+  bool is_publishing = false;      ///< under the lock
+  std::size_t given_out = 0;       ///< of the items, after it was given up
 };
 
 bool GroupedCopier::State::HasRoom() const {
@@ -238,7 +247,12 @@ void GroupedCopier::State::SaveGroup(const GroupPtr& group) {
     changed.wait(lock, [&] { return given_up || group->unwritten == 0; });
   }
   if (given_up) return;
-  if (const Status saved = SaveAndPublish(group); !saved) FailAll(*group, saved.error());
+  const Status saved = SaveAndPublish(group);
+  {
+    const std::lock_guard lock(mutex);
+    if (given_up) return;
+    if (!saved) FailAll(*group, saved.error());
+  }
   Settle(*group);
 }
 
@@ -251,7 +265,7 @@ Status GroupedCopier::State::SaveAndPublish(const GroupPtr& group) {
   if (Status saved = volume->SaveData(written); !saved) return saved;
   Adapt(Clock::now() - begun);
   ReadBackAll(group);
-  DoWithAll(group, [](Item& item) { return item.draft->Publish(); });
+  PublishAll(group);
   const Drafts published = WrittenDrafts(*group);
   return published.empty() ? Status(Done{}) : volume->SaveNames(published);
 }
@@ -266,6 +280,21 @@ void GroupedCopier::State::ReadBackAll(const GroupPtr& group) {
     return item.draft->ReadBack(WatcherOf(item, item.result->bytes));
   });
   is_reading_back = false;
+}
+
+void GroupedCopier::State::PublishAll(const GroupPtr& group) {
+  {
+    const std::lock_guard lock(mutex);
+    is_publishing = true;
+  }
+  DoWithAll(group, [](Item& item) {
+    Status published = item.draft->Publish();
+    item.has_its_name = published.ok();
+    return published;
+  });
+  const std::lock_guard lock(mutex);
+  is_publishing = false;
+  changed.notify_all();
 }
 
 void GroupedCopier::State::DoWithAll(const GroupPtr& group, std::function<Status(Item&)> act) {
@@ -321,11 +350,7 @@ GroupedCopier::GroupedCopier(std::shared_ptr<CopyVolume> volume, CopyThreads& th
 }
 
 GroupedCopier::~GroupedCopier() {
-  {
-    const std::lock_guard lock(state_->mutex);
-    state_->given_up = true;
-  }
-  state_->changed.notify_all();
+  GiveUp();
   // Whoever holds the state last takes the temporary files away; that need not be this thread.
   if (!state_->items.empty()) threads_.writers.Post([state = state_] {});
 }
@@ -339,9 +364,25 @@ void GroupedCopier::Start(CopyOrder order) { state_->Add(state_->items.emplace_b
 
 void GroupedCopier::Save() { state_->CloseGroup(); }
 
+void GroupedCopier::GiveUp() {
+  std::unique_lock lock(state_->mutex);
+  state_->given_up = true;
+  state_->changed.notify_all();
+  state_->changed.wait_for(lock, kLongestForNames, [&] { return !state_->is_publishing; });
+}
+
+/// The items stay, since a job may still be at them.
+std::optional<Result<CopyOutcome>> GroupedCopier::State::CollectGivenUp() {
+  if (given_out == items.size()) return std::nullopt;
+  const Item& item = items[given_out++];
+  if (item.is_settled || item.has_its_name) return item.result;
+  return Result<CopyOutcome>(Error{ErrorKind::kCancelled, 0, {}});
+}
+
 std::optional<Result<CopyOutcome>> GroupedCopier::Collect() {
   if (state_->filling && state_->IsFull()) state_->CloseGroup();
   const std::lock_guard lock(state_->mutex);
+  if (state_->given_up) return state_->CollectGivenUp();
   if (state_->items.empty() || !state_->items.front().is_settled) return std::nullopt;
   Result<CopyOutcome> result = std::move(state_->items.front().result);
   state_->items.pop_front();

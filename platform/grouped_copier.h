@@ -27,6 +27,7 @@ class GroupedCopier : public Copier {
   void Start(CopyOrder order) override;
   void Save() override;
   std::optional<Result<CopyOutcome>> Collect() override;
+  void GiveUp() override;
   CopyStage Wait(std::chrono::milliseconds longest) override;
 
  private:

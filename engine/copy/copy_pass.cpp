@@ -207,6 +207,12 @@ void CopyPass::ShowReached(double walked) {
 }
 
 void CopyPass::GiveUp() {
+  if (copier_) copier_->GiveUp();
+  for (PendingCopy& pending : pending_) {
+    if (!pending.outcome && copier_) pending.outcome = copier_->Collect();
+  }
+  const auto is_made = [](const PendingCopy& pending) { return pending.outcome && pending.outcome->ok(); };
+  while (std::ranges::any_of(pending_, is_made)) SettleFirst();
   copier_.reset();
   order_.GiveUp();
 }
@@ -254,6 +260,7 @@ void CopyPass::SettleFirst() {
   pending_.pop_front();
   order_.Settle([&] {
     const CopyJob& job = first.job;
+    if (!first.outcome->ok() && first.outcome->error().kind == platform::ErrorKind::kCancelled) return;
     if (setting_.reads_back) CountReadBack(first);
     if (first.outcome->ok()) return ReportCopied(job, first.outcome->value());
     space_.Forget();

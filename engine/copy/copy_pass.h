@@ -43,7 +43,7 @@ class CopyPass {
   /// Settles what can be settled without waiting, and shows how far the run is: `fraction` of it is walked.
   void Beat(double fraction);
 
-  /// The user has cancelled: what is not settled counts as not met.
+  /// The user has cancelled: what is on its way and has not its name yet counts as not met.
   void GiveUp();
 
   /// Set when the run must stop: the target drive is full, or an answer stopped it.

@@ -33,6 +33,7 @@ struct Volume : CopyVolume {
     Status ReadBack(const CopyProgress&) override { return Done{}; }
     Status Publish() override {
       volume.Note("=" + name);
+      volume.on_publish();
       return Done{};
     }
     Volume& volume;
@@ -59,6 +60,7 @@ struct Volume : CopyVolume {
   CopyLimits its_limits{
       .workers = 0, .ahead = 2, .files = 1000, .bytes = std::int64_t{1} << 40, .folders = 9};
   std::string noted;
+  std::function<void()> on_publish = [] {};
   int yields = 0;
   std::atomic<int> writing = 0;
   std::atomic<bool> is_saving = false, wrote_two = false, wrote_while_saving = false;
@@ -85,6 +87,21 @@ TEST(GroupedCopier, ReadsAndWritesInTheOrderOfTheDiskAndGivesNamesInThatOfTheOrd
   folder->Add("b", 2, 1);
   EXPECT_EQ(CopyAll(volume, folder), 3);
   EXPECT_EQ(volume->noted, "?a?b+a?c+b+c=c=a=b");
+}
+
+TEST(GroupedCopier, GivesNoMoreNamesOnceItIsGivenUpAndTellsWhichHaveTheirs) {
+  const auto volume = std::make_shared<Volume>();
+  const auto folder = std::make_shared<ListedFolder>();
+  for (const char* name : {"a", "b"}) folder->Add(name, 0, 1);
+  CopyThreads threads;
+  GroupedCopier copier(volume, threads);
+  volume->on_publish = [&] { copier.GiveUp(); };
+  for (const Entry& file : folder->entries()) copier.Start({folder, &file, folder});
+  copier.Save();
+  EXPECT_EQ(volume->noted, "?a?b+a+b=a");
+  EXPECT_TRUE(copier.Collect()->ok());
+  EXPECT_EQ(copier.Collect()->error().kind, ErrorKind::kCancelled);
+  EXPECT_FALSE(copier.Collect());
 }
 
 TEST(GroupedCopier, WritesOneBigFileAtATimeAndNoneWhileOthersAreSavedWhereTheVolumeWantsThat) {
