@@ -31,7 +31,7 @@ void Unlink(const std::string& path) {
   if (const auto place = Reach(path)) unlinkat(place->at(), place->rest, 0);
 }
 
-/// The file is removed while it is locked, so nobody removes the file of another.
+/// The file is removed, where that is allowed, while it is locked, so nobody removes the file of another.
 class PosixLock : public FileLock {
  public:
   PosixLock(std::string path, FileDescriptor file) : path_(std::move(path)), file_(std::move(file)) {}
@@ -60,11 +60,24 @@ Result<FileDescriptor> OpenOld(const std::string& path) {
                                                                : OpenPath(path, O_RDONLY | kFlags);
 }
 
-/// What a program left that has died. Nothing but a file that nobody has locked is removed.
-Status RemoveDead(const std::string& path) {
-  const auto old = OpenOld(path);
+/// For those who find the lock held.
+void Write(const FileDescriptor& file, const std::string& content) {
+  static_cast<void>(pwrite(file.get(), content.data(), content.size(), 0) == 0);
+}
+
+/// The same in the place of what a dead program wrote, unless the file bears another name, too.
+void WriteAnew(const FileDescriptor& file, const std::string& content) {
+  struct stat facts = {};
+  if (fstat(file.get(), &facts) != 0 || facts.st_nlink != 1) return;
+  if (ftruncate(file.get(), 0) == 0) Write(file, content);
+}
+
+/// What a program left that has died, which nobody has locked, is removed. Where that is not allowed, as with
+/// a file of another user, it is given back, locked.
+Result<FileDescriptor> RemoveOrTakeDead(const std::string& path) {
+  auto old = OpenOld(path);
   if (!old) {
-    if (old.error().kind == ErrorKind::kNotFound) return Done{};
+    if (old.error().kind == ErrorKind::kNotFound) return FileDescriptor();
     const bool is_no_file = old.error().code == ELOOP || old.error().code == EISDIR;
     return is_no_file ? ErrorOf(EEXIST) : old.error();
   }
@@ -76,7 +89,8 @@ Status RemoveDead(const std::string& path) {
     return LastError();
   }
   if (IsAt(path, *old)) Unlink(path);
-  return Done{};
+  if (!IsAt(path, *old)) return FileDescriptor();
+  return old;
 }
 
 }  // namespace
@@ -87,8 +101,11 @@ Result<std::unique_ptr<FileLock>> LockAt(const std::string& path, const std::str
     auto file = OpenPath(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kForAllToRead);
     if (!file) {
       if (file.error().kind != ErrorKind::kAlreadyExists) return file.error();
-      if (const Status removed = RemoveDead(path); !removed) return removed.error();
-      continue;
+      auto left = RemoveOrTakeDead(path);
+      if (!left) return left.error();
+      if (!*left) continue;
+      WriteAnew(*left, content);
+      return std::unique_ptr<FileLock>(std::make_unique<PosixLock>(path, std::move(*left)));
     }
     const bool locked = flock(file->get(), LOCK_EX | LOCK_NB) == 0;
     const int reason = errno;
@@ -97,7 +114,7 @@ Result<std::unique_ptr<FileLock>> LockAt(const std::string& path, const std::str
       return ErrorOf(reason);
     }
     if (!locked || !IsAt(path, *file)) continue;
-    static_cast<void>(pwrite(file->get(), content.data(), content.size(), 0) == 0);
+    Write(*file, content);
     return std::unique_ptr<FileLock>(std::make_unique<PosixLock>(path, std::move(*file)));
   }
   return ErrorOf(EBUSY);

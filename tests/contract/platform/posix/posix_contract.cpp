@@ -198,10 +198,14 @@ TEST_F(PosixFiles, ASourceOfThisMomentIsWaitedForAndOneWhoseTimeCouldHideAChange
   }
 }
 
-TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftToReadOnlyAndNoneWhereTheVolumeKnowsNone) {
-  AddFile("to/lock", "dead");
-  ASSERT_EQ(chmod(At("to/lock").c_str(), 0444), 0);
-  EXPECT_TRUE(files().Lock(At("to/lock"), "me"));
+TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftAlsoToStayAndNoneWhereTheVolumeKnowsNone) {
+  for (const auto& [mode, holder] : {std::pair(0444u, "dead"), {0644u, "me"}}) {
+    AddFile("to/lock", "dead");
+    ASSERT_TRUE(chmod(At("to/lock").c_str(), mode) == 0 && scene_->ForbidChanges(At("to")));
+    const auto lock = Must(files().Lock(At("to/lock"), "me"));
+    EXPECT_EQ(files().Lock(At("to/lock"), "you").error().text, holder);
+    ASSERT_EQ(chmod(At("to").c_str(), S_IRWXU), 0);
+  }
   for (const int reason : {ENOLCK, EWOULDBLOCK}) {
     Calls()->fails = {{"flock", reason}};
     EXPECT_EQ(files().Lock(At("to/lock"), "me").error().code, reason);
