@@ -53,6 +53,7 @@ std::optional<std::int16_t> InputText::Number(int low, int high) {
 
 std::optional<std::string> InputText::Line() {
   if (AtEnd()) return std::nullopt;
+  if (rest_.find('\n') == std::string_view::npos) return Fail(kInputPastEnd);
   return std::string(TakeUntil("\n"));
 }
 

@@ -23,11 +23,14 @@ class InputText {
   /// A number from `low` to `high`; any other is kInputBadValue.
   std::optional<std::int16_t> Number(int low, int high);
 
-  /// All that is left of the line.
+  /// All that is left of the line. One without its end was cut off: kInputPastEnd, and it stays unread.
   std::optional<std::string> Line();
 
   /// 0, or one of the numbers in services/setup_text.h.
   std::int16_t error() const { return error_; }
+
+  /// Whether nothing is left to be read.
+  bool is_through() const { return rest_.empty(); }
 
   /// The line (from 1) in which the last call began to read.
   int line() const { return line_; }

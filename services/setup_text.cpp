@@ -24,7 +24,16 @@ void AddNumber(std::string& content, int number) {
   AddLine(content, " ");
 }
 
-bool IsOneLine(const std::string& text) { return text.find_first_of(kLineEnd) == std::string::npos; }
+bool IsOneLine(const std::string& text) {
+  return text.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos;
+}
+
+/// The lines before the first with a zero byte, such as a failing power leaves where a file was being
+/// written.
+std::string_view UndamagedLines(std::string_view content) {
+  const std::size_t zero = content.find('\0');
+  return zero == std::string_view::npos ? content : content.substr(0, content.rfind('\n', zero) + 1);
+}
 
 /// Stores what was read; whether anything was.
 template <typename Read, typename Field>
@@ -58,6 +67,8 @@ std::string InputErrorText(std::int16_t error) {
       return "The file is incomplete.";
     case kInputNoPermission:
       return "The file may not be read.";
+    case kInputDamaged:
+      return "The file is damaged.";
     case kInputBadValue:
       return "A number is outside its range.";
     default:
@@ -106,7 +117,8 @@ bool SurvivesSaving(const std::string& folder) {
 
 ParsedSetup ParseSetup(std::string_view content, int periods) {
   ParsedSetup parsed;
-  InputText input(content);
+  const std::string_view lines = UndamagedLines(content);
+  InputText input(lines);
   app::Setup& setup = parsed.setup;
   // Each step runs only when the one before it was read, so that an error leaves the rest at its defaults.
   const bool all_but_last =
@@ -123,8 +135,10 @@ ParsedSetup ParseSetup(std::string_view content, int periods) {
   if (parsed.error == 0) return parsed;
   parsed.line = input.line();
   parsed.comma_line = input.comma_line();
+  if (parsed.error == kInputPastEnd && lines.size() < content.size()) parsed.error = kInputDamaged;
   // Without its line end the line before may have been cut off itself.
-  parsed.extension_missing = all_but_last && parsed.error == kInputPastEnd && content.ends_with('\n');
+  const bool line_before_ended = content.ends_with('\n') || !input.is_through();
+  parsed.extension_missing = all_but_last && parsed.error == kInputPastEnd && line_before_ended;
   return parsed;
 }
 

@@ -25,6 +25,7 @@ inline constexpr std::int16_t kInputFileNotFound = 53;  ///< no such file
 inline constexpr std::int16_t kInputPastEnd = 62;       ///< fewer lines than the layout needs
 inline constexpr std::int16_t kInputNoPermission = 70;  ///< the file may not be read, or is in use
 inline constexpr std::int16_t kInputFileAccess = 75;    ///< the file cannot be read for another reason
+inline constexpr std::int16_t kInputDamaged = 321;      ///< a zero byte, which no line has
 inline constexpr std::int16_t kInputBadValue = 380;     ///< a number that its control refuses
 
 /// One plain sentence for one of these numbers.
@@ -33,8 +34,8 @@ std::string InputErrorText(std::int16_t error);
 /// The content of a setup file. A text that holds a line end would shift the lines: see CanBeWritten().
 std::string SetupText(const app::Setup& setup);
 
-/// Whether the layout can hold the setup: no text has a CR or LF in it, as names on Linux may, and there are
-/// no more than 32,767 included folders.
+/// Whether the layout can hold the setup: no text has a CR, LF or zero byte in it, as names on Linux may, and
+/// there are no more than 32,767 included folders.
 bool CanBeWritten(const app::Setup& setup);
 
 struct ParsedSetup {
@@ -52,7 +53,8 @@ std::string ProblemText(const ParsedSetup& parsed);
 bool SurvivesSaving(const std::string& folder);
 
 /// Reads a setup file's content: any bytes, with CR LF or LF, a byte order mark passed over, anything behind
-/// the last line ignored. `periods` is the length of the list that ModifiedSince points into.
+/// the last line ignored. A whole line without its line end was cut off, and counts as missing. `periods` is
+/// the length of the list that ModifiedSince points into.
 ParsedSetup ParseSetup(std::string_view content, int periods);
 
 }  // namespace services

@@ -1,5 +1,6 @@
 #include "platform/posix/long_path.h"
 
+#include <cerrno>
 #include <chrono>
 #include <list>
 #include <mutex>
@@ -99,6 +100,7 @@ Result<SharedFolder> OpenWay(std::string_view path, std::size_t end) {
 }  // namespace
 
 Result<ReachedPath> Reach(const std::string& path) {
+  if (path.find('\0') != std::string::npos) return Error{ErrorKind::kBadName, EINVAL, ErrorOf(EINVAL).text};
   ReachedPath reached{{}, path.c_str()};
   const std::size_t end = WayEnd(path, path.size());
   if (end == 0) return reached;

@@ -8,7 +8,7 @@ constexpr int kPeriods = 10;
 
 const app::Setup kFull{.SourceFolder = "/home/käthe",
                        .TargetFolder = "/mnt/backup",
-                       .IncludedFolders = {"a, b", " c ", "\"d\"", std::string("\xFF\0", 2)},
+                       .IncludedFolders = {"a, b", " c ", "\"d\"", "\xFF"},
                        .IncludeSubfolders = true,
                        .FileExtension = "j?g",
                        .SkipFilepaths = "tmp, /cache/",
@@ -40,13 +40,13 @@ TEST(SetupText, ComesBackWithEveryLineEndAndAByteOrderMark) {
   EXPECT_EQ(ParseSetup("\xEF\xBB\xBF" + content, kPeriods).setup, kFull);
 }
 
-TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCut) {
+TEST(SetupText, CutAtAnyByteGivesTheFieldsBeforeTheCutAndAnyZeroByteIsDamage) {
   const std::string whole = SetupText(kFull);
   for (std::size_t size = 0; size < whole.size(); ++size) {
     const auto parsed = ParseSetup(std::string_view(whole).substr(0, size), kPeriods);
-    const bool last_line_began = size > whole.size() - std::string("j?g\r\n").size();
-    EXPECT_EQ(parsed.error, last_line_began ? 0 : kInputPastEnd) << size;
+    EXPECT_EQ(parsed.error, kInputPastEnd) << size;
     EXPECT_TRUE(whole.starts_with(parsed.setup.SourceFolder)) << size;
+    EXPECT_EQ(ParseSetup(std::string(whole).replace(size, 1, 1, '\0'), kPeriods).error, kInputDamaged);
   }
 }
 

@@ -94,7 +94,8 @@ TEST_F(PosixFiles, NamesPassThroughByteByByte) {
     ASSERT_TRUE(Copy(name)) << name;
     EXPECT_EQ(ContentOf("to/" + name), name);
   }
-  EXPECT_EQ(files().WriteFile(At(std::string(256, 'n')), "").error().kind, ErrorKind::kBadName);
+  for (const std::string& name : {std::string(256, 'n'), std::string("from\0/name", 10)})
+    EXPECT_EQ(files().WriteFile(At(name), "").error().kind, ErrorKind::kBadName);
 }
 
 TEST_F(PosixFiles, WhatIsNewHasThePermissionsOfItsSourceWhateverTheMaskAndItsOwnerCanWrite) {
