@@ -114,12 +114,13 @@ bool ListingAhead::Begin(const std::string& path, FollowLinks links) {
   const auto [place, is_new] = tasks_.try_emplace(path);
   if (!is_new) return true;
   place->second = std::make_shared<Task>(path, links);
-  const Queue::Lock lock(queue_->mutex);
-  queue_->waiting.push_back(place->second);
-  if (queue_->threads < queue_->allowed) {
+  {
+    const Queue::Lock lock(queue_->mutex);
+    queue_->waiting.push_back(place->second);
+    if (queue_->threads >= queue_->allowed) return true;
     ++queue_->threads;
-    workers_.Post([queue = queue_] { queue->RunAll(); });
   }
+  workers_.Post([queue = queue_] { queue->RunAll(); });
   return true;
 }
 

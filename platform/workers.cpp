@@ -1,6 +1,7 @@
 #include "platform/workers.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace platform {
@@ -30,10 +31,27 @@ void Workers::Add(Job job, bool first) {
     job();
     return;
   }
-  first ? jobs_.push_front(std::move(job)) : jobs_.push_back(std::move(job));
-  if (waiting_ < jobs_.size() && threads_.size() < allowed_) threads_.emplace_back([this] { Run(); });
+  const auto place = jobs_.insert(first ? jobs_.begin() : jobs_.end(), std::move(job));
+  const bool wants_one_more = waiting_ < jobs_.size() && threads_.size() < allowed_;
+  if (wants_one_more && !StartThread() && threads_.empty()) {
+    job = std::move(*place);
+    jobs_.erase(place);
+    lock.unlock();
+    job();
+    return;
+  }
   lock.unlock();
   changed_.notify_one();
+}
+
+/// The system may have none to give: the user has too many, or too little memory.
+bool Workers::StartThread() {
+  try {
+    threads_.emplace_back([this] { Run(); });
+  } catch (const std::system_error&) {
+    return false;
+  }
+  return true;
 }
 
 void Workers::Run() {

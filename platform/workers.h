@@ -10,7 +10,8 @@
 namespace platform {
 
 /// Threads that do jobs in the background, in order. They are started when they are needed. When the object
-/// goes, the jobs at hand are finished and the others are dropped.
+/// goes, the jobs at hand are finished and the others are dropped. Where the system gives fewer threads,
+/// those do; where it gives none, whoever posts a job does it, so no lock of the job may be held then.
 class Workers {
  public:
   using Job = std::function<void()>;
@@ -30,6 +31,7 @@ class Workers {
 
  private:
   void Add(Job job, bool first);
+  bool StartThread();  ///< under the lock
   void Run();
 
   std::mutex mutex_;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <system_error>
 #include <thread>
 
 #include "platform/posix/system_error.h"
@@ -41,10 +42,14 @@ class Streams {
 
 /// Takes note of the child's end, whenever that is, so that it does not stay behind as a zombie.
 void WaitInBackground(pid_t child) {
-  std::thread([child] {
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
-  }).detach();
+  try {
+    std::thread([child] {
+      while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+      }
+    }).detach();
+  } catch (const std::system_error&) {
+    return;  // no thread is to be had: it stays one until this program ends
+  }
 }
 
 }  // namespace

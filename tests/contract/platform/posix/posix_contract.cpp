@@ -214,6 +214,13 @@ TEST_F(PosixFiles, ALockIsHadOfWhatADeadProgramLeftAlsoToStayAndNoneWhereTheVolu
   }
 }
 
+TEST_F(PosixFiles, WhereNoThreadIsToBeHadWhoAsksCopiesAndListsByItself) {
+  AddFile("from/file", "x");
+  Calls()->fails = {{"pthread_create", EAGAIN}};
+  EXPECT_TRUE(Copy("file"));
+  files().PrefetchFolder(At("from"));
+}
+
 TEST_F(PosixFiles, AnErrorOfTheDiskIsToldAndLeavesTheOldFile) {
   AddPair(Noise(700'000), "old");
   const auto replace = [&] { return files().ReplaceFile(At("to/file"), "new"); };

@@ -121,6 +121,12 @@ int close(int file) {
   return Fails("close") ? -1 : result;
 }
 
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
+                   void* argument) noexcept {
+  static const auto create = reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
+  return Fails("pthread_create") ? errno : create(thread, attributes, start, argument);
+}
+
 int Lock(int file, int operation) noexcept __asm__("flock");  // which is a struct, too
 int Lock(int file, int operation) noexcept {
   return Fails("flock") ? -1 : static_cast<int>(syscall(SYS_flock, file, operation));
