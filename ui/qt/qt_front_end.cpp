@@ -43,16 +43,26 @@ constexpr unsigned kSecondsToAnswer = 20;
   alarm(kSecondsToAnswer);
   if (std::freopen("/dev/null", "w", stderr) == nullptr) _exit(1);
   const QGuiApplication application(argc, argv);
-  _exit(0);
+  _exit(QGuiApplication::primaryScreen() == nullptr ? 1 : 0);
+}
+
+/// Whether nobody sits before what the environment makes Qt draw on, whatever display there is besides.
+bool DrawsForNobody() {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  return platform.startsWith("offscreen") || platform.startsWith("minimal") || platform.startsWith("vnc");
+}
+
+bool IsDisplayNamed() {
+  for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    if (!qEnvironmentVariableIsEmpty(variable)) return true;
+  }
+  return false;
 }
 
 }  // namespace
 
 bool QtFrontEnd::HasDisplay(int argc, char** argv) {
-  const bool named = qEnvironmentVariableIsSet("QT_QPA_PLATFORM") ||
-                     !qEnvironmentVariableIsEmpty("DISPLAY") ||
-                     !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-  if (!named) return false;
+  if (DrawsForNobody() || !IsDisplayNamed()) return false;
   const pid_t child = fork();
   if (child == 0) TryDisplay(argc, argv);
   int end = 0;

@@ -12,6 +12,10 @@ namespace contract {
 using QtFrontEndTest = FrontEndContract;
 using ui::qt::WidgetOf;
 
+TEST(QtFrontEnd, WhatNobodySeesIsNoDisplay) {
+  EXPECT_FALSE(ui::qt::QtFrontEnd::HasDisplay(0, nullptr)) << qgetenv("QT_QPA_PLATFORM").data();
+}
+
 TEST_F(QtFrontEndTest, AnAppendedTextLeavesTheRestUntouchedAndComesIntoView) {
   auto* edit = static_cast<QPlainTextEdit*>(WidgetOf(window_.report));
   for (int line = 0; line < 100; ++line) window_.report.Append("an earlier line\r\n");
