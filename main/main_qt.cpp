@@ -1,5 +1,8 @@
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "base/program_name.h"
@@ -17,7 +20,20 @@
 
 namespace {
 
+constexpr int kExitFailed = 2;
 constexpr int kExitRefused = 4;
+
+/// Qt calls exit() by itself when its display is gone, with a number that would say that all is backed up.
+bool has_ended = false;
+
+void TellThatTheDisplayIsGone() {
+  if (has_ended) return;
+  std::fputs(
+      "Quorvane ended because its display went away. If a backup was running, it was broken off: what it had "
+      "copied is whole, the rest is not backed up yet. Start it again.\n",
+      stderr);
+  _exit(kExitFailed);  // threads are still at work: nothing may be taken down under them
+}
 
 }  // namespace
 
@@ -45,5 +61,8 @@ int main(int argc, char** argv) {
     return program::Run({front_end, files, clock, locale, settings, shell}, command_line, true);
   }
   ui::qt::QtFrontEnd front_end(argc, argv);
-  return program::Run({front_end, files, clock, locale, settings, shell}, command_line, false);
+  std::atexit(TellThatTheDisplayIsGone);
+  const int exit_code = program::Run({front_end, files, clock, locale, settings, shell}, command_line, false);
+  has_ended = true;
+  return exit_code;
 }

@@ -54,6 +54,15 @@ class WithoutAScreen(OnLinux, Story):
             self.check_copies(INCLUDED)
         self.assertEqual(program.wait_for_result()["status"], "ok")
 
+    def test_a_display_that_goes_away_ends_the_program_with_a_word_and_not_as_if_all_were_backed_up(self):
+        screen = desktop.Screen()
+        program = accessible.Program(self.place.home, [], screen)
+        self.addCleanup(program.end)
+        desktop.wait_until(lambda: "Quorvane" in screen.run("wmctrl", "-l").stdout, "the main window")
+        screen.end()
+        self.assertEqual(program.exit_code(), 2)
+        self.assertIn("its display went away", program.complaints()[-1])
+
 
 class LinuxFirstDay(OnLinux, FirstDay, Story):
     def answer_folder_dialog(self, title, path):
