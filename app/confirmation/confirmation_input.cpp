@@ -176,8 +176,10 @@ std::string WithoutWildcards(const std::string& pattern) {
   return longest;
 }
 
+bool HasWildcard(const std::string& pattern) { return pattern.find_first_of("*?") != std::string::npos; }
+
 void DoubtTheWildcards(const std::string& pattern, std::vector<std::string>& doubts) {
-  if (pattern.find_first_of("*?") == std::string::npos) return;
+  if (!HasWildcard(pattern)) return;
   const std::string instead = WithoutWildcards(pattern);
   doubts.push_back("\"*\" and \"?\" stand for nothing else in a pattern, so " + Quoted(pattern) +
                    " will hardly leave out a file. " +
@@ -209,7 +211,7 @@ void DoubtThePatterns(const ConfirmationInput& input, std::vector<std::string>& 
     if (source.find(hits.pattern) != std::string::npos) {
       doubts.push_back("The path of the source folder itself contains " + Quoted(hits.typed) +
                        ", so every file is left out.");
-    } else if (base::utf8::Length(hits.pattern) <= kShortPattern) {
+    } else if (base::utf8::Length(hits.pattern) <= kShortPattern && !HasWildcard(hits.pattern)) {
       short_ones.push_back(Quoted(hits.typed));
     }
   }
