@@ -1,5 +1,6 @@
 #include "services/last_run_file.h"
 
+#include "platform/path.h"
 #include "services/setup_file.h"
 #include "services/setup_text.h"
 
@@ -29,6 +30,7 @@ LastRunFile::Loss LastRunFile::LossBySaving(const std::string& path, const app::
 }
 
 bool LastRunFile::Save(const std::string& path, const app::Setup& setup) {
+  static_cast<void>(files_.CreateFolder(platform::ParentOf(path)));
   if (!SaveSetupToFile(files_, path, setup)) return false;
   known_ = SetupText(setup);
   read_in_part_ = false;

@@ -37,7 +37,7 @@ class LastRunFile {
   /// What saving `setup` would destroy.
   Loss LossBySaving(const std::string& path, const app::Setup& setup) const;
 
-  /// SaveSetupToFile(); after a success the file is known.
+  /// SaveSetupToFile(), into a folder that is made anew where it is gone; after a success the file is known.
   bool Save(const std::string& path, const app::Setup& setup);
 
  private:

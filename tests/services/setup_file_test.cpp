@@ -92,7 +92,7 @@ TEST_F(SetupFile, OnlyAnOldTemporaryFileIsTakenForOneOfADeadProgram) {
 
 TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   using Loss = LastRunFile::Loss;
-  const std::string path = "/last.qvr";
+  const std::string path = "/gone/last.qvr";
   LastRunFile last(files);
   std::string reason;
   EXPECT_EQ(last.Stat(path, reason), LastRunState::kNone);
@@ -107,7 +107,8 @@ TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   last.NoteBeforeLoading(path);
   EXPECT_EQ(last.LossBySaving(path, setup), Loss::kNone) << "it is read anew";
   last.NoteReadInPart();
-  EXPECT_TRUE(last.Save(path, setup));
+  files.Remove("/gone");
+  EXPECT_TRUE(last.Save(path, setup)) << "its folder is made anew";
   EXPECT_EQ(last.LossBySaving(path, {}), Loss::kNone);
   files.Remove(path);
   last.NoteBeforeLoading(path);
