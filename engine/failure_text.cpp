@@ -38,6 +38,8 @@ int SentenceOf(platform::ErrorKind kind) {
       return text::kReasonNotAsWritten;
     case ErrorKind::kDamaged:
       return text::kReasonDamaged;
+    case ErrorKind::kTooManyOpen:
+      return text::kReasonTooManyOpen;
     case ErrorKind::kCancelled:
     case ErrorKind::kOther:
       break;
@@ -67,6 +69,11 @@ std::string NoticeLine(const Tools& tools, int lead_text, const std::string& pat
 std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
                         const platform::Error& error) {
   return Line(tools, lead_text, path, SentenceOf(error.kind), error);
+}
+
+std::string FolderFailureLine(const Tools& tools, const std::string& path, const platform::Error& error) {
+  const int sentence = IsGone(error) ? text::kReasonFolderGone : SentenceOf(error.kind);
+  return Line(tools, text::kNotRead, path, sentence, error);
 }
 
 std::string TargetFailureLine(const Tools& tools, int lead_text, const std::string& path,

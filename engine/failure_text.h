@@ -17,6 +17,9 @@ std::string NoticeLine(const Tools& tools, int lead_text, const std::string& pat
 std::string FailureLine(const Tools& tools, int lead_text, const std::string& path,
                         const platform::Error& error);
 
+/// The same for a folder that could not be listed.
+std::string FolderFailureLine(const Tools& tools, const std::string& path, const platform::Error& error);
+
 /// The same for something that was not done because its target folder could not be had.
 std::string TargetFailureLine(const Tools& tools, int lead_text, const std::string& path,
                               const platform::Error& error);

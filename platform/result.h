@@ -23,6 +23,7 @@ enum class ErrorKind {
   kTooLarge,      ///< the file is larger than the volume's format can hold
   kShort,         ///< fewer bytes arrived than the file has, or the disk failed to read them
   kNotAsWritten,  ///< what was read back from the disk is not what was written, or could not be read
+  kTooManyOpen,   ///< the program, or all together, may open no more files at a time
   kDamaged,       ///< what the volume's file system says of its files contradicts itself
   kCancelled,     ///< a watcher asked to stop
   kOther,

@@ -58,9 +58,9 @@ FolderWalk::FolderWalk(const Tools& tools, Listener& listener, WalkPlan plan)
 }
 
 const Totals& FolderWalk::Run() {
-  if (unfinished_.error())
+  if (unfinished_.error()) {
     Warn(FailureLine(tools_, text::kMarkNotRead, unfinished_.path(), *unfinished_.error()));
-  if (unfinished_.was_found()) {
+  } else if (unfinished_.was_found()) {
     const bool goes_on = !IsCopyOperation(plan_.rules.operation) && HolderOf(tools_, plan_.target);
     const int what = goes_on ? text::kUnfinishedRunGoesOn : text::kUnfinishedRunFound;
     Write(kLineIndent + tools_.texts.GetProgramText(what));
@@ -264,7 +264,7 @@ void FolderWalk::WriteUnread(const std::string& line) {
 }
 
 void FolderWalk::FailFolder(const std::string& path, const platform::Error& error) {
-  WriteUnread(FailureLine(tools_, text::kNotRead, path, error));
+  WriteUnread(FolderFailureLine(tools_, path, error));
 }
 
 }  // namespace engine

@@ -109,6 +109,8 @@ Error MakeError(ErrorKind kind) {
       return {kind, 0, "The file ended early"};
     case ErrorKind::kDamaged:
       return {kind, 117, "Structure needs cleaning"};
+    case ErrorKind::kTooManyOpen:
+      return {kind, 24, "Too many open files"};
     case ErrorKind::kCancelled:
       return {kind, 125, "Operation canceled"};
     case ErrorKind::kOther:

@@ -34,6 +34,9 @@ ErrorKind KindOf(int number) {
       return ErrorKind::kTooLarge;
     case EUCLEAN:
       return ErrorKind::kDamaged;
+    case EMFILE:
+    case ENFILE:
+      return ErrorKind::kTooManyOpen;
     case ECANCELED:
       return ErrorKind::kCancelled;
     default:

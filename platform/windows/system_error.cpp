@@ -50,6 +50,8 @@ ErrorKind KindOf(DWORD code) {
     case ERROR_FILE_CORRUPT:
     case ERROR_DISK_CORRUPT:
       return ErrorKind::kDamaged;
+    case ERROR_TOO_MANY_OPEN_FILES:
+      return ErrorKind::kTooManyOpen;
     case ERROR_REQUEST_ABORTED:
     case ERROR_CANCELLED:
       return ErrorKind::kCancelled;

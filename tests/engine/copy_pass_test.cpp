@@ -86,6 +86,7 @@ TEST(CopyPass, SaysOnWhichSideAFolderStandsAndANameIsRefused) {
   const std::tuple<ErrorKind, bool, bool, const char*> cases[] = {
       {ErrorKind::kIsAFolder, true, false, "Became folder."},
       {ErrorKind::kIsAFolder, false, false, "Folder in the way."},
+      {ErrorKind::kTooManyOpen, false, false, "Too many open."},
       {ErrorKind::kNotFound, false, false, "Bad name."},
       {ErrorKind::kNotFound, false, true, "Target gone."}};
   for (const auto& [kind, source_is_folder, target_goes, line] : cases) {

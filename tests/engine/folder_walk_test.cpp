@@ -16,7 +16,9 @@ TEST(FolderWalk, AnIncludedNameStandsForOneFolderRightBelowTheSource) {
   EXPECT_EQ(scene.visited, "/src|/src/in|/src/in/deep|");
   EXPECT_TRUE(scene.Wrote("|      Gone: /src/gone|") && scene.Wrote("Not plain: in/deep|"));
   scene.files.Fail(Call::kLook, "/src/gone", {platform::ErrorKind::kOther, 5, "I/O error"});
-  EXPECT_EQ(scene.BackUp(), "up to date 1, unread 1, warnings 6");
+  scene.files.Fail(Call::kOpenFolder, "/src/in/deep", {platform::ErrorKind::kNotFound, 0, {}});
+  EXPECT_EQ(scene.BackUp(), "unread 2, warnings 6");
+  EXPECT_TRUE(scene.Wrote("Not read: /src/in/deep. Folder gone.|"));
   EXPECT_EQ(scene.outcome.totals.left_out_folders, 6);
   EXPECT_TRUE(scene.Wrote("Not read: /src/gone. Unknown. (5: I/O error)|"));
 }

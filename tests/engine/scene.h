@@ -128,7 +128,8 @@ class Scene : public Listener {
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
       "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
-      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n502 No permission.\n542 "
+      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n515 Folder gone.\n516 Too "
+      "many open.\n502 No permission.\n542 "
       "Mark unread:\n509 Too "
       "large.\n520 Not "
       "read:\n521 Link:\n522 Dead:\n523 Special:\n"
