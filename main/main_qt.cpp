@@ -39,6 +39,7 @@ void TellThatTheDisplayIsGone() {
 
 int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);  // whoever reads the report may go away; the backup goes on
+  std::signal(SIGXFSZ, SIG_IGN);  // a copy beyond a limit of the user is a failure of that file alone
   const std::string command_line = program::CommandLine(argc, argv);
   const bool has_display = ui::qt::QtFrontEnd::HasDisplay(argc, argv);
   if (!has_display && command_line.empty()) {
