@@ -20,8 +20,16 @@ class WindowsLock : public FileLock {
   FileHandle file_;
 };
 
+/// False also where others only read the file, such as a virus scanner.
+bool IsOpenForWriting(const std::wstring& long_path) {
+  const FileHandle file(
+      ::CreateFileW(long_path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  return !file && ::GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 Error WhyNotMine(const std::wstring& long_path, DWORD code) {
   if (!IsOneOf(code, {ERROR_SHARING_VIOLATION, ERROR_FILE_EXISTS})) return SystemError(code);
+  if (!IsOpenForWriting(long_path)) return SystemError(ERROR_ACCESS_DENIED);
   const auto content = ReadContent(long_path, kLongestContent);
   return {ErrorKind::kInUse, static_cast<int>(code), content ? *content : std::string()};
 }

@@ -59,6 +59,11 @@ std::wstring Join(std::wstring_view root, const std::vector<std::string_view>& n
 }  // namespace
 
 std::wstring LongPath(std::string_view path) {
+  if (path.find('\0') != std::string_view::npos) {
+    std::string refused(path);
+    std::ranges::replace(refused, '\0', '|');
+    return LongPath(refused);
+  }
   if (IsSystemForm(path)) return base::Widen(path);
   if (HasDrive(path)) {
     const std::wstring root = std::wstring(kLongPrefix) + base::Widen(path.substr(0, 2)) + L'\\';

@@ -10,7 +10,8 @@ namespace platform::windows {
 
 /// The long form of an absolute path: "C:\a" gives "\\?\C:\a", "\\server\share\a" gives
 /// "\\?\UNC\server\share\a", "c:" gives "\\?\c:\". Without a separator at its end, but for the root of a
-/// drive. A path that is not absolute, and one that has the form already, stays as it is.
+/// drive. A path that is not absolute, and one that has the form already, stays as it is. A zero byte, at
+/// which the system would cut the path, becomes a "|", for which it refuses it.
 std::wstring LongPath(std::string_view path);
 
 /// A folder's long form with one separator at its end, for names to be appended.

@@ -19,6 +19,7 @@ TEST(LongPath, IsTheSystemsOwnFormOfAnAbsolutePath) {
       {"A:", L"\\\\?\\A:\\"},
       {"[:\\a", L"[:\\a"},
       {"C:a", L"C:a"},
+      {std::string("C:\\a\0b", 6), L"\\\\?\\C:\\a|b"},
       {"\\\\\\a", L"\\\\\\a"},
       {"/a", L"/a"},
       {"", L""},

@@ -113,6 +113,9 @@ TEST_F(WindowsFiles, AFileThatAnotherProgramKeepsIsInUseAndStays) {
     EXPECT_EQ(ContentOf("to/file"), "old");
     EXPECT_EQ(NamesIn("to"), Names{"file"});
   }
+  const windows::FileHandle read(::CreateFileW(windows::LongPath(At("to/file")).c_str(), GENERIC_READ,
+                                               FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  EXPECT_EQ(files().Lock(At("to/file"), "me").error().kind, ErrorKind::kAccessDenied) << "nobody holds it";
 }
 
 // Copier, 2, 3 and 4.
