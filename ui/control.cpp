@@ -87,11 +87,6 @@ void Control::AttachPeer(FrontEnd& front_end) {
   for (const Property property : kMirrorOrder) Mirror(property);
 }
 
-void Control::DetachPeer() {
-  peer_.reset();
-  attached_ = false;
-}
-
 void Control::Mirror(Property property) {
   if (peer_) peer_->Mirror(property);
   if (!attached_ && parent_ != nullptr && parent_->attached_) AttachPeer(form().front_end());
@@ -127,11 +122,6 @@ void Container::ForEach(const std::function<void(Control&)>& visit) const {
 void Container::AttachPeer(FrontEnd& front_end) {
   Control::AttachPeer(front_end);
   for (Control* control : controls_) control->AttachPeer(front_end);
-}
-
-void Container::DetachPeer() {
-  for (Control* control : controls_) control->DetachPeer();
-  Control::DetachPeer();
 }
 
 void Frame::UserTurnedWheel(double notches) {

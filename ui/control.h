@@ -112,7 +112,6 @@ class Control {
   // --- For front ends.
   /// Makes the peer and mirrors every property into it.
   virtual void AttachPeer(FrontEnd& front_end);
-  virtual void DetachPeer();
   Peer* peer() const { return peer_.get(); }
   void UserMovedPointer();
   void UserMovedPointerAway();
@@ -165,7 +164,6 @@ class Container : public Control {
   void ForEach(const std::function<void(Control&)>& visit) const;
 
   void AttachPeer(FrontEnd& front_end) override;
-  void DetachPeer() override;
 
  private:
   friend class Control;

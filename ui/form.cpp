@@ -14,7 +14,8 @@ Form::Form(FrontEnd& front_end, std::string name, FormStyle style)
   visible_ = false;
 }
 
-Form::~Form() { DetachPeer(); }
+/// The peer may still speak of the window when it goes.
+Form::~Form() { peer_.reset(); }
 
 std::unique_ptr<Peer> Form::MakePeer(FrontEnd& front_end) { return front_end.CreatePeer(*this); }
 

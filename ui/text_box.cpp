@@ -57,11 +57,6 @@ void TextBox::SetText(std::string text) {
   MirrorWhole();
 }
 
-void TextBox::AttachPeer(FrontEnd& front_end) {
-  to_be_shown_.clear();  // the peer begins with the whole text
-  Control::AttachPeer(front_end);
-}
-
 void TextBox::Append(std::string_view text) {
   AppendLater(text);
   ShowAppended();

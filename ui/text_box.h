@@ -61,8 +61,6 @@ class TextBox : public Control {
   void UserEdited(const std::string& text);
   void UserReleasedMouse() { Raise(on_mouse_up); }
 
-  void AttachPeer(FrontEnd& front_end) override;
-
  protected:
   std::unique_ptr<Peer> MakePeer(FrontEnd& front_end) override;
 

@@ -60,9 +60,10 @@ TEST(Mirror, EveryChangeIsShownAndNothingTwiceUnlessTheUserMadeIt) {
   EXPECT_EQ(told(), all + "value value ");
   form.Show();
   EXPECT_EQ(told(), all + all + all + all + all + all + all + all + "visible focus ");
-  form.SetTaskProgress(0.5), form.SetTaskProgress(0.5), form.SetSmallest({9, 9});
+  form.SetTaskProgress(0.5), form.SetTaskProgress(0.5), form.SetTaskProgress(0.5, TaskState::kFailed);
+  form.SetTaskProgress(0.5, TaskState::kFailed), form.SetSmallest({9, 9});
   form.UserSetState(WindowState::kMinimised), form.Restore();
-  EXPECT_EQ(told(), "value bounds state ");
+  EXPECT_EQ(told(), "value value bounds state ");
   button.SetText("a"), button.SetText("a"), button.SetEnabled(false), button.SetBounds({1, 2, 3, 4});
   button.SetFont({"x"}), button.SetToolTip("a"), button.SetColours(Colours{}), button.SetVisible(false);
   EXPECT_EQ(told(), "text name focus enabled bounds font help colours visible ");
@@ -78,13 +79,19 @@ TEST(Mirror, EveryChangeIsShownAndNothingTwiceUnlessTheUserMadeIt) {
   EXPECT_EQ(told(), "enabled text name enabled ");
   line.SetText("a"), line.UserEdited("a\nb");
   EXPECT_EQ(told(), "text name selection text name ");
-  report.ShowAppended(), report.Append("x"), report.ShowAppended();
-  report.AppendLater("y"), report.Select({1, 1}), report.AppendLater("z"), report.RemoveFromEnd(1);
+  report.ShowAppended(), report.Append("x");
+  EXPECT_EQ(told(), "+x ");
+  report.AppendLater("y"), form.Show(), report.Select({1, 1}), report.AppendLater("z"),
+      report.RemoveFromEnd(1);
   report.ShowAppended(), form.Hide();
-  EXPECT_EQ(told(), "+x +y selection text name selection visible ");
+  EXPECT_EQ(told(), "visible +y selection text name selection visible ");
   CheckBox late(&form, "late");
   late.SetText("as if it had always been there");
   EXPECT_EQ(told(), all);
+  form.Show(), box.SetFocus(), CheckBox(&form, "short-lived");
+  EXPECT_TRUE(box.has_focus());
+  std::make_unique<CheckBox>(&form, "focused")->SetFocus();
+  EXPECT_EQ(form.focused(), nullptr);
 }
 
 }  // namespace ui
