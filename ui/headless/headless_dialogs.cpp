@@ -23,7 +23,8 @@ bool HeadlessDialogs::AskYesNo(Form& owner, const MessageBox& box) {
   return answer;
 }
 
-std::optional<std::string> HeadlessDialogs::NextText() {
+std::optional<std::string> HeadlessDialogs::Ask(Form& owner, const Asked& asked_now) {
+  Open(owner, asked_now);
   if (texts.empty()) return std::nullopt;
   std::optional<std::string> answer = std::move(texts.front());
   texts.pop_front();
@@ -32,23 +33,19 @@ std::optional<std::string> HeadlessDialogs::NextText() {
 
 std::optional<std::string> HeadlessDialogs::BrowseForFolder(Form& owner, const std::string& title,
                                                             const std::string& start, bool /*new_style*/) {
-  Open(owner, {"folder", start, title});
-  return NextText();
+  return Ask(owner, {"folder", start, title});
 }
 
 std::optional<std::string> HeadlessDialogs::OpenFile(Form& owner, const FileDialog& dialog) {
-  Open(owner, {"open", dialog.filter_name, dialog.title});
-  return NextText();
+  return Ask(owner, {"open", dialog.filter_name, dialog.title});
 }
 
 std::optional<std::string> HeadlessDialogs::SaveFile(Form& owner, const FileDialog& dialog) {
-  Open(owner, {"save", dialog.filter_name, dialog.title});
-  return NextText();
+  return Ask(owner, {"save", dialog.filter_name, dialog.title});
 }
 
 std::optional<std::string> HeadlessDialogs::AskText(Form& owner, const InputBox& box) {
-  Open(owner, {"text", box.prompt, box.title});
-  return NextText();
+  return Ask(owner, {"text", box.prompt, box.title});
 }
 
 }  // namespace ui::headless

@@ -34,7 +34,7 @@ class FormPeer : public Peer {
  private:
   HeadlessFrontEnd& front_end_;
   Form& form_;
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>();
 };
 
 }  // namespace
@@ -67,8 +67,8 @@ class TimerPeer : public Peer {
   HeadlessFrontEnd& front_end_;
   Timer& timer_;
   milliseconds left_{0};
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
-  std::shared_ptr<bool> waiting_ = std::make_shared<bool>(true);  ///< shared by the tick that is posted
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>();
+  std::shared_ptr<bool> waiting_ = std::make_shared<bool>();  ///< shared by the tick that is posted
 };
 
 std::unique_ptr<Peer> HeadlessFrontEnd::CreatePeer(Form& form) {

@@ -39,7 +39,7 @@ class HeadlessDialogs : public Dialogs {
 
  private:
   void Open(Form& owner, const Asked& asked_now);
-  std::optional<std::string> NextText();
+  std::optional<std::string> Ask(Form& owner, const Asked& asked_now);
 };
 
 class HeadlessClipboard : public Clipboard {
