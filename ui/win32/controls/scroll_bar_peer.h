@@ -5,6 +5,9 @@
 
 namespace ui::win32 {
 
+/// The system's vertical scroll bar. The system says where the user wants the slider and leaves it where it
+/// is; the control decides, and the slider goes where MirrorValue() says. Owned by the scroll bar, which
+/// outlives it.
 class ScrollBarPeer : public WindowPeer {
  public:
   ScrollBarPeer(ScrollBar& bar, Toolkit& toolkit);

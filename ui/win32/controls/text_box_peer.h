@@ -7,6 +7,10 @@
 
 namespace ui::win32 {
 
+/// The system's edit control: of one line, in the middle of its height, or of many. It has a second copy of
+/// the text, which is the control's, and it alone knows what the user has selected. What the user types goes
+/// to the control at once, what the program writes never comes back. Owned by the text box, which outlives
+/// it.
 class TextBoxPeer : public WindowPeer {
  public:
   TextBoxPeer(TextBox& box, Toolkit& toolkit);
@@ -33,7 +37,7 @@ class TextBoxPeer : public WindowPeer {
   void ScrollToLastLine();
 
   TextBox& box_;
-  bool by_program_ = false;
+  bool by_program_ = false;  ///< the text is being written here, which the system reports like typing
 };
 
 }  // namespace ui::win32
