@@ -33,8 +33,8 @@ TEST_F(FrontEndContract, AModalWindowReturnsWhenItIsHiddenWhileTimersGoOn) {
     driver_->Close(dialog);
   });
   dialog.ShowModal(window_);
-  EXPECT_FALSE(dialog.visible());
-  EXPECT_FALSE(dialog.modal());
+  EXPECT_GT(count_, 0);
+  EXPECT_FALSE(dialog.visible() || dialog.modal());
 }
 
 TEST_F(FrontEndContract, QuitEndsAModalWindowADialogAndTheRun) {
