@@ -23,7 +23,6 @@ frmReport::frmReport(ui::FrontEnd& front_end, platform::Clock& clock, const text
 }
 
 void frmReport::Form_Load() {
-  WaitSeconds = 15;
   SetLooks();
   SetTextsAndKeys();
   SetHandlers();
@@ -34,7 +33,6 @@ void frmReport::Form_Load() {
                                 front_end().screen()));
   SetSmallest(kSmallest);
   size_set_ = {width(), height()};
-  CloseFind();
 }
 
 void frmReport::SetLooks() {
@@ -48,7 +46,6 @@ void frmReport::SetLooks() {
 }
 
 void frmReport::SetTextsAndKeys() {
-  SetText("Report");
   cmdNextProblem.SetText("Next problem");
   cmdNextProblem.SetAccessKey('N');
   cmdNextProblem.SetDescription(
@@ -109,11 +106,9 @@ void frmReport::BeginReport(ReportSubject subject) {
   ShowFileAtHand("");
   barProgress.SetVisible(true);
   ShowProgress(0);
-  Paused = false;
   CloseFind();
   EnterPhase(Phase::kRunning);
   chkSuppressDisplayOfReport.SetValue(0);
-  txbText.SetVisible(true);
   SetReportButtons2(false, true, "Pause", false, "");
   cmdCancelClose.SetDescription({});
   Show();
@@ -152,7 +147,6 @@ void frmReport::ShowEnd(const std::string& title, const std::string& text, EndKi
   end_ = kind == EndKind::kBad ? "! " + text : text;
   EnterPhase(Phase::kEnded);
   if (kind == EndKind::kBad) lblState.SetColours(ui::kProblemColours);
-  Form_Resize();
   cmdCancelClose.SetDescription(text);
   if (txbText.selection().length == 0) {
     txbText.Select({txbText.length(), 0});  // the box has become higher

@@ -56,12 +56,9 @@ void frmReport::SetReportButtons2(bool CopyVisible, bool PauseVisible, const std
 }
 
 void frmReport::SetReportButtons(const std::string& caption) {
-  Paused = false;
   ShowFileAtHand("");
   barProgress.SetVisible(false);
-  lblDetails.SetText("");
   SetTaskProgress(std::nullopt);
-  chkSuppressDisplayOfReport.SetValue(0);
   txbText.SetVisible(true);
   SetReportButtons2(true, false, "", true, caption);
   EnterPhase(Phase::kEnded);
@@ -97,20 +94,17 @@ void frmReport::TakeBackCountingNote() {
 }
 
 void frmReport::cmdCancelClose_Click() {
-  const bool was_paused = std::exchange(Paused, false);
-  if (cmdCancelClose.text() == kCancelOperation) {
-    main_.RequestStop();
-    SetCancelCaption(kClose);
-    cmdPauseContinue.SetVisible(false);
-    EnterPhase(Phase::kStopping);
-    close_from_ = clock_.Monotonic() + kSecondClick;
-  } else if (clock_.Monotonic() < close_from_) {
-    Paused = was_paused;
+  if (cmdCancelClose.text() != kCancelOperation) {
+    if (clock_.Monotonic() >= close_from_) CloseReport();
     return;
-  } else {
-    CloseReport();
   }
+  Paused = false;
+  main_.RequestStop();
+  SetCancelCaption(kClose);
+  cmdPauseContinue.SetVisible(false);
   chkSuppressDisplayOfReport.SetVisible(false);
+  EnterPhase(Phase::kStopping);
+  close_from_ = clock_.Monotonic() + kSecondClick;
 }
 
 void frmReport::CloseReport() {

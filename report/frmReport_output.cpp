@@ -100,13 +100,11 @@ void frmReport::ResizeToWorkingSize() {
   constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
   const int width = std::min(main_.Window().width() - kNarrowerThanMain, kLargest);
   ResizeForm(kFullHeight, static_cast<std::int16_t>(width));
-  PositionReportButtons();
 }
 
 void frmReport::SnipEnd() {
   txbText.RemoveFromEnd(kSnippedCharacters);
   txbText.Append("  [snip]");
-  txbText.Repaint();
 }
 
 /// Where nobody reads it a rest would only hold the operation up.
@@ -121,7 +119,6 @@ void frmReport::EmptyFullTextbox(WhenFull when_full) {
   problems_.Emptied(ReportCapacity / 2);
   if (when_full == WhenFull::kDrop) line_.Emptied();
   TextboxFull = false;
-  Repaint();
   front_end().RunPendingEvents();
   if (!visible() && reads && !front_end().quitting()) Show();
 }
@@ -136,7 +133,6 @@ void frmReport::ShowFullTextbox() {
   cmdPauseContinue.SetVisible(false);
   ShowText();
   EnterPhase(Phase::kFull);
-  Repaint();
   front_end().RunPendingEvents();  // a window that is closed now pauses the operation before the wait
   if (front_end().quitting() || !SomebodyReads()) return;
   EnterPhase(Phase::kFull);

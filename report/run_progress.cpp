@@ -64,7 +64,7 @@ std::string RunProgress::TimeLeft() const {
   if ((!counted() && !by_shares_) || worked_ < kLeastWorked || fraction_ < kLeastDone || fraction_ >= 1)
     return {};
   const double seconds = std::chrono::duration<double>(worked_).count() * (1 - fraction_) / fraction_;
-  if (seconds < kMinute) return "less than a minute left";
+  if (seconds <= kMinute) return "less than a minute left";
   const bool hours = seconds >= 2 * kHour;
   const auto count = std::llround(std::ceil(seconds / (hours ? kHour : kMinute)));
   return "about " + std::to_string(count) + (hours ? " hours left" : " minutes left");

@@ -23,6 +23,7 @@ TEST_F(ReportButtons, HoldTheOperationLetItGoOnAndAskBeforeItIsCancelled) {
   Click(window.cmdPauseContinue);
   front_end.Post([&] {
     Note("Paused");
+    story.told += ui::headless::Spoken(window);
     Click(window.cmdPauseContinue);
   });
   window.Output("Counting files ... ", false);
@@ -53,6 +54,7 @@ TEST_F(ReportButtons, CopyTakesTheSelectionOrElseTheWholeReport) {
 }
 
 TEST_F(ReportButtons, AReportCanBeHiddenInEveryPauseIsShownAgainAtTheEndAndNotClosedByASecondClickOnCancel) {
+  window.OutputProblem("Not copied: a");
   window.SetReportButtons2(true, true, "Continue", true, "Cancel operation");
   EXPECT_TRUE(ui::headless::Tick(window.chkSuppressDisplayOfReport, true));
   Note("Hidden");
@@ -82,6 +84,10 @@ TEST_F(ReportButtons, AnEndIsToldEverywhereAndTheNextReportBeginsWithNothingOfIt
   window.ShowEnd("Done", "1 file failed", EndKind::kBad);
   Note("How it ended");
   EXPECT_EQ(window.cmdCancelClose.description(), "1 file failed");
+  story.told += ui::headless::Spoken(window);
+  ui::headless::Click(window.cmdOpenTarget);
+  ui::headless::PressKey(window, {ui::Key::kFind});
+  window.Output("open", false);
   window.BeginReport({.title = "Next", .source_folder = "/new"});
   Note("The next one");
   EXPECT_EQ(window.cmdCancelClose.description(), "");
@@ -94,16 +100,29 @@ TEST_F(ReportButtons, F8GoesFromProblemToProblemAndRoundAndFindFromPlaceToPlace)
   window.Output("line", true);
   window.OutputProblem("Not copied: b");
   Note("A running report scrolls back to its end");
-  window.SetReportButtons("Close");
   const auto press = [&](ui::Key key, bool shift) {
-    EXPECT_TRUE(ui::headless::PressKey(window, {key, {}, shift}));
-    Note(shift ? "Back" : "On");
+    const bool used = ui::headless::PressKey(window, {key, {}, shift});
+    Note(std::to_string(static_cast<int>(key)) + (shift ? " back" : "") + (used ? "" : " is not used"));
   };
+  press(ui::Key::kF8, false);
+  window.SetReportButtons("Close");
+  window.txbText.Select({0, 0});
   for (const bool shift : {false, false, false, true}) press(ui::Key::kF8, shift);
+  press(ui::Key::kF3, false);
+  for (const char* const text : {"none", "", "NOT COPIED: "}) {
+    EXPECT_TRUE(ui::headless::Type(window.txbFind, text));
+    Note(std::string("Find ") + text);
+  }
+  window.txbText.Select({0, 0});
+  for (const bool shift : {true, false, false, false}) press(ui::Key::kF3, shift);
+  for (ui::Control* const focused :
+       std::initializer_list<ui::Control*>{&window.cmdFindNext, &window.txbFind, &window.cmdCancelClose}) {
+    ui::headless::PressKey(window, {ui::Key::kFind});
+    focused->SetFocus();
+    window.UserPressedEscape();
+    Note("Escape");
+  }
   press(ui::Key::kFind, false);
-  ui::headless::Type(window.txbFind, "NOT COPIED: ");
-  ui::headless::Click(window.cmdFindNext);
-  for (const bool shift : {false, true}) press(ui::Key::kF3, shift);
 }
 
 }  // namespace report

@@ -40,6 +40,9 @@ struct ReportScene : MainWindow {
     for (const auto& box : std::exchange(front_end.dialogs().asked, {}))
       heard += " (" + box.kind + ") " + box.title + ": " + box.text;
     for (const std::string& note : std::exchange(front_end.notes, {})) heard += " (notice) " + note;
+    for (const auto place : {window.height(), window.txbText.top(), window.txbText.bounds().bottom(),
+                             window.lblFreeSpace.left(), window.cmdCopyToClipboard.left()})
+      heard += " " + std::to_string(place);
     heard += " (task bar) " + std::to_string(window.task_progress().value_or(-1)) + " " +
              std::to_string(static_cast<int>(window.task_state())) + " (selected) " +
              std::to_string(window.txbText.selection().start) + " " + window.txbText.selected_text();
@@ -52,6 +55,7 @@ struct ReportScene : MainWindow {
   void RequestStop() override { stop = true; }
   bool StopRequested() const override { return stop; }
   void EnableOperationControls() override {}
+  void OpenTargetFolder() override { lines += "(target folder)|"; }
 
   bool stop = false;
   std::string lines;

@@ -4,42 +4,34 @@
 
 namespace report {
 
-/// The phrases in a row, "|" for a line end.
+/// The phrases in a row: "|" for a line end, "<" for one that is not indented, ".." for a line left open.
 static std::string Joined(const std::vector<Phrase>& phrases) {
   std::string text;
-  for (const Phrase& phrase : phrases) text += phrase.text + (phrase.new_line ? "|" : "");
+  for (const Phrase& phrase : phrases)
+    text += (phrase.indent ? "" : "<") + phrase.text + (phrase.left_open ? ".." : "") +
+            (phrase.new_line ? "|" : "");
   return text;
 }
 
-TEST(ReportTexts, WhatIsCopiedAndWhatIsDueIsCountedInWords) {
+TEST(ReportTexts, FoldersAreNamedAndWhatIsCopiedAndDueInThemIsCountedInWords) {
   Story story{"report/told/"};
-  const auto tell = [&](const char* of, std::initializer_list<std::int64_t> counts,
-                        const std::vector<Phrase>& phrases) {
-    for (const std::int64_t count : counts) story.told += std::to_string(count) + " ";
-    story.told += of + Joined(phrases) + "\n";
-  };
-  for (std::int64_t files = 0; files < 5; ++files) {
+  for (const std::int64_t count : {-1, 0, 1, 123'456}) story.told += HeadLine(count, "F") + "|";
+  for (const char* const path : {"/data/x/data/y", "/dat", "/data", "/home/user"})
+    for (const char* const root : {"/data", "", "/"}) story.told += WithPlaceholder(path, root, "{}") + " ";
+  for (std::int64_t files = 0; files < 4; ++files) {
     for (std::int64_t some = 0; some <= files; ++some) {
-      tell("all, copied:", {files, some}, CopyResult(kAll, {files, 0, 0, some}));
-      tell("deleted:", {files, some}, DeletionResult(files, some));
+      story.told += "\n" + std::to_string(some) + " of " + std::to_string(files) +
+                    " copied:" + Joined(CopyResult(kAll, {files, 0, 0, some})) +
+                    " deleted:" + Joined(DeletionResult(files, some));
       for (std::int64_t modified = 0; modified <= some; ++modified) {
-        const std::int64_t fresh = some - modified;
-        tell("new and modified:", {files, fresh, modified}, CheckResult({files, fresh, modified, 0}));
+        story.told += "\n  " + std::to_string(modified) +
+                      " modified:" + Joined(CheckResult({files, some - modified, modified}));
         for (const std::int64_t copied : {std::int64_t{0}, (some + 1) / 2, some})
-          tell("new and modified, copied:", {files, fresh, modified, copied},
-               CopyResult(kModified, {files, fresh, modified, copied}));
+          story.told += std::to_string(copied) + " copied:" +
+                        Joined(CopyResult(kModified, {files, some - modified, modified, copied}));
       }
     }
   }
-}
-
-TEST(ReportTexts, TheHeadLineHasFiveCharactersForTheCountAndAPlaceholderForEveryOccurrenceOfTheRoot) {
-  EXPECT_EQ(HeadLine(-1, "F") + HeadLine(1, "F"), "    ? files  in F    1 file  in F");
-  EXPECT_EQ(HeadLine(0, "F") + HeadLine(123'456, "F"), "    0 files in F23456 files in F");
-  EXPECT_EQ(WithPlaceholder("/data/x/data/y", "/data", "{}"), "{}/x{}/y");
-  EXPECT_EQ(WithPlaceholder("/dat", "/data", "{}"), "/dat");
-  EXPECT_EQ(WithPlaceholder("/data", "", "{}"), "/data");
-  EXPECT_EQ(WithPlaceholder("/home/user", "/", "{}"), "{}home/user");
 }
 
 }  // namespace report

@@ -8,8 +8,8 @@ using namespace std::chrono_literals;
 
 TEST(RunProgress, FollowsWhatWasCountedOrTheSharesAlsoInsideABigFileAndDoesNotCountPauses) {
   Story story{"report/told/"};
-  const auto tell = [&](const char* step, RunProgress& progress) {
-    story.told += std::string(step) + ": " + std::to_string(progress.fraction());
+  const auto tell = [&](const std::string& step, RunProgress& progress) {
+    story.told += step + ": " + std::to_string(progress.fraction());
     story.told += " " + progress.Details() + " " + progress.TimeLeft() + "\n";
   };
   for (const bool counted : {false, true}) {
@@ -27,16 +27,17 @@ TEST(RunProgress, FollowsWhatWasCountedOrTheSharesAlsoInsideABigFileAndDoesNotCo
   big.Copied(1);
   big.Reached(0, 2 * kBig - kBig / 2);
   tell("In the second of six big files", big);
-  RunProgress timed({100, 0}, {});
-  timed.Passed(0s);
-  timed.Copied(10);
-  timed.Passed(7s);
-  tell("Too early", timed);
-  timed.Held(20s);
-  timed.Passed(1'000s);
-  tell("After a pause", timed);
-  timed.Copied(90);
-  tell("Soon done", timed);
+  for (const bool counted : {false, true}) {
+    RunProgress timed({counted ? 100 : 0, 0}, {}, !counted);
+    timed.Passed(0s);
+    for (const auto& [worked, files] :
+         {std::pair(7s, 10), {8s, 3}, {8s, 4}, {60s, 4}, {60s, 50}, {60s, 49}, {300s, 4}}) {
+      RunProgress now = timed;
+      now.Copied(files), now.Reached(files / 100.0, 0), now.Held(worked);
+      now.Passed(1'000s);
+      tell(std::to_string(worked.count()) + " seconds", now);
+    }
+  }
 }
 
 }  // namespace report

@@ -10,10 +10,15 @@ using namespace std::chrono_literals;
 constexpr Operation kList = Operation::kListIncludedSubfolders;
 constexpr Operation kCheck = Operation::kCheckBackupState;
 
+constexpr Expected kExpected{2'000, 4'000'000};
+
 struct RunScene : ReportScene {
-  explicit RunScene(Operation operation, bool only_problems = false, bool alone = false)
+  explicit RunScene(Operation operation, bool only_problems = false, bool alone = false, bool checks = false)
       : run(window, *this, clock, {},
-            {operation, only_problems, alone, "/data", "", "ever", "E:", [] { return "1.00 Gb"; }}) {}
+            {operation, only_problems, alone, "/data", "", "ever", "E:", &FreeSpace, kExpected, checks,
+             checks}) {}
+
+  static std::string FreeSpace() { return "1.00 Gb"; }
 
   /// A folder that is begun, and ended with these counts.
   void Folder(const std::string& path, std::int64_t files, std::int64_t new_files = 0,
@@ -31,10 +36,12 @@ TEST(RunReport, ShowsTheFoldersThatTheOperationIsAbout) {
   for (const Operation operation : {kList, kAll, kModified, kCheck}) {
     for (const bool suppress : {false, true}) {
       RunScene scene(operation, suppress);
+      scene.run.WriteLine("Before.");
       scene.Folder("/data/full", 2, 2, 2);
       scene.Folder("/data/empty", 0);
       scene.Folder("/data/wrong", 3, 0, 0, "  Warning.");
       scene.Folder("/data/rest", 4);
+      scene.run.WriteLine("After.");
       scene.Note(story, "Operation " + std::to_string(static_cast<int>(operation)));
     }
   }
@@ -57,21 +64,23 @@ TEST(RunReport, TheHeadLineComesWhenSomethingIsToBeCopiedAndGoesOnBehindThePhras
 }
 
 TEST(RunReport, TheSummaryIsPrecededByWhatWentWrongInPartsThatWereCleared) {
-  RunScene scene(kAll);
-  scene.Folder("/data/wrong", 1, 0, 0, "  Not copied: x");
-  scene.FillTo(61'441);
-  scene.Folder("/data/later", 1, 1, 1);
-  scene.run.WriteSummary({});
-  const std::string shown = scene.window.txbText.text();
-  const std::size_t lost = shown.find("Lost:\r\n  Not copied: x\r\n");
-  EXPECT_LT(lost, shown.find("Number of files copied: 0")) << shown;
+  for (const Operation operation : {kList, kAll, kModified, kCheck}) {
+    RunScene scene(operation);
+    scene.run.WriteLine("  Not copied: x");
+    scene.FillTo(61'441);
+    scene.run.WriteLine("later");
+    scene.run.WriteSummary({});
+    const std::string shown = scene.window.txbText.text();
+    EXPECT_LT(shown.find("Lost:\r\n  Not copied: x\r\n"), shown.rfind("files")) << shown;
+  }
 }
 
 TEST(RunReport, NamesOfAnyBytesStayOnTheirLine) {
   RunScene scene(kAll);
   Story story{"report/told/"};
-  RunReport run(scene.window, scene, scene.clock, {}, {kAll, false, false, "/d\n/", "/t\r", "", "", {}});
-  run.Begin("Title", {"(/d\n)"});
+  RunReport run(scene.window, scene, scene.clock, {},
+                {kAll, false, false, "/d\n/", "/t\r", "", "", [] { return "1"; }});
+  run.Begin("Title", {"(/d\n)", "(2)"});
   run.FolderBegun({"/d\n/\xFF", 1, {}});
   run.WriteLine("Wrong: \x7F'\"");
   run.CopyBegun("/d\n/\xFF/\t");
@@ -91,8 +100,16 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
       {"Copy", [&] { scene.run.CopyBegun("/data/d"); }},
       {"Read back", [&] { scene.run.ReadingBack("/data/e"); }},
       {"Compared", [&] { scene.run.Compared(5, 2); }},
-      {"Save", [&] { scene.run.Saving(true); }},
-      {"Held", [&] { scene.run.CopyEnded(7, 2), scene.run.ShowHeld(); }},
+      {"Held in a copy", [&] { scene.run.CopyBegun("/data/f"), scene.run.ShowHeld(); }},
+      {"Held after it", [&] { scene.run.CopyEnded(7, 2), scene.run.ShowHeld(); }},
+      {"Save",
+       [&] { scene.run.Comparing("/data/g"), scene.run.Comparing("/data/h"), scene.run.Saving(true); }},
+      {"Saving", [&] { scene.run.Breathe(); }},
+      {"On",
+       [&] {
+         scene.clock.Advance(10s), scene.run.Progress({0.25, 9});
+       }},
+      {"Copied", [&] { scene.run.CopyEnded(9, 1'000); }},
       {"Saved", [&] { scene.run.Saving(false); }}};
   for (const auto& [step, act] : steps) {
     scene.clock.Advance(100ms);
@@ -100,7 +117,7 @@ TEST(RunReport, LabelsAndBarFollowEvery100MillisecondsAndAtTheEnd) {
     scene.Note(story, step);
   }
   scene.run.CopyEnded(12, 1'002);
-  scene.run.Progress({0.5, 0});
+  scene.run.Progress({0.5, 0}), scene.run.Breathe();
   scene.run.WriteSummary({});
   scene.Note(story, "The sums are the last ones at once");
 }
@@ -135,13 +152,13 @@ TEST(Summary,
       {"much", {{1'000, 600, 403, 1'000, 0, 200, 3, 0}, 2, 2, 0, 1'000, 1'000, 2}},
       {"a folder that was not read", {{}, 0, 0, 1, 0, 0, 1}},
       {"two modified files", {{2, 1, 1, 2}}},
-      {"one file and a warning", {{1, 0, 0, 1}, 1, 1, 0, 1, 1, 1}},
+      {"one file and a warning", {{1, 0, 1, 1}, 1, 1, 0, 1, 1, 1}},
       {"a folder that was left out", left_out},
       {"nothing", {}},
       {"nothing, and cancelled", {}}};
   for (const auto& [run, totals] : runs) {
     for (const Operation operation : {kList, kAll, kModified, kCheck}) {
-      RunScene scene(operation);
+      RunScene scene(operation, false, false, &totals == &runs[0].second);
       scene.stop = &totals == &std::end(runs)[-1].second;
       scene.run.WriteSummary(totals);
       story.told += std::string("== ") + run + "\n";
