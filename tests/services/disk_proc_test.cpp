@@ -16,14 +16,6 @@ TEST(DiskProc, WordsSizesByTheirUnit) {
   EXPECT_EQ(FormatDiskSize(0, -1, {}) + FormatDiskSize(1, 1, {}), "0 Bytes1 Bytes");
 }
 
-TEST(DiskProc, TellsTheFreeSpaceOrNothing) {
-  platform::memory::MemoryFileSystem files;
-  files.SetSpace(5'000'000'000, 6'000'000'000);
-  EXPECT_EQ(FreeSpaceText(files, "/", {}), "4.66 Gb");
-  files.Fail(platform::memory::Call::kSpace, "", {});
-  EXPECT_EQ(FreeSpaceText(files, "/", {}), "");
-}
-
 TEST(DiskProc, ProbesAFolderAndLeavesNothingBehind) {
   platform::memory::MemoryFileSystem files;
   const std::string probe = "/t/klasdjfdskjfkjkwjkweoewiroew.txt";

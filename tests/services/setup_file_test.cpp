@@ -31,16 +31,6 @@ struct SetupFile : testing::Test {
   app::Setup setup;
 };
 
-TEST_F(SetupFile, ClearsAMissingSourceWithItsFoldersAndSaysSo) {
-  setup.SourceFolder = "/s/file";
-  const app::Setup loaded = Load().setup;
-  EXPECT_TRUE(loaded.SourceFolder.empty() && loaded.IncludedFolders.empty());
-  EXPECT_EQ(dialogs.asked.back().text, "Source folder /s/file does not exist.");
-  setup.SourceFolder = "/s";
-  files.Fail(platform::memory::Call::kLook, "/s", {platform::ErrorKind::kOther, 5, "EIO"});
-  EXPECT_EQ(Load().setup.SourceFolder, "/s") << "what cannot be looked at is not gone";
-}
-
 TEST_F(SetupFile, ClearsAMissingTargetWhenToldTo) {
   setup.TargetFolder = "/gone";
   for (const bool yes : {true, false}) {
