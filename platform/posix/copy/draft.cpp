@@ -26,7 +26,7 @@ std::span<char> Block() {
   return {block.get(), kBlockSize};
 }
 
-Error ShortError() { return {ErrorKind::kShort, EIO, "The file ended before its length was read."}; }
+Error ShortError() { return {ErrorKind::kShort, EIO, "The size of the file and its bytes do not match."}; }
 
 /// Moves all data and leaves in source.facts what the source is at the end. A file may grow meanwhile.
 Status MoveData(DataMover& mover, SourceFile& source) {
