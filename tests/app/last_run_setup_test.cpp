@@ -16,11 +16,6 @@ struct LastRunSetup : testing::Test, Program {
 
   Story story{"app/told/"};
   std::string Saved() { return files.ContentOf(kLastRun); }
-  void Press(ui::Button& first, ui::Button& second) {
-    Click(window->cmdSetup);
-    Click(first);
-    Click(second);
-  }
 };
 
 TEST_F(LastRunSetup, KeepsWhatIsAwayForANightAndRunsWithItWhenItIsBack) {
@@ -54,7 +49,7 @@ TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {
     files.Remove("/src/a");
     StartWithSetup();
     choice();
-    Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupForNextRun);
+    SaveForNextRun();
     const auto names = services::ParseSetup(Saved(), 10).setup.IncludedFolders;
     tree::Add(files, {"/src/a/x"});
     return names;
@@ -103,13 +98,30 @@ TEST_F(LastRunSetup, IsNotOverwrittenUnaskedByAPartOfItOrByAWindowThatDoesNotKno
 }
 
 TEST_F(LastRunSetup, OnlyASaveOrLoadThatWorkedSparesQuitTheSave) {
+  auto& commands = window->setup_commands;
+  for (ui::Button* command : {&commands.cmdClearSetup, &commands.cmdRestoreSetup}) {
+    SaveForNextRun();
+    Click(window->cmdSetup);
+    Click(*command);
+    EXPECT_FALSE(window->SetupJustSaved);
+  }
+  SaveForNextRun();
+  dialogs.texts = {kLastRun};
+  PressInSetup(commands.cmdLoadSetup, commands.cmdSaveSetupAsOperationFile);
+  EXPECT_FALSE(window->SetupJustSaved);
   Type(window->txbFileExtension, "jpg");
   files.Fail(platform::memory::Call::kReplaceFile, "", {}, 1);
-  Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupForNextRun);
+  SaveForNextRun();
   EXPECT_FALSE(window->SetupJustSaved);
+  PressInSetup(commands.cmdLoadSetup, commands.cmdSaveSetupForNextRun);
+  front_end.PassTime(10'000ms);
+  EXPECT_TRUE(window->SetupJustSaved);
+  front_end.PassTime(1'000ms);
+  EXPECT_FALSE(window->SetupJustSaved) << "which is forgotten";
   files.Remove(kLastRun);
-  Press(window->setup_commands.cmdLoadSetup, window->setup_commands.cmdSaveSetupForNextRun);
+  PressInSetup(commands.cmdLoadSetup, commands.cmdSaveSetupForNextRun);
   EXPECT_FALSE(window->SetupJustSaved);
+  Type(window->txbFileExtension, "jpg");
   Click(window->cmdQuit);
   EXPECT_TRUE(Saved().ends_with("jpg\r\n"));
 }

@@ -48,6 +48,14 @@ class Program {
       act(*open);
     };
   }
+  /// Setup, one of its commands, and one of that one's.
+  void PressInSetup(ui::Button& first, ui::Button& second) {
+    window->Clock2_Timer();
+    for (ui::Button* button : {&window->cmdSetup, &first, &second}) ui::headless::Click(*button);
+  }
+  void SaveForNextRun() {
+    PressInSetup(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupForNextRun);
+  }
   /// Does something whenever a copy begins.
   void WhenACopyBegins(std::function<void()> act) {
     files.Before([act](platform::memory::Call call, const std::string&) {

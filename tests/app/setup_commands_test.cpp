@@ -11,22 +11,15 @@ struct SetupCommands : testing::Test, Program {
     StartWithSetup();
   }
 
-  /// Setup, one of its commands, and one of that one's; gives all that is said.
-  std::string Press(ui::Button& first, ui::Button& second) {
-    window->Clock2_Timer();
-    Click(window->cmdSetup);
-    Click(first);
-    Click(second);
-    return Heard();
-  }
   void UseFile(const std::string& step, ui::Button& command, const std::string& path, bool yes = false) {
     dialogs.texts = {path};
     dialogs.yes_no = {yes};
-    story.Note(step, *window, Press(command, window->setup_commands.cmdSaveSetupAsOperationFile));
+    PressInSetup(command, window->setup_commands.cmdSaveSetupAsOperationFile);
+    story.Note(step, *window, Heard());
   }
   void InBothWays(const std::string& step) {
-    story.Note(step, *window,
-               Press(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays));
+    PressInSetup(window->setup_commands.cmdSaveSetup, window->setup_commands.cmdSaveSetupInBothWays);
+    story.Note(step, *window, Heard());
     story.Note("Beside it", window->PopUpWindow());
   }
 
@@ -75,34 +68,6 @@ TEST_F(SetupCommands, SaveLoadAndLeadBackToTheMainWindowByEveryWay) {
   front_end.PassTime(1'000ms);
   Click(w.cmdQuit);
   EXPECT_TRUE(front_end.quitting());
-}
-
-TEST_F(SetupCommands, EveryEditAfterASaveMakesQuitSaveAgain) {
-  frmMain& w = *window;
-  const std::function<void()> edits[] = {
-      [&] { Type(w.txbFileExtension, "jpg"); },
-      [&] { Tick(w.chkPauseAfterFirstCopy, true); },
-      [&] { Select(w.cboModifiedSince, 2); },
-      [&] { Click(w.cmdClearFolder[1]); },
-      [&] {
-        dialogs.texts = {"/file.qvr"},
-        Press(w.setup_commands.cmdLoadSetup, w.setup_commands.cmdSaveSetupAsOperationFile);
-      },
-      [&] { Click(w.cmdSetup), Click(w.setup_commands.cmdRestoreSetup); },
-  };
-  for (const auto& edit : edits) {
-    Press(w.setup_commands.cmdSaveSetup, w.setup_commands.cmdSaveSetupForNextRun);
-    EXPECT_TRUE(w.SetupJustSaved);
-    EXPECT_EQ(files.ContentOf(kLastRun), services::SetupText(w.CurrentSetup()));
-    edit();
-    EXPECT_FALSE(w.SetupJustSaved);
-  }
-  EXPECT_EQ(w.CurrentSetup(), setup) << "the last one restored it";
-  Press(w.setup_commands.cmdLoadSetup, w.setup_commands.cmdSaveSetupForNextRun);
-  front_end.PassTime(10'000ms);
-  EXPECT_TRUE(w.SetupJustSaved) << "after a load of the last run";
-  front_end.PassTime(1'000ms);
-  EXPECT_FALSE(w.SetupJustSaved) << "which is forgotten";
 }
 
 }  // namespace app::test

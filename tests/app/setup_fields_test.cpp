@@ -35,15 +35,18 @@ TEST_F(SetupFields, GoFromTheWindowToTheRunAndTheFileAndBack) {
   const std::string unchanged = Confirmation();
   const auto follow = [&](const std::string& name, const std::function<void(app::Setup&)>& choose) {
     w = &StartWithSetup();
+    w->MarkSetupSaved();
     app::Setup expected = setup;
     choose(expected);
     EXPECT_EQ(w->CurrentSetup(), expected) << name;
+    EXPECT_FALSE(w->SetupJustSaved) << name;
     EXPECT_EQ(Confirmation() != unchanged, !expected.SaveSetupOnQuit) << name;
-    Click(w->cmdSetup), Click(w->setup_commands.cmdSaveSetup),
-        Click(w->setup_commands.cmdSaveSetupForNextRun);
+    SaveForNextRun();
+    EXPECT_TRUE(w->SetupJustSaved) << name;
     EXPECT_EQ(Start().CurrentSetup(), expected) << name;
   };
   follow("target", [&](app::Setup& s) { ChooseFolder(1, s.TargetFolder = "/dst2"); });
+  follow("no target", [&](app::Setup& s) { Click(w->cmdClearFolder[1]), s.TargetFolder.clear(); });
   follow("source",
          [&](app::Setup& s) { ChooseFolder(0, s.SourceFolder = "/other"), s.IncludedFolders.clear(); });
   follow("included", [&](app::Setup& s) { Click(w->cmdRemoveSubfolder), s.IncludedFolders.clear(); });
