@@ -1,16 +1,14 @@
 """What the stories of all desktops share: files, expected copies and the life of the program."""
 
 import os
-import shutil
 import unittest
-import unittest.mock
 
 import desktop
 
 MAIN, BACK_UP = "Quorvane", "Back up new and modified"
 LAST_YEAR = 1_700_000_000_250_000_000
 
-# The files of the stories; those below "Left out" belong to no included folder.
+# The files of the stories of an unattended run.
 INCLUDED = {
     "at the top": b"top\n",
     "empty.txt": b"",
@@ -20,7 +18,6 @@ INCLUDED = {
     "Pictures/big.jpg": bytes(range(256)) * 12_000,
     "Pictures/no extension": b"\x00\xff",
 }
-LEFT_OUT = {"Left out/secret.txt": b"not me", "Left out/more/secret.txt": b"nor me"}
 FOLDERS = ["Letters", "Pictures"]
 
 
@@ -73,26 +70,3 @@ class Story(unittest.TestCase):
     def check_result(self, **expected):
         result = self.program.wait_for_result()
         self.assertEqual({name: result.get(name) for name in expected}, expected, self.program.lines())
-
-
-class Unattended:
-    """Stories of an unattended run, to be told on each desktop."""
-
-    def test_the_program_alone_copies_what_is_included_stays_open_and_has_its_help(self):
-        alone = os.path.join(self.place.home, "alone", os.path.basename(desktop.PROGRAM))
-        os.mkdir(os.path.dirname(alone))
-        only_file = unittest.mock.patch.object(desktop, "PROGRAM", shutil.copy(desktop.PROGRAM, alone))
-        only_file.start()
-        self.addCleanup(only_file.stop)
-        self.write({**INCLUDED, **LEFT_OUT})
-        self.save_setup(FOLDERS)
-        self.start("nightly")
-        size = sum(len(data) for data in INCLUDED.values())
-        self.check_result(status="ok", new="7", modified="0", copied="7", failed="0", bytes=str(size))
-        self.check_copies(INCLUDED)
-        self.program.find(BACK_UP, "Close")
-        self.assertFalse(self.program.ended(), "the program stays open until its window is closed")
-        self.program.press(MAIN, "Help")
-        desktop.wait_until(lambda: self.program.first("Help", lambda box: box.role == desktop.TEXT and
-                                                      "A FIRST BACKUP" in box.text), "the help")
-        self.close(0)

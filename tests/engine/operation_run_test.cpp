@@ -97,16 +97,4 @@ TEST(RunOperation, WhereTheTargetCannotBeLockedTheRunsOfOneUserAreKeptApart) {
   EXPECT_EQ(scene.BackUp(), "new 2, copied 2");
 }
 
-TEST(RunOperation, BeginsItsReportWithWhatIsRun) {
-  Scene scene({"/src/a.jpg"});
-  scene.setup.FileExtension = "jpg";
-  scene.BackUp();
-  EXPECT_EQ(scene.lines,
-            "Back up new and modified|Back up new and modified (/src) with file extension 'jpg'|"
-            "{source folder} = /src||");
-  scene.setup.TargetFolder.clear();
-  EXPECT_EQ(scene.Run(Operation::kListIncludedSubfolders), "due 1") << "which needs no target";
-  EXPECT_TRUE(scene.lines.starts_with("Counting files and folders|Now counting files and folders ...|"));
-}
-
 }  // namespace engine::test

@@ -128,21 +128,16 @@ class Scene : public Listener {
   platform::memory::MemoryClock clock;
   text::ProgramTexts texts{
       "37 Empty.\n38 Nothing\n40 No files.\n42 Which?\n45 source folder\n58 Close\n406 Protected.\n"
-      "500 Not copied:\n506 File in the way.\n512 Name taken.\n513 Target gone.\n515 Folder gone.\n516 Too "
-      "many open.\n502 No permission.\n542 "
-      "Mark unread:\n509 Too "
-      "large.\n520 Not "
-      "read:\n521 Link:\n522 Dead:\n523 Special:\n"
-      "524 Target inside:\n525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n"
-      "533 Not flushed:\n534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n"
-      "560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n563 Folder name taken.\n"
-      "590 Above:\n591 Below:\n592 Other run.\n654 Taken:\n655 Wait.\n"
-      "770 Other content:\n771 Not compared:\n772 Copy unreadable:\n773 Move it.\n774 Changed before:\n"
-      "775 Comparing all.\n776 Bad disk.\n777 Reading back.\n540 Interrupted.\n543 Goes on.\n541 Not "
-      "marked:\n505 Folder "
-      "in the way.\n508 Bad name.\n511 "
-      "Unknown.\n661 Became "
-      "folder.\n652 Unreadable:\n653 Not plain:\n"};
+      "500 Not copied:\n502 No permission.\n505 Folder in the way.\n506 File in the way.\n508 Bad name.\n"
+      "509 Too large.\n511 Unknown.\n512 Name taken.\n513 Target gone.\n515 Folder gone.\n"
+      "516 Too many open.\n520 Not read:\n521 Link:\n522 Dead:\n523 Special:\n524 Target inside:\n"
+      "525 Gone:\n526 The same.\n527 Same\n528 Not read:\n529 Would overwrite:\n533 Not flushed:\n"
+      "534 Mount:\n535 Same name:\n537 Changed:\n538 Ended early.\n540 Interrupted.\n541 Not marked:\n"
+      "542 Mark unread:\n543 Goes on.\n560 Elsewhere:\n561 Foreign:\n562 Foreign link.\n"
+      "563 Folder name taken.\n590 Above:\n591 Below:\n592 Other run.\n652 Unreadable:\n653 Not plain:\n"
+      "654 Taken:\n655 Wait.\n661 Became folder.\n770 Other content:\n771 Not compared:\n"
+      "772 Copy unreadable:\n773 Move it.\n774 Changed before:\n775 Comparing all.\n776 Bad disk.\n"
+      "777 Reading back.\n"};
   bool write_protected = false;
   Tools tools{files,
               clock,

@@ -54,10 +54,6 @@ TEST(SetupText, IsReadItemByItemAndTellsWhereItEndsAndWhatItCannotHold) {
       story.told += is ? "1" : "0";
     story.told += " " + std::to_string(parsed.error) + " " + ProblemText(parsed) + "\n";
   };
-  app::Setup setup = kFull;
-  setup.IncludedFolders = {"a", "\"d\""};
-  const std::string whole = SetupText(setup);
-  for (const std::size_t cut : {0U, 5U, 7U, 12U}) read(whole.substr(0, whole.size() - cut));
   for (const char* lines : {"/home/a,b\r\n/t\r\n", "\"/a,\r\nb\" , \"/t\"1, 1,0 ,+1,\n3", "\"/a\r\n", "/s\n",
                             "\"/a\"\n\"/t\"\r\n0\n1\n", "\"/s\n\"\n/t\nx", "/a,b\n/t\nx"})
     read(lines);

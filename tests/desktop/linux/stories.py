@@ -7,7 +7,7 @@ import unittest
 import accessible
 import desktop
 from first_day import FirstDay
-from story import FOLDERS, INCLUDED, Story, Unattended
+from story import FOLDERS, INCLUDED, Story
 
 
 def setUpModule():
@@ -21,10 +21,6 @@ class OnLinux:
 
     def make_program(self, words):
         return accessible.Program(self.place.home, words, self.screen)
-
-
-class LinuxUnattended(OnLinux, Unattended, Story):
-    pass
 
 
 class WithoutAScreen(OnLinux, Story):

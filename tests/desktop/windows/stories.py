@@ -10,7 +10,7 @@ import desktop
 import wine_desktop
 from desktop import TEXT
 from first_day import FirstDay
-from story import FOLDERS, INCLUDED, Story, Unattended
+from story import FOLDERS, INCLUDED, Story
 
 LAST_CALL = '/s /c "Cancellation possible.\r\nSee comment below"'
 
@@ -31,7 +31,7 @@ class OnWindows:
         return wine_desktop.Program(self.wine, words)
 
 
-class WindowsUnattended(OnWindows, Unattended, Story):
+class WindowsUnattended(OnWindows, Story):
     def test_where_nobody_sees_its_windows_it_ends_by_itself(self):
         self.write(INCLUDED)
         self.save_setup(FOLDERS)
