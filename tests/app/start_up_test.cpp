@@ -14,8 +14,12 @@ TEST_F(StartUp, RemovesWhatAKilledProgramLeftAndKnowsThePreviousRun) {
   EXPECT_EQ(window->lblPreviousRun.text() + Heard(), "");
   const std::string left = platform::ParentOf(kLastRun) + "/" + platform::MakeTemporaryName();
   files.AddFile(left, "of a program that was killed");
-  EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
-  EXPECT_FALSE(files.Exists(left));
+  files.AddFile(kLastRun, "");
+  for (const int age : {60, 61}) {
+    clock.Set({files.ChangedAt(left)->seconds + age, 0});
+    EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
+    EXPECT_TRUE(files.Exists(left) == (age == 60) && files.Exists(kLastRun));
+  }
 }
 
 TEST_F(Quit, SavesTheSetupOnlyWhenAskedToAndNotTwiceAndNotByTheTitleBar) {

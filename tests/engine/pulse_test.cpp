@@ -32,14 +32,12 @@ void ExpectRestIn(const std::function<void(Pulse&)>& call) {
     hold.Wait();
     return ends.load();
   };
-  std::future<bool> one;
-  std::future<bool> other;
+  std::future<bool> resting[2];
   scene.in_a_breath = [&] {
     milliseconds += 29;
     hold.Wait();
     milliseconds += 1;
-    one = std::async(std::launch::async, rest);
-    other = std::async(std::launch::async, rest);
+    for (auto& one : resting) one = std::async(std::launch::async, rest);
     while (arrived < 2) std::this_thread::yield();
     for (int i = 0; i < 1'000; ++i) std::this_thread::yield();  // who does not rest is through by now
     ends = true;
@@ -47,7 +45,7 @@ void ExpectRestIn(const std::function<void(Pulse&)>& call) {
   hold.Wait();
   scene.clock.Advance(std::chrono::milliseconds{100});
   call(pulse);
-  EXPECT_TRUE(one.get() && other.get());
+  EXPECT_TRUE(resting[0].get() && resting[1].get());
   hold.Wait();
 }
 

@@ -68,18 +68,6 @@ TEST_F(SetupFile, WhatWasAwayIsTakenBackOnceItIsThereAndSavedInAnyCase) {
   }
 }
 
-TEST_F(SetupFile, OnlyAnOldTemporaryFileIsTakenForOneOfADeadProgram) {
-  const std::string path = "/s/" + platform::MakeTemporaryName();
-  files.AddFile(path, "");
-  platform::memory::MemoryClock clock;
-  for (const int age : {60, 61}) {
-    clock.Set({files.ChangedAt(path)->seconds + age, 0});
-    RemoveTemporaryFiles(files, clock, "/s");
-    EXPECT_EQ(files.Exists(path), age == 60);
-  }
-  EXPECT_TRUE(files.Exists("/s/file"));
-}
-
 TEST_F(SetupFile, WhatASaveOfTheLastRunWouldLoseIsKnown) {
   using Loss = LastRunFile::Loss;
   const std::string path = "/gone/last.qvr";

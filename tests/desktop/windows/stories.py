@@ -113,13 +113,3 @@ class Disks(OnWindows, Story):
         self.assertTrue(copied)
         self.check_copies(copied)
         self.close(2)
-
-    def test_a_write_protected_disk_is_refused_and_stays_as_it_is(self):
-        self.write(INCLUDED)
-        self.mount("--bind", self.place.target)
-        self.mount("-o", "remount,bind,ro")
-        self.back_up(["Letters"])
-        self.check_result(status="refused")
-        self.assertIn("Nothing can be written to the target folder", "\n".join(self.program.lines()))
-        self.close(4)
-        self.assertEqual(self.place.copies(), {})
