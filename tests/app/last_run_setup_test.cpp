@@ -26,22 +26,16 @@ TEST_F(LastRunSetup, KeepsWhatIsAwayForANightAndRunsWithItWhenItIsBack) {
       night.files.Remove(gone);
       night.StartWithSetup(words);
       story.Note(gone + " is away, " + words, *night.window, night.Heard());
+      tree::Add(night.files, {"/src/a/x", "/src/a/Thumbs.db", "/src/b/y", "/src/c/z", "/dst/"});
+      night.window->SkipConfirmation = true;
+      Click(night.window->cmdBackupModifiedFiles);
+      night.Heard();
+      EXPECT_EQ(tree::Below(night.files, "/dst"), "a/Thumbs.db=1 a/x=1 b/y=1 c/z=1");
       Click(night.window->cmdQuit);
       EXPECT_EQ(night.files.ContentOf(kLastRun), services::SetupText(setup)) << gone << words;
       EXPECT_EQ(night.Heard(), "");
     }
   }
-}
-
-TEST_F(LastRunSetup, AFolderThatIsAwayStandsInTheReportAsAWarningAndIsBackByItself) {
-  files.Remove("/src/a");
-  StartWithSetup("nightly");
-  story.Note("It is away", window->ReportWindow(), Heard());
-  tree::Add(files, {"/src/a/x", "/src/a/Thumbs.db"});
-  window->SkipConfirmation = true;
-  Click(window->cmdBackupModifiedFiles);
-  EXPECT_EQ(tree::Below(files, "/dst"), "a/Thumbs.db=1 a/x=1 b/y=1 c/z=1");
-  EXPECT_EQ(window->CurrentSetup().IncludedFolders, setup.IncludedFolders);
 }
 
 TEST_F(LastRunSetup, IsWhatTheUserChoosesInPlaceOfWhatIsAway) {

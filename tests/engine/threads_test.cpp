@@ -2,10 +2,8 @@
 #include <fstream>
 #include <random>
 
-#include "platform/pair_comparer.h"
 #include "platform/posix/copy/copy_volume.h"
 #include "platform/posix/file_system.h"
-#include "platform/posix/listing/readable_file.h"
 #include "tests/engine/scene.h"
 
 namespace engine::test {
@@ -14,7 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using platform::CopyLimits;
 
-/// The system's own files, with copiers and comparers of so many threads.
+/// The system's own files, with copiers of so many threads.
 class Files : public platform::posix::PosixFileSystem {
  public:
   explicit Files(std::size_t threads) : threads_(threads) {}
@@ -22,10 +20,6 @@ class Files : public platform::posix::PosixFileSystem {
                                                const std::string& target) override {
     return std::make_unique<platform::GroupedCopier>(std::make_shared<Volume>(source, target, threads_),
                                                      copiers_);
-  }
-  std::unique_ptr<platform::Comparer> MakeComparer(const std::string&, const std::string&) override {
-    comparers_.Allow(threads_);
-    return std::make_unique<platform::PairComparer>(platform::posix::OpenToRead, comparers_, 2);
   }
 
  private:
@@ -43,7 +37,6 @@ class Files : public platform::posix::PosixFileSystem {
 
   const std::size_t threads_;
   platform::CopyThreads copiers_;
-  platform::Workers comparers_;
 };
 
 void Write(const fs::path& path, std::size_t length, char with = 'x') {

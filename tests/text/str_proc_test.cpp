@@ -13,9 +13,4 @@ TEST(StrProc, SizesChangeTheirUnitExactlyAtItsLimit) {
   EXPECT_EQ(FormatByteCountWithMb(1'572'864, false, {".", ","}), "1.572.864 bytes (1,50 Mb)");
 }
 
-TEST(StrProc, CountsAreWrittenWithTheirSignAndPlural) {
-  EXPECT_EQ(Str(0) + Str(7) + Str(-7) + Trim(-7), " 0 7-7-7");
-  for (const int count : {-1, 0, 1, 2}) EXPECT_EQ(PluralSuffix(count), count == 1 ? "" : "s") << count;
-}
-
 }  // namespace StrProc
