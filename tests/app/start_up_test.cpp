@@ -15,8 +15,9 @@ TEST_F(StartUp, RemovesWhatAKilledProgramLeftAndKnowsThePreviousRun) {
   const std::string left = platform::ParentOf(kLastRun) + "/" + platform::MakeTemporaryName();
   files.AddFile(left, "of a program that was killed");
   files.AddFile(kLastRun, "");
+  const std::int64_t changed = files.ChangedAt(left)->seconds;
   for (const int age : {60, 61}) {
-    clock.Set({files.ChangedAt(left)->seconds + age, 0});
+    clock.Set({changed + age, 0});
     EXPECT_TRUE(Start().lblPreviousRun.text().starts_with("Previous run: "));
     EXPECT_TRUE(files.Exists(left) == (age == 60) && files.Exists(kLastRun));
   }

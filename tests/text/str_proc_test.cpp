@@ -13,4 +13,6 @@ TEST(StrProc, SizesChangeTheirUnitExactlyAtItsLimit) {
   EXPECT_EQ(FormatByteCountWithMb(1'572'864, false, {".", ","}), "1.572.864 bytes (1,50 Mb)");
 }
 
+TEST(StrProc, CountsAreWrittenWithTheirSign) { EXPECT_EQ(Str(0) + Str(-7) + Trim(-7), " 0-7-7"); }
+
 }  // namespace StrProc
