@@ -106,7 +106,9 @@ PosixCopyVolume::PosixCopyVolume(const std::string& source, const std::string& t
 std::unique_ptr<Draft> PosixCopyVolume::Prepare(const CopyOrder& order) {
   DraftSetting setting = setting_;
   const Target target = TargetOf(static_cast<const PosixFolder&>(*order.target));
-  setting.target = target.kind;
+  // Behind a link in a target of another kind, groups are too large for each copy to stay open.
+  const bool would_stay_open = target.kind == VolumeKind::kServedDisk && !limits_.saves_alone;
+  setting.target = would_stay_open ? VolumeKind::kServed : target.kind;
   setting.dos_bits = target.dos_bits;
   return std::make_unique<PosixDraft>(order, setting);
 }

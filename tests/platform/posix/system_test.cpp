@@ -98,8 +98,8 @@ TEST(PhysicalDisk, LiesUnderPartitionsArraysEncryptionAndImagesWhichMayGoInACirc
   namespace fs = std::filesystem;
   test::Scratch scratch;
   const fs::path root = scratch.path();
-  for (const char* folder : {"dev", "sda/sda1/partition", "sdb/queue", "md/slaves", "crypt/slaves", "loop0/loop",
-                             "loop1/loop", "circle/slaves"})
+  for (const char* folder : {"dev", "sda/sda1/partition", "sdb/queue", "md/slaves", "crypt/slaves",
+                             "loop0/loop", "loop1/loop", "circle/slaves"})
     fs::create_directories(root / folder);
   for (const char* link : {"md/slaves/1>sda/sda1", "md/slaves/2>sdb", "crypt/slaves/1>md",
                            "circle/slaves/1>circle", "dev/1:5>sdb"}) {
