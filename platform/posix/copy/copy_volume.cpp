@@ -19,7 +19,7 @@ namespace {
 // A round trip takes long and little processor time.
 constexpr std::size_t kWorkersOfServed = 8;
 constexpr std::size_t kMostWorkers = 4;
-// Enough for a disk that turns. Four that read or write big files at a time took 1.3 and 1.4 times as long.
+// Enough for a disk that turns: on a model of one, four with a big file each took 1.3 to 1.4 times as long.
 constexpr std::size_t kFewestWorkers = 2;
 // As many as are handed to a worker at a time.
 constexpr std::size_t kMostAhead = 50;

@@ -22,10 +22,9 @@ std::size_t WorkersBetween(const std::string& source, const std::string& target)
 ///    file broken.
 ///  - served: fdatasync() of each file by the thread that writes it.
 ///  - served disk: fdatasync() of each file of a group, the renames, an fsync() of each folder, and one of
-///  the
-///    volume. Nothing is written meanwhile: ntfs-3g brings its whole disk out at each flush, so all but the
-///    first find nothing to do, and what was replaced keeps its blocks till the end. File by file, 1,000
-///    small copies took a disk that turns 90 s; so, 5 s.
+///    the volume. Nothing is written meanwhile: ntfs-3g brings its whole disk out at each flush, so all but
+///    the first find little to do, and no copy takes the blocks of a replaced one before the end. File by
+///    file, 1,000 small copies took a model of a disk that turns 90 s; so, 5 s.
 class PosixCopyVolume : public CopyVolume {
  public:
   /// Asks the system for the process's file mode mask, by setting it for a moment. Both folders exist.
